@@ -1,0 +1,39 @@
+# How every target of the project is built: one language level, one set of warnings, hidden visibility.
+
+set(QX_WARNINGS -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+
+function(qx_compile_options target)
+  target_compile_features(${target} PRIVATE cxx_std_20)
+  target_compile_options(${target} PRIVATE ${QX_WARNINGS})
+  if(QX_WARNINGS_AS_ERRORS)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+  if(QX_SANITIZE)
+    target_compile_options(${target} PRIVATE -fsanitize=${QX_SANITIZE} -fno-sanitize-recover=all
+                                             -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=${QX_SANITIZE})
+  endif()
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+endfunction()
+
+# A shared library that shows only what its headers mark, names every symbol it needs, and that dlclose can
+# really unmap.
+function(qx_shared_library target)
+  qx_compile_options(${target})
+  set_target_properties(${target} PROPERTIES
+    VERSION ${PROJECT_VERSION}
+    SOVERSION ${PROJECT_VERSION_MAJOR}
+    POSITION_INDEPENDENT_CODE ON
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(${target} PRIVATE -fno-gnu-unique)
+  endif()
+  # clang leaves the sanitizers' runtime to the executable, so its symbols stay open there.
+  if(NOT (QX_SANITIZE AND CMAKE_CXX_COMPILER_ID MATCHES "Clang"))
+    target_link_options(${target} PRIVATE -Wl,-z,defs)
+  endif()
+  target_include_directories(${target} PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+endfunction()

@@ -1,0 +1,76 @@
+// The record of SMS fields that the encoder and the decoders share.
+#ifndef ENCODING_PDUCOMMON_H
+#define ENCODING_PDUCOMMON_H
+
+#include "Encoding/Export.h"
+#include "Encoding/Fields.h"
+#include "Encoding/GSMCharSet.h"
+#include "Toolkit/DateTime.h"
+#include "Toolkit/TString.h"
+#include "Toolkit/smart_ptr.h"
+
+namespace Encoding {
+
+/// The fields of one message. The order of the members is binding. Nothing is reset between two uses of one
+/// object except what the encoder or decoder says that it resets.
+///
+/// Threads: one object is used by one thread at a time. Every use of `m_CharSet` goes through a copy of the
+/// pointer, so a character set shared with other objects is never freed while it is in use.
+class ENCODING_API PduCommon {
+public:
+    PduCommon();
+    PduCommon(const PduCommon&) = default; ///< the copy shares the character set and the times
+    PduCommon& operator=(const PduCommon&) = default;
+    virtual ~PduCommon();
+
+    /// The value of two hexadecimal digits, 0 to 255. Ends early at a NUL: "A" gives 0xA0. A character that is
+    /// no digit counts as 0. `digits` must have two characters, or a NUL among them.
+    static unsigned int HexaToInt(const unsigned char* digits);
+
+    /// The value of a semi-octet pair, low semi-octet first: 0x21 gives 12. The semi-octets are not checked to
+    /// be decimal digits: 0xF1 gives 25.
+    static int SwapNumber(unsigned char octet);
+
+    TString<wchar_t> m_Smsc;       ///< service-centre number
+    TString<wchar_t> m_Originator; ///< originating address (SMS-DELIVER)
+    TString<wchar_t> m_Recipient;  ///< destination address (SMS-SUBMIT), recipient (SMS-STATUS-REPORT)
+
+    NumberingPlan::NPI m_SmscNpi;
+    TypeOfNumber::TON m_SmscTon;
+    NumberingPlan::NPI m_NumberNpi; ///< of the originating, destination or recipient address
+    TypeOfNumber::TON m_NumberTon;  ///< of the originating, destination or recipient address
+
+    MessageTypeIndicator::TP_MTI_Type m_SmsType;
+    int m_ReplyPath;        ///< TP-RP, 0 or 1
+    int m_HasUserDataHeader; ///< TP-UDHI as decoded, 0 or 1
+    int m_StatusReport;     ///< TP-SRR, 0 or 1
+    int m_ValidityFormat;   ///< 0 none, 1 relative, 2 enhanced, 3 absolute
+    int m_RejectDuplicates; ///< TP-RD, 0 or 1
+    int m_MessageReference; ///< TP-MR; the low 8 bits go on the wire
+    int m_ProtocolId;       ///< TP-PID; the low 8 bits go on the wire
+    int m_DataCoding;       ///< TP-DCS as decoded, 0 to 255
+    int m_ValidityPeriod;   ///< TP-VP, the octet of the relative format
+
+    Toolkit::smart_ptr<Toolkit::DateTime> m_ValidityTime;      ///< TP-VP, absolute format; may be null
+    Toolkit::smart_ptr<Toolkit::DateTime> m_DischargeTime;     ///< TP-DT; may be null
+    Toolkit::smart_ptr<Toolkit::DateTime> m_ServiceCentreTime; ///< TP-SCTS; may be null
+
+    int m_UserDataLength;                  ///< TP-UDL as decoded, 0 to 255
+    DeliveryStatus::TP_ST_Status m_Status; ///< TP-ST
+    int m_CodingGroup;                     ///< coding group of TP-DCS, 0 to 4; see PduDecoder::ReadDCS
+    MessageClass::Class m_Class;
+    Alphabet::Encoding m_Alphabet;
+
+    TString<wchar_t> m_Text;     ///< the message, as the host set it or as decoded
+    TString<wchar_t> m_WorkText; ///< the text that is really being encoded
+
+    int m_ConcatReference; ///< concatenation reference; the low 8 bits go on the wire
+    int m_ConcatTotal;     ///< number of parts; 0 means no user-data header when encoding
+    int m_ConcatSequence;  ///< number of this part, from 1
+
+    Toolkit::smart_ptr<GSMCharSet> m_CharSet; ///< never null; every new object has one of its own
+};
+
+} // namespace Encoding
+
+#endif

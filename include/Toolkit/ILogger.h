@@ -1,0 +1,89 @@
+// The process-wide logger: lines are put together piece by piece with operator<<.
+//
+// A line is one chained expression on the process-wide logger,
+//
+//     **ILogger::s_pInstance << SetSeverity(s) << LogSeverity(s) << ILogger::c_strLogToken1
+//         << ILogger::GetTime().c_str() << ILogger::c_strLogToken2 << line << ILogger::c_strLogToken2
+//         << "function" << ILogger::c_strLogToken2 << message pieces … << ILogger::c_strLogToken3;
+//
+// Threads: inserting a SetSeverity begins a line and inserting c_strLogToken3 ends it; between the two the
+// logger belongs to the thread that began, so lines come out whole and a severity never leaks into another
+// thread's line. A thread that begins a line while another one is being composed waits for its end, at most
+// one second: a line that an exception cut short does not hold up the others for ever.
+#ifndef TOOLKIT_ILOGGER_H
+#define TOOLKIT_ILOGGER_H
+
+#include <sstream>
+
+#include "Toolkit/Export.h"
+#include "Toolkit/TString.h"
+#include "Toolkit/smart_ptr.h"
+
+namespace Toolkit {
+
+/// A severity as a number to be written: LogSeverity(2). Lower is more important.
+enum LogSeverity : int {};
+
+/// Inserted into the logger, begins a line and sets its severity; writes nothing.
+class TOOLKIT_API SetSeverity {
+public:
+    explicit SetSeverity(int severity);
+    int Get() const;
+
+private:
+    int m_Severity;
+};
+
+/// Base of every logger. A host installs its own with `*ILogger::s_pInstance = new HostLogger;` before it
+/// starts the threads that log. The order of the two data members and of the virtual operations is binding.
+class TOOLKIT_API ILogger {
+public:
+    /// The process-wide logger. Insertions use it without taking a share. The support library sets up its
+    /// own logger, which writes whole lines to standard error, before any user's static construction.
+    static smart_ptr<ILogger>* s_pInstance;
+
+    static const TString<wchar_t> c_strLogToken1; ///< behind the severity
+    static const TString<wchar_t> c_strLogToken2; ///< between the fields
+    static const TString<wchar_t> c_strLogToken3; ///< ends the line
+
+    /// The present time, UTC, ISO 8601 with milliseconds: "2012-02-13T12:34:56.789Z".
+    static TString<wchar_t> GetTime();
+
+    /// `level` is the highest severity number that is still written.
+    explicit ILogger(int level);
+    ILogger(const ILogger&) = delete;
+    ILogger& operator=(const ILogger&) = delete;
+    virtual ~ILogger();
+
+    /// Appends a piece of text to the line being composed. A piece equal to c_strLogToken3 ends the line.
+    virtual void Write(const TString<wchar_t>& text) = 0;
+
+    /// Changes the level; takes effect with the next line. May be called from any thread.
+    void SetLevel(int level);
+    int GetLevel() const;
+
+    ILogger& operator<<(const TString<char>& text); ///< UTF-8
+    ILogger& operator<<(const TString<wchar_t>& text);
+    ILogger& operator<<(const int& value); ///< in decimal
+    ILogger& operator<<(const SetSeverity& severity);
+
+    /// Inserts any other value as a standard wide stream would. Every insertion returns the process-wide
+    /// logger, not this one; one whose line is filtered out writes nothing and allocates nothing.
+    template <class T>
+    ILogger& operator<<(const T& value) {
+        if (m_Severity <= m_Level) {
+            std::wstringstream stream;
+            stream << value;
+            Write(TString<wchar_t>(stream.str()));
+        }
+        return **s_pInstance;
+    }
+
+protected:
+    int m_Level;    ///< severities up to this one are written
+    int m_Severity; ///< of the line being composed
+};
+
+} // namespace Toolkit
+
+#endif
