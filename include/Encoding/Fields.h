@@ -85,25 +85,25 @@ struct TranslateTable {
 /// Outcome of a delivery, from TP-ST, 3GPP TS 23.040 clause 9.2.3.15.
 struct DeliveryStatus {
     enum TP_ST_Status : int {
-        ST_RECEIVED = 0,                        ///< 0x00 received by the SME
-        ST_FORWARDED_UNCONFIRMED = 1,           ///< 0x01 forwarded to the SME, delivery not confirmed
-        ST_REPLACED = 2,                        ///< 0x02 replaced by the service centre
-        ST_CONGESTION = 3,                      ///< 0x20 congestion, still trying
-        ST_SME_BUSY = 4,                        ///< 0x21 SME busy, still trying
-        ST_NO_RESPONSE = 5,                     ///< 0x22 no response from the SME, still trying
-        ST_SERVICE_REJECTED = 6,                ///< 0x23 service rejected, still trying
-        ST_QUALITY_OF_SERVICE_UNAVAILABLE = 7,  ///< 0x24 still trying, and 0x44 permanent
-        ST_ERROR_IN_SME = 8,                    ///< 0x25 error in the SME, still trying
-        ST_REMOTE_PROCEDURE_ERROR = 9,          ///< 0x40
-        ST_INCOMPATIBLE_DESTINATION = 10,       ///< 0x41
-        ST_CONNECTION_REJECTED = 11,            ///< 0x42 connection rejected by the SME
-        ST_NOT_OBTAINABLE = 12,                 ///< 0x43
-        ST_NO_INTERWORKING = 13,                ///< 0x45 no interworking available
-        ST_VALIDITY_PERIOD_EXPIRED = 14,        ///< 0x46
-        ST_DELETED_BY_ORIGINATING_SME = 15,     ///< 0x47
-        ST_DELETED_BY_ADMINISTRATION = 16,      ///< 0x48 deleted by the service centre's administration
-        ST_MESSAGE_DOES_NOT_EXIST = 17,         ///< 0x49
-        ST_UNKNOWN = 18                         ///< every other octet
+        ST_RECEIVED = 0,                       ///< 0x00 received by the SME
+        ST_FORWARDED_UNCONFIRMED = 1,          ///< 0x01 forwarded to the SME, delivery not confirmed
+        ST_REPLACED = 2,                       ///< 0x02 replaced by the service centre
+        ST_CONGESTION = 3,                     ///< 0x20 congestion, still trying
+        ST_SME_BUSY = 4,                       ///< 0x21 SME busy, still trying
+        ST_NO_RESPONSE = 5,                    ///< 0x22 no response from the SME, still trying
+        ST_SERVICE_REJECTED = 6,               ///< 0x23 service rejected, still trying
+        ST_QUALITY_OF_SERVICE_UNAVAILABLE = 7, ///< 0x24 still trying, and 0x44 permanent
+        ST_ERROR_IN_SME = 8,                   ///< 0x25 error in the SME, still trying
+        ST_REMOTE_PROCEDURE_ERROR = 9,         ///< 0x40
+        ST_INCOMPATIBLE_DESTINATION = 10,      ///< 0x41
+        ST_CONNECTION_REJECTED = 11,           ///< 0x42 connection rejected by the SME
+        ST_NOT_OBTAINABLE = 12,                ///< 0x43
+        ST_NO_INTERWORKING = 13,               ///< 0x45 no interworking available
+        ST_VALIDITY_PERIOD_EXPIRED = 14,       ///< 0x46
+        ST_DELETED_BY_ORIGINATING_SME = 15,    ///< 0x47
+        ST_DELETED_BY_ADMINISTRATION = 16,     ///< 0x48 deleted by the service centre's administration
+        ST_MESSAGE_DOES_NOT_EXIST = 17,        ///< 0x49
+        ST_UNKNOWN = 18                        ///< every other octet
     };
 };
 

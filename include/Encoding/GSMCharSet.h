@@ -57,8 +57,8 @@ public:
     GSMCharSet& operator=(const GSMCharSet&) = delete;
 
     /// The code of one character: 0 to 0x7F a default code; -c below -1 the pair 0x1B, c; UNMAPPABLE none.
-    /// Above U+0100 a selected Greek table is asked last and sets `m_Translated`. U+00A8 gives a space, U+0000
-    /// the escape code.
+    /// Above U+0100 a selected Greek table is asked last and sets `m_Translated`. U+00A8 gives a space,
+    /// U+0000 the escape code.
     int UnicodeToGsm(unsigned short unicode) const;
 
     /// What the Greek table puts in the character's place, selected or not; NO_REPLACEMENT without a row.
@@ -89,12 +89,13 @@ public:
     /// and `*ioLen` stays as it is. No bound is tested while writing: the buffer must hold the whole text,
     /// which the count just taken ensures.
     ///
-    /// Returns false when `srcBytes` is below 2, with `*ioLen` and the buffer untouched. Clears `m_Translated`
-    /// in any case, and sets it again when a character was transliterated. Allocates nothing.
-    bool GetGsmBytes(const unsigned char* src, unsigned int srcBytes, unsigned int* ioLen, unsigned char** out);
+    /// Returns false when `srcBytes` is below 2, with `*ioLen` and the buffer untouched. Clears
+    /// `m_Translated` in any case, and sets it again when a character was transliterated. Allocates nothing.
+    bool GetGsmBytes(const unsigned char* src, unsigned int srcBytes, unsigned int* ioLen,
+                     unsigned char** out);
 
-    /// The text of `count` codes. Bytes of 0x80 and above are skipped. Of an unknown extension pair the escape
-    /// alone is dropped and the second code decodes by itself; an escape at the end gives nothing.
+    /// The text of `count` codes. Bytes of 0x80 and above are skipped. Of an unknown extension pair the
+    /// escape alone is dropped and the second code decodes by itself; an escape at the end gives nothing.
     TString<wchar_t> GsmToUnicode(const unsigned char* codes, unsigned int count);
 
     /// The text of a string of codes. Bytes of 0x80 and above are skipped. An unknown extension pair is
@@ -106,7 +107,7 @@ public:
 
 private:
     Toolkit::smart_ptr<UniCodeToGsmChar, Toolkit::smart_ptr_array_policy> m_GreekTable; ///< 72 rows
-    short m_GreekCount; ///< rows in use
+    short m_GreekCount;                                                                 ///< rows in use
 
 public:
     /// 1 when a character went through the transliteration table since GetGsmBytes() last cleared it, else 0.
@@ -117,7 +118,7 @@ private:
     /// Codes of U+0000 to U+00FF: a default code, -1 for none, or a negated extension code.
     std::unique_ptr<signed char[]> m_UnicodeToGsm;
     Toolkit::smart_ptr<GsmUnicodeChar, Toolkit::smart_ptr_array_policy> m_ExtUnicodeTable; ///< 64 rows
-    short m_ExtCount; ///< rows in use
+    short m_ExtCount;                                                                      ///< rows in use
 
 public:
     /// The selected tables in order of selection, the same one as often as it was selected.

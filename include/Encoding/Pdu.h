@@ -14,7 +14,7 @@ namespace Encoding {
 /// Failure: nothing is reported; a call that does not fit changes nothing. Only GetString() allocates.
 class ENCODING_API Pdu {
 public:
-    static constexpr unsigned int CAPACITY = 512;    ///< octets that the object holds
+    static constexpr unsigned int CAPACITY = 512;     ///< octets that the object holds
     static constexpr unsigned int APPEND_LIMIT = 511; ///< octets up to which Write() appends, as is required
 
     unsigned char m_Bytes[CAPACITY]; ///< the contents; those from m_Length on are no part of the PDU

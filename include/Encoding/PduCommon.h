@@ -23,12 +23,12 @@ public:
     PduCommon& operator=(const PduCommon&) = default;
     virtual ~PduCommon();
 
-    /// The value of two hexadecimal digits, 0 to 255. Ends early at a NUL: "A" gives 0xA0. A character that is
-    /// no digit counts as 0. `digits` must have two characters, or a NUL among them.
+    /// The value of two hexadecimal digits, 0 to 255. Ends early at a NUL: "A" gives 0xA0. A character that
+    /// is no digit counts as 0. `digits` must have two characters, or a NUL among them.
     static unsigned int HexaToInt(const unsigned char* digits);
 
-    /// The value of a semi-octet pair, low semi-octet first: 0x21 gives 12. The semi-octets are not checked to
-    /// be decimal digits: 0xF1 gives 25.
+    /// The value of a semi-octet pair, low semi-octet first: 0x21 gives 12. The semi-octets are not checked
+    /// to be decimal digits: 0xF1 gives 25.
     static int SwapNumber(unsigned char octet);
 
     TString<wchar_t> m_Smsc;       ///< service-centre number
@@ -41,15 +41,15 @@ public:
     TypeOfNumber::TON m_NumberTon;  ///< of the originating, destination or recipient address
 
     MessageTypeIndicator::TP_MTI_Type m_SmsType;
-    int m_ReplyPath;        ///< TP-RP, 0 or 1
+    int m_ReplyPath;         ///< TP-RP, 0 or 1
     int m_HasUserDataHeader; ///< TP-UDHI as decoded, 0 or 1
-    int m_StatusReport;     ///< TP-SRR, 0 or 1
-    int m_ValidityFormat;   ///< 0 none, 1 relative, 2 enhanced, 3 absolute
-    int m_RejectDuplicates; ///< TP-RD, 0 or 1
-    int m_MessageReference; ///< TP-MR; the low 8 bits go on the wire
-    int m_ProtocolId;       ///< TP-PID; the low 8 bits go on the wire
-    int m_DataCoding;       ///< TP-DCS as decoded, 0 to 255
-    int m_ValidityPeriod;   ///< TP-VP, the octet of the relative format
+    int m_StatusReport;      ///< TP-SRR, 0 or 1
+    int m_ValidityFormat;    ///< 0 none, 1 relative, 2 enhanced, 3 absolute
+    int m_RejectDuplicates;  ///< TP-RD, 0 or 1
+    int m_MessageReference;  ///< TP-MR; the low 8 bits go on the wire
+    int m_ProtocolId;        ///< TP-PID; the low 8 bits go on the wire
+    int m_DataCoding;        ///< TP-DCS as decoded, 0 to 255
+    int m_ValidityPeriod;    ///< TP-VP, the octet of the relative format
 
     Toolkit::smart_ptr<Toolkit::DateTime> m_ValidityTime;      ///< TP-VP, absolute format; may be null
     Toolkit::smart_ptr<Toolkit::DateTime> m_DischargeTime;     ///< TP-DT; may be null

@@ -11,8 +11,8 @@ namespace Encoding {
 /// Fills the members of PduCommon from a PDU; the host reads them.
 ///
 /// A member is written only when its field is present, and keeps what an earlier PDU left otherwise; a host
-/// that wants a clean result takes a fresh decoder for each PDU. Whatever the PDU, its lengths and the offsets
-/// given, nothing outside its 512 octets is read: such an octet counts as 0.
+/// that wants a clean result takes a fresh decoder for each PDU. Whatever the PDU, its lengths and the
+/// offsets given, nothing outside its 512 octets is read: such an octet counts as 0.
 ///
 /// Threads: one decoder is used by one thread at a time, distinct decoders on distinct threads. A Pdu may be
 /// read by several decoders at once.
@@ -31,18 +31,19 @@ public:
     int Decode(Toolkit::smart_ptr<Pdu> pdu, bool noSmsc, bool ignoreTimeZone);
 
     /// Reads the address field at `offset`: length, type of address, digits (clause 9.1.2.5). `semiOctets`
-    /// true: the length counts digits, as in a TPDU; false: the octets that follow, as for the service centre.
-    /// An international number begins with "+". The semi-octets 10 to 14 read as ":;<=>", a low semi-octet 15
-    /// as "?"; an alphanumeric address is not looked up in the alphabet and ends at its first septet 0.
+    /// true: the length counts digits, as in a TPDU; false: the octets that follow, as for the service
+    /// centre. An international number begins with "+". The semi-octets 10 to 14 read as ":;<=>", a low
+    /// semi-octet 15 as "?"; an alphanumeric address is not looked up in the alphabet and ends at its first
+    /// septet 0.
     ///
-    /// Returns the offset behind the field, which may be the length of the PDU, or FIELD_FAILED when the field
-    /// does not lie within the PDU: `number` is then empty, `npi` 0 and `ton` 1. A null `pdu` fails without
-    /// touching them.
+    /// Returns the offset behind the field, which may be the length of the PDU, or FIELD_FAILED when the
+    /// field does not lie within the PDU: `number` is then empty, `npi` 0 and `ton` 1. A null `pdu` fails
+    /// without touching them.
     unsigned int ReadNumber(Toolkit::smart_ptr<Pdu> pdu, unsigned int offset, bool semiOctets,
                             TString<wchar_t>& number, NumberingPlan::NPI& npi, TypeOfNumber::TON& ton);
 
-    /// Reads the seven octets of a time stamp at `offset` (clause 9.2.3.11) into a new DateTime, releasing the
-    /// one held before. The zone reaches it in whole hours, a remainder is dropped; a zone of 0 or of one
+    /// Reads the seven octets of a time stamp at `offset` (clause 9.2.3.11) into a new DateTime, releasing
+    /// the one held before. The zone reaches it in whole hours, a remainder is dropped; a zone of 0 or of one
     /// negative quarter counts as none.
     ///
     /// Returns offset + 7, or FIELD_FAILED, with `time` unchanged, when the PDU does not go on behind the

@@ -24,9 +24,10 @@ public:
     static const int MAX_7BITDATA_LEN = 160;        ///< septets in a single-part GSM message
     static const int MAX_GSM_LEN_WITH_HEADER = 153; ///< septets in a part of a concatenated GSM message
     static const int MAX_DATA_LEN = 140;            ///< octets of user data in one PDU
-    static const int MAX_DATA_LEN_WITH_HEADER = 134; ///< octets of UCS2 text in a part of a concatenated message
-    static const int USER_DATA_HEADER_SIZE = 6;     ///< the concatenation header in octets
-    static const int _7BITDATA_HEADER_SIZE = 7;     ///< the concatenation header and its fill bit in septets
+    static const int MAX_DATA_LEN_WITH_HEADER =
+        134;                                    ///< octets of UCS2 text in a part of a concatenated message
+    static const int USER_DATA_HEADER_SIZE = 6; ///< the concatenation header in octets
+    static const int _7BITDATA_HEADER_SIZE = 7; ///< the concatenation header and its fill bit in septets
 
     /// An encoder for messages of this type. The concatenation reference counter starts at the low 8 bits of
     /// the calendar time.
@@ -58,10 +59,11 @@ public:
     void RemoveHeader();
     /// The message; an empty text is ignored.
     void SetText(const TString<wchar_t>& text);
-    /// Replaces a message that is set already, and does nothing on an encoder without one, as is required. The
-    /// alphabet is chosen anew by every Encode().
+    /// Replaces a message that is set already, and does nothing on an encoder without one, as is required.
+    /// The alphabet is chosen anew by every Encode().
     void SetText(const TString<wchar_t>& text, Alphabet::Encoding alphabet);
-    /// The service centre, see EncodeNumber() for `lenient`; an empty number is ignored together with the flag.
+    /// The service centre, see EncodeNumber() for `lenient`; an empty number is ignored together with the
+    /// flag.
     void SetSmsc(const TString<wchar_t>& number, bool lenient);
     /// The destination; an empty number is ignored.
     void SetRecipient(const TString<wchar_t>& number);
@@ -71,27 +73,27 @@ public:
     void AddTranslateTable(TranslateTable::TT table);
     void ClearTranslateTable();
 
-    /// Address octets of a number: the type of address (0x91 after a leading '+', else 0x81), then the digits,
-    /// low semi-octet first, an odd one filled with 0xF. Everything but decimal digits is skipped; with
-    /// `lenient` a '+' acts as the digit 0 where a pair begins, and takes back the digit before it elsewhere,
-    /// as is required. At most 255 octets: digits from the 508th on are dropped.
+    /// Address octets of a number: the type of address (0x91 after a leading '+', else 0x81), then the
+    /// digits, low semi-octet first, an odd one filled with 0xF. Everything but decimal digits is skipped;
+    /// with `lenient` a '+' acts as the digit 0 where a pair begins, and takes back the digit before it
+    /// elsewhere, as is required. At most 255 octets: digits from the 508th on are dropped.
     ///
     /// Returns 1 with `*length` octets in `*bytes`, an array that the caller frees with delete[], and `ton`;
     /// returns 0, with null and 0, for an empty number.
-    int EncodeNumber(const TString<wchar_t>& number, bool lenient, unsigned int* length, unsigned char** bytes,
-                     TypeOfNumber::TON& ton);
+    int EncodeNumber(const TString<wchar_t>& number, bool lenient, unsigned int* length,
+                     unsigned char** bytes, TypeOfNumber::TON& ton);
 
-    /// The number of PDUs that the text needs, at least 1. Chooses the alphabet: GSM 7-bit when every character
-    /// survives the way to GSM and back, else UCS2. Encode() asks again by itself. A text of 2^29 characters
-    /// or more gives 0 where its size in bytes is negative as a signed 32-bit number.
+    /// The number of PDUs that the text needs, at least 1. Chooses the alphabet: GSM 7-bit when every
+    /// character survives the way to GSM and back, else UCS2. Encode() asks again by itself. A text of 2^29
+    /// characters or more gives 0 where its size in bytes is negative as a signed 32-bit number.
     unsigned int GetPduCount(const TString<wchar_t>& text);
 
     /// `count` characters of the text from `start` on, two octets each, high octet first; of each the low 16
     /// bits count. Returns 1 with 2 × count octets in `*bytes`, an array that the caller frees with delete[];
     /// two zero octets stand behind them. Returns 0, with null and 0, for an empty text, a count of 0, or a
     /// start at or past the end. REQUIRES: start + count does not exceed the text.
-    int GetSubString(const TString<wchar_t>& text, unsigned int start, unsigned int count, unsigned int* length,
-                     unsigned char** bytes);
+    int GetSubString(const TString<wchar_t>& text, unsigned int start, unsigned int count,
+                     unsigned int* length, unsigned char** bytes);
 
     /// Empties the vector and appends the PDUs of the current settings and text in order, service-centre
     /// address included. An empty vector means that nothing could be encoded; should an allocation fail, the
@@ -110,7 +112,7 @@ protected:
     unsigned int m_OriginatorLength;
 
     unsigned int m_PartCapacity; ///< septets (GSM) or characters (UCS2) in one part
-    int m_UseConcatHeader;       ///< 1: parts carry a concatenation header; 0: only message references count up
+    int m_UseConcatHeader; ///< 1: parts carry a concatenation header; 0: only message references count up
 
     unsigned int m_GsmLength;                    ///< septets of the text
     std::unique_ptr<unsigned char[]> m_GsmBytes; ///< the text, one septet a byte, escapes included

@@ -17,9 +17,9 @@ class ENCODING_API TextDecoder {
 
 public:
     /// Decodes `text`. With the alphabet 0 (Alphabet::ALPHABET_GSM7) or 4, the low 8 bits of each character
-    /// are a GSM code; with any other value, the text is UCS2 hex. Writes one line to the process-wide logger,
-    /// severity 2, with the alphabet and each character as eight hexadecimal digits. An empty text gives an
-    /// empty result and no line.
+    /// are a GSM code; with any other value, the text is UCS2 hex. Writes one line to the process-wide
+    /// logger, severity 2, with the alphabet and each character as eight hexadecimal digits. An empty text
+    /// gives an empty result and no line.
     TextDecoder(TString<wchar_t> text, int alphabet);
     ~TextDecoder();
     TextDecoder(const TextDecoder&) = delete;

@@ -11,9 +11,9 @@ namespace Encoding {
 /// The overloads that take wide hex text convert it to UTF-8 first.
 class ENCODING_API UCS2Encoding {
 public:
-    /// Whether a string looks like UCS2 hex: at least 8 characters, a multiple of 4, all of them digits '0' to
-    /// '9' or upper-case letters, with at least four digits. Any letter of 'A' to 'Z' counts, as is required,
-    /// and no lower-case one does.
+    /// Whether a string looks like UCS2 hex: at least 8 characters, a multiple of 4, all of them digits '0'
+    /// to '9' or upper-case letters, with at least four digits. Any letter of 'A' to 'Z' counts, as is
+    /// required, and no lower-case one does.
     static bool IsUCS2(const TString<char>& hex);
     static bool IsUCS2(const TString<wchar_t>& hex);
 
@@ -26,7 +26,7 @@ public:
     static TString<wchar_t> ToUCS2(const TString<wchar_t>& text);
     static TString<char> ToUCS2S(const TString<wchar_t>& text);
 
-    static const char c_toHex[17];            ///< "0123456789ABCDEF"
+    static const char c_toHex[17];             ///< "0123456789ABCDEF"
     static const unsigned char c_fromHex[256]; ///< value of a hexadecimal digit of either case, 0 for others
 };
 

@@ -31,21 +31,45 @@ void Deallocate(void* memory) {
 
 } // namespace
 
-void* operator new(std::size_t size) { return Allocate(size); }
-void* operator new[](std::size_t size) { return Allocate(size); }
-void operator delete(void* memory) noexcept { Deallocate(memory); }
-void operator delete[](void* memory) noexcept { Deallocate(memory); }
-void operator delete(void* memory, std::size_t) noexcept { Deallocate(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { Deallocate(memory); }
+void* operator new(std::size_t size) {
+    return Allocate(size);
+}
+void* operator new[](std::size_t size) {
+    return Allocate(size);
+}
+void operator delete(void* memory) noexcept {
+    Deallocate(memory);
+}
+void operator delete[](void* memory) noexcept {
+    Deallocate(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    Deallocate(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+    Deallocate(memory);
+}
 
 namespace tests {
 
-unsigned long Allocations() { return s_allocations; }
-unsigned long Deallocations() { return s_deallocations; }
-unsigned long AllocatedBytes() { return s_bytes; }
+unsigned long Allocations() {
+    return s_allocations;
+}
+unsigned long Deallocations() {
+    return s_deallocations;
+}
+unsigned long AllocatedBytes() {
+    return s_bytes;
+}
 
-FailAllocation::FailAllocation(unsigned long n) { s_failAt = s_allocations + n; }
-FailAllocation::~FailAllocation() { s_failAt = 0; }
-bool FailAllocation::Happened() const { return s_allocations >= s_failAt; }
+FailAllocation::FailAllocation(unsigned long n) {
+    s_failAt = s_allocations + n;
+}
+FailAllocation::~FailAllocation() {
+    s_failAt = 0;
+}
+bool FailAllocation::Happened() const {
+    return s_allocations >= s_failAt;
+}
 
 } // namespace tests

@@ -42,15 +42,21 @@ std::string Hex(const unsigned char* octets, std::size_t count) {
     return text;
 }
 
-std::string Hex(const Bytes& octets) { return Hex(octets.data(), octets.size()); }
+std::string Hex(const Bytes& octets) {
+    return Hex(octets.data(), octets.size());
+}
 
 Toolkit::smart_ptr<Encoding::Pdu> MakePdu(const Bytes& octets) {
     return new Encoding::Pdu(octets.data(), static_cast<unsigned int>(octets.size()));
 }
 
-Toolkit::smart_ptr<Encoding::Pdu> MakePdu(std::string_view hex) { return MakePdu(Octets(hex)); }
+Toolkit::smart_ptr<Encoding::Pdu> MakePdu(std::string_view hex) {
+    return MakePdu(Octets(hex));
+}
 
-Bytes OctetsOf(const Encoding::Pdu& pdu) { return Bytes(pdu.m_Bytes, pdu.m_Bytes + pdu.m_Length); }
+Bytes OctetsOf(const Encoding::Pdu& pdu) {
+    return Bytes(pdu.m_Bytes, pdu.m_Bytes + pdu.m_Length);
+}
 
 TString<wchar_t> Wide(std::initializer_list<unsigned int> units) {
     TString<wchar_t> text;
