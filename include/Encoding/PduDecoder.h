@@ -68,14 +68,6 @@ public:
 
     /// Outcome that a TP-ST octet stands for.
     DeliveryStatus::TP_ST_Status ReadStatus(unsigned char status);
-
-private:
-    struct UserData;
-    void ReadFirstOctet(unsigned int firstOctet);
-    void ReadDataCoding(unsigned int dcs);
-    bool ReadUserDataHeader(const Pdu& pdu, UserData& userData);
-    bool ReadUserData(const Pdu& pdu, const UserData& userData);
-    void ReadSeptets(const Pdu& pdu, const UserData& userData);
 };
 
 } // namespace Encoding

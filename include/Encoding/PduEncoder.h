@@ -21,13 +21,12 @@ namespace Encoding {
 /// the encoder stays usable.
 class ENCODING_API PduEncoder : protected PduCommon {
 public:
-    static const int MAX_7BITDATA_LEN = 160;        ///< septets in a single-part GSM message
-    static const int MAX_GSM_LEN_WITH_HEADER = 153; ///< septets in a part of a concatenated GSM message
-    static const int MAX_DATA_LEN = 140;            ///< octets of user data in one PDU
-    static const int MAX_DATA_LEN_WITH_HEADER =
-        134;                                    ///< octets of UCS2 text in a part of a concatenated message
-    static const int USER_DATA_HEADER_SIZE = 6; ///< the concatenation header in octets
-    static const int _7BITDATA_HEADER_SIZE = 7; ///< the concatenation header and its fill bit in septets
+    static const int MAX_7BITDATA_LEN = 160;         ///< septets in a single-part GSM message
+    static const int MAX_GSM_LEN_WITH_HEADER = 153;  ///< septets in a part of a longer GSM message
+    static const int MAX_DATA_LEN = 140;             ///< octets of user data in one PDU
+    static const int MAX_DATA_LEN_WITH_HEADER = 134; ///< octets of UCS2 text in a part of a longer message
+    static const int USER_DATA_HEADER_SIZE = 6;      ///< the concatenation header in octets
+    static const int _7BITDATA_HEADER_SIZE = 7;      ///< the concatenation header and its fill bit in septets
 
     /// An encoder for messages of this type. The concatenation reference counter starts at the low 8 bits of
     /// the calendar time.
@@ -90,8 +89,8 @@ public:
 
     /// `count` characters of the text from `start` on, two octets each, high octet first; of each the low 16
     /// bits count. Returns 1 with 2 × count octets in `*bytes`, an array that the caller frees with delete[];
-    /// two zero octets stand behind them. Returns 0, with null and 0, for an empty text, a count of 0, or a
-    /// start at or past the end. REQUIRES: start + count does not exceed the text.
+    /// two zero octets stand behind them. Characters past the end of the text count as U+0000. Returns 0,
+    /// with null and 0, for an empty text, a count of 0, or a start at or past the end.
     int GetSubString(const TString<wchar_t>& text, unsigned int start, unsigned int count,
                      unsigned int* length, unsigned char** bytes);
 
@@ -123,8 +122,17 @@ protected:
     unsigned int m_PartLength;                    ///< septets (GSM) or octets (UCS2) of it
 
 private:
-    struct PartValues;
-    // one named step per field of a PDU, see Assembly.cpp
+    void ChooseAlphabet(const TString<wchar_t>& text, unsigned int textBytes);
+    void NumberPart(unsigned int part, unsigned int parts);
+    unsigned int CutPart(unsigned int offset);
+    void WritePart(Pdu& pdu, bool isFirst);
+    void WriteServiceCentre(Pdu& pdu);
+    void WriteAddress(Pdu& pdu, const TString<wchar_t>& number, std::unique_ptr<unsigned char[]>& bytes,
+                      unsigned int& length);
+    unsigned int FirstOctet(bool isFirst) const;
+    unsigned int DataCoding() const;
+    void WriteValidityPeriod(Pdu& pdu) const;
+    void WriteUserData(Pdu& pdu) const;
 };
 
 } // namespace Encoding

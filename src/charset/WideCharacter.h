@@ -1,0 +1,38 @@
+// A wide character as it lies in memory.
+#ifndef CHARSET_WIDECHARACTER_H
+#define CHARSET_WIDECHARACTER_H
+
+#include "Toolkit/SystemInfo.h"
+#include "Toolkit/smart_ptr.h"
+
+namespace Encoding {
+
+static_assert(sizeof(wchar_t) == 4, "wide text holds one 32-bit unit per character");
+
+constexpr unsigned int c_wideSize = 4; ///< octets of a wide character in memory
+constexpr int c_bigEndian = 1;         ///< the byte order as the support library tells it
+
+/// Asks for the host's byte order, with a share of the process-wide instance held meanwhile.
+inline int AskEndian() {
+    const Toolkit::smart_ptr<Toolkit::SystemInfo> share(*Toolkit::SystemInfo::s_pInstance);
+    return Toolkit::SystemInfo::GetEndian();
+}
+
+/// Bits 15 to 8 of the character whose four octets begin here.
+inline unsigned char HighOctet(const unsigned char* character, int endian) {
+    return character[endian == c_bigEndian ? 2 : 1];
+}
+
+/// Bits 7 to 0 of the character whose four octets begin here.
+inline unsigned char LowOctet(const unsigned char* character, int endian) {
+    return character[endian == c_bigEndian ? 3 : 0];
+}
+
+/// Bits 15 to 0 of the character whose four octets begin here.
+inline unsigned short LowUnit(const unsigned char* character, int endian) {
+    return static_cast<unsigned short>(HighOctet(character, endian) << 8 | LowOctet(character, endian));
+}
+
+} // namespace Encoding
+
+#endif

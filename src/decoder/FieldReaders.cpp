@@ -1,0 +1,141 @@
+// The address field and the time-stamp field.
+#include <algorithm>
+#include <array>
+
+#include "Encoding/PduDecoder.h"
+#include "Toolkit/UTF8.h"
+#include "pdu/Octets.h"
+#include "pdu/Septets.h"
+#include "pdu/WireFormat.h"
+
+namespace Encoding {
+namespace {
+
+constexpr unsigned int c_international = 1; ///< type-of-number bits
+constexpr unsigned int c_alphanumeric = 5;
+constexpr unsigned int c_reserved = 7;
+constexpr unsigned int c_longestAddress = 255; ///< characters
+
+constexpr unsigned int c_timeStampSize = 7;   ///< octets
+constexpr unsigned int c_negativeZone = 0x08; ///< the sign bit of the time-zone octet
+constexpr int c_quartersPerHour = 4;
+
+/// An address as characters, ended by a zero.
+using AddressText = std::array<unsigned char, c_longestAddress + 1>;
+
+/// Septets are taken as character codes, without a look into the alphabet, and the walk goes one octet past
+/// the field; both are required. `octets` counts the type octet and those behind it.
+void ReadAlphanumeric(const Pdu& pdu, unsigned int digits, unsigned int octets, AddressText& text) {
+    const unsigned int septets = octets + (octets - 1) / 7;
+    UnpackSeptets(pdu, digits, 0, std::min(septets, c_longestAddress), text.data());
+}
+
+/// Every semi-octet is '0' plus its value, whatever the value; only a filler in the high one is left out.
+void ReadDigits(const Pdu& pdu, unsigned int digits, unsigned int octets, AddressText& text) {
+    unsigned int length = 0;
+    for (unsigned int i = 0; i + 1 < octets && length < c_longestAddress; ++i) {
+        const unsigned int pair = OctetAt(pdu, digits + i);
+        text[length++] = static_cast<unsigned char>('0' + (pair & 0x0F));
+        if (pair >> 4 != c_filler && length < c_longestAddress)
+            text[length++] = static_cast<unsigned char>('0' + (pair >> 4));
+    }
+}
+
+NumberingPlan::NPI PlanOf(unsigned int typeOfAddress) {
+    switch (typeOfAddress & 0x0F) {
+    case 0x1:
+        return NumberingPlan::NPI_ISDN;
+    case 0x3:
+        return NumberingPlan::NPI_DATA;
+    case 0x4:
+        return NumberingPlan::NPI_TELEX;
+    case 0x8:
+        return NumberingPlan::NPI_NATIONAL;
+    case 0x9:
+        return NumberingPlan::NPI_PRIVATE;
+    case 0xA:
+        return NumberingPlan::NPI_ERMES;
+    case 0xF:
+        return NumberingPlan::NPI_RESERVED;
+    default:
+        return NumberingPlan::NPI_UNKNOWN;
+    }
+}
+
+/// The time zone in quarter hours.
+int QuarterHours(unsigned int zone) {
+    if ((zone & c_negativeZone) != 0)
+        return -PduCommon::SwapNumber(static_cast<unsigned char>(zone & ~c_negativeZone));
+    return PduCommon::SwapNumber(static_cast<unsigned char>(zone));
+}
+
+} // namespace
+
+unsigned int PduDecoder::ReadNumber(Toolkit::smart_ptr<Pdu> pdu, unsigned int offset, bool semiOctets,
+                                    TString<wchar_t>& number, NumberingPlan::NPI& npi,
+                                    TypeOfNumber::TON& ton) {
+    if (pdu.get() == nullptr)
+        return FIELD_FAILED;
+    npi = NumberingPlan::NPI_UNKNOWN;
+    ton = TypeOfNumber::TON_UNKNOWN;
+    number.clear();
+
+    // The type octet and the digit octets, whichever way the length counts.
+    unsigned int octets = OctetAt(*pdu, offset);
+    if (semiOctets)
+        octets = (octets + 1) / 2 + 1;
+    const unsigned long long end = static_cast<unsigned long long>(offset) + octets;
+    if (pdu->m_Length <= end)
+        return FIELD_FAILED;
+    const auto next = static_cast<unsigned int>(end + 1);
+    if (octets == 0)
+        return next;
+
+    AddressText text{};
+    const unsigned int typeOfAddress = OctetAt(*pdu, offset + 1);
+    const unsigned int typeOfNumber = typeOfAddress >> 4 & 0x07;
+    if (typeOfNumber == c_alphanumeric) {
+        ton = TypeOfNumber::TON_ALPHANUMERIC;
+        ReadAlphanumeric(*pdu, offset + 2, octets, text);
+    } else {
+        if (typeOfNumber == c_international) {
+            ton = TypeOfNumber::TON_INTERNATIONAL;
+            number = L"+";
+        } else if (typeOfNumber == c_reserved) {
+            ton = TypeOfNumber::TON_RESERVED;
+        }
+        ReadDigits(*pdu, offset + 2, octets, text);
+    }
+    number += Toolkit::UTF8::ToUNICODE(reinterpret_cast<const char*>(text.data()));
+    npi = PlanOf(typeOfAddress);
+    return next;
+}
+
+unsigned int PduDecoder::ReadTimeStamp(Toolkit::smart_ptr<Pdu> pdu, unsigned int offset,
+                                       Toolkit::smart_ptr<Toolkit::DateTime>& time, bool ignoreTimeZone) {
+    if (pdu.get() == nullptr || pdu->m_Length <= static_cast<unsigned long long>(offset) + c_timeStampSize)
+        return FIELD_FAILED;
+    const unsigned int next = offset + c_timeStampSize;
+
+    const auto field = [&](unsigned int i) {
+        return static_cast<unsigned int>(SwapNumber(OctetAt(*pdu, offset + i)));
+    };
+    const unsigned int year = 2000 + field(0);
+    const unsigned int month = field(1);
+    const unsigned int day = field(2);
+    const unsigned int hour = field(3);
+    const unsigned int minute = field(4);
+    const unsigned int second = field(5);
+    // No lower bounds, and hour 24 passes, as is required.
+    if (month > 12 || day > 31 || hour > 24 || minute > 59 || second > 59)
+        return next;
+
+    const int quarters = ignoreTimeZone ? 0 : QuarterHours(OctetAt(*pdu, offset + 6));
+    if (quarters == 0 || quarters == -1)
+        time = new Toolkit::DateTime(year, month, day, hour, minute, second);
+    else
+        time = new Toolkit::DateTime(year, month, day, hour, minute, second, quarters / c_quartersPerHour);
+    return next;
+}
+
+} // namespace Encoding

@@ -1,0 +1,10 @@
+#include "Toolkit/TString.h"
+
+template <class CharT>
+const TString<CharT>& TString<CharT>::Empty() {
+    static const TString _Empty; // NOLINT(bugprone-reserved-identifier): the name is required
+    return _Empty;
+}
+
+template TOOLKIT_API const TString<char>& TString<char>::Empty();
+template TOOLKIT_API const TString<wchar_t>& TString<wchar_t>::Empty();
