@@ -8,7 +8,8 @@
 namespace Encoding {
 
 // The members start empty, each pointer with a block of its own, and are filled in this order.
-GSMCharSet::GSMCharSet() : m_GreekCount(0), m_Translated(0), m_ExtCount(0), m_Endian(AskEndian()) {
+GSMCharSet::GSMCharSet()
+    : m_GreekCount(0), m_Translated(0), m_ExtCount(0), m_Endian(SystemShare().GetEndian()) {
     m_EscapeTable = new GsmUnicodeChar[c_extensionCount];
     std::copy(c_extensionTable.begin(), c_extensionTable.end(), m_EscapeTable.get());
 

@@ -12,11 +12,14 @@ static_assert(sizeof(wchar_t) == 4, "wide text holds one 32-bit unit per charact
 constexpr unsigned int c_wideSize = 4; ///< octets of a wide character in memory
 constexpr int c_bigEndian = 1;         ///< the byte order as the support library tells it
 
-/// Asks for the host's byte order, with a share of the process-wide instance held meanwhile.
-inline int AskEndian() {
-    const Toolkit::smart_ptr<Toolkit::SystemInfo> share(*Toolkit::SystemInfo::s_pInstance);
-    return Toolkit::SystemInfo::GetEndian();
-}
+/// A share of the process-wide SystemInfo, without which nobody may ask for the byte order.
+class SystemShare {
+public:
+    int GetEndian() const { return Toolkit::SystemInfo::GetEndian(); }
+
+private:
+    Toolkit::smart_ptr<Toolkit::SystemInfo> m_Share{*Toolkit::SystemInfo::s_pInstance};
+};
 
 /// Bits 15 to 8 of the character whose four octets begin here.
 inline unsigned char HighOctet(const unsigned char* character, int endian) {

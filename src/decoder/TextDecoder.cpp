@@ -38,7 +38,7 @@ TString<wchar_t> FromGsm(GSMCharSet& charSet, const TString<wchar_t>& text) {
     const auto codes = MakeOctets(text.size() + 1ULL);
     const auto* character = reinterpret_cast<const unsigned char*>(text.data());
     for (std::size_t i = 0; i < text.size(); ++i, character += c_wideSize)
-        codes[i] = LowOctet(character, AskEndian()); // asked for every character, as is required
+        codes[i] = LowOctet(character, SystemShare().GetEndian()); // a share each, as is required
     return charSet.GsmToUnicode(codes.get(), static_cast<unsigned int>(text.size()));
 }
 

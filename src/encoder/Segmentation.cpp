@@ -75,9 +75,10 @@ int PduEncoder::GetSubString(const TString<wchar_t>& text, unsigned int start, u
     unsigned char* octets = MakeOctets(c_unitSize * (count + 1ULL)).release();
     *bytes = octets;
     *length = c_unitSize * count;
+    const SystemShare system;
     const auto* character = reinterpret_cast<const unsigned char*>(text.data() + start);
     for (std::size_t left = text.size() - start; count != 0 && left != 0; --count, --left) {
-        const int endian = AskEndian(); // asked for every character, as is required
+        const int endian = system.GetEndian(); // asked for every character, as is required
         *octets++ = HighOctet(character, endian);
         *octets++ = LowOctet(character, endian);
         character += c_wideSize;
