@@ -2,8 +2,13 @@
 
 set(QX_WARNINGS -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
 
+# qx_compile_options(target [STANDARD 17]): C++20 unless another level is named.
 function(qx_compile_options target)
-  target_compile_features(${target} PRIVATE cxx_std_20)
+  cmake_parse_arguments(arg "" "STANDARD" "" ${ARGN})
+  if(NOT arg_STANDARD)
+    set(arg_STANDARD 20)
+  endif()
+  target_compile_features(${target} PRIVATE cxx_std_${arg_STANDARD})
   target_compile_options(${target} PRIVATE ${QX_WARNINGS})
   if(QX_WARNINGS_AS_ERRORS)
     target_compile_options(${target} PRIVATE -Werror)
