@@ -1,0 +1,246 @@
+// qxpdu encode
+#include <algorithm>
+#include <charconv>
+#include <optional>
+#include <variant>
+
+#include <fmt/format.h>
+
+#include "Commands.h"
+#include "Encoding/PduDecoder.h"
+#include "Encoding/PduEncoder.h"
+#include "Hexadecimal.h"
+#include "InputError.h"
+#include "Meanings.h"
+#include "Record.h"
+#include "Unicode.h"
+
+namespace qxpdu {
+
+namespace {
+
+using Encoding::Pdu;
+using Encoding::PduDecoder;
+using Encoding::PduEncoder;
+using Encoding::ValidityPeriod;
+using Pdus = std::vector<Toolkit::smart_ptr<Pdu>>;
+
+constexpr unsigned int c_maxParts = 255; ///< the header counts them in one octet
+constexpr std::size_t c_maxDigits = 20;  ///< in an address field of 12 octets
+
+struct EncodeOptions {
+    std::string to;
+    std::string smsc;
+    std::optional<int> messageClass;
+    std::string validity;
+    bool statusReport = false;
+    bool rejectDuplicates = false;
+    bool replyPath = false;
+    std::optional<int> reference;
+    bool greek = false;
+    bool strict = false;
+    bool json = false;
+    const CLI::Option* text = nullptr;
+};
+
+/// What goes out of a number: its decimal digits and a plus sign in front.
+std::string SentOf(const std::string& number) {
+    std::string sent = number.starts_with('+') ? "+" : "";
+    std::copy_if(number.begin(), number.end(), std::back_inserter(sent),
+                 [](char character) { return character >= '0' && character <= '9'; });
+    return sent;
+}
+
+/// What makes a number unusable, or nothing.
+std::string FaultOfNumber(const std::string& number) {
+    const std::string sent = SentOf(number);
+    const std::size_t digits = sent.size() - (sent.starts_with('+') ? 1 : 0);
+    if (digits == 0)
+        return "a number without digits";
+    return digits > c_maxDigits ? fmt::format("{} digits, {} at most", digits, c_maxDigits) : "";
+}
+
+/// A named period, or the octet.
+using Validity = std::variant<ValidityPeriod::TP_VP_Period, int>;
+
+std::optional<Validity> ReadValidity(const std::string& text) {
+    constexpr std::pair<std::string_view, ValidityPeriod::TP_VP_Period> c_names[] = {
+        {"1h", ValidityPeriod::TP_VP_1_HOUR},   {"2h", ValidityPeriod::TP_VP_2_HOURS},
+        {"6h", ValidityPeriod::TP_VP_6_HOURS},  {"12h", ValidityPeriod::TP_VP_12_HOURS},
+        {"1d", ValidityPeriod::TP_VP_1_DAY},    {"1w", ValidityPeriod::TP_VP_1_WEEK},
+        {"max", ValidityPeriod::TP_VP_MAXIMUM},
+    };
+    for (const auto& [name, period] : c_names) {
+        if (text == name)
+            return period;
+    }
+    unsigned char octet = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), octet);
+    if (error != std::errc{} || end != text.data() + text.size())
+        return std::nullopt;
+    return octet;
+}
+
+std::string FaultOfValidity(const std::string& text) {
+    return ReadValidity(text) ? ""
+                              : fmt::format("{} is neither 1h, 2h, 6h, 12h, 1d, 1w, max nor an octet", text);
+}
+
+void Configure(PduEncoder& encoder, const EncodeOptions& options) {
+    encoder.SetRecipient(FromUtf8(SentOf(options.to)));
+    encoder.SetSmsc(FromUtf8(SentOf(options.smsc)), false);
+    if (options.messageClass)
+        encoder.SetClass(static_cast<Encoding::MessageClass::Class>(*options.messageClass));
+    if (const auto validity = ReadValidity(options.validity))
+        std::visit([&encoder](auto period) { encoder.SetValidityPeriod(period); }, *validity);
+    encoder.SetRequireStatusReport(options.statusReport);
+    encoder.SetReject_Duplicates(options.rejectDuplicates);
+    encoder.SetReplyPath(options.replyPath);
+    encoder.SetMessageReference(options.reference.value_or(0));
+    if (options.greek)
+        encoder.AddTranslateTable(Encoding::TranslateTable::GREEK);
+}
+
+Pdus EncodeText(PduEncoder& encoder, const TString<wchar_t>& text) {
+    const unsigned int parts = encoder.GetPduCount(text);
+    if (parts > c_maxParts)
+        throw InputError(fmt::format("the text needs {} parts, {} at most", parts, c_maxParts));
+    encoder.SetText(text);
+    Pdus pdus;
+    encoder.Encode(pdus);
+    if (pdus.empty())
+        throw InputError("the text is too long");
+    return pdus;
+}
+
+/// One part as the decoder reads it back.
+Json ToJson(const Input& input, const Toolkit::smart_ptr<Pdu>& pdu, std::size_t part, std::size_t parts) {
+    PduDecoder decoder;
+    decoder.Decode(pdu, false, false);
+    const bool hasHeader = decoder.m_HasUserDataHeader != 0;
+    Json object = ObjectFor(input);
+    object["octets"] = pdu->GetString();
+    object["tpdu_length"] = pdu->m_Length - 1 - pdu->m_Bytes[0];
+    object["alphabet"] = AlphabetName(decoder.m_Alphabet);
+    if (decoder.m_Alphabet == Encoding::Alphabet::ALPHABET_GSM7)
+        object["septets"] = decoder.m_UserDataLength - (hasHeader ? PduEncoder::_7BITDATA_HEADER_SIZE : 0);
+    else
+        object["characters"] =
+            (decoder.m_UserDataLength - (hasHeader ? PduEncoder::USER_DATA_HEADER_SIZE : 0)) / 2;
+    object["part"] = part;
+    object["parts"] = parts;
+    if (hasHeader) {
+        object["concatenation"] = {{"reference", decoder.m_ConcatReference},
+                                   {"total", decoder.m_ConcatTotal},
+                                   {"sequence", decoder.m_ConcatSequence}};
+    }
+    return object;
+}
+
+struct Caution {
+    std::string where;
+    std::string message;
+};
+
+/// What will not go out as it was given.
+std::vector<Caution> Cautions(const EncodeOptions& options, const Input& input) {
+    std::vector<Caution> cautions;
+    const auto checkNumber = [&cautions](const char* option, const std::string& number) {
+        if (SentOf(number) != number)
+            cautions.push_back(
+                {option, fmt::format("'{}' goes out as {}", Printable(Unshielded(number)), SentOf(number))});
+    };
+    checkNumber("--to", options.to);
+    checkNumber("--smsc", options.smsc);
+    if (input.text.empty())
+        cautions.push_back({NameOf(input), "the text is empty; a message without text goes out"});
+    return cautions;
+}
+
+int Encode(const EncodeOptions& options, const Streams& streams) {
+    Console console(streams, options.json ? Format::JsonArray : Format::Text);
+    const std::vector<std::string> texts = ValuesOf(options.text);
+    const Input input = texts.empty() || texts.front() == "-"
+                            ? ReadStream(streams.in)
+                            : Input{Input::Source::Argument, 1, texts.front(), false};
+    try {
+        const TString<wchar_t> text = FromUtf8(input.text);
+        const std::vector<Caution> cautions = Cautions(options, input);
+        for (const Caution& caution : cautions) {
+            if (options.strict)
+                console.Error(caution.where, caution.message);
+            else
+                console.Warning(caution.where, caution.message);
+        }
+        if (options.strict && !cautions.empty())
+            return console.Finish();
+        PduEncoder encoder(Encoding::MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
+        Configure(encoder, options);
+        const Pdus pdus = EncodeText(encoder, text);
+        for (std::size_t i = 0; i < pdus.size(); ++i) {
+            if (console.WantsJson())
+                console.Object(ToJson(input, pdus[i], i + 1, pdus.size()));
+            else
+                console.Line(pdus[i]->GetString());
+        }
+    } catch (const InputError& error) {
+        console.Error(NameOf(input), error.what());
+    }
+    return console.Finish();
+}
+
+void AddOptions(CLI::App& command, EncodeOptions& options) {
+    command.add_option("--to", options.to, "Destination number, a leading + for an international one")
+        ->required()
+        ->check(FaultOfNumber)
+        ->type_name("NUMBER");
+    command.add_option("--smsc", options.smsc, "Service-centre number; without it, the modem's own")
+        ->check(FaultOfNumber)
+        ->type_name("NUMBER");
+    command.add_option("--class", options.messageClass, "TP-DCS message class, 0 to 3")
+        ->check(CLI::Range(0, 3).description(""))
+        ->type_name("CLASS");
+    command
+        .add_option("--validity", options.validity,
+                    "TP-VP: 1h, 2h, 6h, 12h, 1d, 1w, max, or the octet, 0 to 255")
+        ->check(FaultOfValidity)
+        ->type_name("PERIOD");
+    command.add_flag("--status-report", options.statusReport,
+                     "TP-SRR: ask for a status report on the first part");
+    command.add_flag("--reject-duplicates", options.rejectDuplicates, "TP-RD: have duplicates rejected");
+    command.add_flag("--reply-path", options.replyPath, "TP-RP: set the reply path");
+    command.add_option("--reference", options.reference, "TP-MR, 0 to 255; 0 without it")
+        ->check(CLI::Range(0, 255).description(""))
+        ->type_name("N");
+    command.add_flag("--greek", options.greek, "Send Greek letters as capitals in GSM 7-bit");
+    command.add_flag("--strict", options.strict, "Turn warnings into errors");
+    command.add_flag("--json", options.json, "Write the results as a JSON array");
+    options.text =
+        command
+            .add_option("TEXT",
+                        "The text; without it, or as -, all of standard input without its last line feed")
+            ->type_name("");
+}
+
+} // namespace
+
+void AddEncode(CLI::App& parent, Action& action) {
+    CLI::App* command = parent.add_subcommand("encode", "Make SMS-SUBMIT PDUs of a text");
+    auto options = std::make_shared<EncodeOptions>();
+    AddOptions(*command, *options);
+    command->footer(
+        "A line of hexadecimal for each PDU, the service-centre address in front. The text goes out in\n"
+        "GSM 7-bit where every character survives that, else in UCS2. With --json an object for each\n"
+        "part: \"octets\", \"tpdu_length\" (octets without the service centre, as a modem wants them),\n"
+        "\"alphabet\", \"septets\" or \"characters\", \"part\" and \"parts\", and \"concatenation\" where "
+        "the\n"
+        "part has a header.\n"
+        "\n"
+        "Example:\n"
+        "  qxpdu encode --to +4179123 hello");
+    command->callback([options, &action] {
+        action = [options](const Streams& streams) { return Encode(*options, streams); };
+    });
+}
+
+} // namespace qxpdu

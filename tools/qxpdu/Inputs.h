@@ -1,0 +1,51 @@
+// What a command works on: its arguments, or the lines of standard input.
+#ifndef QXPDU_INPUTS_H
+#define QXPDU_INPUTS_H
+
+#include <cstddef>
+#include <istream>
+#include <string>
+#include <vector>
+
+namespace qxpdu {
+
+/// One input and where it came from.
+struct Input {
+    enum class Source { Argument, Line, Stream };
+
+    Source source = Source::Argument;
+    std::size_t number = 0; ///< of the argument or of the line, from 1; 0 for the whole stream
+    std::string text;
+    bool tooLong = false; ///< the line had more than MAX_LINE bytes; `text` holds the first of them
+};
+
+/// "line 3", "argument 1" or "standard input".
+std::string NameOf(const Input& input);
+
+/// Gives the inputs one after the other, in memory bounded by the longest line allowed.
+class Inputs {
+public:
+    static constexpr std::size_t MAX_LINE = 1U << 20;
+
+    /// Without arguments the inputs are the lines of `in`, and an argument "-" stands for those as well.
+    Inputs(std::vector<std::string> arguments, std::istream& in);
+
+    /// Reads the next input; false when there is none. A line comes without its line feed.
+    bool Next(Input& input);
+
+private:
+    bool NextLine(Input& input);
+
+    std::vector<std::string> m_Arguments;
+    std::istream& m_In;
+    std::size_t m_Argument = 0; ///< arguments given so far
+    std::size_t m_Line = 0;     ///< lines given so far
+    bool m_InLines;             ///< lines are being read
+};
+
+/// The whole of a stream as one input, without its last line feed.
+Input ReadStream(std::istream& in);
+
+} // namespace qxpdu
+
+#endif

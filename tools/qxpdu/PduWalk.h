@@ -1,0 +1,85 @@
+// The fields of a PDU one after the other, each with its place, and the point where decoding stops.
+#ifndef QXPDU_PDUWALK_H
+#define QXPDU_PDUWALK_H
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "Encoding/PduDecoder.h"
+
+namespace qxpdu {
+
+/// A number in one octet, or in some bits of one.
+struct NumberValue {
+    unsigned int number;
+};
+
+/// TP-DCS.
+struct DataCodingValue {
+    unsigned int number;
+    Encoding::Alphabet::Encoding alphabet;
+    Encoding::MessageClass::Class messageClass;
+};
+
+/// An address; both numbers are the bits of the type-of-address octet, 0 where there is none.
+struct AddressValue {
+    std::string number;
+    unsigned int typeOfNumber = 0;
+    unsigned int numberingPlan = 0;
+};
+
+/// A time stamp in ISO 8601, or empty where it is out of range.
+struct TimeValue {
+    std::string time;
+};
+
+/// One element of the user-data header.
+struct HeaderElement {
+    unsigned int identifier;
+    unsigned int offset;  ///< of its data
+    unsigned int length;  ///< of its data as it says
+    unsigned int present; ///< octets of that which the PDU holds; the others count as zeros
+};
+
+struct HeaderValue {
+    std::vector<HeaderElement> elements;
+    /// Whether an element sets the decoder's concatenation values.
+    bool HasConcatenation() const;
+};
+
+/// The octets of the user data behind the header.
+struct UserDataValue {};
+
+/// One field. Fields stand in the order of the PDU; those of the first octet share its offset.
+struct PduField {
+    std::string_view name; ///< by the standard, "TP-DCS"
+    unsigned int offset;   ///< of the first octet, from 0
+    unsigned int length;   ///< in octets
+    unsigned int mask;     ///< the bits in a field of one octet, 0xFF for whole octets
+    std::string meaning;
+    std::variant<NumberValue, DataCodingValue, AddressValue, TimeValue, HeaderValue, UserDataValue> value;
+};
+
+/// Where and why the decoder rejects a PDU.
+struct PduStop {
+    std::string_view field;
+    unsigned int offset; ///< of the octet where it stops
+    std::string reason;
+};
+
+struct PduWalk {
+    std::vector<PduField> fields;
+    std::optional<PduStop> stop; ///< set exactly when PduDecoder::Decode rejects the PDU
+};
+
+/// Walks over a PDU of at most Pdu::CAPACITY octets in the steps of PduDecoder::Decode. What a field says
+/// comes from the field readers of `decoder`; of its members, only the coding group is written.
+PduWalk WalkPdu(Encoding::PduDecoder& decoder, const Toolkit::smart_ptr<Encoding::Pdu>& pdu, bool noSmsc,
+                bool ignoreTimeZone);
+
+} // namespace qxpdu
+
+#endif

@@ -1,0 +1,120 @@
+#include "Unicode.h"
+
+#include <iterator>
+
+#include <fmt/format.h>
+#include <utf8.h>
+
+#include "InputError.h"
+
+namespace qxpdu {
+
+namespace {
+
+constexpr char32_t c_replacement = 0xFFFD;
+constexpr char32_t c_firstSupplementary = 0x10000;
+constexpr char32_t c_highSurrogates = 0xD800;
+constexpr char32_t c_lowSurrogates = 0xDC00;
+constexpr char32_t c_surrogateMask = 0xFC00;
+
+bool IsHighSurrogate(wchar_t unit) {
+    return (static_cast<char32_t>(unit) & ~char32_t{0x3FF}) == c_highSurrogates;
+}
+
+bool IsLowSurrogate(wchar_t unit) {
+    return (static_cast<char32_t>(unit) & ~char32_t{0x3FF}) == c_lowSurrogates;
+}
+
+bool IsSurrogate(char32_t codePoint) {
+    return (codePoint & c_surrogateMask) == c_highSurrogates ||
+           (codePoint & c_surrogateMask) == c_lowSurrogates;
+}
+
+/// Calls `take` with each code point, a lone surrogate as itself.
+template <class Take>
+void ForEachCodePoint(const std::wstring& units, Take take) {
+    for (std::size_t i = 0; i < units.size(); ++i) {
+        auto codePoint = static_cast<char32_t>(units[i]);
+        if (IsHighSurrogate(units[i]) && i + 1 < units.size() && IsLowSurrogate(units[i + 1])) {
+            ++i;
+            codePoint = c_firstSupplementary + ((codePoint - c_highSurrogates) << 10) +
+                        (static_cast<char32_t>(units[i]) - c_lowSurrogates);
+        }
+        take(codePoint);
+    }
+}
+
+/// C0, DEL and C1.
+bool IsControl(char32_t codePoint) {
+    return codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
+}
+
+} // namespace
+
+TString<wchar_t> FromUtf8(std::string_view text) {
+    const char* const end = text.data() + text.size();
+    const char* const invalid = utf8::find_invalid(text.data(), end);
+    if (invalid != end) {
+        throw InputError(fmt::format("byte {} (0x{:02X}) is not valid UTF-8", invalid - text.data() + 1,
+                                     static_cast<unsigned char>(*invalid)));
+    }
+    TString<wchar_t> units;
+    units.reserve(text.size());
+    for (const char* position = text.data(); position != end;) {
+        auto codePoint = static_cast<char32_t>(utf8::unchecked::next(position));
+        if (codePoint >= c_firstSupplementary) {
+            codePoint -= c_firstSupplementary;
+            units += static_cast<wchar_t>(c_highSurrogates + (codePoint >> 10));
+            codePoint = c_lowSurrogates + (codePoint & 0x3FF);
+        }
+        units += static_cast<wchar_t>(codePoint);
+    }
+    return units;
+}
+
+std::string ToUtf8(const std::wstring& units) {
+    std::string text;
+    text.reserve(units.size());
+    ForEachCodePoint(units, [&text](char32_t codePoint) {
+        utf8::unchecked::append(IsSurrogate(codePoint) ? c_replacement : codePoint, std::back_inserter(text));
+    });
+    return text;
+}
+
+std::u32string CodePoints(const std::wstring& units) {
+    std::u32string codePoints;
+    ForEachCodePoint(units, [&codePoints](char32_t codePoint) { codePoints += codePoint; });
+    return codePoints;
+}
+
+std::string FirstCharacter(std::string_view text) {
+    std::string_view character;
+    for (std::size_t length = 1; length <= 4 && length <= text.size() && character.empty(); ++length) {
+        if (utf8::is_valid(text.begin(), text.begin() + length))
+            character = text.substr(0, length);
+    }
+    const auto first = static_cast<unsigned char>(text.front());
+    if (character.empty() || IsControl(first))
+        return fmt::format("0x{:02X}", first);
+    return fmt::format("'{}'", Printable(character));
+}
+
+std::string CodePointName(char32_t codePoint) {
+    return fmt::format("U+{:04X}", static_cast<unsigned int>(codePoint));
+}
+
+std::string Printable(std::string_view text) {
+    std::string shown;
+    shown.reserve(text.size());
+    for (auto position = text.begin(); position != text.end();) {
+        const auto begin = position;
+        const auto codePoint = static_cast<char32_t>(utf8::unchecked::next(position));
+        if (IsControl(codePoint))
+            fmt::format_to(std::back_inserter(shown), "\\u{:04X}", static_cast<unsigned int>(codePoint));
+        else
+            shown.append(begin, position);
+    }
+    return shown;
+}
+
+} // namespace qxpdu
