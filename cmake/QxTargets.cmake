@@ -1,6 +1,9 @@
 # How every target of the project is built: one language level, one set of warnings, hidden visibility.
 
 set(QX_WARNINGS -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  list(APPEND QX_WARNINGS -Wno-restrict) # g++ 12 sees overlaps inside std::string's operator+ that are not there
+endif()
 
 # qx_compile_options(target [STANDARD 17]): C++20 unless another level is named.
 function(qx_compile_options target)
@@ -32,7 +35,7 @@ function(qx_shared_library target)
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    target_compile_options(${target} PRIVATE -fno-gnu-unique)
+    target_compile_options(${target} PRIVATE -fno-gnu-unique -fno-semantic-interposition)
   endif()
   # clang leaves the sanitizers' runtime to the executable, so its symbols stay open there.
   if(NOT (QX_SANITIZE AND CMAKE_CXX_COMPILER_ID MATCHES "Clang"))

@@ -28,15 +28,14 @@ GSMCharSet::GSMCharSet()
 GSMCharSet::~GSMCharSet() = default;
 
 int GSMCharSet::UnicodeToGsm(unsigned short unicode) const {
-    if (unicode <= c_lastDirect) {
-        if (unicode == c_diaeresis)
-            return c_space;
+    if (unicode <= c_lastDirect)
         return unicode < c_directCount ? m_UnicodeToGsm[unicode] : UNMAPPABLE;
+    if (c_reverseTables.highPages[unicode >> 8]) { // spares most scripts the search
+        const GsmUnicodeChar* high = m_ExtUnicodeTable.get();
+        for (int row = 0; row < m_ExtCount; ++row)
+            if (high[row].unicode == unicode)
+                return high[row].gsm;
     }
-    const GsmUnicodeChar* high = m_ExtUnicodeTable.get();
-    for (int row = 0; row < m_ExtCount; ++row)
-        if (high[row].unicode == unicode)
-            return high[row].gsm;
     return Translate(unicode);
 }
 

@@ -1,5 +1,6 @@
 // Conversion of whole texts to unpacked GSM codes and back.
 #include <algorithm>
+#include <iterator>
 
 #include "Encoding/GSMCharSet.h"
 #include "charset/GSMTables.h"
@@ -8,16 +9,21 @@
 namespace Encoding {
 namespace {
 
-/// Hands on the codes that a result of UnicodeToGsm() stands for: none, one, or an extension pair.
-template <class Sink>
-void EmitCodes(int gsm, Sink&& sink) {
-    if (gsm == GSMCharSet::UNMAPPABLE)
-        return;
-    if (gsm < 0) {
-        sink(c_escape);
-        gsm = -gsm;
+/// Codes that a result of UnicodeToGsm() stands for: none, one, or an extension pair.
+unsigned int CodeCount(int gsm) {
+    return gsm >= 0 ? 1 : gsm == GSMCharSet::UNMAPPABLE ? 0 : 2;
+}
+
+/// Writes those codes and returns where the next ones go.
+template <class Output>
+Output PutCodes(int gsm, Output out) {
+    if (gsm >= 0) {
+        *out++ = static_cast<unsigned char>(gsm);
+    } else if (gsm != GSMCharSet::UNMAPPABLE) {
+        *out++ = c_escape;
+        *out++ = static_cast<unsigned char>(-gsm);
     }
-    sink(static_cast<unsigned char>(gsm));
+    return out;
 }
 
 } // namespace
@@ -28,44 +34,48 @@ bool GSMCharSet::GetGsmBytes(const unsigned char* src, unsigned int srcBytes, un
     if (srcBytes < 2)
         return false;
 
-    const unsigned int characters = srcBytes / c_wideSize + (srcBytes % c_wideSize != 0 ? 1 : 0);
-    const auto forEachCode = [&](auto&& sink) {
-        for (unsigned int i = 0; i < characters; ++i, src += c_wideSize)
-            EmitCodes(UnicodeToGsm(LowUnit(src, m_Endian)), sink);
+    const auto forEachGsm = [this, src, characters = (srcBytes + 3ULL) / c_wideSize](auto&& use) {
+        const signed char* direct = m_UnicodeToGsm.get();
+        const int endian = m_Endian;
+        for (std::size_t i = 0; i < characters; ++i) {
+            const unsigned short unit = LowUnit(src + i * c_wideSize, endian);
+            use(unit < c_directCount ? direct[unit] : UnicodeToGsm(unit));
+        }
     };
 
     const bool fill = out != nullptr && static_cast<int>(*ioLen) > 0;
     if (fill) {
         unsigned char* code = *out;
         std::fill_n(code, *ioLen, static_cast<unsigned char>(0));
-        forEachCode([&code](unsigned char value) { *code++ = value; });
+        forEachGsm([&code](int gsm) { code = PutCodes(gsm, code); });
     } else {
         unsigned int count = 0;
-        forEachCode([&count](unsigned char) { ++count; });
+        forEachGsm([&count](int gsm) { count += CodeCount(gsm); });
         *ioLen = count;
     }
     return true;
 }
 
 TString<wchar_t> GSMCharSet::GsmToUnicode(const unsigned char* codes, unsigned int count) {
-    TString<wchar_t> text;
-    text.reserve(count);
+    TString<wchar_t> text(count, L'\0');
+    wchar_t* character = text.data();
     for (unsigned int i = 0; i < count; ++i) {
         const unsigned char code = codes[i];
         if (code >= 0x80)
             continue;
         if (code != c_escape) {
-            text.push_back(static_cast<wchar_t>(m_GsmDefaultTable[code]));
+            *character++ = static_cast<wchar_t>(m_GsmDefaultTable[code]);
             continue;
         }
         if (i + 1 == count)
             break;
         // An unknown pair loses its escape only; the second code decodes by itself.
         if (const unsigned short extension = FindUnicodeCharFromEscapeChar(codes[i + 1]); extension != 0) {
-            text.push_back(static_cast<wchar_t>(extension));
+            *character++ = static_cast<wchar_t>(extension);
             ++i;
         }
     }
+    text.resize(static_cast<std::size_t>(character - text.data()));
     return text;
 }
 
@@ -93,8 +103,7 @@ TString<char> GSMCharSet::UnicodeToGsmString(const TString<wchar_t>& text) const
     TString<char> codes;
     codes.reserve(text.size());
     for (const wchar_t character : text)
-        EmitCodes(UnicodeToGsm(static_cast<unsigned short>(character)),
-                  [&codes](unsigned char code) { codes.push_back(static_cast<char>(code)); });
+        PutCodes(UnicodeToGsm(static_cast<unsigned short>(character)), std::back_inserter(codes));
     return codes;
 }
 

@@ -125,14 +125,17 @@ namespace {
 
 constexpr void AddReverse(ReverseTables& tables, unsigned short unicode, int gsm) {
     const auto code = static_cast<signed char>(gsm);
-    if (unicode < c_directCount)
+    if (unicode < c_directCount) {
         tables.direct[unicode] = code;
-    else
-        tables.high[static_cast<std::size_t>(tables.highCount++)] = {code, unicode};
+        return;
+    }
+    tables.high[static_cast<std::size_t>(tables.highCount++)] = {code, unicode};
+    tables.highPages[unicode >> 8] = true;
 }
 
 /// Default codes in rising order, then the extension table, whose codes are negated. The escape position puts
-/// code point zero on the escape code, as is required.
+/// code point zero on the escape code, as is required. The diaeresis, which the alphabet lacks, goes out as a
+/// space.
 constexpr ReverseTables Reverse() {
     ReverseTables tables;
     tables.direct.fill(GSMCharSet::UNMAPPABLE);
@@ -140,6 +143,7 @@ constexpr ReverseTables Reverse() {
         AddReverse(tables, GSMCharSet::m_GsmDefaultTable[gsm], gsm);
     for (const GsmUnicodeChar& row : c_extensionTable)
         AddReverse(tables, row.unicode, -row.gsm);
+    AddReverse(tables, c_diaeresis, c_space);
     return tables;
 }
 

@@ -8,12 +8,12 @@
 
 namespace Encoding {
 
-constexpr unsigned char c_escape = 0x1B;       ///< introduces a code of the extension table
-constexpr unsigned int c_directCount = 0x100;  ///< code points with an entry in the direct table
-constexpr unsigned int c_highCapacity = 64;    ///< rows of the reverse table above them
-constexpr std::size_t c_extensionCount = 10;   ///< rows of the extension table
-constexpr std::size_t c_greekCount = 72;       ///< rows of the Greek transliteration table
-constexpr unsigned short c_diaeresis = 0x00A8; ///< goes out as a space
+constexpr unsigned char c_escape = 0x1B;      ///< introduces a code of the extension table
+constexpr unsigned int c_directCount = 0x100; ///< code points with an entry in the direct table
+constexpr unsigned int c_highCapacity = 64;   ///< rows of the reverse table above them
+constexpr std::size_t c_extensionCount = 10;  ///< rows of the extension table
+constexpr std::size_t c_greekCount = 72;      ///< rows of the Greek transliteration table
+constexpr unsigned short c_diaeresis = 0x00A8;
 constexpr unsigned char c_space = 0x20;
 /// Up to here a character never goes through the transliteration table. One past the direct table, as is
 /// required: U+0100 has no code.
@@ -27,6 +27,7 @@ struct ReverseTables {
     std::array<signed char, c_directCount> direct{};
     std::array<GsmUnicodeChar, c_highCapacity> high{};
     short highCount = 0;
+    std::array<bool, 0x100> highPages{}; ///< of 256 code points each, with a row in `high`
 };
 extern const ReverseTables c_reverseTables;
 

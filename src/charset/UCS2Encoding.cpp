@@ -40,13 +40,13 @@ bool UCS2Encoding::IsUCS2(const TString<wchar_t>& hex) {
 }
 
 TString<wchar_t> UCS2Encoding::ToUString(const TString<char>& hex) {
-    TString<wchar_t> text;
-    text.reserve(hex.size() / c_groupSize);
-    for (std::size_t at = 0; at + c_groupSize <= hex.size(); at += c_groupSize) {
+    TString<wchar_t> text(hex.size() / c_groupSize, L'\0');
+    const char* digits = hex.data();
+    for (wchar_t& character : text) {
         unsigned int unit = 0;
-        for (std::size_t digit = 0; digit < c_groupSize; ++digit)
-            unit = unit << 4 | c_fromHex[static_cast<unsigned char>(hex[at + digit])];
-        text.push_back(static_cast<wchar_t>(unit));
+        for (std::size_t i = 0; i < c_groupSize; ++i)
+            unit = unit << 4 | c_fromHex[static_cast<unsigned char>(*digits++)];
+        character = static_cast<wchar_t>(unit);
     }
     return text;
 }
@@ -56,12 +56,11 @@ TString<wchar_t> UCS2Encoding::ToUString(const TString<wchar_t>& hex) {
 }
 
 TString<wchar_t> UCS2Encoding::ToUCS2(const TString<wchar_t>& text) {
-    TString<wchar_t> hex;
-    hex.reserve(text.size() * c_groupSize);
+    TString<wchar_t> hex(text.size() * c_groupSize, L'0');
+    wchar_t* digit = hex.data();
     for (const wchar_t character : text)
         for (int shift = 12; shift >= 0; shift -= 4)
-            hex.push_back(
-                static_cast<wchar_t>(c_toHex[static_cast<unsigned int>(character) >> shift & 0x0F]));
+            *digit++ = static_cast<wchar_t>(c_toHex[static_cast<unsigned int>(character) >> shift & 0x0F]);
     return hex;
 }
 

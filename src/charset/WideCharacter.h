@@ -33,7 +33,9 @@ inline unsigned char LowOctet(const unsigned char* character, int endian) {
 
 /// Bits 15 to 0 of the character whose four octets begin here.
 inline unsigned short LowUnit(const unsigned char* character, int endian) {
-    return static_cast<unsigned short>(HighOctet(character, endian) << 8 | LowOctet(character, endian));
+    const int unit =
+        endian == c_bigEndian ? character[2] << 8 | character[3] : character[1] << 8 | character[0];
+    return static_cast<unsigned short>(unit);
 }
 
 } // namespace Encoding
