@@ -69,9 +69,8 @@ TString<char> DateTime::ToString() const {
     text += ':';
     AppendDigits(text, m_Second, 2);
     if (m_HasOffset) {
-        const auto offset = static_cast<unsigned int>(m_Offset);
         text += m_Offset < 0 ? '-' : '+';
-        AppendDigits(text, m_Offset < 0 ? 0U - offset : offset, 2);
+        AppendDigits(text, Magnitude(m_Offset), 2);
         text += ":00";
     }
     return text;

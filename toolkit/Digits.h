@@ -1,4 +1,4 @@
-// Decimal numbers of a fixed width, as time stamps write them.
+// Numbers in decimal, narrow and wide.
 #ifndef TOOLKIT_DIGITS_H
 #define TOOLKIT_DIGITS_H
 
@@ -12,6 +12,11 @@ void AppendDigits(std::basic_string<CharT>& text, unsigned int value, unsigned i
     if (width > 1 || value >= 10)
         AppendDigits(text, value / 10, width > 1 ? width - 1 : 1);
     text += static_cast<CharT>('0' + value % 10);
+}
+
+/// What is left of a value without its sign.
+inline unsigned int Magnitude(int value) {
+    return value < 0 ? 0U - static_cast<unsigned int>(value) : static_cast<unsigned int>(value);
 }
 
 } // namespace Toolkit

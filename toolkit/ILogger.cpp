@@ -72,8 +72,11 @@ ILogger& ILogger::operator<<(const TString<wchar_t>& text) {
 }
 
 ILogger& ILogger::operator<<(const int& value) {
-    if (m_Severity <= m_Level)
-        Write(TString<wchar_t>(std::to_wstring(value)));
+    if (m_Severity <= m_Level) {
+        TString<wchar_t> text(value < 0 ? L"-" : L"");
+        AppendDigits(text, Magnitude(value), 1);
+        Write(text);
+    }
     return **s_pInstance;
 }
 

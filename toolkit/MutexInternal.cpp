@@ -14,13 +14,13 @@ using WaitClock = std::chrono::steady_clock; // a clock that is set does not cha
 #endif
 
 template <class M>
-bool LockWithin(M& mutex, unsigned int timeout) {
+int LockWithin(M& mutex, unsigned int timeout) {
     if (timeout == 0)
-        return mutex.try_lock();
+        return mutex.try_lock() ? 1 : 0;
     if (timeout != c_waitForever)
-        return mutex.try_lock_until(WaitClock::now() + std::chrono::milliseconds(timeout));
+        return mutex.try_lock_until(WaitClock::now() + std::chrono::milliseconds(timeout)) ? 1 : 0;
     mutex.lock();
-    return true;
+    return 1;
 }
 
 } // namespace
@@ -33,11 +33,16 @@ MutexInternal::MutexInternal(bool recursive) {
 MutexInternal::~MutexInternal() = default;
 
 int MutexInternal::Lock(unsigned int timeout) {
-    return std::visit([timeout](auto& mutex) { return LockWithin(mutex, timeout); }, m_Mutex) ? 1 : 0;
+    if (auto* pRecursive = std::get_if<std::recursive_timed_mutex>(&m_Mutex))
+        return LockWithin(*pRecursive, timeout);
+    return LockWithin(*std::get_if<std::timed_mutex>(&m_Mutex), timeout);
 }
 
 void MutexInternal::Unlock() {
-    std::visit([](auto& mutex) { mutex.unlock(); }, m_Mutex);
+    if (auto* pRecursive = std::get_if<std::recursive_timed_mutex>(&m_Mutex))
+        pRecursive->unlock();
+    else
+        std::get_if<std::timed_mutex>(&m_Mutex)->unlock();
 }
 
 } // namespace Toolkit

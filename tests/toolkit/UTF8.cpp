@@ -1,0 +1,82 @@
+#include "Toolkit/UTF8.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "support/Octets.h"
+
+namespace {
+
+using tests::Wide;
+using Toolkit::UTF8;
+
+struct Pair {
+    const char* name;
+    TString<wchar_t> wide;
+    TString<char> octets;
+};
+
+TString<char> Narrow(const char* hex) {
+    const tests::Bytes octets = tests::Octets(hex);
+    return TString<char>(octets.begin(), octets.end());
+}
+
+const Pair c_valid[] = {
+    {"nothing", Wide({}), Narrow("")},
+    {"U+0000", Wide({0}), Narrow("00")},
+    {"a zero inside", Wide({0x61, 0, 0x62}), Narrow("61 00 62")},
+    {"last of one octet", Wide({0x7F}), Narrow("7F")},
+    {"first of two octets", Wide({0x80}), Narrow("C2 80")},
+    {"last of two octets", Wide({0x7FF}), Narrow("DF BF")},
+    {"first of three octets", Wide({0x800}), Narrow("E0 A0 80")},
+    {"last before the surrogates", Wide({0xD7FF}), Narrow("ED 9F BF")},
+    {"first behind the surrogates", Wide({0xE000}), Narrow("EE 80 80")},
+    {"noncharacter", Wide({0xFFFE}), Narrow("EF BF BE")},
+    {"last of three octets", Wide({0xFFFF}), Narrow("EF BF BF")},
+    {"first of four octets", Wide({0x10000}), Narrow("F0 90 80 80")},
+    {"last of all", Wide({0x10FFFF}), Narrow("F4 8F BF BF")},
+    {"mixed", Wide({0x68, 0xE9, 0x20AC, 0x1F600, 0x21}), Narrow("68 C3A9 E282AC F09F9880 21")},
+};
+
+TEST(UTF8, ConvertsEveryScalarValueBothWays) {
+    for (const Pair& row : c_valid) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(UTF8::ToUTF8(row.wide), row.octets);
+        EXPECT_EQ(UTF8::ToUNICODE(row.octets), row.wide);
+    }
+}
+
+TEST(UTF8, WritesWhatIsNoScalarValueAsReplacementCharacter) {
+    for (const unsigned int value :
+         {0xD800U, 0xDBFFU, 0xDC00U, 0xDFFFU, 0x110000U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
+        SCOPED_TRACE(value);
+        EXPECT_EQ(UTF8::ToUTF8(Wide({0x61, value, 0x62})), Narrow("61 EF BF BD 62"));
+    }
+}
+
+TEST(UTF8, ReadsEveryInvalidSequenceAsOneReplacementCharacter) {
+    const Pair rows[] = {
+        {"stray trail octet", Wide({0x61, 0xFFFD, 0x62}), Narrow("61 80 62")},
+        {"two stray trail octets", Wide({0xFFFD, 0xFFFD}), Narrow("80 BF")},
+        {"octet that never occurs", Wide({0xFFFD, 0x61}), Narrow("FF 61")},
+        {"lead octet alone", Wide({0xFFFD, 0x61}), Narrow("C3 61")},
+        {"two of three octets", Wide({0xFFFD, 0x61}), Narrow("E2 82 61")},
+        {"three of four octets", Wide({0xFFFD, 0x61}), Narrow("F0 9F 98 61")},
+        {"lead octet behind a lead octet", Wide({0xFFFD, 0xE9}), Narrow("E2 C3 A9")},
+        {"cut at the end behind one", Wide({0x61, 0xFFFD}), Narrow("61 C3")},
+        {"cut at the end behind two", Wide({0x61, 0xFFFD}), Narrow("61 E2 82")},
+        {"cut at the end behind three", Wide({0x61, 0xFFFD}), Narrow("61 F0 9F 98")},
+        {"overlong", Wide({0xFFFD, 0x61}), Narrow("C0 80 61")},
+        {"surrogate", Wide({0xFFFD, 0x61}), Narrow("ED A0 80 61")},
+        {"above the last", Wide({0xFFFD, 0x61}), Narrow("F4 90 80 80 61")},
+        {"valid around it", Wide({0x20AC, 0xFFFD, 0x20AC}), Narrow("E282AC FE E282AC")},
+        {"U+FFFD itself", Wide({0xFFFD}), Narrow("EF BF BD")},
+    };
+    for (const Pair& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(UTF8::ToUNICODE(row.octets), row.wide);
+    }
+}
+
+} // namespace
