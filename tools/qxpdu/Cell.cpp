@@ -7,6 +7,7 @@
 #include "Encoding/CBMDecoder.h"
 #include "Hexadecimal.h"
 #include "InputError.h"
+#include "Meanings.h"
 #include "Record.h"
 #include "Unicode.h"
 
@@ -105,7 +106,8 @@ void ShowJoined(const std::optional<CellMessage>& message, Console& console) {
 void Decode(CellPages& pages, const Input& input, Console& console) {
     const Toolkit::smart_ptr<Pdu> pdu = ReadPdu(input.text);
     if (pdu->m_Length < c_headerLength)
-        throw InputError(fmt::format("{} octets, a page has {} at least", pdu->m_Length, c_headerLength));
+        throw InputError(
+            fmt::format("{}, a page has {} at least", Counted(pdu->m_Length, "octet"), c_headerLength));
     CBMDecoder decoder;
     decoder.Decode(pdu);
     const std::string text = ToUtf8(decoder.m_Text);

@@ -97,7 +97,7 @@ int ConvertAll(const ConversionOptions& options, const Streams& streams, LineKin
         if (kind == LineKind::Hex && input.source == Input::Source::Line && Trimmed(input.text).empty())
             continue;
         try {
-            if (input.tooLong)
+            if (input.source == Input::Source::Line && input.text.size() > Inputs::MAX_LINE)
                 throw InputError(fmt::format("longer than {} bytes", Inputs::MAX_LINE));
             convert(input, console);
         } catch (const InputError& error) {

@@ -162,7 +162,7 @@ int Encode(const EncodeOptions& options, const Streams& streams) {
     const std::vector<std::string> texts = ValuesOf(options.text);
     const Input input = texts.empty() || texts.front() == "-"
                             ? ReadStream(streams.in)
-                            : Input{Input::Source::Argument, 1, texts.front(), false};
+                            : Input{Input::Source::Argument, 1, texts.front()};
     try {
         const TString<wchar_t> text = FromUtf8(input.text);
         const std::vector<Caution> cautions = Cautions(options, input);

@@ -13,22 +13,21 @@ namespace {
 
 constexpr const char* c_standardInput = "-";
 
-/// Reads up to the next line feed, or the end, or MAX_LINE bytes. Returns false when nothing was left.
-bool ReadLine(std::istream& in, std::string& line, bool& tooLong) {
+/// Reads up to the next line feed, or the end, and keeps at most one byte more than MAX_LINE. Returns false
+/// when nothing was left.
+bool ReadLine(std::istream& in, std::string& line) {
     std::array<char, 4096> piece;
     line.clear();
-    tooLong = false;
     while (in.getline(piece.data(), piece.size()) || in.gcount() > 0) {
         const auto read = static_cast<std::size_t>(in.gcount());
-        const bool more = in.fail();           // the piece was filled before a line feed came
-        const bool ended = !more && !in.eof(); // the line feed was read and counted
-        line.append(piece.data(), ended ? read - 1 : read);
-        if (!more)
+        const bool isCut = in.fail();             // the piece was full before a line feed came
+        const bool hasFeed = !isCut && !in.eof(); // counted, but not stored
+        line.append(piece.data(), hasFeed ? read - 1 : read);
+        if (!isCut)
             return true;
         in.clear(in.rdstate() & ~std::ios::failbit);
         if (line.size() > Inputs::MAX_LINE) {
-            line.resize(Inputs::MAX_LINE);
-            tooLong = true;
+            line.resize(Inputs::MAX_LINE + 1);
             in.ignore(std::numeric_limits<std::streamsize>::max(), '\n');
             return true;
         }
@@ -54,7 +53,7 @@ Inputs::Inputs(std::vector<std::string> arguments, std::istream& in)
     : m_Arguments(std::move(arguments)), m_In(in), m_InLines(m_Arguments.empty()) {}
 
 bool Inputs::NextLine(Input& input) {
-    if (!ReadLine(m_In, input.text, input.tooLong))
+    if (!ReadLine(m_In, input.text))
         return false;
     input.source = Input::Source::Line;
     input.number = ++m_Line;
@@ -70,7 +69,7 @@ bool Inputs::Next(Input& input) {
             return false;
         const std::string& argument = m_Arguments[m_Argument++];
         if (argument != c_standardInput) {
-            input = {Input::Source::Argument, m_Argument, argument, false};
+            input = {Input::Source::Argument, m_Argument, argument};
             return true;
         }
         m_InLines = true;
@@ -78,7 +77,7 @@ bool Inputs::Next(Input& input) {
 }
 
 Input ReadStream(std::istream& in) {
-    Input input{Input::Source::Stream, 0, {std::istreambuf_iterator<char>(in), {}}, false};
+    Input input{Input::Source::Stream, 0, {std::istreambuf_iterator<char>(in), {}}};
     if (!input.text.empty() && input.text.back() == '\n')
         input.text.pop_back();
     return input;

@@ -16,7 +16,6 @@ struct Input {
     Source source = Source::Argument;
     std::size_t number = 0; ///< of the argument or of the line, from 1; 0 for the whole stream
     std::string text;
-    bool tooLong = false; ///< the line had more than MAX_LINE bytes; `text` holds the first of them
 };
 
 /// "line 3", "argument 1" or "standard input".
@@ -25,7 +24,7 @@ std::string NameOf(const Input& input);
 /// Gives the inputs one after the other, in memory bounded by the longest line allowed.
 class Inputs {
 public:
-    static constexpr std::size_t MAX_LINE = 1U << 20;
+    static constexpr std::size_t MAX_LINE = 1U << 20; ///< bytes; of a longer line, one more is kept
 
     /// Without arguments the inputs are the lines of `in`, and an argument "-" stands for those as well.
     Inputs(std::vector<std::string> arguments, std::istream& in);

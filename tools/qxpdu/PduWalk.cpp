@@ -86,6 +86,7 @@ private:
     bool Status();
     bool UserData();
     bool Header();
+    bool StopAt(const HeaderElement& element, unsigned int headerLength);
 
     std::string TimeMeaning(const TimeValue& time) const;
     unsigned int OctetsFor(unsigned int count) const;
@@ -142,7 +143,7 @@ bool Walker::Address(std::string_view name, bool semiOctets) {
     const unsigned int end = m_Decoder.ReadNumber(m_Pdu, m_Position, semiOctets, number, plan, type);
     if (end == PduDecoder::FIELD_FAILED) {
         return Stop(name, m_Position,
-                    fmt::format("its {} reach past the end of the PDU, which has {}",
+                    fmt::format("a length of {} goes past the end of the PDU, which has {}",
                                 Counted(Octet(m_Position), semiOctets ? "digit" : "octet"),
                                 Counted(Length(), "octet")));
     }
@@ -250,7 +251,7 @@ bool Walker::UserData() {
             return false;
         if (count < headerLength) {
             return Stop("TP-UDL", lengthOffset,
-                        fmt::format("{}, less than the header's {} octets", count, headerLength));
+                        fmt::format("{}, less than the header's {}", count, Counted(headerLength, "octet")));
         }
     }
     if (m_Alphabet == Alphabet::ALPHABET_RESERVED) {
@@ -260,6 +261,19 @@ bool Walker::UserData() {
     if (end > m_Position)
         Add("TP-UD", end - m_Position, "", UserDataValue{});
     return true;
+}
+
+bool Walker::StopAt(const HeaderElement& element, unsigned int headerLength) {
+    const unsigned int offset = element.offset - c_elementHead;
+    if (offset >= Length()) {
+        return Stop(
+            "TP-UDH", Length(),
+            fmt::format("the header of {} reaches past the end of the PDU", Counted(headerLength, "octet")));
+    }
+    return Stop("TP-UDH", offset,
+                fmt::format("element 0x{:02X} with {} of data reaches past the header of {}",
+                            element.identifier, Counted(element.length, "octet"),
+                            Counted(headerLength, "octet")));
 }
 
 bool Walker::Header() {
@@ -273,12 +287,8 @@ bool Walker::Header() {
         HeaderElement element{Octet(position), position + c_elementHead, Octet(position + 1), 0};
         element.present = std::min(element.length, Length() - std::min(element.offset, Length()));
         position = element.offset + element.length;
-        if (position > end) {
-            return Stop(
-                "TP-UDH", element.offset - c_elementHead,
-                fmt::format("element 0x{:02X} with {} octets of data reaches past the header of {} octets",
-                            element.identifier, element.length, headerLength));
-        }
+        if (position > end)
+            return StopAt(element, headerLength);
         meaning += fmt::format("{}{}", meaning.empty() ? "" : "; ", ElementName(element.identifier));
         header.elements.push_back(element);
     } while (position < end);

@@ -1,0 +1,100 @@
+#include "RunTool.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <memory>
+#include <sstream>
+#include <stdexcept>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tests {
+
+namespace {
+
+using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+File TemporaryFile() {
+    File file(std::tmpfile(), std::fclose);
+    if (!file)
+        throw std::runtime_error("no temporary file");
+    return file;
+}
+
+std::string ContentsOf(std::FILE* file) {
+    std::string contents;
+    std::array<char, 65536> piece;
+    std::rewind(file);
+    while (const std::size_t read = std::fread(piece.data(), 1, piece.size(), file))
+        contents.append(piece.data(), read);
+    return contents;
+}
+
+/// The exit status of qxpdu, or 128 and the signal that ended it.
+int RunWith(const std::vector<std::string>& arguments, int in, int out, int err) {
+    std::vector<char*> argv = {const_cast<char*>("qxpdu")};
+    for (const std::string& argument : arguments)
+        argv.push_back(const_cast<char*>(argument.c_str()));
+    argv.push_back(nullptr);
+    const pid_t child = fork();
+    if (child < 0)
+        throw std::runtime_error("no process");
+    if (child == 0) {
+        dup2(in, STDIN_FILENO);
+        dup2(out, STDOUT_FILENO);
+        dup2(err, STDERR_FILENO);
+        execv(QXPDU_EXECUTABLE, argv.data());
+        _exit(127);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+} // namespace
+
+std::ostream& operator<<(std::ostream& stream, const Outcome& run) {
+    constexpr std::size_t c_shown = 4000;
+    return stream << "status " << run.status << "\nout:\n"
+                  << run.out.substr(0, c_shown) << "err:\n"
+                  << run.err.substr(0, c_shown);
+}
+
+Outcome Qxpdu(const std::vector<std::string>& arguments, const std::string& input) {
+    const File in = TemporaryFile();
+    const File out = TemporaryFile();
+    const File err = TemporaryFile();
+    std::fwrite(input.data(), 1, input.size(), in.get());
+    std::fflush(in.get());
+    std::rewind(in.get());
+    const int status = RunWith(arguments, fileno(in.get()), fileno(out.get()), fileno(err.get()));
+    return {status, ContentsOf(out.get()), ContentsOf(err.get())};
+}
+
+int QxpduInto(const std::string& file, const std::vector<std::string>& arguments) {
+    const File in = TemporaryFile();
+    const File err = TemporaryFile();
+    const File out(std::fopen(file.c_str(), "w"), std::fclose);
+    return RunWith(arguments, fileno(in.get()), fileno(out.get()), fileno(err.get()));
+}
+
+bool HasLine(const std::string& text, const std::string& line) {
+    std::istringstream lines(text);
+    for (std::string shown; std::getline(lines, shown);) {
+        if (shown.substr(std::min(shown.find_first_not_of(' '), shown.size())) == line)
+            return true;
+    }
+    return false;
+}
+
+std::string Repeated(const std::string& text, std::size_t count) {
+    std::string repeated;
+    while (count-- > 0)
+        repeated += text;
+    return repeated;
+}
+
+} // namespace tests

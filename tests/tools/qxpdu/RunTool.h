@@ -1,0 +1,39 @@
+// Runs the real executable.
+#ifndef TESTS_TOOLS_QXPDU_RUNTOOL_H
+#define TESTS_TOOLS_QXPDU_RUNTOOL_H
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+namespace tests {
+
+/// What one run of qxpdu gave.
+struct Outcome {
+    int status = -1;
+    std::string out;
+    std::string err;
+
+    bool operator==(const Outcome&) const = default;
+    nlohmann::json Json() const { return nlohmann::json::parse(out); }
+};
+
+std::ostream& operator<<(std::ostream& stream, const Outcome& run);
+
+/// Runs qxpdu with these arguments and this standard input, and waits for its end.
+Outcome Qxpdu(const std::vector<std::string>& arguments, const std::string& input = "");
+
+/// The same, with standard output going to a file.
+int QxpduInto(const std::string& file, const std::vector<std::string>& arguments);
+
+/// Whether the lines of a text hold this one, the blanks in front left out.
+bool HasLine(const std::string& text, const std::string& line);
+
+/// The text as often as that.
+std::string Repeated(const std::string& text, std::size_t count);
+
+} // namespace tests
+
+#endif
