@@ -39,8 +39,9 @@ struct Noted {
     Noted& operator=(const Noted&) = delete;
     ~Noted() { s_events.push_back("destroy " + m_Name); }
 
-    static void* operator new(std::size_t size) { return ::operator new(size); }
-    static void* operator new[](std::size_t size) { return ::operator new[](size); }
+    // Not inlined: the compiler would take the global operator behind it for a mismatch.
+    [[gnu::noinline]] static void* operator new(std::size_t size) { return ::operator new(size); }
+    [[gnu::noinline]] static void* operator new[](std::size_t size) { return ::operator new[](size); }
     static void operator delete(void* memory) {
         s_events.emplace_back("delete");
         ::operator delete(memory);
