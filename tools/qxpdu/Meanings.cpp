@@ -291,8 +291,8 @@ std::string StatusMeaning(Encoding::PduDecoder& decoder, unsigned int status) {
     // The reasons of 0x20 to 0x25 come back at 0x60 to 0x65, where the codec has no value of its own for
     // them.
     const unsigned int reason = status >= 0x60 && status <= 0x65 ? status - 0x40 : status;
-    const auto name = c_statuses[decoder.ReadStatus(static_cast<unsigned char>(reason))];
-    return fmt::format("{}{}", name, status < 0x80 ? c_statusKinds[status >> 5] : "");
+    const auto outcome = static_cast<std::size_t>(decoder.ReadStatus(static_cast<unsigned char>(reason)));
+    return fmt::format("{}{}", c_statuses[outcome], status < 0x80 ? c_statusKinds[status >> 5] : "");
 }
 
 std::string_view ElementName(unsigned int identifier) {

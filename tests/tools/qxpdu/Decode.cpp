@@ -1,4 +1,7 @@
 // qxpdu decode
+#include <cctype>
+#include <cstdio>
+
 #include <gtest/gtest.h>
 
 #include "RunTool.h"
@@ -117,6 +120,110 @@ TEST(QxpduDecode, HeaderElementsAreNamed) {
                "TP-UDH 0401020003: special message indication");
     ExpectLine({"decode", "--no-smsc", submit + "04000003004142434445"},
                "TP-UDH 0400000300: concatenation, 8-bit reference; reserved element");
+}
+
+TEST(QxpduDecode, EveryHeaderElementHasItsName) {
+    struct Row {
+        const char* octet;
+        const char* name;
+    };
+    const Row rows[] = {
+        {"00", "concatenation, 8-bit reference"},
+        {"01", "special message indication"},
+        {"02", "reserved element"},
+        {"03", "reserved element"},
+        {"04", "application ports, 8-bit"},
+        {"05", "application ports, 16-bit"},
+        {"06", "service-centre control parameters"},
+        {"07", "source of the header"},
+        {"08", "concatenation, 16-bit reference"},
+        {"09", "wireless control message protocol"},
+        {"0A", "text formatting"},
+        {"0B", "predefined sound"},
+        {"0C", "user-defined sound"},
+        {"0D", "predefined animation"},
+        {"0E", "large animation"},
+        {"0F", "small animation"},
+        {"10", "large picture"},
+        {"11", "small picture"},
+        {"12", "variable picture"},
+        {"13", "user prompt"},
+        {"14", "extended object"},
+        {"15", "reused extended object"},
+        {"16", "compression control"},
+        {"17", "object distribution"},
+        {"18", "standard WVG object"},
+        {"19", "character-size WVG object"},
+        {"1A", "extended object data request"},
+        {"1B", "reserved element"},
+        {"1F", "reserved element"},
+        {"20", "RFC 822 e-mail header"},
+        {"21", "hyperlink"},
+        {"22", "reply address"},
+        {"23", "enhanced voice mail"},
+        {"24", "national language, single shift"},
+        {"25", "national language, locking shift"},
+        {"26", "reserved element"},
+        {"6F", "reserved element"},
+        {"70", "(U)SIM toolkit security header"},
+        {"7F", "(U)SIM toolkit security header"},
+        {"80", "SME-to-SME element"},
+        {"9F", "SME-to-SME element"},
+        {"A0", "reserved element"},
+        {"BF", "reserved element"},
+        {"C0", "service-centre specific element"},
+        {"DF", "service-centre specific element"},
+        {"E0", "reserved element"},
+    };
+    for (const Row& row : rows) {
+        ExpectLine({"decode", "--no-smsc", std::string("41000491214300040302") + row.octet + "00"},
+                   std::string("TP-UDH 02") + row.octet + "00: " + row.name);
+    }
+}
+
+TEST(QxpduDecode, EveryTelematicDeviceHasItsName) {
+    const char* const devices[] = {
+        "any device",
+        "telex",
+        "group 3 telefax",
+        "group 4 telefax",
+        "voice telephone",
+        "ERMES",
+        "national paging system",
+        "videotex",
+        "teletex, carrier unspecified",
+        "teletex in PSPDN",
+        "teletex in CSPDN",
+        "teletex in analogue PSTN",
+        "teletex in digital ISDN",
+        "UCI",
+        "reserved device",
+        "reserved device",
+        "message handling facility",
+        "public X.400 message handling system",
+        "Internet electronic mail",
+        "reserved device",
+        "reserved device",
+        "reserved device",
+        "reserved device",
+        "reserved device",
+        "service-centre specific device",
+        "service-centre specific device",
+        "service-centre specific device",
+        "service-centre specific device",
+        "service-centre specific device",
+        "service-centre specific device",
+        "service-centre specific device",
+        "mobile station",
+    };
+    unsigned int pid = 0x20;
+    for (const char* device : devices) {
+        char octet[3];
+        std::snprintf(octet, sizeof octet, "%02X", pid++);
+        ExpectLine({"decode", "--no-smsc", std::string("010004912143") + octet + "0000"},
+                   std::string("TP-PID 0x") + octet + ": telematic interworking, " + device);
+    }
+    EXPECT_EQ(pid, 0x40U);
 }
 
 TEST(QxpduDecode, WithoutSmscThePduBeginsWithTheFirstOctet) {
@@ -274,10 +381,20 @@ TEST(QxpduDecode, ProtocolIdentifierIsShownInWords) {
         {"3F", "telematic interworking, mobile station"},
         {"40", "short message type 0"},
         {"41", "replace short message type 1"},
+        {"42", "replace short message type 2"},
+        {"43", "replace short message type 3"},
+        {"44", "replace short message type 4"},
+        {"45", "replace short message type 5"},
+        {"46", "replace short message type 6"},
         {"47", "replace short message type 7"},
         {"48", "device triggering"},
         {"49", "reserved"},
+        {"5E", "enhanced message service"},
         {"5F", "return call message"},
+        {"60", "reserved"},
+        {"7C", "ANSI-136 R-DATA"},
+        {"7D", "ME data download"},
+        {"7E", "ME de-personalization"},
         {"7F", "(U)SIM data download"},
         {"80", "reserved"},
         {"BF", "reserved"},
