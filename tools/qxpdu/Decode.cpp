@@ -21,15 +21,17 @@ struct DecodeOptions : ConversionOptions {
     bool ignoreTimeZone = false;
 };
 
-constexpr unsigned int c_wholeOctet = 0xFF;
-
 /// Makes the entry of a field from its value.
 struct EntryMaker {
     const Pdu& pdu;
     const PduField& field;
 
+    std::string HexAt(unsigned int offset, unsigned int length) const {
+        return Hex(pdu.m_Bytes + offset, length);
+    }
+
     Entry Octets(Json details) const {
-        return Made(RawOctets(Hex(pdu.m_Bytes + field.offset, field.length)), std::move(details));
+        return Made(RawOctets(HexAt(field.offset, field.length)), std::move(details));
     }
 
     Entry Made(Raw raw, Json details) const {
@@ -66,9 +68,10 @@ struct EntryMaker {
     Entry operator()(const HeaderValue& value) const {
         Json elements = Json::array();
         for (const HeaderElement& element : value.elements) {
-            elements.push_back({{"identifier", element.identifier},
-                                {"meaning", ElementName(element.identifier)},
-                                {"data", Hex(pdu.m_Bytes + element.offset, element.present)}});
+            elements.push_back(
+                {{"identifier", element.identifier},
+                 {"meaning", ElementName(element.identifier)},
+                 {"data", element.present == 0 ? "" : HexAt(element.offset, element.present)}});
         }
         return Octets({{"elements", std::move(elements)}});
     }

@@ -16,8 +16,8 @@ using Encoding::MessageTypeIndicator;
 using Encoding::Pdu;
 using Encoding::PduDecoder;
 
-constexpr unsigned int c_wholeOctet = 0xFF;
 constexpr unsigned int c_timeLength = 7;
+constexpr unsigned int c_zoneSign = 0x08;
 constexpr unsigned int c_elementHead = 2; ///< identifier and length
 constexpr unsigned int c_concatenation8 = 0x00;
 constexpr unsigned int c_concatenation16 = 0x08;
@@ -196,11 +196,11 @@ std::string Walker::TimeMeaning(const TimeValue& time) const {
         return "out of range";
     const unsigned int zone = Octet(m_Position + c_timeLength - 1);
     const auto quarters =
-        static_cast<unsigned int>(PduDecoder::SwapNumber(static_cast<unsigned char>(zone & 0xF7)));
+        static_cast<unsigned int>(PduDecoder::SwapNumber(static_cast<unsigned char>(zone & ~c_zoneSign)));
     if (m_IgnoreTimeZone || quarters % 4 == 0)
         return time.time;
     return fmt::format("{} (zone {}{:02}:{:02}, given in whole hours)", time.time,
-                       (zone & 0x08) != 0 ? '-' : '+', quarters / 4, quarters % 4 * 15);
+                       (zone & c_zoneSign) != 0 ? '-' : '+', quarters / 4, quarters % 4 * 15);
 }
 
 bool Walker::Validity() {
@@ -254,9 +254,8 @@ bool Walker::UserData() {
                         fmt::format("{}, less than the header's {}", count, Counted(headerLength, "octet")));
         }
     }
-    if (m_Alphabet == Alphabet::ALPHABET_RESERVED) {
+    if (m_Alphabet == Alphabet::ALPHABET_RESERVED)
         return Stop("TP-DCS", m_DataCodingOffset, "reserved alphabet");
-    }
     const unsigned int end = std::min(Length(), begin + OctetsFor(count));
     if (end > m_Position)
         Add("TP-UD", end - m_Position, "", UserDataValue{});

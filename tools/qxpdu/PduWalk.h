@@ -53,12 +53,15 @@ struct HeaderValue {
 /// The octets of the user data behind the header.
 struct UserDataValue {};
 
+/// The mask of a field that is no bit field.
+constexpr unsigned int c_wholeOctet = 0xFF;
+
 /// One field. Fields stand in the order of the PDU; those of the first octet share its offset.
 struct PduField {
     std::string_view name; ///< by the standard, "TP-DCS"
     unsigned int offset;   ///< of the first octet, from 0
     unsigned int length;   ///< in octets
-    unsigned int mask;     ///< the bits in a field of one octet, 0xFF for whole octets
+    unsigned int mask;     ///< its bits in its octet, or c_wholeOctet
     std::string meaning;
     std::variant<NumberValue, DataCodingValue, AddressValue, TimeValue, HeaderValue, UserDataValue> value;
 };
