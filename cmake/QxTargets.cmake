@@ -35,7 +35,7 @@ function(qx_shared_library target)
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    target_compile_options(${target} PRIVATE -fno-gnu-unique -fno-semantic-interposition)
+    target_compile_options(${target} PRIVATE -fno-gnu-unique -fno-semantic-interposition -fno-plt)
   endif()
   # clang leaves the sanitizers' runtime to the executable, so its symbols stay open there.
   if(NOT (QX_SANITIZE AND CMAKE_CXX_COMPILER_ID MATCHES "Clang"))

@@ -1,5 +1,6 @@
 #include "Toolkit/UTF8.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include <utf8.h>
@@ -12,6 +13,8 @@ constexpr char32_t c_replacement = 0xFFFD;
 bool IsScalarValue(char32_t value) {
     return value < 0xD800 || (value > 0xDFFF && value <= 0x10FFFF);
 }
+
+bool IsAscii(char octet) { return static_cast<unsigned char>(octet) < 0x80; }
 
 } // namespace
 
@@ -26,6 +29,8 @@ TString<char> UTF8::ToUTF8(const TString<wchar_t>& text) {
 }
 
 TString<wchar_t> UTF8::ToUNICODE(const TString<char>& text) {
+    if (std::all_of(text.begin(), text.end(), IsAscii)) // as telephone numbers are
+        return {text.begin(), text.end()};
     TString<char> repaired;
     const bool valid = utf8::is_valid(text.begin(), text.end());
     if (!valid)

@@ -37,9 +37,15 @@ bool GSMCharSet::GetGsmBytes(const unsigned char* src, unsigned int srcBytes, un
     const auto forEachGsm = [this, src, characters = (srcBytes + 3ULL) / c_wideSize](auto&& use) {
         const signed char* direct = m_UnicodeToGsm.get();
         const int endian = m_Endian;
+        const bool transliterates = !m_TranslateTables.empty();
         for (std::size_t i = 0; i < characters; ++i) {
             const unsigned short unit = LowUnit(src + i * c_wideSize, endian);
-            use(unit < c_directCount ? direct[unit] : UnicodeToGsm(unit));
+            int gsm = UNMAPPABLE;
+            if (unit < c_directCount)
+                gsm = direct[unit];
+            else if (transliterates || c_reverseTables.highPages[unit >> 8])
+                gsm = UnicodeToGsm(unit);
+            use(gsm);
         }
     };
 

@@ -20,26 +20,44 @@ constexpr unsigned int c_timeStampSize = 7;   ///< octets
 constexpr unsigned int c_negativeZone = 0x08; ///< the sign bit of the time-zone octet
 constexpr int c_quartersPerHour = 4;
 
-/// An address as characters, ended by a zero.
-using AddressText = std::array<unsigned char, c_longestAddress + 1>;
-
-/// Septets are taken as character codes, without a look into the alphabet, and the walk goes one octet past
-/// the field; both are required. `octets` counts the type octet and those behind it.
-void ReadAlphanumeric(const Pdu& pdu, unsigned int digits, unsigned int octets, AddressText& text) {
-    const unsigned int septets = octets + (octets - 1) / 7;
-    UnpackSeptets(pdu, digits, 0, std::min(septets, c_longestAddress), text.data());
-}
-
-/// Every semi-octet is '0' plus its value, whatever the value; only a filler in the high one is left out.
-void ReadDigits(const Pdu& pdu, unsigned int digits, unsigned int octets, AddressText& text) {
-    unsigned int length = 0;
-    for (unsigned int i = 0; i + 1 < octets && length < c_longestAddress; ++i) {
-        const unsigned int pair = OctetAt(pdu, digits + i);
-        text[length++] = static_cast<unsigned char>('0' + (pair & 0x0F));
-        if (pair >> 4 != c_filler && length < c_longestAddress)
-            text[length++] = static_cast<unsigned char>('0' + (pair >> 4));
+/// An address as 8-bit characters, ended by a zero.
+class AddressText {
+public:
+    /// Septets are taken as character codes, without a look into the alphabet, and the walk goes one octet
+    /// past the field; both are required. `octets` counts the type octet and those behind it.
+    void ReadAlphanumeric(const Pdu& pdu, unsigned int digits, unsigned int octets) {
+        m_Length = std::min(octets + (octets - 1) / 7, c_longestAddress);
+        UnpackSeptets(pdu, digits, 0, m_Length, m_Characters.data() + 1);
     }
-}
+
+    /// Every semi-octet is '0' plus its value, whatever the value; only a filler in the high one is left out.
+    void ReadDigits(const Pdu& pdu, unsigned int digits, unsigned int octets) {
+        for (unsigned int i = 0; i + 1 < octets; ++i) {
+            const unsigned int pair = OctetAt(pdu, digits + i);
+            Append('0' + (pair & 0x0F));
+            if (pair >> 4 != c_filler)
+                Append('0' + (pair >> 4));
+        }
+    }
+
+    /// The wide form of what stands in front of the zero, behind a "+" where the number is international.
+    TString<wchar_t> Wide(bool isInternational) {
+        m_Characters[0] = '+';
+        m_Characters[m_Length + 1] = 0;
+        const auto* characters = reinterpret_cast<const char*>(m_Characters.data());
+        return Toolkit::UTF8::ToUNICODE(isInternational ? characters : characters + 1);
+    }
+
+private:
+    void Append(unsigned int character) {
+        if (m_Length < c_longestAddress)
+            m_Characters[++m_Length] = static_cast<unsigned char>(character);
+    }
+
+    unsigned int m_Length = 0;
+    std::array<unsigned char, c_longestAddress + 2>
+        m_Characters; ///< a place for the "+", and the address behind it
+};
 
 NumberingPlan::NPI PlanOf(unsigned int typeOfAddress) {
     switch (typeOfAddress & 0x0F) {
@@ -91,22 +109,20 @@ unsigned int PduDecoder::ReadNumber(Toolkit::smart_ptr<Pdu> pdu, unsigned int of
     if (octets == 0)
         return next;
 
-    AddressText text{};
+    AddressText text;
     const unsigned int typeOfAddress = OctetAt(*pdu, offset + 1);
     const unsigned int typeOfNumber = typeOfAddress >> 4 & 0x07;
     if (typeOfNumber == c_alphanumeric) {
         ton = TypeOfNumber::TON_ALPHANUMERIC;
-        ReadAlphanumeric(*pdu, offset + 2, octets, text);
+        text.ReadAlphanumeric(*pdu, offset + 2, octets);
     } else {
-        if (typeOfNumber == c_international) {
+        if (typeOfNumber == c_international)
             ton = TypeOfNumber::TON_INTERNATIONAL;
-            number = L"+";
-        } else if (typeOfNumber == c_reserved) {
+        else if (typeOfNumber == c_reserved)
             ton = TypeOfNumber::TON_RESERVED;
-        }
-        ReadDigits(*pdu, offset + 2, octets, text);
+        text.ReadDigits(*pdu, offset + 2, octets);
     }
-    number += Toolkit::UTF8::ToUNICODE(reinterpret_cast<const char*>(text.data()));
+    number = text.Wide(ton == TypeOfNumber::TON_INTERNATIONAL);
     npi = PlanOf(typeOfAddress);
     return next;
 }

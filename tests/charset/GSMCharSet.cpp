@@ -1,0 +1,166 @@
+// The tables of the GSM 7-bit default alphabet, one character at a time.
+#include "Encoding/GSMCharSet.h"
+
+#include <map>
+#include <type_traits>
+
+#include <gtest/gtest.h>
+
+#include "charset/Alphabet.h"
+#include "support/Allocations.h"
+#include "support/Octets.h"
+
+namespace {
+
+using Encoding::GSMCharSet;
+using Encoding::TranslateTable;
+
+static_assert(!std::is_polymorphic_v<GSMCharSet> && !std::is_copy_constructible_v<GSMCharSet>);
+static_assert(!std::is_copy_assignable_v<GSMCharSet>);
+
+TEST(GSMCharSet, DefaultTableIsTheStandardsWithTwoDeviations) {
+    for (int gsm = 0; gsm < 128; ++gsm)
+        EXPECT_EQ(GSMCharSet::m_GsmDefaultTable[gsm], tests::c_defaultAlphabet[gsm]) << "code " << gsm;
+    EXPECT_EQ(GSMCharSet::m_GsmDefaultTable[0x09], 0x00E7);
+    EXPECT_EQ(GSMCharSet::m_GsmDefaultTable[0x1B], 0x0000);
+}
+
+/// What each code point gives by the tables written out for the tests.
+std::map<unsigned int, int> ExpectedCodes() {
+    std::map<unsigned int, int> codes;
+    for (int gsm = 0; gsm < 128; ++gsm)
+        codes[tests::c_defaultAlphabet[gsm]] = gsm;
+    for (const auto& [code, unicode] : tests::c_extension)
+        codes[unicode] = -code;
+    codes[0x00A8] = 0x20;
+    return codes;
+}
+
+TEST(UnicodeToGsm, GivesEveryCharacterItsCodeAndAllOthersNone) {
+    const GSMCharSet charSet;
+    const std::map<unsigned int, int> codes = ExpectedCodes();
+    for (unsigned int unicode = 0; unicode <= 0xFFFF; ++unicode) {
+        const auto code = codes.find(unicode);
+        ASSERT_EQ(charSet.UnicodeToGsm(static_cast<unsigned short>(unicode)),
+                  code == codes.end() ? -1 : code->second)
+            << "U+" << std::hex << unicode;
+    }
+    EXPECT_EQ(charSet.m_Translated, 0);
+}
+
+TEST(UnicodeToGsm, KnowsTheGreekTableAboveU0100Only) {
+    GSMCharSet charSet;
+    charSet.AddTranslateTable(TranslateTable::GREEK);
+    std::map<unsigned int, int> codes = ExpectedCodes();
+    std::map<unsigned int, bool> translated;
+    for (const auto& [unicode, gsm] : tests::c_greek) {
+        if (unicode > 0x0100 && codes.count(unicode) == 0) {
+            codes[unicode] = gsm;
+            translated[unicode] = true;
+        }
+    }
+    for (unsigned int unicode = 0; unicode <= 0xFFFF; ++unicode) {
+        charSet.m_Translated = 0;
+        const auto code = codes.find(unicode);
+        ASSERT_EQ(charSet.UnicodeToGsm(static_cast<unsigned short>(unicode)),
+                  code == codes.end() ? -1 : code->second)
+            << "U+" << std::hex << unicode;
+        ASSERT_EQ(charSet.m_Translated, translated.count(unicode) != 0 ? 1 : 0)
+            << "U+" << std::hex << unicode;
+    }
+}
+
+TEST(UnicodeToGsm, LiteralExamples) {
+    GSMCharSet charSet;
+    const struct {
+        unsigned short unicode;
+        int gsm;
+    } rows[] = {{0x0040, 0},     {0x0000, 0x1B},  {0x00E7, 9},    {0x00C7, -1},   {0x007B, -0x28},
+                {0x20AC, -0x65}, {0x000C, -0x0A}, {0x00A8, 0x20}, {0x0060, -1},   {0x00A0, -1},
+                {0x0100, -1},    {0x0101, -1},    {0x03A3, 0x18}, {0x0041, 0x41}, {0x00FF, -1},
+                {0x00FC, 0x7E},  {0x0394, 0x10},  {0x039E, 0x1A}, {0xFFFF, -1},   {0xD83D, -1}};
+    for (const auto& row : rows)
+        EXPECT_EQ(charSet.UnicodeToGsm(row.unicode), row.gsm) << std::hex << row.unicode;
+    EXPECT_EQ(charSet.UnicodeToGsm(0x03C3), -1);
+    charSet.AddTranslateTable(TranslateTable::GREEK);
+    EXPECT_EQ(charSet.UnicodeToGsm(0x00A8), 0x20);
+    EXPECT_EQ(charSet.UnicodeToGsm(0x0060), -1);
+    EXPECT_EQ(charSet.UnicodeToGsm(0x0100), -1);
+    EXPECT_EQ(charSet.m_Translated, 0);
+    EXPECT_EQ(charSet.UnicodeToGsm(0x03C3), 0x18);
+    EXPECT_EQ(charSet.m_Translated, 1);
+    EXPECT_EQ(charSet.UnicodeToGsm(0x03B1), 0x41);
+}
+
+TEST(UnicodeToGsm, CapitalsOfTheAlphabetAreNotTransliterated) {
+    GSMCharSet charSet;
+    charSet.AddTranslateTable(TranslateTable::GREEK);
+    for (const int capital : {0x0393, 0x0394, 0x0398, 0x039B, 0x039E, 0x03A0, 0x03A3, 0x03A6, 0x03A8, 0x03A9})
+        EXPECT_GT(charSet.UnicodeToGsm(static_cast<unsigned short>(capital)), 0);
+    EXPECT_EQ(charSet.m_Translated, 0);
+}
+
+TEST(GreekToUnicode, LooksAtTheTableWhetherSelectedOrNot) {
+    const GSMCharSet charSet;
+    EXPECT_EQ(charSet.GreekToUnicode(0x03C2), 0x03A3);
+    EXPECT_EQ(charSet.GreekToUnicode(0x0041), 0xFFFF);
+    EXPECT_EQ(charSet.GreekToUnicode(0x0060), 0x0020);
+    std::size_t rows = 0;
+    for (unsigned int unicode = 0; unicode <= 0xFFFF; ++unicode) {
+        const unsigned short replacement = charSet.GreekToUnicode(static_cast<unsigned short>(unicode));
+        const auto row = tests::c_greek.find(static_cast<unsigned short>(unicode));
+        if (row == tests::c_greek.end()) {
+            ASSERT_EQ(replacement, 0xFFFF) << std::hex << unicode;
+            continue;
+        }
+        ++rows;
+        ASSERT_EQ(replacement, tests::c_defaultAlphabet[row->second]) << std::hex << unicode;
+    }
+    EXPECT_EQ(rows, 72U);
+    EXPECT_EQ(charSet.m_Translated, 0);
+}
+
+TEST(FindUnicodeCharFromEscapeChar, KnowsTenCodes) {
+    const GSMCharSet charSet;
+    for (unsigned int code = 0; code <= 0xFF; ++code) {
+        const auto row = tests::c_extension.find(static_cast<int>(code));
+        EXPECT_EQ(charSet.FindUnicodeCharFromEscapeChar(static_cast<unsigned char>(code)),
+                  row == tests::c_extension.end() ? 0 : row->second)
+            << "code " << code;
+    }
+    EXPECT_EQ(charSet.FindUnicodeCharFromEscapeChar(0x65), 0x20AC);
+    EXPECT_EQ(charSet.FindUnicodeCharFromEscapeChar(0x1B), 0);
+    EXPECT_EQ(charSet.FindUnicodeCharFromEscapeChar(0x0D), 0);
+}
+
+TEST(GSMCharSet, GivesBackEverythingWhenConstructionFailsAtAnyAllocation) {
+    for (unsigned long n = 1;; ++n) {
+        const unsigned long open = tests::Allocations() - tests::Deallocations();
+        bool failed = false;
+        {
+            const tests::FailAllocation fail(n);
+            try {
+                const GSMCharSet charSet;
+            } catch (const std::bad_alloc&) {
+                failed = true;
+            }
+        }
+        EXPECT_EQ(tests::Allocations() - tests::Deallocations(), open + (failed ? 1 : 0))
+            << "allocation " << n;
+        if (!failed) {
+            EXPECT_GT(n, 4U);
+            return;
+        }
+    }
+}
+
+TEST(GSMCharSet, ElementsStartAsNoCode) {
+    const Encoding::GsmUnicodeChar code;
+    EXPECT_EQ(code.gsm, -1);
+    EXPECT_EQ(code.unicode, 0);
+    const Encoding::UniCodeToGsmChar replacement;
+    EXPECT_EQ(replacement.gsmUnicode, 0xFFFF);
+    EXPECT_EQ(replacement.unicode, 0);
+}
+
+} // namespace

@@ -1,0 +1,222 @@
+// Conversion of whole texts to unpacked codes and back.
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "Encoding/GSMCharSet.h"
+#include "support/Allocations.h"
+#include "support/Octets.h"
+
+namespace {
+
+using Encoding::GSMCharSet;
+using Encoding::TranslateTable;
+using tests::Bytes;
+using tests::Wide;
+
+const unsigned char* Raw(const TString<wchar_t>& text) {
+    return reinterpret_cast<const unsigned char*>(text.data());
+}
+unsigned int RawSize(const TString<wchar_t>& text) {
+    return static_cast<unsigned int>(4 * text.size());
+}
+
+unsigned int Count(GSMCharSet& charSet, const TString<wchar_t>& text) {
+    unsigned int count = 0;
+    EXPECT_TRUE(charSet.GetGsmBytes(Raw(text), RawSize(text), &count, nullptr));
+    return count;
+}
+
+/// Counts, then fills a buffer of that size between two guards.
+Bytes Convert(GSMCharSet& charSet, const TString<wchar_t>& text) {
+    unsigned int count = Count(charSet, text);
+    Bytes buffer(count + 2, 0xEE);
+    unsigned char* codes = buffer.data() + 1;
+    const unsigned int entry = count;
+    EXPECT_TRUE(charSet.GetGsmBytes(Raw(text), RawSize(text), &count, &codes));
+    EXPECT_EQ(count, entry);
+    EXPECT_EQ(buffer.front(), 0xEE);
+    EXPECT_EQ(buffer.back(), 0xEE);
+    return Bytes(buffer.begin() + 1, buffer.end() - 1);
+}
+
+TString<char> Narrow(const Bytes& codes) {
+    return TString<char>(codes.begin(), codes.end());
+}
+
+TEST(GetGsmBytes, CountsThenFills) {
+    GSMCharSet charSet;
+    const struct {
+        TString<wchar_t> text;
+        Bytes codes;
+    } rows[] = {
+        {Wide({0x41, 0x7B, 0x62}), {0x41, 0x1B, 0x28, 0x62}},
+        {Wide({0x41}), {0x41}},
+        {Wide({0x00}), {0x1B}},
+        {Wide({0x20AC, 0x40, 0x0C}), {0x1B, 0x65, 0x00, 0x1B, 0x0A}},
+        {Wide({0x41, 0x4E2D, 0x42}), {0x41, 0x42}},
+        {Wide({0x00A8, 0x0100, 0x0394}), {0x20, 0x10}},
+        {Wide({0x10041, 0xFFFF0042}), {0x41, 0x42}},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Convert(charSet, row.text), row.codes) << tests::Hex(row.codes);
+}
+
+TEST(GetGsmBytes, TextOfUnmappableCharactersCountsNothingAndSucceeds) {
+    GSMCharSet charSet;
+    unsigned int count = 99;
+    const TString<wchar_t> text = Wide({0x00C7, 0x4E2D});
+    EXPECT_TRUE(charSet.GetGsmBytes(Raw(text), 8, &count, nullptr));
+    EXPECT_EQ(count, 0U);
+}
+
+TEST(GetGsmBytes, FailsBelowTwoBytesAndTouchesNothingButTheFlag) {
+    GSMCharSet charSet;
+    const TString<wchar_t> text = Wide({0x41});
+    for (const unsigned int srcBytes : {0U, 1U}) {
+        unsigned char buffer[3] = {0xEE, 0xEE, 0xEE};
+        unsigned char* codes = buffer;
+        for (unsigned char** out : {static_cast<unsigned char**>(nullptr), &codes}) {
+            unsigned int length = 3;
+            charSet.m_Translated = 1;
+            EXPECT_FALSE(charSet.GetGsmBytes(Raw(text), srcBytes, &length, out));
+            EXPECT_EQ(length, 3U);
+            EXPECT_EQ(buffer[0], 0xEE);
+            EXPECT_EQ(charSet.m_Translated, 0);
+        }
+    }
+}
+
+TEST(GetGsmBytes, EveryUnitWhoseFirstByteLiesBelowTheLengthCounts) {
+    GSMCharSet charSet;
+    const TString<wchar_t> text = Wide({0x41, 0x42, 0x43});
+    const unsigned int expected[] = {1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 3};
+    for (unsigned int srcBytes = 2; srcBytes <= 12; ++srcBytes) {
+        unsigned int count = 0;
+        EXPECT_TRUE(charSet.GetGsmBytes(Raw(text), srcBytes, &count, nullptr));
+        EXPECT_EQ(count, expected[srcBytes - 2]) << srcBytes;
+    }
+}
+
+TEST(GetGsmBytes, CountsWhenTheLengthIsZeroOrNegative) {
+    GSMCharSet charSet;
+    const TString<wchar_t> text = Wide({0x41, 0x5B});
+    for (const unsigned int entry : {0U, 0x80000000U, 0xFFFFFFFFU}) {
+        unsigned char buffer[4] = {0xEE, 0xEE, 0xEE, 0xEE};
+        unsigned char* codes = buffer;
+        unsigned int length = entry;
+        EXPECT_TRUE(charSet.GetGsmBytes(Raw(text), 8, &length, &codes));
+        EXPECT_EQ(length, 3U);
+        EXPECT_EQ(tests::Hex(buffer, 4), "EE EE EE EE");
+    }
+}
+
+TEST(GetGsmBytes, ZeroesTheBufferAndKeepsTheEntryLength) {
+    GSMCharSet charSet;
+    const TString<wchar_t> text = Wide({0x41});
+    unsigned char buffer[6] = {0xEE, 0xEE, 0xEE, 0xEE, 0xEE, 0xEE};
+    unsigned char* codes = buffer;
+    unsigned int length = 5;
+    EXPECT_TRUE(charSet.GetGsmBytes(Raw(text), 4, &length, &codes));
+    EXPECT_EQ(length, 5U);
+    EXPECT_EQ(codes, buffer);
+    EXPECT_EQ(tests::Hex(buffer, 6), "41 00 00 00 00 EE");
+}
+
+TEST(GetGsmBytes, TellsWhetherTheTextNeededTheGreekTable) {
+    GSMCharSet charSet;
+    const TString<wchar_t> greek = Wide({0x03B1, 0x03B2});
+    EXPECT_EQ(Count(charSet, greek), 0U);
+    EXPECT_EQ(charSet.m_Translated, 0);
+    charSet.AddTranslateTable(TranslateTable::GREEK);
+    EXPECT_EQ(Convert(charSet, greek), (Bytes{0x41, 0x42}));
+    EXPECT_EQ(charSet.m_Translated, 1);
+    EXPECT_EQ(Convert(charSet, Wide({0x41})), (Bytes{0x41}));
+    EXPECT_EQ(charSet.m_Translated, 0);
+}
+
+TEST(GetGsmBytes, AllocatesNothingInEitherPass) {
+    GSMCharSet charSet;
+    charSet.AddTranslateTable(TranslateTable::GREEK);
+    const TString<wchar_t> text = Wide({0x41, 0x7B, 0x03B1, 0x4E2D});
+    unsigned char buffer[8];
+    unsigned char* codes = buffer;
+    const unsigned long before = tests::Allocations();
+    unsigned int length = 0;
+    charSet.GetGsmBytes(Raw(text), 16, &length, nullptr);
+    charSet.GetGsmBytes(Raw(text), 16, &length, &codes);
+    EXPECT_EQ(tests::Allocations(), before);
+    EXPECT_EQ(length, 4U);
+}
+
+TEST(GetGsmBytes, CountAndFillAndStringAgreeOnRandomText) {
+    std::mt19937 random(20261120);
+    GSMCharSet charSet;
+    charSet.AddTranslateTable(TranslateTable::GREEK);
+    for (int round = 0; round < 2000; ++round) {
+        TString<wchar_t> text;
+        for (auto i = random() % 40 + 1; i != 0; --i)
+            text += static_cast<wchar_t>(random() % 4 == 0 ? random() % 0x10000 : random() % 0x400);
+        EXPECT_EQ(Narrow(Convert(charSet, text)), charSet.UnicodeToGsmString(text)) << "round " << round;
+    }
+}
+
+TEST(GsmToUnicode, DecodesUnpackedCodes) {
+    GSMCharSet charSet;
+    const struct {
+        Bytes codes;
+        TString<wchar_t> fromBytes;
+        TString<wchar_t> fromString;
+    } rows[] = {
+        {{}, {}, {}},
+        {{0x00, 0x02, 0x1B, 0x65}, Wide({0x40, 0x24, 0x20AC}), Wide({0x40, 0x24, 0x20AC})},
+        {{0x1B}, {}, {}},
+        {{0x41, 0x1B}, Wide({0x41}), Wide({0x41})},
+        {{0x1B, 0x0D}, Wide({0x0D}), Wide({0x00})},
+        {{0x1B, 0x41}, Wide({0x41}), Wide({0x00})},
+        {{0x1B, 0x1B, 0x28}, Wide({0x7B}), Wide({0x00, 0x28})},
+        {{0x1B, 0x1B}, {}, Wide({0x00})},
+        {{0x1B, 0x80, 0x42}, Wide({0x42}), Wide({0x00, 0x42})},
+        {{0x80, 0x41, 0xFF, 0x9B, 0x42}, Wide({0x41, 0x42}), Wide({0x41, 0x42})},
+        {{0x1B, 0x28, 0x1B, 0x29}, Wide({0x7B, 0x7D}), Wide({0x7B, 0x7D})},
+        {{0x09, 0x10, 0x7F}, Wide({0xE7, 0x394, 0xE0}), Wide({0xE7, 0x394, 0xE0})},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(tests::Hex(row.codes));
+        EXPECT_EQ(charSet.GsmToUnicode(row.codes.data(), static_cast<unsigned int>(row.codes.size())),
+                  row.fromBytes);
+        EXPECT_EQ(charSet.GsmToUnicode(Narrow(row.codes)), row.fromString);
+    }
+}
+
+TEST(GsmToUnicode, EveryDefaultCodeDecodesToItsTableEntry) {
+    GSMCharSet charSet;
+    for (unsigned int code = 0; code < 0x80; ++code) {
+        if (code == 0x1B)
+            continue;
+        const auto octet = static_cast<unsigned char>(code);
+        const TString<wchar_t> expected = Wide({GSMCharSet::m_GsmDefaultTable[code]});
+        EXPECT_EQ(charSet.GsmToUnicode(&octet, 1), expected);
+        EXPECT_EQ(charSet.GsmToUnicode(TString<char>(1, static_cast<char>(octet))), expected);
+    }
+}
+
+TEST(UnicodeToGsmString, WritesCodesAndDropsTheRest) {
+    GSMCharSet charSet;
+    EXPECT_EQ(charSet.UnicodeToGsmString(Wide({0x61, 0x20AC})), "a\x1B"
+                                                                "e");
+    EXPECT_EQ(charSet.UnicodeToGsmString(Wide({0x00C7})), "");
+    EXPECT_EQ(charSet.UnicodeToGsmString(Wide({})), "");
+    EXPECT_EQ(charSet.UnicodeToGsmString(Wide({0x10061, 0x40})), TString<char>("a\0", 2));
+}
+
+TEST(UnicodeToGsmString, SetsTheFlagAndNeverClearsIt) {
+    GSMCharSet charSet;
+    charSet.AddTranslateTable(TranslateTable::GREEK);
+    EXPECT_EQ(charSet.UnicodeToGsmString(Wide({0x03B1})), "A");
+    EXPECT_EQ(charSet.m_Translated, 1);
+    EXPECT_EQ(charSet.UnicodeToGsmString(Wide({0x41})), "A");
+    EXPECT_EQ(charSet.m_Translated, 1);
+}
+
+} // namespace
