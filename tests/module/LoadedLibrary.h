@@ -9,7 +9,7 @@
 
 #include <dlfcn.h>
 
-#include "Encoding/EncodingModule.h"
+#include "Toolkit/LibModule.h"
 
 namespace tests {
 
@@ -18,7 +18,7 @@ public:
     LoadedLibrary() : m_pHandle(dlopen(ENCODING_LIBRARY, RTLD_NOW | RTLD_LOCAL)) {
         if (m_pHandle == nullptr)
             throw std::runtime_error(dlerror());
-        m_pModule = Symbol<Encoding::EncodingModule*>("encodingModule");
+        m_pModule = Symbol<Toolkit::LibModule*>("encodingModule");
     }
     ~LoadedLibrary() { Close(); }
     LoadedLibrary(const LoadedLibrary&) = delete;
@@ -36,14 +36,15 @@ public:
         return reinterpret_cast<T*>(dlsym(m_pHandle, name));
     }
 
-    /// The global `encodingModule` of the library.
-    Encoding::EncodingModule*& Module() const { return *m_pModule; }
+    /// The global `encodingModule` of the library, seen as the base: what the program is not linked against
+    /// it cannot know by type.
+    Toolkit::LibModule*& Module() const { return *m_pModule; }
     void Load() const { Symbol<void()>("DllencodingModuleLoad")(); }
     void Unload() const { Symbol<void()>("DllencodingModuleUnload")(); }
 
 private:
     void* m_pHandle;
-    Encoding::EncodingModule** m_pModule;
+    Toolkit::LibModule** m_pModule;
 };
 
 inline bool IsLibraryMapped() {

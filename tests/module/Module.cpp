@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "Encoding/EncodingModule.h"
 #include "LoadedLibrary.h"
 #include "Toolkit/LibModuleManager.h"
 #include "Toolkit/TString.h"
@@ -12,7 +13,6 @@
 
 namespace {
 
-using Encoding::EncodingModule;
 using tests::LoadedLibrary;
 using Toolkit::LibModule;
 using Toolkit::LibModuleManager;
@@ -147,7 +147,7 @@ TEST(Module, FailedAllocationLeavesLoadAndTheGlobalAsItWas) {
 
 TEST(Module, InitializeAndReleaseHaveNoEffect) {
     const LoadedLibrary library;
-    EncodingModule* const pModule = library.Module();
+    LibModule* const pModule = library.Module();
     const unsigned long allocations = tests::Allocations();
     pModule->Initialize();
     pModule->Release();
@@ -158,7 +158,7 @@ TEST(Module, InitializeAndReleaseHaveNoEffect) {
 }
 
 TEST(Module, IsOnlyADispatchPointerWithSlotsInTheBindingOrder) {
-    static_assert(sizeof(EncodingModule) == sizeof(void*));
+    static_assert(sizeof(Encoding::EncodingModule) == sizeof(void*));
     const LoadedLibrary library;
     const void* const* const slots = *reinterpret_cast<const void* const* const*>(library.Module());
     EXPECT_EQ(slots[0], library.Symbol<void>("_ZN8Encoding14EncodingModuleD1Ev"));

@@ -39,14 +39,14 @@ struct Noted {
     Noted& operator=(const Noted&) = delete;
     ~Noted() { s_events.push_back("destroy " + m_Name); }
 
-    // Not inlined: the compiler would take the global operator behind it for a mismatch.
+    // Not inlined: the compiler takes an inlined one beside one that is not for a mismatch.
     [[gnu::noinline]] static void* operator new(std::size_t size) { return ::operator new(size); }
     [[gnu::noinline]] static void* operator new[](std::size_t size) { return ::operator new[](size); }
-    static void operator delete(void* memory) {
+    [[gnu::noinline]] static void operator delete(void* memory) {
         s_events.emplace_back("delete");
         ::operator delete(memory);
     }
-    static void operator delete[](void* memory) {
+    [[gnu::noinline]] static void operator delete[](void* memory) {
         s_events.emplace_back("delete[]");
         ::operator delete[](memory);
     }
