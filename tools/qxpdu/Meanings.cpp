@@ -183,9 +183,15 @@ constexpr std::array<std::string_view, 19> c_statuses = {"received by the recipi
                                                          "message does not exist",
                                                          "unknown"};
 
-/// By the two highest bits of the seven.
-constexpr std::array<std::string_view, 4> c_statusKinds = {
-    "", " (temporary error, still trying)", " (permanent error)", " (temporary error, no more attempts)"};
+/// By the three highest bits of TP-ST.
+constexpr std::array<std::string_view, 8> c_statusKinds = {"",
+                                                           " (temporary error, still trying)",
+                                                           " (permanent error)",
+                                                           " (temporary error, no more attempts)",
+                                                           "",
+                                                           "",
+                                                           "",
+                                                           ""};
 
 } // namespace
 
@@ -292,7 +298,7 @@ std::string StatusMeaning(Encoding::PduDecoder& decoder, unsigned int status) {
     // them.
     const unsigned int reason = status >= 0x60 && status <= 0x65 ? status - 0x40 : status;
     const auto outcome = static_cast<std::size_t>(decoder.ReadStatus(static_cast<unsigned char>(reason)));
-    return fmt::format("{}{}", c_statuses[outcome], status < 0x80 ? c_statusKinds[status >> 5] : "");
+    return fmt::format("{}{}", c_statuses[outcome], c_statusKinds[status >> 5]);
 }
 
 std::string_view ElementName(unsigned int identifier) {

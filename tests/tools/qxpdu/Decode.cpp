@@ -352,6 +352,7 @@ TEST(QxpduDecode, DataCodingIsShownInWords) {
         {"59", "UCS2, class 1, automatic deletion"},
         {"60", "GSM 7-bit, compressed, automatic deletion"},
         {"80", "GSM 7-bit, reserved coding group"},
+        {"A0", "GSM 7-bit, reserved coding group"},
         {"B0", "GSM 7-bit, class 0, reserved coding group"},
         {"C0", "GSM 7-bit, voicemail message waiting inactive, discard message"},
         {"C9", "GSM 7-bit, fax message waiting active, discard message"},
@@ -439,6 +440,7 @@ TEST(QxpduDecode, StatusIsShownInWords) {
         {"65", "error in the recipient's device (temporary error, no more attempts)"},
         {"66", "unknown (temporary error, no more attempts)"},
         {"80", "unknown"},
+        {"FF", "unknown"},
     };
     for (const Row& row : rows) {
         ExpectLine({"decode", "--no-smsc",

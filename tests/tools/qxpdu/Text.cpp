@@ -63,6 +63,13 @@ TEST(QxpduUcs2, EncodeWritesFourDigitsAUnit) {
     EXPECT_EQ(Qxpdu({"ucs2", "encode", "A€", "😀", ""}), (Outcome{0, "004120AC\nD83DDE00\n\n", ""}));
 }
 
+TEST(QxpduUcs2, CharactersAboveTheBasicPlaneTakeTwoUnits) {
+    EXPECT_EQ(Qxpdu({"ucs2", "encode", "\uE000\uFFFF", "\U00010000", "\U0010FFFF"}),
+              (Outcome{0, "E000FFFF\nD800DC00\nDBFFDFFF\n", ""}));
+    EXPECT_EQ(Qxpdu({"ucs2", "decode", "E000FFFF", "D800DC00", "DBFFDFFF", "DC00D800"}),
+              (Outcome{0, "\uE000\uFFFF\n\U00010000\n\U0010FFFF\n\uFFFD\uFFFD\n", ""}));
+}
+
 TEST(QxpduUcs2, DecodeReadsEitherCaseAndJoinsSurrogates) {
     EXPECT_EQ(Qxpdu({"ucs2", "decode", "004120ac", "D83DDE00", "D83D0041"}),
               (Outcome{0, "A€\n😀\n\uFFFDA\n", ""}));
