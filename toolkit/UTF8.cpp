@@ -14,7 +14,9 @@ bool IsScalarValue(char32_t value) {
     return value < 0xD800 || (value > 0xDFFF && value <= 0x10FFFF);
 }
 
-bool IsAscii(char octet) { return static_cast<unsigned char>(octet) < 0x80; }
+bool IsAscii(char octet) {
+    return static_cast<unsigned char>(octet) < 0x80;
+}
 
 } // namespace
 
