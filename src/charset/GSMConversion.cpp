@@ -15,13 +15,13 @@ unsigned int CodeCount(int gsm) {
 }
 
 /// Writes those codes and returns where the next ones go.
-template <class Output>
+template <class Code, class Output>
 Output PutCodes(int gsm, Output out) {
     if (gsm >= 0) {
-        *out++ = static_cast<unsigned char>(gsm);
+        *out++ = static_cast<Code>(gsm);
     } else if (gsm != GSMCharSet::UNMAPPABLE) {
-        *out++ = c_escape;
-        *out++ = static_cast<unsigned char>(-gsm);
+        *out++ = Code{c_escape};
+        *out++ = static_cast<Code>(-gsm);
     }
     return out;
 }
@@ -53,7 +53,7 @@ bool GSMCharSet::GetGsmBytes(const unsigned char* src, unsigned int srcBytes, un
     if (fill) {
         unsigned char* code = *out;
         std::fill_n(code, *ioLen, static_cast<unsigned char>(0));
-        forEachGsm([&code](int gsm) { code = PutCodes(gsm, code); });
+        forEachGsm([&code](int gsm) { code = PutCodes<unsigned char>(gsm, code); });
     } else {
         unsigned int count = 0;
         forEachGsm([&count](int gsm) { count += CodeCount(gsm); });
@@ -109,7 +109,7 @@ TString<char> GSMCharSet::UnicodeToGsmString(const TString<wchar_t>& text) const
     TString<char> codes;
     codes.reserve(text.size());
     for (const wchar_t character : text)
-        PutCodes(UnicodeToGsm(static_cast<unsigned short>(character)), std::back_inserter(codes));
+        PutCodes<char>(UnicodeToGsm(static_cast<unsigned short>(character)), std::back_inserter(codes));
     return codes;
 }
 

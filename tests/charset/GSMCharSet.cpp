@@ -19,7 +19,7 @@ static_assert(!std::is_polymorphic_v<GSMCharSet> && !std::is_copy_constructible_
 static_assert(!std::is_copy_assignable_v<GSMCharSet>);
 
 TEST(GSMCharSet, DefaultTableIsTheStandardsWithTwoDeviations) {
-    for (int gsm = 0; gsm < 128; ++gsm)
+    for (unsigned int gsm = 0; gsm < 128; ++gsm)
         EXPECT_EQ(GSMCharSet::m_GsmDefaultTable[gsm], tests::c_defaultAlphabet[gsm]) << "code " << gsm;
     EXPECT_EQ(GSMCharSet::m_GsmDefaultTable[0x09], 0x00E7);
     EXPECT_EQ(GSMCharSet::m_GsmDefaultTable[0x1B], 0x0000);
@@ -28,8 +28,8 @@ TEST(GSMCharSet, DefaultTableIsTheStandardsWithTwoDeviations) {
 /// What each code point gives by the tables written out for the tests.
 std::map<unsigned int, int> ExpectedCodes() {
     std::map<unsigned int, int> codes;
-    for (int gsm = 0; gsm < 128; ++gsm)
-        codes[tests::c_defaultAlphabet[gsm]] = gsm;
+    for (unsigned int gsm = 0; gsm < 128; ++gsm)
+        codes[tests::c_defaultAlphabet[gsm]] = static_cast<int>(gsm);
     for (const auto& [code, unicode] : tests::c_extension)
         codes[unicode] = -code;
     codes[0x00A8] = 0x20;
@@ -114,7 +114,8 @@ TEST(GreekToUnicode, LooksAtTheTableWhetherSelectedOrNot) {
             continue;
         }
         ++rows;
-        ASSERT_EQ(replacement, tests::c_defaultAlphabet[row->second]) << std::hex << unicode;
+        ASSERT_EQ(replacement, tests::c_defaultAlphabet[static_cast<std::size_t>(row->second)])
+            << std::hex << unicode;
     }
     EXPECT_EQ(rows, 72U);
     EXPECT_EQ(charSet.m_Translated, 0);
