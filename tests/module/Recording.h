@@ -2,6 +2,7 @@
 #ifndef TESTS_MODULE_RECORDING_H
 #define TESTS_MODULE_RECORDING_H
 
+#include <bit>
 #include <string>
 #include <vector>
 
@@ -19,7 +20,7 @@ struct Recording {
 
     // What the library does:
     int m_LockResult = 1;
-    int m_Endian = 0;
+    int m_Endian = std::endian::native == std::endian::big ? 1 : 0;
     bool m_MutexThrows = false;
     bool m_RegisterThrows = false;
 };

@@ -1,6 +1,7 @@
 // The codec, as it was built, on a support library of the host's own: when it asks for the byte order, and
 // what it does with the answer.
 #include <algorithm>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <vector>
@@ -19,6 +20,13 @@ namespace {
 using tests::Recording;
 using tests::TheRecording;
 using tests::Wide;
+
+/// A text of the one character that these octets are in memory, whatever this host's byte order.
+TString<wchar_t> CharacterInMemory(const unsigned char (&octets)[4]) {
+    TString<wchar_t> text(1, L'\0');
+    std::memcpy(text.data(), octets, sizeof octets);
+    return text;
+}
 
 class ReplacedToolkit : public testing::Test {
 protected:
@@ -82,7 +90,8 @@ TEST_F(ReplacedToolkit, TextDecoderOfHexAsksForItsCharacterSetOnly) {
 }
 
 TEST_F(ReplacedToolkit, TextDecoderTakesTheLastByteOfACharacterOnABigEndianHost) {
-    const TString<wchar_t> text = Wide({0x42000041});
+    const TString<wchar_t> text = CharacterInMemory({'A', 0x00, 0x00, 'B'});
+    m_Recording.m_Endian = 0;
     EXPECT_EQ(Encoding::TextDecoder(text, 0).m_DecodedText, L"A");
     m_Recording.m_Endian = 1;
     EXPECT_EQ(Encoding::TextDecoder(text, 0).m_DecodedText, L"B");
@@ -114,7 +123,8 @@ TEST_F(ReplacedToolkit, GetSubStringReadsTheBytesThatTheByteOrderNames) {
         m_Recording.m_Endian = row.endian;
         unsigned int length = 0;
         unsigned char* pBytes = nullptr;
-        ASSERT_EQ(encoder.GetSubString(Wide({0x01020304}), 0, 1, &length, &pBytes), 1);
+        ASSERT_EQ(encoder.GetSubString(CharacterInMemory({0x04, 0x03, 0x02, 0x01}), 0, 1, &length, &pBytes),
+                  1);
         const std::unique_ptr<unsigned char[]> owner(pBytes);
         EXPECT_EQ(tests::Hex(pBytes, length), row.octets);
     }
