@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "Toolkit/SystemInfo.h"
 #include "charset/Alphabet.h"
 #include "support/Allocations.h"
 #include "support/Octets.h"
@@ -153,6 +154,44 @@ TEST(GSMCharSet, GivesBackEverythingWhenConstructionFailsAtAnyAllocation) {
             return;
         }
     }
+}
+
+/// The members in their binding order, as they lie in memory.
+struct Members {
+    const Encoding::UniCodeToGsmChar* greek;
+    const void* greekBlock;
+    short greekCount;
+    int translated;
+    const Encoding::GsmUnicodeChar* extension;
+    const void* extensionBlock;
+    const signed char* direct;
+    const Encoding::GsmUnicodeChar* high;
+    const void* highBlock;
+    short highCount;
+    const void* selected[3];
+    int endian;
+};
+
+TEST(GSMCharSet, MembersLieInTheirBindingOrder) {
+    static_assert(sizeof(Members) == sizeof(GSMCharSet));
+    GSMCharSet charSet;
+    charSet.m_Translated = 7;
+    const Members& members = reinterpret_cast<const Members&>(charSet);
+    EXPECT_EQ(members.greekCount, 72);
+    EXPECT_EQ(members.greek[0].unicode, 0x03B1);
+    EXPECT_EQ(members.greek[71].unicode, 0x0385);
+    EXPECT_EQ(members.translated, 7);
+    EXPECT_EQ(members.extension[0].gsm, 0x0A);
+    EXPECT_EQ(members.extension[9].unicode, 0x20AC);
+    EXPECT_EQ(members.direct['@'], 0);
+    EXPECT_EQ(members.direct['{'], -0x28);
+    EXPECT_EQ(members.highCount, 11);
+    EXPECT_EQ(members.high[0].unicode, 0x0394);
+    EXPECT_EQ(members.high[10].gsm, -0x65);
+    EXPECT_EQ(members.high[11].gsm, -1);
+    EXPECT_EQ(members.high[63].unicode, 0);
+    EXPECT_EQ(members.selected[0], nullptr);
+    EXPECT_EQ(members.endian, Toolkit::SystemInfo::GetEndian());
 }
 
 TEST(GSMCharSet, ElementsStartAsNoCode) {

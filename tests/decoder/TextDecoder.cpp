@@ -16,6 +16,12 @@ using Toolkit::ILogger;
 
 static_assert(!std::is_polymorphic_v<TextDecoder> && !std::is_copy_constructible_v<TextDecoder>);
 
+TEST(TextDecoder, HoldsItsCharacterSetBeforeTheText) {
+    const TextDecoder decoder(L"", 0);
+    EXPECT_EQ(reinterpret_cast<const char*>(&decoder.m_DecodedText) - reinterpret_cast<const char*>(&decoder),
+              static_cast<std::ptrdiff_t>(sizeof(Encoding::GSMCharSet)));
+}
+
 TEST(TextDecoder, DecodesByAlphabet) {
     const struct {
         const char* what;
