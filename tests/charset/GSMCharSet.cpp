@@ -1,6 +1,7 @@
 // The tables of the GSM 7-bit default alphabet, one character at a time.
 #include "Encoding/GSMCharSet.h"
 
+#include <cstring>
 #include <map>
 #include <type_traits>
 
@@ -176,7 +177,8 @@ TEST(GSMCharSet, MembersLieInTheirBindingOrder) {
     static_assert(sizeof(Members) == sizeof(GSMCharSet));
     GSMCharSet charSet;
     charSet.m_Translated = 7;
-    const Members& members = reinterpret_cast<const Members&>(charSet);
+    Members members;
+    std::memcpy(&members, static_cast<const void*>(&charSet), sizeof members);
     EXPECT_EQ(members.greekCount, 72);
     EXPECT_EQ(members.greek[0].unicode, 0x03B1);
     EXPECT_EQ(members.greek[71].unicode, 0x0385);
