@@ -27,11 +27,12 @@ std::vector<Symbol> Symbols(const std::string& options) {
     std::istringstream lines(outcome.output);
     std::vector<Symbol> symbols;
     for (std::string line; std::getline(lines, line);) {
-        if (line.size() <= 19) // sixteen digits, the type, the name, a blank between two
+        constexpr std::size_t digits = 2 * sizeof(void*); // then the type and the name, a blank between two
+        if (line.size() <= digits + 3)
             continue;
-        const std::string name = line.substr(19);
+        const std::string name = line.substr(digits + 3);
         if (!StartsWith(name, "__odr_asan.")) // the address sanitizer's mark on a name that is there itself
-            symbols.push_back({line[17], name});
+            symbols.push_back({line[digits + 1], name});
     }
     EXPECT_FALSE(symbols.empty());
     return symbols;

@@ -1,9 +1,11 @@
 #include "Toolkit/ILogger.h"
 
+#include <chrono>
 #include <climits>
 #include <cstdlib>
 #include <ctime>
 #include <string>
+#include <thread>
 #include <type_traits>
 #include <vector>
 
@@ -45,9 +47,10 @@ TEST(ILogger, HostsLoggerTakesThePlaceOfTheDefaultOne) {
 
 TEST(ILogger, LevelThenSeverityFollowTheDispatchPointer) {
     CapturingLogger logger(7);
-    EXPECT_EQ(tests::Offset(&logger.m_Level, static_cast<ILogger*>(&logger)), 8);
-    EXPECT_EQ(tests::Offset(&logger.m_Severity, static_cast<ILogger*>(&logger)), 12);
-    EXPECT_EQ(sizeof(ILogger), 16U);
+    EXPECT_EQ(tests::Offset(&logger.m_Level, static_cast<ILogger*>(&logger)), std::ptrdiff_t{sizeof(void*)});
+    EXPECT_EQ(tests::Offset(&logger.m_Severity, static_cast<ILogger*>(&logger)),
+              std::ptrdiff_t{sizeof(void*) + 4});
+    EXPECT_EQ(sizeof(ILogger), sizeof(void*) + 8);
     EXPECT_EQ(logger.m_Level, 7);
 }
 
@@ -258,6 +261,13 @@ TEST(ILogger, TimeIsThePresentUtcInIso8601WithMilliseconds) {
     ASSERT_EQ(form, "dddd-dd-ddTdd:dd:dd.dddZ") << text;
     EXPECT_GE(SecondsOf(text), before - 1); // time() may lag behind the clock by some milliseconds
     EXPECT_LE(SecondsOf(text), after + 1);
+}
+
+TEST(ILogger, MillisecondsOfTheTimeAlwaysHaveThreeDigits) {
+    for (int round = 0; round < 25; ++round) { // a whole second, the first tenth of one included
+        ASSERT_EQ(ILogger::GetTime().size(), 24U);
+        std::this_thread::sleep_for(std::chrono::milliseconds(45));
+    }
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "Toolkit/smart_ptr.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <new>
 #include <string>
@@ -110,9 +111,10 @@ TEST_F(SmartPtr, BlockHoldsCountMutexHooksInThisOrder) {
     static_assert(std::is_same_v<decltype(ReferenceBlock::m_Mutex), Toolkit::MutexInternal>);
     ReferenceBlock block;
     EXPECT_EQ(Offset(&block.m_Count, &block), 0);
-    EXPECT_EQ(Offset(&block.m_Mutex, &block), 8);
-    EXPECT_EQ(Offset(&block.m_pHooks, &block), 8 + std::ptrdiff_t{sizeof(Toolkit::MutexInternal)});
-    EXPECT_EQ(sizeof(ReferenceBlock), 16 + sizeof(Toolkit::MutexInternal));
+    constexpr std::size_t mutex = std::max(sizeof(int), alignof(Toolkit::MutexInternal));
+    EXPECT_EQ(Offset(&block.m_Mutex, &block), std::ptrdiff_t{mutex});
+    EXPECT_EQ(Offset(&block.m_pHooks, &block), std::ptrdiff_t{mutex + sizeof(Toolkit::MutexInternal)});
+    EXPECT_EQ(sizeof(ReferenceBlock), mutex + sizeof(Toolkit::MutexInternal) + sizeof(void*));
     EXPECT_EQ(block.m_Count, 1);
     EXPECT_EQ(block.m_pHooks, nullptr);
 }
