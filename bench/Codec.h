@@ -1,0 +1,41 @@
+// What every codec that is measured can do. Preparing a message is not timed, encoding and decoding are.
+#ifndef BENCH_CODEC_H
+#define BENCH_CODEC_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+using Octets = std::vector<unsigned char>;
+
+class Codec {
+public:
+    Codec() = default;
+    Codec(const Codec&) = delete;
+    Codec& operator=(const Codec&) = delete;
+    virtual ~Codec() = default;
+
+    /// Decodes an SMS-DELIVER with its service-centre address.
+    virtual void Decode(const Octets& pdu) = 0;
+    /// The text of the PDU decoded last.
+    virtual std::u16string Text() const = 0;
+
+    /// Takes over a text for Encode(), in the codec's own form.
+    virtual void Prepare(const std::u16string& text, bool isGsm) = 0;
+    /// Encodes the text into SMS-SUBMITs to +12345678901.
+    virtual void Encode() = 0;
+    /// The user data of the parts encoded last, behind TP-UDL.
+    virtual std::vector<Octets> UserData() const = 0;
+};
+
+/// This library, with one decoder for all PDUs or a fresh one for each.
+std::unique_ptr<Codec> MakeOwnCodec(bool reusesDecoder);
+
+/// libgammu, which keeps text in UTF-16.
+std::unique_ptr<Codec> MakeGammuCodec();
+
+} // namespace bench
+
+#endif
