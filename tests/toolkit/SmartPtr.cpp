@@ -222,6 +222,20 @@ TEST_F(SmartPtr, CopyingACountOfZeroLeavesItAtZero) {
     block.m_Count = 3;
 }
 
+TEST_F(SmartPtr, ReleasingACopyOfACountOfZeroFreesNothing) {
+    int object = 7;
+    {
+        smart_ptr<int, NotingPolicy> a(&object);
+        ReferenceBlock& block = *WordsOf(a).m_pBlock;
+        block.m_Count = 0;
+        { const smart_ptr<int, NotingPolicy> copy(a); }
+        EXPECT_EQ(block.m_Count, -1);
+        EXPECT_EQ(NotingPolicy::s_freed, std::vector<void*>{});
+        block.m_Count = 1;
+    }
+    EXPECT_EQ(NotingPolicy::s_freed, std::vector<void*>{&object});
+}
+
 TEST_F(SmartPtr, OnlyACountOfZeroIsLeftAlone) {
     smart_ptr<int> a(new int(7));
     ReferenceBlock& block = *WordsOf(a).m_pBlock;
