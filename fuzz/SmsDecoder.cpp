@@ -47,6 +47,27 @@ void RequireRanges(const PduDecoder& decoder) {
             "a number has 255 characters and a plus sign at most");
 }
 
+/// Members that every accepted PDU of its type sets, so that they do not depend on what stood there before.
+void RequireComplete(const PduDecoder& left, const PduDecoder& right) {
+    const bool isSubmit = left.m_SmsType == MessageTypeIndicator::TP_MTI_SMS_SUBMIT;
+    const bool isDeliver = left.m_SmsType == MessageTypeIndicator::TP_MTI_SMS_DELIVER;
+    const bool isReport = left.m_SmsType == MessageTypeIndicator::TP_MTI_SMS_STATUS_REPORT;
+    Require(left.m_NumberNpi == right.m_NumberNpi && left.m_NumberTon == right.m_NumberTon &&
+                (isSubmit || isReport ? left.m_Recipient == right.m_Recipient
+                                      : left.m_Originator == right.m_Originator),
+            "an accepted PDU has an address");
+    if (isSubmit || isReport)
+        Require(left.m_MessageReference == right.m_MessageReference, "an accepted PDU has its reference");
+    if (isReport)
+        Require(left.m_Status == right.m_Status, "an accepted report has a status");
+    if (isSubmit || isDeliver)
+        Require(left.m_ProtocolId == right.m_ProtocolId && left.m_DataCoding == right.m_DataCoding &&
+                    left.m_CodingGroup == right.m_CodingGroup && left.m_Class == right.m_Class &&
+                    left.m_Alphabet == right.m_Alphabet && left.m_UserDataLength == right.m_UserDataLength &&
+                    left.m_HasUserDataHeader == right.m_HasUserDataHeader && left.m_Text == right.m_Text,
+                "an accepted message has data coding and text");
+}
+
 /// Each member was either set, and then to the same value as in a fresh decoder, or not touched at all.
 void RequireSetOrKept(const Decoding& decode, const Toolkit::smart_ptr<Pdu>& earlier,
                       const Toolkit::smart_ptr<Pdu>& pdu, PduDecoder& fresh, int result) {
@@ -58,6 +79,8 @@ void RequireSetOrKept(const Decoding& decode, const Toolkit::smart_ptr<Pdu>& ear
     const PduDecoder mark = marked;
     Require(decode(marked, pdu) == result && decode(otherMarked, pdu) == result,
             "the result does not depend on what the decoder held before");
+    if (result == 1)
+        RequireComplete(marked, otherMarked);
 
     PduDecoder reused;
     decode(reused, earlier);
