@@ -13,6 +13,7 @@
 #include "Console.h"
 #include "Input.h"
 #include "Property.h"
+#include "Toolkit/ILogger.h"
 
 namespace {
 
@@ -20,6 +21,7 @@ using namespace fuzz;
 
 constexpr unsigned int c_moreArguments = 0x80;
 constexpr std::size_t c_longest = 4096;
+constexpr int c_quiet = 1; ///< the level at which the text decoder's line is not written
 
 using Arguments = std::vector<std::string>;
 
@@ -77,6 +79,7 @@ Run RunTool(const Arguments& arguments, const std::string& in) {
     std::ostringstream output;
     std::ostringstream errors;
     const int status = qxpdu::RunTool(arguments, {input, output, errors});
+    (*Toolkit::ILogger::s_pInstance)->SetLevel(c_quiet); // an argument may have raised it
     return {status, output.str(), errors.str()};
 }
 
