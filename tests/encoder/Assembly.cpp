@@ -79,6 +79,10 @@ TEST(Encode, EveryOptionOfASubmit) {
          "00 01 00 00 81 00 00 05 E8 32 9B FD 06"},
         {"header of the host's", [](OpenEncoder& e) { e.SetHeader(0x12A, 0x103, 0x202); },
          "00 41 00 07 91 14 97 21 F3 00 00 0C 05 00 03 2A 03 02 D0 65 36 FB 0D"},
+        {"header of one part", [](OpenEncoder& e) { e.SetHeader(5, 1, 1); },
+         "00 41 00 07 91 14 97 21 F3 00 00 0C 05 00 03 05 01 01 D0 65 36 FB 0D"},
+        {"header of negative values", [](OpenEncoder& e) { e.SetHeader(-1, -256, -3); },
+         "00 41 00 07 91 14 97 21 F3 00 00 0C 05 00 03 FF 00 FD D0 65 36 FB 0D"},
         {"header removed", [](OpenEncoder& e) { e.SetHeader(1, 2, 3), e.RemoveHeader(); },
          "00 01 00 07 91 14 97 21 F3 00 00 05 E8 32 9B FD 06"},
         {"UCS2", [](OpenEncoder& e) { e.SetText(Wide({0x4E2D})); },
@@ -269,6 +273,61 @@ TEST(Encode, LeavesItsWorkingState) {
     EXPECT_EQ(encoder.m_OriginatorBytes.get(), nullptr);
 }
 
+TEST(Encode, TypesOfNumberAreKeptApart) {
+    OpenEncoder encoder;
+    encoder.SetSmsc(L"+12", false);
+    encoder.SetRecipient(L"34");
+    encoder.Pdus();
+    EXPECT_EQ(encoder.m_SmscTon, 2);
+    EXPECT_EQ(encoder.m_NumberTon, 1);
+}
+
+TEST(Encode, EncodesEveryAddressAnew) {
+    OpenEncoder encoder;
+    Hello(encoder);
+    encoder.SetSmsc(L"+123456789012", false);
+    encoder.Pdus();
+    encoder.SetSmsc(L"1", false);
+    encoder.SetRecipient(L"12");
+    EXPECT_EQ(encoder.Pdu(), "02 81 F1 01 00 02 81 21 00 00 05 E8 32 9B FD 06");
+    encoder.m_Smsc.clear();
+    encoder.m_Recipient.clear();
+    EXPECT_EQ(encoder.Pdu(), "00 01 00 00 80 00 00 05 E8 32 9B FD 06");
+    EXPECT_EQ(encoder.m_SmscBytes.get(), nullptr);
+    EXPECT_EQ(encoder.m_SmscLength, 0U);
+    EXPECT_EQ(encoder.m_RecipientBytes.get(), nullptr);
+    EXPECT_EQ(encoder.m_RecipientLength, 0U);
+}
+
+TEST(Encode, AnyValueButZeroAsksForHeaders) {
+    OpenEncoder encoder;
+    encoder.m_UseConcatHeader = -1;
+    encoder.SetText(Repeat(161, 'a'));
+    encoder.Pdus();
+    EXPECT_EQ(encoder.m_ConcatTotal, 2);
+    EXPECT_EQ(encoder.m_MessageReference, 0);
+}
+
+TEST(Encode, AllocatesNothingBeyondWhatItKeeps) {
+    OpenEncoder encoder;
+    Hello(encoder);
+    tests::Pdus pdus;
+    pdus.reserve(1);
+    encoder.Encode(pdus);
+
+    unsigned long bytes = tests::AllocatedBytes();
+    const Toolkit::smart_ptr<Pdu> empty(new Pdu);
+    const unsigned long onePdu = tests::AllocatedBytes() - bytes;
+    bytes = tests::AllocatedBytes();
+    encoder.GetPduCount(encoder.m_Text);
+    const unsigned long counting = tests::AllocatedBytes() - bytes;
+
+    bytes = tests::AllocatedBytes();
+    encoder.Encode(pdus);
+    EXPECT_EQ(tests::AllocatedBytes() - bytes - counting - onePdu, 6U + 256U)
+        << "the septets with a spare octet, the recipient";
+}
+
 TEST(Encode, PduStopsAt511Octets) {
     // 256 octets of service centre, 2 octets, 256 of recipient: the recipient's run does not fit and is
     // dropped whole, single octets still go in.
@@ -323,6 +382,35 @@ TEST(Encode, SeptetsUpToTheLastOctetOfTheBuffer) {
         encoder.Encode(pdus);
         for (std::size_t i = pdus.front()->m_Length; i < 512; ++i)
             ASSERT_EQ(pdus.front()->m_Bytes[i], 0) << "behind the contents";
+    }
+}
+
+TEST(Encode, OldArraysAreGoneWhenAnAllocationFails) {
+    for (const bool isGsm : {true, false}) {
+        for (unsigned long n = 1, failures = 1; failures != 0; ++n) {
+            failures = 0;
+            for (const int type : {1, 2}) {
+                OpenEncoder encoder(type);
+                encoder.SetSmsc(L"+12", false);
+                encoder.SetRecipient(L"+4179123");
+                encoder.m_Originator = L"+4179123";
+                encoder.SetText(isGsm ? L"hello" : Wide({0x4E2D}));
+                encoder.Pdus();
+                tests::Pdus pdus;
+                {
+                    const tests::FailAllocation fail(n);
+                    try {
+                        encoder.Encode(pdus);
+                    } catch (const std::bad_alloc&) {
+                        ++failures;
+                    }
+                }
+                EXPECT_EQ(encoder.m_PartBytes == nullptr, encoder.m_PartLength == 0) << n;
+                EXPECT_EQ(encoder.m_SmscBytes == nullptr, encoder.m_SmscLength == 0) << n;
+                EXPECT_EQ(encoder.m_RecipientBytes == nullptr, encoder.m_RecipientLength == 0) << n;
+                EXPECT_EQ(encoder.m_OriginatorBytes == nullptr, encoder.m_OriginatorLength == 0) << n;
+            }
+        }
     }
 }
 

@@ -75,8 +75,12 @@ TEST(PduEncoder, SettersStoreTheirArgument) {
     EXPECT_EQ(encoder.m_StatusReport, 0);
     encoder.SetReject_Duplicates(true);
     EXPECT_EQ(encoder.m_RejectDuplicates, 1);
+    encoder.SetReject_Duplicates(false);
+    EXPECT_EQ(encoder.m_RejectDuplicates, 0);
     encoder.SetReplyPath(true);
     EXPECT_EQ(encoder.m_ReplyPath, 1);
+    encoder.SetReplyPath(false);
+    EXPECT_EQ(encoder.m_ReplyPath, 0);
     encoder.SetMessageReference(0x12345);
     EXPECT_EQ(encoder.m_MessageReference, 0x12345);
     encoder.SetHeader(300, -2, 9);
@@ -151,6 +155,8 @@ TEST(SetSmsc, EmptyNumberIsIgnoredTogetherWithTheFlag) {
     EXPECT_EQ(encoder.m_SmscLenient, 1);
     encoder.SetSmsc(L"", false);
     EXPECT_EQ(encoder.m_SmscLenient, 1);
+    encoder.SetSmsc(L"34", false);
+    EXPECT_EQ(encoder.m_SmscLenient, 0);
 }
 
 TEST(SetRecipient, EmptyNumberIsIgnored) {
@@ -257,6 +263,9 @@ TEST(EncodeNumber, LenientPlusAtTheLimit) {
     EXPECT_EQ(encoder.Number(number, true), Bytes{0x81} + Bytes(253, 0x11));
     EXPECT_EQ(encoder.Number(TString<wchar_t>(506, L'1') + L"+", true),
               Bytes{0x81} + Bytes(253, 0x11) + Bytes{0xF0});
+    // The 508th digit ends the walk: what follows it takes nothing back.
+    EXPECT_EQ(encoder.Number(TString<wchar_t>(508, L'1') + L"+", true),
+              Bytes{0x81} + Bytes(253, 0x11) + Bytes{0xF1});
 }
 
 TEST(EncodeNumber, AllocatesOneArrayThatTheCallerOwns) {

@@ -122,8 +122,13 @@ TEST(GetPduCount, AllocatesOneBufferForTheCodes) {
     const TString<wchar_t> text = Repeat(160, 'a');
     encoder.GetPduCount(text);
     const unsigned long before = tests::Allocations();
+    const unsigned long bytes = tests::AllocatedBytes();
     encoder.GetPduCount(text);
+    const unsigned long all = tests::AllocatedBytes() - bytes;
     EXPECT_EQ(tests::Allocations() - before, 2U) << "the codes, and the text that comes back";
+    const unsigned long back = tests::AllocatedBytes();
+    encoder.m_CharSet->GsmToUnicode(encoder.m_GsmBytes.get(), encoder.m_GsmLength);
+    EXPECT_EQ(all - (tests::AllocatedBytes() - back), 161U) << "one octet a septet, and a spare one";
 }
 
 TEST(GetPduCount, TextTooLongForASigned32BitSizeGivesZero) {
@@ -189,6 +194,19 @@ TEST(GetSubString, FailsForNothingToCut) {
         EXPECT_EQ(cut.length, 0U);
         EXPECT_EQ(cut.octets.get(), nullptr);
     }
+}
+
+TEST(GetSubString, AllocatesTheOctetsAndTwoSpareOnes) {
+    OpenEncoder encoder;
+    const TString<wchar_t> text = L"AB";
+    const unsigned long before = tests::Allocations();
+    const unsigned long bytes = tests::AllocatedBytes();
+    unsigned int length = 0;
+    unsigned char* octets = nullptr;
+    encoder.GetSubString(text, 0, 2, &length, &octets);
+    EXPECT_EQ(tests::Allocations() - before, 1U);
+    EXPECT_EQ(tests::AllocatedBytes() - bytes, 6U);
+    delete[] octets;
 }
 
 TEST(GetSubString, CountThatNoMemoryHoldsThrows) {
