@@ -126,7 +126,7 @@ TEST_F(RoundTrip, ExtensionTextOfEveryLength) {
 }
 
 TEST_F(RoundTrip, ExtensionCharacterAtEveryPositionAroundEveryBoundary) {
-    for (const std::size_t boundary : {160U, 153U, 306U, 459U}) {
+    for (const std::size_t boundary : {160U, 153U, 306U, 459U, 612U, 765U, 918U}) {
         for (std::size_t position = boundary - 4; position <= boundary + 4; ++position) {
             for (std::size_t length = position + 1; length <= position + 12; ++length) {
                 SCOPED_TRACE(position);
@@ -162,11 +162,16 @@ TEST_F(RoundTrip, SurrogatesAtEveryPositionOfAPart) {
 TEST_F(RoundTrip, GreekTextOfEveryLength) {
     for (std::size_t length = 1; length <= 1000; ++length) {
         SCOPED_TRACE(length);
-        const TString<wchar_t> greek(length, L'α');
+        TString<wchar_t> greek;
+        TString<wchar_t> transliterated;
+        for (std::size_t i = 0; i < length; ++i) {
+            greek += L"αβγσω"[i % 5];
+            transliterated += L"ABΓΣΩ"[i % 5];
+        }
         m_Encoder.ClearTranslateTable();
         Check(m_Encoder, greek, Cut(greek, 70, 67), 0x08);
         m_Encoder.AddTranslateTable(TranslateTable::GREEK);
-        Check(m_Encoder, greek, Cut(TString<wchar_t>(length, L'A'), 160, 153), 0x00);
+        Check(m_Encoder, greek, Cut(transliterated, 160, 153), 0x00);
     }
 }
 
