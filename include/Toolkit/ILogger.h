@@ -58,7 +58,7 @@ public:
     /// Appends a piece of text to the line being composed. A piece equal to c_strLogToken3 ends the line.
     virtual void Write(const TString<wchar_t>& text) = 0;
 
-    /// Changes the level; takes effect with the next line. May be called from any thread.
+    /// Changes the level, once another thread's line has ended. May be called from any thread.
     void SetLevel(int level);
     int GetLevel() const;
 

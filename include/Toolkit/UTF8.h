@@ -14,7 +14,7 @@ struct TOOLKIT_API UTF8 {
     static TString<char> ToUTF8(const TString<wchar_t>& text);
 
     /// Wide text of a UTF-8 string, one 32-bit character per code point. What is not valid UTF-8 becomes
-    /// U+FFFD, one for each maximal invalid sequence.
+    /// U+FFFD: one for a lead octet together with its trail octets, and one for each stray octet.
     static TString<wchar_t> ToUNICODE(const TString<char>& text);
 };
 
