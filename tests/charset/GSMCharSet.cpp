@@ -185,8 +185,8 @@ TEST(GSMCharSet, MembersLieInTheirBindingOrder) {
     EXPECT_EQ(members.translated, 7);
     EXPECT_EQ(members.extension[0].gsm, 0x0A);
     EXPECT_EQ(members.extension[9].unicode, 0x20AC);
-    EXPECT_EQ(members.direct['@'], 0);
-    EXPECT_EQ(members.direct['{'], -0x28);
+    EXPECT_EQ(members.direct[0x40], 0);
+    EXPECT_EQ(members.direct[0x7B], -0x28);
     EXPECT_EQ(members.highCount, 11);
     EXPECT_EQ(members.high[0].unicode, 0x0394);
     EXPECT_EQ(members.high[10].gsm, -0x65);
