@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "decoder/Record.h"
 #include "support/Allocations.h"
 #include "support/Bits.h"
 #include "support/Octets.h"
@@ -153,6 +154,23 @@ TEST(CBMDecoder, TrimsRandomTextLikeAPlainReference) {
     }
 }
 
+TEST(CBMDecoder, ExtensionPairsCountTwice) {
+    EXPECT_EQ(Decode(Octets("41 1B 65 42"), 4), L"A€B");
+    EXPECT_EQ(Decode(Octets("1B 65 1B 65 42"), 4), L"€€");
+    EXPECT_EQ(Decode(Octets("41 1B 65"), 2), L"A") << "the escape is the last septet that is read";
+    EXPECT_EQ(Decode(Octets("1B 0D 41 0D 1B 0A"), 6), L"A\r\f") << "an unknown pair loses its escape only";
+}
+
+TEST(CBMDecoder, WritesNoInheritedMemberButTheText) {
+    CBMDecoder decoder;
+    tests::MarkMembers(decoder);
+    const std::vector<std::string> before = tests::Members(decoder);
+    const GSMCharSet* const charSet = decoder.m_CharSet.get();
+    ASSERT_TRUE(decoder.Decode(MakePdu("12 34 AB CD 48 21 41 E1 10")));
+    EXPECT_EQ(tests::Changes(before, tests::Members(decoder)), "Text=ABC");
+    EXPECT_EQ(decoder.m_CharSet.get(), charSet);
+}
+
 TEST(CBMDecoder, HeaderAloneGivesAnEmptyText) {
     CBMDecoder decoder;
     decoder.m_Text = L"before";
@@ -187,6 +205,17 @@ TEST(CBMDecoder, ShortAndEndlessPagesThrowWithTheHeaderWritten) {
         EXPECT_EQ(decoder.m_Text, L"before");
         EXPECT_EQ(tests::CountOf(page), 1);
     }
+}
+
+TEST(CBMDecoder, LongestContentIsAskedOfTheAllocator) {
+    const Toolkit::smart_ptr<Pdu> page = MakePdu(c_header);
+    page->m_Length = 6 + 0x7FFFFFFFU;
+    CBMDecoder decoder;
+    const unsigned long bytes = tests::AllocatedBytes();
+    const tests::FailAllocation fail(1);
+    EXPECT_THROW(decoder.Decode(page), std::bad_alloc);
+    EXPECT_TRUE(fail.Happened());
+    EXPECT_EQ(tests::AllocatedBytes() - bytes, 0x7FFFFFFFU);
 }
 
 TEST(CBMDecoder, OctetsOutsideTheArrayReadAsZero) {

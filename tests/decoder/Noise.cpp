@@ -33,8 +33,7 @@ void DecodeAll(const Bytes& octets, PduDecoder& reused) {
 
 TEST(Noise, EveryTruncationAndBitFlipOfEverySample) {
     PduDecoder reused;
-    for (const char* sample : {tests::c_deliver, tests::c_submit, tests::c_submitAbsolute, tests::c_report,
-                               tests::c_part, tests::c_part16}) {
+    for (const char* sample : tests::c_samples) {
         const Bytes whole = tests::Octets(sample);
         for (std::size_t length = 0; length <= whole.size(); ++length)
             DecodeAll(Bytes(whole.begin(), whole.begin() + static_cast<long>(length)), reused);
@@ -47,9 +46,11 @@ TEST(Noise, EveryTruncationAndBitFlipOfEverySample) {
 }
 
 TEST(Noise, RandomOctets) {
-    std::mt19937 random(20261120);
+    constexpr unsigned int seed = 20261120;
+    std::mt19937 random(seed);
     PduDecoder reused;
     for (int round = 0; round < 20000; ++round) {
+        SCOPED_TRACE(testing::Message() << "seed " << seed << ", round " << round);
         Bytes octets(random() % 513);
         for (unsigned char& octet : octets)
             octet = static_cast<unsigned char>(random());
@@ -60,9 +61,11 @@ TEST(Noise, RandomOctets) {
 }
 
 TEST(Noise, FieldReadersAtRandomOffsetsOfClaimedLengths) {
-    std::mt19937 random(20261121);
+    constexpr unsigned int seed = 20261121;
+    std::mt19937 random(seed);
     PduDecoder decoder;
     for (int round = 0; round < 20000; ++round) {
+        SCOPED_TRACE(testing::Message() << "seed " << seed << ", round " << round);
         Bytes octets(random() % 513);
         for (unsigned char& octet : octets)
             octet = static_cast<unsigned char>(random());

@@ -1,9 +1,15 @@
-// What the text decoder asks of the support library: the byte order, for each character and with a share
-// each.
+// What the decoders ask of the support library: the byte order for each character, and a share of each object
+// while it is in use. This program's own byte order and locks stand in for the support library's.
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
+#include "Encoding/CBMDecoder.h"
+#include "Encoding/PduDecoder.h"
 #include "Encoding/TextDecoder.h"
+#include "Toolkit/MutexInternal.h"
 #include "Toolkit/SystemInfo.h"
+#include "decoder/Samples.h"
 #include "support/Octets.h"
 
 namespace {
@@ -11,6 +17,12 @@ namespace {
 int s_endian = 0;
 int s_asked = 0;
 int s_shares = 0; ///< of the instance while it was asked
+
+/// The reference block that is watched, and what happens to it.
+Toolkit::ReferenceBlock* s_pBlock = nullptr;
+int s_locks = 0;
+int s_mostShares = 0;
+bool s_waitedForever = true;
 
 } // namespace
 
@@ -20,9 +32,39 @@ int Toolkit::SystemInfo::GetEndian() {
     return s_endian;
 }
 
+int Toolkit::MutexInternal::Lock(unsigned int timeout) {
+    s_waitedForever = s_waitedForever && timeout == c_waitForever;
+    if (s_pBlock != nullptr && this == &s_pBlock->m_Mutex)
+        ++s_locks;
+    return 1;
+}
+
+void Toolkit::MutexInternal::Unlock() {
+    if (s_pBlock != nullptr && this == &s_pBlock->m_Mutex)
+        s_mostShares = std::max(s_mostShares, s_pBlock->m_Count);
+}
+
 namespace {
 
-using Encoding::TextDecoder;
+using namespace Encoding;
+
+/// Watches the shares of one object for as long as it lives.
+class Watch {
+public:
+    template <class T>
+    explicit Watch(const Toolkit::smart_ptr<T>& pointer) {
+        struct Words {
+            T* m_pObject;
+            Toolkit::ReferenceBlock* m_pBlock;
+        };
+        s_pBlock = reinterpret_cast<const Words&>(pointer).m_pBlock;
+        s_locks = s_mostShares = 0;
+        s_waitedForever = true;
+    }
+    ~Watch() { s_pBlock = nullptr; }
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
+};
 
 TEST(TextDecoder, AsksForTheByteOrderOncePerCharacter) {
     const int before = tests::CountOf(*Toolkit::SystemInfo::s_pInstance);
@@ -40,6 +82,22 @@ TEST(TextDecoder, AsksForTheByteOrderOncePerCharacter) {
     EXPECT_EQ(s_asked, 2);
 }
 
+TEST(TextDecoder, TakesAndReleasesOneShareOfTheSystemInformationPerCharacter) {
+    const struct {
+        const wchar_t* text;
+        int alphabet;
+        int shares; ///< the character set takes one as well
+    } rows[] = {{L"", 0, 1}, {L"A", 0, 2}, {L"ABCDE", 0, 6}, {L"ABCDE", 4, 6}, {L"00410042", 2, 1}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
+        const Watch watch(*Toolkit::SystemInfo::s_pInstance);
+        const TextDecoder decoder(row.text, row.alphabet);
+        EXPECT_EQ(s_locks, 2 * row.shares);
+        EXPECT_EQ(s_mostShares, tests::CountOf(*Toolkit::SystemInfo::s_pInstance) + 1);
+        EXPECT_TRUE(s_waitedForever);
+    }
+}
+
 TEST(TextDecoder, TakesTheLastByteOnABigEndianHost) {
     // The octets 0x41 and 0x42 at the two ends of one character, whatever this host's byte order.
     TString<wchar_t> text(1, L'\0');
@@ -55,6 +113,61 @@ TEST(TextDecoder, TakesTheLastByteOnABigEndianHost) {
         EXPECT_EQ(TextDecoder(text, 0).m_DecodedText, row.decoded) << row.endian;
     }
     s_endian = 0;
+}
+
+TEST(Decode, TakesAShareOfTheCharacterSetForSeptetsOnly) {
+    const struct {
+        const char* pdu;
+        int shares;
+    } rows[] = {{tests::c_deliver, 1},        {tests::c_part, 1},   {tests::c_submit, 0},
+                {tests::c_submitAbsolute, 0}, {tests::c_report, 0}, {tests::c_reserved, 0}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.pdu);
+        PduDecoder decoder;
+        const Toolkit::smart_ptr<Pdu> pdu = tests::MakePdu(row.pdu);
+        const Watch watch(decoder.m_CharSet);
+        EXPECT_EQ(decoder.Decode(pdu, false, false), 1);
+        EXPECT_EQ(s_locks, 2 * row.shares);
+        EXPECT_EQ(s_mostShares, row.shares == 0 ? 0 : 2);
+        EXPECT_EQ(tests::CountOf(decoder.m_CharSet), 1);
+        EXPECT_TRUE(s_waitedForever);
+    }
+}
+
+TEST(Decode, GivesEachFieldReaderAShareOfThePdu) {
+    const struct {
+        const char* pdu;
+        int readers;
+    } rows[] = {
+        {tests::c_deliver, 3}, {tests::c_submit, 2}, {tests::c_submitAbsolute, 3}, {tests::c_report, 4}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.pdu);
+        PduDecoder decoder;
+        const Toolkit::smart_ptr<Pdu> pdu = tests::MakePdu(row.pdu);
+        const Watch watch(pdu);
+        EXPECT_EQ(decoder.Decode(pdu, false, false), 1);
+        EXPECT_EQ(s_locks, 2 * (1 + row.readers)) << "one share of Decode's own";
+        EXPECT_EQ(s_mostShares, 3);
+        EXPECT_EQ(tests::CountOf(pdu), 1);
+    }
+}
+
+TEST(CBMDecoder, TakesAShareOfTheCharacterSetForEveryPage) {
+    for (const char* page : {"12 34 11 12 00 11 41 E1 10", "12 34 11 12 00 11"}) {
+        SCOPED_TRACE(page);
+        CBMDecoder decoder;
+        const Toolkit::smart_ptr<Pdu> pdu = tests::MakePdu(page);
+        const Watch watch(decoder.m_CharSet);
+        EXPECT_TRUE(decoder.Decode(pdu));
+        EXPECT_EQ(s_locks, 2);
+        EXPECT_EQ(s_mostShares, 2);
+        EXPECT_EQ(tests::CountOf(decoder.m_CharSet), 1);
+    }
+    CBMDecoder decoder;
+    const Watch watch(decoder.m_CharSet);
+    EXPECT_FALSE(decoder.Decode(Toolkit::smart_ptr<Pdu>()));
+    EXPECT_THROW(decoder.Decode(tests::MakePdu("12 34")), std::bad_alloc);
+    EXPECT_EQ(s_locks, 0);
 }
 
 } // namespace

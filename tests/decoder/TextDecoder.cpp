@@ -1,10 +1,13 @@
 // The text decoder and its log line.
 #include "Encoding/TextDecoder.h"
 
+#include <stdexcept>
+#include <string>
 #include <type_traits>
 
 #include <gtest/gtest.h>
 
+#include "support/Allocations.h"
 #include "support/CapturingLogger.h"
 #include "support/Octets.h"
 
@@ -104,6 +107,79 @@ TEST(TextDecoder, LineIsFilteredBelowLevelTwo) {
     const tests::InstalledLogger logger(1);
     EXPECT_EQ(TextDecoder(L"AB", 0).m_DecodedText, L"AB");
     EXPECT_TRUE(logger->m_Pieces.empty());
+}
+
+TEST(TextDecoder, EveryCodeReadsAsTheAlphabetHasIt) {
+    const Encoding::GSMCharSet charSet;
+    for (unsigned int unit = 0; unit <= 0xFFF; ++unit) {
+        const unsigned int code = unit & 0xFF;
+        TString<wchar_t> expected;
+        if (code < 0x80 && code != 0x1B)
+            expected = Wide({Encoding::GSMCharSet::m_GsmDefaultTable[code]});
+        EXPECT_EQ(TextDecoder(Wide({unit}), 0).m_DecodedText, expected) << unit;
+    }
+}
+
+/// A logger that refuses a piece of the line.
+struct RefusingLogger : Toolkit::ILogger {
+    explicit RefusingLogger(int piece) : ILogger(2), m_Left(piece) {}
+    void Write(const TString<wchar_t>&) override {
+        if (--m_Left == 0)
+            throw std::runtime_error("refused");
+    }
+    int m_Left;
+};
+
+TEST(TextDecoder, PassesOnWhatTheLoggerThrowsAndLeaksNothing) {
+    const Toolkit::smart_ptr<ILogger> before(*ILogger::s_pInstance);
+    for (int piece = 1; piece <= 14; ++piece) {
+        *ILogger::s_pInstance = new RefusingLogger(piece);
+        const TString<wchar_t> text = L"long enough for memory of its own";
+        const unsigned long open = tests::Allocations() - tests::Deallocations();
+        bool isRefused = false;
+        try {
+            const TextDecoder decoder(text, 0);
+        } catch (const std::runtime_error&) {
+            isRefused = true;
+        }
+        EXPECT_TRUE(isRefused) << piece;
+        EXPECT_EQ(tests::Allocations() - tests::Deallocations(), open) << piece;
+    }
+    *ILogger::s_pInstance = before;
+}
+
+TEST(TextDecoder, LeaksNothingWhereverAnAllocationFails) {
+    const tests::InstalledLogger logger(1);
+    for (const int alphabet : {0, 2}) {
+        const TString<wchar_t> text = L"0041004200430044004500460047";
+        for (unsigned long n = 1;; ++n) {
+            const unsigned long open = tests::Allocations() - tests::Deallocations();
+            bool failed = false;
+            {
+                const tests::FailAllocation fail(n);
+                try {
+                    const TextDecoder decoder(text, alphabet);
+                } catch (const std::bad_alloc&) {
+                    failed = true;
+                }
+            }
+            // The allocation that failed was counted and never given back.
+            EXPECT_EQ(tests::Allocations() - tests::Deallocations(), open + (failed ? 1 : 0)) << n;
+            if (!failed)
+                break;
+        }
+    }
+}
+
+TEST(TextDecoder, WritesItsLineForEveryAlphabet) {
+    const tests::InstalledLogger logger(2);
+    for (const int alphabet : {-1, 0, 1, 2, 3, 4, 5}) {
+        logger->m_Pieces.clear();
+        EXPECT_EQ(TextDecoder(L"00410042", alphabet).m_DecodedText,
+                  alphabet == 0 || alphabet == 4 ? L"00410042" : L"AB");
+        ASSERT_EQ(logger->m_Pieces.size(), 14U) << "one line, whatever the alphabet";
+        EXPECT_EQ(logger->m_Pieces[9], std::to_wstring(alphabet));
+    }
 }
 
 } // namespace
