@@ -71,7 +71,7 @@ private:
     }
 
     void PutTime() {
-        for (const unsigned long most : {100, 13, 33, 26, 61, 61}) {
+        for (const unsigned long most : {100U, 13U, 33U, 26U, 61U, 61U}) {
             const unsigned long value = m_Random() % most;
             Put(value / 10 | value % 10 << 4);
         }
