@@ -15,7 +15,7 @@ void LineLock::End() {
     if (m_Owner != std::this_thread::get_id())
         return;
     m_Owner = {};
-    m_Ended.notify_one();
+    m_Ended.notify_all(); // who only waits between lines would keep a single wake-up to itself
 }
 
 unsigned long LineLock::Line() const {

@@ -14,9 +14,9 @@ namespace {
 void WriteWhole(std::string_view octets) {
     while (!octets.empty()) {
         const ssize_t written = ::write(STDERR_FILENO, octets.data(), octets.size());
-        if (written >= 0)
+        if (written > 0)
             octets.remove_prefix(static_cast<std::size_t>(written));
-        else if (errno != EINTR)
+        else if (written == 0 || errno != EINTR)
             return;
     }
 }

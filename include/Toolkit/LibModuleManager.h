@@ -24,6 +24,7 @@ public:
 
     /// Adds a module and calls its Initialize(). Returns false, and changes nothing, for null and for a
     /// module that is registered already. An exception from Initialize() leaves the module unregistered.
+    /// The module counts as registered while Initialize() runs.
     bool Register(LibModule* pModule);
 
     /// Removes a module and calls its Release(). Returns false, and does not touch the object, for a module
