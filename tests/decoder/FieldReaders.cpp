@@ -129,6 +129,21 @@ TEST(ReadNumber, AlphanumericAddressOfEveryLength) {
     }
 }
 
+TEST(ReadNumber, AlphanumericWalkGivesASeptetAnOctetAndOneMoreBehindEverySeven) {
+    const struct {
+        unsigned char
+            octets; ///< the type octet and those behind it; as many are walked from the first letter on
+        std::size_t septets;
+    } rows[] = {{1, 1},   {2, 2},   {6, 6},   {7, 7},     {8, 9},     {13, 14},   {14, 15},
+                {15, 17}, {21, 23}, {22, 25}, {223, 254}, {224, 255}, {225, 255}, {255, 255}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(static_cast<int>(row.octets));
+        const Address address = Read(MakePdu(Bytes{row.octets, 0xD0} + Bytes(300, 0xFF)), 0, false);
+        EXPECT_EQ(address.number, TString<wchar_t>(row.septets, L'\x7F'));
+        EXPECT_EQ(address.next, row.octets + 1U);
+    }
+}
+
 TEST(ReadNumber, LongestAddresses) {
     const Bytes digits = Bytes{0xFF, 0x91} + Bytes(254, 0x21) + Bytes{0x00};
     const Address address = Read(MakePdu(digits), 0, false);

@@ -224,6 +224,7 @@ TEST(Decode, Texts) {
         {"UCS2", "08", "04 00 48 00 69", L"Hi"},
         {"UCS2, odd count takes one octet more", "08", "03 00 48 00 69", L"Hi"},
         {"UCS2, one octet", "08", "01 20 AC", L"€"},
+        {"UCS2, fewer than there are", "08", "02 00 48 00 69", L"H"},
         {"UCS2, empty", "08", "00 FF", L""},
         {"UCS2, surrogates stay apart", "08", "04 D8 3D DE 00", Wide({0xD83D, 0xDE00})},
     };
@@ -233,6 +234,7 @@ TEST(Decode, Texts) {
         decoder.m_Text = L"before";
         EXPECT_EQ(Decode(decoder, Deliver("00 00", row.dcs, row.userData)), 1);
         EXPECT_EQ(decoder.m_Text, row.text);
+        EXPECT_EQ(decoder.m_Text.c_str()[row.text.size()], L'\0') << "nothing is written behind the text";
     }
 }
 
