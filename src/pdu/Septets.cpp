@@ -1,8 +1,10 @@
 #include "pdu/Septets.h"
 
+#include <algorithm>
 #include <cstdint>
 
 #include "pdu/Octets.h"
+#include "pdu/SeptetGroups.h"
 
 namespace Encoding {
 namespace {
@@ -11,49 +13,22 @@ constexpr unsigned int c_septetBits = 7;
 constexpr unsigned int c_octetBits = 8;
 constexpr unsigned int c_septetMask = 0x7F;
 
-// Eight septets fill seven octets. Such a group is worked on as one 64-bit word, its first septet or octet in
-// the low-order bits.
-constexpr unsigned int c_groupSeptets = 8;
-constexpr unsigned int c_groupOctets = 7;
-constexpr unsigned int c_groupBits = c_groupOctets * c_octetBits;
-constexpr unsigned int c_wordOctets = 8;
-
-std::uint64_t LoadWord(const unsigned char* octets) {
-    std::uint64_t word = 0;
-    for (unsigned int i = 0; i < c_wordOctets; ++i)
-        word |= std::uint64_t{octets[i]} << (c_octetBits * i);
-    return word;
-}
-
-void StoreWord(std::uint64_t word, unsigned char* octets) {
-    for (unsigned int i = 0; i < c_wordOctets; ++i)
-        octets[i] = static_cast<unsigned char>(word >> (c_octetBits * i));
-}
-
-/// Moves eight septets that stand side by side in the low 56 bits to an octet each: halves apart first, then
-/// quarters, then septets.
-std::uint64_t Spread(std::uint64_t septets) {
-    septets = (septets & 0x000000000FFFFFFF) | (septets & 0x00FFFFFFF0000000) << 4;
-    septets = (septets & 0x00003FFF00003FFF) | (septets & 0x0FFFC0000FFFC000) << 2;
-    return (septets & 0x007F007F007F007F) | (septets & 0x3F803F803F803F80) << 1;
-}
-
-/// The way back: one septet an octet becomes eight septets side by side.
-std::uint64_t Gather(std::uint64_t octets) {
-    octets = (octets & 0x007F007F007F007F) | (octets & 0x7F007F007F007F00) >> 1;
-    octets = (octets & 0x00003FFF00003FFF) | (octets & 0x3FFF00003FFF0000) >> 2;
-    return (octets & 0x000000000FFFFFFF) | (octets & 0x0FFFFFFF00000000) >> 4;
+/// How many whole groups `count` septets hold that reach no further than `limit` when they begin at `offset`.
+unsigned int GroupsWithin(unsigned int limit, unsigned int offset, unsigned int count) {
+    if (offset > limit - c_groupReach)
+        return 0;
+    return std::min(count / c_groupSeptets, (limit - c_groupReach - offset) / c_groupOctets + 1);
 }
 
 } // namespace
 
 void UnpackSeptets(const Pdu& pdu, unsigned int offset, unsigned int startBit, unsigned int count,
                    unsigned char* septets) {
-    while (count >= c_groupSeptets && offset <= Pdu::CAPACITY - c_wordOctets) {
-        StoreWord(Spread(LoadWord(pdu.m_Bytes + offset) >> startBit), septets);
-        offset += c_groupOctets;
-        septets += c_groupSeptets;
-        count -= c_groupSeptets;
+    if (const unsigned int groups = GroupsWithin(Pdu::CAPACITY, offset, count); groups != 0) {
+        FastestGroups().unpack(pdu.m_Bytes + offset, startBit, groups, septets);
+        offset += groups * c_groupOctets;
+        septets += groups * c_groupSeptets;
+        count -= groups * c_groupSeptets;
     }
     unsigned int shift = startBit;
     for (unsigned int i = 0; i < count; ++i) {
@@ -68,15 +43,13 @@ void UnpackSeptets(const Pdu& pdu, unsigned int offset, unsigned int startBit, u
 
 void WriteSeptets(Pdu& pdu, const unsigned char* septets, unsigned int count, unsigned int startBit) {
     std::uint64_t pending = 0;
-    unsigned int bits = startBit;
-    for (; count >= c_groupSeptets && pdu.m_Length <= Pdu::APPEND_LIMIT - c_wordOctets;
-         count -= c_groupSeptets) {
-        pending |= Gather(LoadWord(septets)) << bits;
-        StoreWord(pending, pdu.m_Bytes + pdu.m_Length);
-        pdu.m_Length += c_groupOctets;
-        pending >>= c_groupBits;
-        septets += c_groupSeptets;
+    if (const unsigned int groups = GroupsWithin(Pdu::APPEND_LIMIT, pdu.m_Length, count); groups != 0) {
+        pending = FastestGroups().pack(septets, groups, startBit, pdu.m_Bytes + pdu.m_Length);
+        pdu.m_Length += groups * c_groupOctets;
+        septets += groups * c_groupSeptets;
+        count -= groups * c_groupSeptets;
     }
+    unsigned int bits = startBit;
     for (unsigned int i = 0; i < count; ++i) {
         pending |= std::uint64_t{septets[i]} << bits;
         bits += c_septetBits;
