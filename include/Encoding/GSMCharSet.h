@@ -5,6 +5,7 @@
 #ifndef ENCODING_GSMCHARSET_H
 #define ENCODING_GSMCHARSET_H
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -125,6 +126,9 @@ public:
     std::vector<Toolkit::smart_ptr<GsmTranslationTable>> m_TranslateTables;
 
 private:
+    template <class UseBlock, class Use>
+    void ForEachGsm(const unsigned char* src, std::size_t characters, UseBlock&& useBlock, Use&& use) const;
+
     int m_Endian; ///< 1 on a big-endian host
 };
 

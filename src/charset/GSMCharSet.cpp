@@ -30,12 +30,12 @@ GSMCharSet::~GSMCharSet() = default;
 int GSMCharSet::UnicodeToGsm(unsigned short unicode) const {
     if (unicode <= c_lastDirect)
         return unicode < c_directCount ? m_UnicodeToGsm[unicode] : UNMAPPABLE;
-    if (c_reverseTables.highPages[unicode >> 8]) { // spares most scripts the search
-        const GsmUnicodeChar* high = m_ExtUnicodeTable.get();
-        for (int row = 0; row < m_ExtCount; ++row)
-            if (high[row].unicode == unicode)
-                return high[row].gsm;
-    }
+    if (c_reverseTables.pages[unicode >> 8] == PAGE_WITHOUT_CODES) // spares most scripts the search
+        return UNMAPPABLE;
+    const GsmUnicodeChar* high = m_ExtUnicodeTable.get();
+    for (int row = 0; row < m_ExtCount; ++row)
+        if (high[row].unicode == unicode)
+            return high[row].gsm;
     return Translate(unicode);
 }
 

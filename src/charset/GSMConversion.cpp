@@ -1,5 +1,7 @@
 // Conversion of whole texts to unpacked GSM codes and back.
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <iterator>
 
 #include "Encoding/GSMCharSet.h"
@@ -26,7 +28,61 @@ Output PutCodes(int gsm, Output out) {
     return out;
 }
 
+constexpr unsigned int c_block = 8; ///< codes or characters that the fast paths look at together
+
+/// Whether one of a block of codes is the escape or no code at all.
+bool HoldsSpecialCode(const unsigned char* codes) {
+    constexpr std::uint64_t lowBits = 0x0101010101010101;
+    constexpr std::uint64_t highBits = 0x8080808080808080;
+    std::uint64_t word = 0;
+    std::memcpy(&word, codes, c_block);
+    // An escape leaves 0 in the difference, and taking 1 from that sets its high bit, as nothing else does.
+    return (((word ^ c_escape * lowBits) - lowBits) | word) & highBits;
+}
+
+/// The kinds of page that the characters of a block lie in, or-ed.
+unsigned int PageKinds(const unsigned char* block, int endian) {
+    unsigned int kinds = 0;
+    for (unsigned int i = 0; i < c_block; ++i)
+        kinds |= c_reverseTables.pages[LowUnit(block + i * c_wideSize, endian) >> 8];
+    return kinds;
+}
+
+/// Whether each character of a block, all of them below `c_directCount`, has just one code.
+bool HasPlainCodes(const signed char* direct, const unsigned char* block, int endian) {
+    int codes = 0;
+    for (unsigned int i = 0; i < c_block; ++i)
+        codes |= direct[LowUnit(block + i * c_wideSize, endian)];
+    return codes >= 0;
+}
+
 } // namespace
+
+/// Shows what UnicodeToGsm() gives for each character, and the plain codes of a whole block at once.
+/// Characters that surely have no code are left out.
+template <class UseBlock, class Use>
+void GSMCharSet::ForEachGsm(const unsigned char* src, std::size_t characters, UseBlock&& useBlock,
+                            Use&& use) const {
+    const signed char* const direct = m_UnicodeToGsm.get();
+    const int endian = m_Endian;
+    const auto useEach = [&](const unsigned char* character, std::size_t count) {
+        for (; count != 0; --count, character += c_wideSize) {
+            const unsigned short unit = LowUnit(character, endian);
+            if (unit < c_directCount)
+                use(direct[unit]);
+            else if (c_reverseTables.pages[unit >> 8] != PAGE_WITHOUT_CODES)
+                use(UnicodeToGsm(unit));
+        }
+    };
+    for (; characters >= c_block; characters -= c_block, src += c_block * c_wideSize) {
+        const unsigned int kinds = PageKinds(src, endian);
+        if (kinds == PAGE_DIRECT && HasPlainCodes(direct, src, endian))
+            useBlock([&](unsigned int i) { return direct[LowUnit(src + i * c_wideSize, endian)]; });
+        else if (kinds != PAGE_WITHOUT_CODES)
+            useEach(src, c_block);
+    }
+    useEach(src, characters);
+}
 
 bool GSMCharSet::GetGsmBytes(const unsigned char* src, unsigned int srcBytes, unsigned int* ioLen,
                              unsigned char** out) {
@@ -34,29 +90,24 @@ bool GSMCharSet::GetGsmBytes(const unsigned char* src, unsigned int srcBytes, un
     if (srcBytes < 2)
         return false;
 
-    const auto forEachGsm = [this, src, characters = (srcBytes + 3ULL) / c_wideSize](auto&& use) {
-        const signed char* direct = m_UnicodeToGsm.get();
-        const int endian = m_Endian;
-        const bool transliterates = !m_TranslateTables.empty();
-        for (std::size_t i = 0; i < characters; ++i) {
-            const unsigned short unit = LowUnit(src + i * c_wideSize, endian);
-            int gsm = UNMAPPABLE;
-            if (unit < c_directCount)
-                gsm = direct[unit];
-            else if (transliterates || c_reverseTables.highPages[unit >> 8])
-                gsm = UnicodeToGsm(unit);
-            use(gsm);
-        }
-    };
-
+    const auto characters = static_cast<std::size_t>((srcBytes + 3ULL) / c_wideSize);
     const bool fill = out != nullptr && static_cast<int>(*ioLen) > 0;
     if (fill) {
         unsigned char* code = *out;
         std::fill_n(code, *ioLen, static_cast<unsigned char>(0));
-        forEachGsm([&code](int gsm) { code = PutCodes<unsigned char>(gsm, code); });
+        ForEachGsm(
+            src, characters,
+            [&code](auto&& codeOf) {
+                for (unsigned int i = 0; i < c_block; ++i)
+                    code[i] = static_cast<unsigned char>(codeOf(i));
+                code += c_block;
+            },
+            [&code](int gsm) { code = PutCodes<unsigned char>(gsm, code); });
     } else {
         unsigned int count = 0;
-        forEachGsm([&count](int gsm) { count += CodeCount(gsm); });
+        ForEachGsm(
+            src, characters, [&count](auto&&) { count += c_block; },
+            [&count](int gsm) { count += CodeCount(gsm); });
         *ioLen = count;
     }
     return true;
@@ -65,20 +116,28 @@ bool GSMCharSet::GetGsmBytes(const unsigned char* src, unsigned int srcBytes, un
 TString<wchar_t> GSMCharSet::GsmToUnicode(const unsigned char* codes, unsigned int count) {
     TString<wchar_t> text(count, L'\0');
     wchar_t* character = text.data();
-    for (unsigned int i = 0; i < count; ++i) {
-        const unsigned char code = codes[i];
-        if (code >= 0x80)
-            continue;
-        if (code != c_escape) {
-            *character++ = static_cast<wchar_t>(m_GsmDefaultTable[code]);
+    const unsigned char* const end = codes + count;
+    while (codes < end) {
+        const std::ptrdiff_t block = std::min<std::ptrdiff_t>(end - codes, c_block);
+        if (block == c_block && !HoldsSpecialCode(codes)) {
+            for (unsigned int i = 0; i < c_block; ++i)
+                character[i] = static_cast<wchar_t>(m_GsmDefaultTable[codes[i]]);
+            codes += c_block;
+            character += c_block;
             continue;
         }
-        if (i + 1 == count)
-            break;
-        // An unknown pair loses its escape only; the second code decodes by itself.
-        if (const unsigned short extension = FindUnicodeCharFromEscapeChar(codes[i + 1]); extension != 0) {
-            *character++ = static_cast<wchar_t>(extension);
-            ++i;
+        for (const unsigned char* const stop = codes + block; codes < stop; ++codes) {
+            if (*codes != c_escape) {
+                if (*codes < 0x80)
+                    *character++ = static_cast<wchar_t>(m_GsmDefaultTable[*codes]);
+            } else if (codes + 1 != end) {
+                // An unknown pair loses its escape only; the second code decodes by itself.
+                if (const unsigned short extension = FindUnicodeCharFromEscapeChar(codes[1]);
+                    extension != 0) {
+                    *character++ = static_cast<wchar_t>(extension);
+                    ++codes;
+                }
+            }
         }
     }
     text.resize(static_cast<std::size_t>(character - text.data()));

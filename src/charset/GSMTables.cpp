@@ -130,7 +130,7 @@ constexpr void AddReverse(ReverseTables& tables, unsigned short unicode, int gsm
         return;
     }
     tables.high[static_cast<std::size_t>(tables.highCount++)] = {code, unicode};
-    tables.highPages[unicode >> 8] = true;
+    tables.pages[unicode >> 8] = PAGE_WITH_ROWS;
 }
 
 /// Default codes in rising order, then the extension table, whose codes are negated. The escape position puts
@@ -139,11 +139,15 @@ constexpr void AddReverse(ReverseTables& tables, unsigned short unicode, int gsm
 constexpr ReverseTables Reverse() {
     ReverseTables tables;
     tables.direct.fill(GSMCharSet::UNMAPPABLE);
+    tables.pages.fill(PAGE_WITHOUT_CODES);
     for (int gsm = 0; gsm < 128; ++gsm)
         AddReverse(tables, GSMCharSet::m_GsmDefaultTable[gsm], gsm);
     for (const GsmUnicodeChar& row : c_extensionTable)
         AddReverse(tables, row.unicode, -row.gsm);
     AddReverse(tables, c_diaeresis, c_space);
+    for (const UniCodeToGsmChar& row : c_greekTable)
+        tables.pages[row.unicode >> 8] = PAGE_WITH_ROWS;
+    tables.pages[0] = PAGE_DIRECT;
     return tables;
 }
 

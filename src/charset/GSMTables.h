@@ -22,12 +22,19 @@ constexpr unsigned short c_lastDirect = 0x0100;
 extern const std::array<GsmUnicodeChar, c_extensionCount> c_extensionTable;
 extern const std::array<UniCodeToGsmChar, c_greekCount> c_greekTable;
 
+/// What a page of 256 code points holds; a bit each, so that the kinds of several pages can be or-ed.
+enum PageKind : unsigned char {
+    PAGE_WITHOUT_CODES = 1,
+    PAGE_WITH_ROWS = 2, ///< in the reverse or the transliteration table
+    PAGE_DIRECT = 4     ///< the direct table
+};
+
 /// The way back from code points to codes.
 struct ReverseTables {
     std::array<signed char, c_directCount> direct{};
     std::array<GsmUnicodeChar, c_highCapacity> high{};
     short highCount = 0;
-    std::array<bool, 0x100> highPages{}; ///< of 256 code points each, with a row in `high`
+    std::array<PageKind, 0x100> pages{};
 };
 extern const ReverseTables c_reverseTables;
 

@@ -1,4 +1,5 @@
 // The choice of the alphabet, and the cutting of a text into parts.
+#include <algorithm>
 #include <cstdint>
 
 #include "Encoding/PduEncoder.h"
@@ -77,10 +78,11 @@ int PduEncoder::GetSubString(const TString<wchar_t>& text, unsigned int start, u
     *length = c_unitSize * count;
     const SystemShare system;
     const auto* character = reinterpret_cast<const unsigned char*>(text.data() + start);
-    for (std::size_t left = text.size() - start; count != 0 && left != 0; --count, --left) {
-        const int endian = system.GetEndian(); // asked for every character, as is required
-        *octets++ = HighOctet(character, endian);
-        *octets++ = LowOctet(character, endian);
+    for (std::size_t left = std::min<std::size_t>(count, text.size() - start); left != 0; --left) {
+        const unsigned int unit = LowUnit(character, system.GetEndian()); // asked for each, as is required
+        octets[0] = static_cast<unsigned char>(unit >> 8);
+        octets[1] = static_cast<unsigned char>(unit);
+        octets += c_unitSize;
         character += c_wideSize;
     }
     return 1;
