@@ -10,9 +10,8 @@
 namespace Encoding {
 namespace {
 
-constexpr unsigned int c_addressBuffer = 256;  ///< octets that the caller of EncodeNumber() is given
-constexpr unsigned int c_longestAddress = 255; ///< octets of an address, the type octet included
-constexpr unsigned int c_lastWholePair = 253;  ///< with more octets than this, no further pair is begun
+constexpr unsigned int c_addressBuffer = 256; ///< octets that the caller of EncodeNumber() is given
+constexpr unsigned int c_lastWholePair = 253; ///< octets behind which no further pair is begun
 
 /// Relative validity periods in the order of ValidityPeriod::TP_VP_Period.
 constexpr std::array<unsigned char, 7> c_validityOctets = {11, 23, 71, 143, 167, 173, 255};
@@ -160,7 +159,7 @@ int PduEncoder::EncodeNumber(const TString<wchar_t>& number, bool lenient, unsig
         }
         isPending = !isPending;
     }
-    if (isPending && count < c_longestAddress)
+    if (isPending)
         octets[count++] = static_cast<unsigned char>(c_filler << 4 | pending);
     *length = count;
     return 1;

@@ -49,13 +49,12 @@ void PduEncoder::ChooseAlphabet(const TString<wchar_t>& text, unsigned int textB
     m_GsmLength = 0;
     const Toolkit::smart_ptr<GSMCharSet> charSet(m_CharSet);
     const auto* octets = reinterpret_cast<const unsigned char*>(text.data());
-    if (!charSet->GetGsmBytes(octets, textBytes, &m_GsmLength, nullptr) || m_GsmLength == 0)
+    charSet->GetGsmBytes(octets, textBytes, &m_GsmLength, nullptr);
+    if (m_GsmLength == 0)
         return;
     m_GsmBytes = MakeOctets(m_GsmLength + 1ULL);
     unsigned char* codes = m_GsmBytes.get();
-    if (!charSet->GetGsmBytes(octets, textBytes, &m_GsmLength, &codes))
-        return;
-
+    charSet->GetGsmBytes(octets, textBytes, &m_GsmLength, &codes);
     const TString<wchar_t> survived = charSet->GsmToUnicode(codes, m_GsmLength);
     // The table is looked up by the flag's value, not by the table that was used, as is required: a
     // transliterated text (1, the Greek table) is taken as it came back, and so is any other text when a
