@@ -5,10 +5,12 @@
 
 #include <gtest/gtest.h>
 
+#include "Encoding/EncodingModule.h"
 #include "Encoding/PduDecoder.h"
 #include "Encoding/PduEncoder.h"
 #include "Encoding/TextDecoder.h"
 #include "Toolkit/ILogger.h"
+#include "Toolkit/LibModuleManager.h"
 #include "support/CapturedStderr.h"
 #include "support/Octets.h"
 #include "threads/Together.h"
@@ -62,6 +64,24 @@ TEST(Codecs, DistinctDecodersReadOnePduAtOnce) {
         }
     });
     EXPECT_EQ(tests::CountOf(pdu), count);
+}
+
+/// The module object is nothing to the codecs.
+TEST(Codecs, WorkWhileTheModuleIsLoadedAndUnloaded) {
+    Together(3, [](std::size_t thread) {
+        for (int round = 0; round < 50; ++round) {
+            if (thread == 0) {
+                DllencodingModuleUnload();
+                DllencodingModuleLoad();
+            } else {
+                PduDecoder decoder;
+                ASSERT_EQ(decoder.Decode(tests::MakePdu("0001000791149721F3000005E8329BFD06"), false, false),
+                          1);
+                EXPECT_EQ(decoder.m_Text, L"hello");
+            }
+        }
+    });
+    EXPECT_TRUE((*Toolkit::LibModuleManager::s_pInstance)->IsRegistered(encodingModule));
 }
 
 TEST(Codecs, TextDecodersLogWholeLinesAtOnce) {
