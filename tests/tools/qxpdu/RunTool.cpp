@@ -33,11 +33,22 @@ std::string ContentsOf(std::FILE* file) {
     return contents;
 }
 
+/// qxpdu's executable, behind the emulator of the machine that it is built for where that is another one.
+std::vector<std::string> Command() {
+    std::vector<std::string> command;
+    std::istringstream words(QXPDU_COMMAND);
+    for (std::string word; std::getline(words, word, '|');)
+        command.push_back(word);
+    return command;
+}
+
 /// The exit status of qxpdu, or 128 and the signal that ended it.
 int RunWith(const std::vector<std::string>& arguments, int in, int out, int err) {
-    std::vector<char*> argv = {const_cast<char*>("qxpdu")};
-    for (const std::string& argument : arguments)
-        argv.push_back(const_cast<char*>(argument.c_str()));
+    std::vector<std::string> words = Command();
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    std::vector<char*> argv;
+    for (std::string& word : words)
+        argv.push_back(word.data());
     argv.push_back(nullptr);
     const pid_t child = fork();
     if (child < 0)
@@ -46,7 +57,7 @@ int RunWith(const std::vector<std::string>& arguments, int in, int out, int err)
         dup2(in, STDIN_FILENO);
         dup2(out, STDOUT_FILENO);
         dup2(err, STDERR_FILENO);
-        execv(QXPDU_EXECUTABLE, argv.data());
+        execvp(argv[0], argv.data());
         _exit(127);
     }
     int status = 0;
