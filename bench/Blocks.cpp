@@ -7,6 +7,7 @@
 #include "Encoding/PduDecoder.h"
 #include "Encoding/PduEncoder.h"
 #include "Encoding/UCS2Encoding.h"
+#include "Texts.h"
 
 namespace {
 
@@ -133,8 +134,8 @@ BENCHMARK(MutexTakenAndReleased);
 
 /// Distinct objects on distinct threads: the time for one message should not depend on how many there are.
 void DecodingOnThreads(benchmark::State& state) {
-    const Toolkit::smart_ptr<Pdu> pdu(new Pdu(TString<char>("0791214365870921040B912143658709F1"
-                                                            "00002120312143658005C8329BFD06")));
+    const bench::Octets octets = bench::Deliver160();
+    const Toolkit::smart_ptr<Pdu> pdu(new Pdu(octets.data(), static_cast<unsigned int>(octets.size())));
     PduDecoder decoder;
     for ([[maybe_unused]] const auto _ : state)
         decoder.Decode(pdu, false, false);
@@ -142,21 +143,60 @@ void DecodingOnThreads(benchmark::State& state) {
 }
 BENCHMARK(DecodingOnThreads)->Threads(1)->Threads(2)->UseRealTime();
 
-void EncodingByTextLength(benchmark::State& state) {
-    const TString<wchar_t> text(static_cast<std::size_t>(state.range(0)), L'a');
+void EncodingOnThreads(benchmark::State& state) {
     PduEncoder encoder(MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
-    encoder.SetText(text);
+    encoder.SetText(Letters());
     std::vector<Toolkit::smart_ptr<Pdu>> pdus;
     for ([[maybe_unused]] const auto _ : state)
         encoder.Encode(pdus);
-    state.SetComplexityN(state.range(0));
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(EncodingOnThreads)->Threads(1)->Threads(2)->UseRealTime();
+
+void Encode(benchmark::State& state, PduEncoder& encoder) {
+    std::vector<Toolkit::smart_ptr<Pdu>> pdus;
+    for ([[maybe_unused]] const auto _ : state)
+        encoder.Encode(pdus);
+}
+
+/// One part to the 255 that a message can have.
+void EncodingByTextLength(benchmark::State& state) {
+    PduEncoder encoder(MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
+    encoder.SetText(TString<wchar_t>(static_cast<std::size_t>(state.range(0)), L'a'));
+    Encode(state, encoder);
 }
 BENCHMARK(EncodingByTextLength)
-    ->Arg(153)
-    ->Arg(1530)
-    ->Arg(9945)
-    ->Arg(19890)
-    ->Arg(39015)
-    ->Complexity(benchmark::oN);
+    ->Arg(1)
+    ->Arg(153 * 32)
+    ->DenseRange(153 * 64, 153 * 255 - 1, 153 * 64)
+    ->Arg(153 * 255);
+
+/// A Greek text, with the Greek table selected behind others that are looked at first.
+void EncodingBySelectedTables(benchmark::State& state) {
+    PduEncoder encoder(MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
+    for (int i = 1; i < state.range(0); ++i)
+        encoder.AddTranslateTable(static_cast<TranslateTable::TT>(2));
+    encoder.AddTranslateTable(TranslateTable::GREEK);
+    encoder.SetText(TString<wchar_t>(c_length, L'\u03B1'));
+    Encode(state, encoder);
+}
+BENCHMARK(EncodingBySelectedTables)->Arg(1)->DenseRange(16, 64, 16);
+
+/// A user-data header of so many elements, each of two octets in front of no data.
+void DecodingByHeaderElements(benchmark::State& state) {
+    const auto elements = static_cast<std::size_t>(state.range(0));
+    bench::Octets userData = {static_cast<unsigned char>(2 * elements)};
+    for (std::size_t i = 0; i < elements; ++i)
+        userData.insert(userData.end(), {0x70, 0x00});
+    const bench::Octets octets =
+        bench::Deliver(0x04, static_cast<unsigned char>(userData.size()), userData, 0x44);
+    const Toolkit::smart_ptr<Pdu> pdu(new Pdu(octets.data(), static_cast<unsigned int>(octets.size())));
+    PduDecoder decoder;
+    if (decoder.Decode(pdu, false, false) != 1)
+        state.SkipWithError("decoded wrongly");
+    for ([[maybe_unused]] const auto _ : state)
+        decoder.Decode(pdu, false, false);
+}
+BENCHMARK(DecodingByHeaderElements)->Arg(1)->DenseRange(16, 64, 16);
 
 } // namespace

@@ -33,9 +33,13 @@ MutexInternal::MutexInternal(bool recursive) {
 MutexInternal::~MutexInternal() = default;
 
 int MutexInternal::Lock(unsigned int timeout) {
-    if (auto* pRecursive = std::get_if<std::recursive_timed_mutex>(&m_Mutex))
-        return LockWithin(*pRecursive, timeout);
-    return LockWithin(*std::get_if<std::timed_mutex>(&m_Mutex), timeout);
+    auto* const pPlain = std::get_if<std::timed_mutex>(&m_Mutex);
+    if (pPlain != nullptr && timeout == c_waitForever) { // as every share is taken
+        pPlain->lock();
+        return 1;
+    }
+    return pPlain != nullptr ? LockWithin(*pPlain, timeout)
+                             : LockWithin(*std::get_if<std::recursive_timed_mutex>(&m_Mutex), timeout);
 }
 
 void MutexInternal::Unlock() {

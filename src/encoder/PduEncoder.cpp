@@ -143,13 +143,14 @@ int PduEncoder::EncodeNumber(const TString<wchar_t>& number, bool lenient, unsig
     unsigned int pending = 0; // the digit for the low semi-octet
     bool isPending = false;
     for (const wchar_t character : number) {
-        if (character == L'+' && lenient) { // each one, the leading one included, as is required
-            isPending = !isPending;
-            pending = 0;
-        }
-        if (character < L'0' || character > L'9')
+        const unsigned int digit = static_cast<unsigned int>(character) - L'0';
+        if (digit > 9) {
+            if (character == L'+' && lenient) { // each one, the leading one included, as is required
+                isPending = !isPending;
+                pending = 0;
+            }
             continue;
-        const auto digit = static_cast<unsigned int>(character - L'0');
+        }
         if (isPending) {
             if (count > c_lastWholePair)
                 break;

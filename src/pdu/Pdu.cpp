@@ -36,7 +36,8 @@ void Pdu::Write(const unsigned char* data, unsigned int length) {
 }
 
 void Pdu::Write(unsigned char octet) {
-    Write(&octet, 1);
+    if (m_Length < APPEND_LIMIT)
+        m_Bytes[m_Length++] = octet;
 }
 
 void Pdu::Clear() {
