@@ -1,6 +1,9 @@
 // qxpdu cell
+#include <utility>
+
 #include <fmt/format.h>
 
+#include "Cell.h"
 #include "CellMeanings.h"
 #include "CellPages.h"
 #include "Commands.h"
@@ -103,8 +106,17 @@ void ShowJoined(const std::optional<CellMessage>& message, Console& console) {
         ShowMessage(*message, console);
 }
 
-void Decode(CellPages& pages, const Input& input, Console& console) {
+/// What joining needs to know of a page.
+struct PagePlace {
+    CellMessageKey key;
+    unsigned int page;
+    std::string text;
+};
+
+PagePlace Decode(const Input& input, Console& console) {
     const Toolkit::smart_ptr<Pdu> pdu = ReadPdu(input.text);
+    if (input.heading)
+        CheckLength(*input.heading, pdu->m_Length);
     if (pdu->m_Length < c_headerLength)
         throw InputError(
             fmt::format("{}, a page has {} at least", Counted(pdu->m_Length, "octet"), c_headerLength));
@@ -113,12 +125,25 @@ void Decode(CellPages& pages, const Input& input, Console& console) {
     const std::string text = ToUtf8(decoder.m_Text);
     ShowPage(input, *pdu, decoder, text, console);
     const PageNumber number = PageNumberOf(decoder.m_PageParameter);
-    const CellMessageKey key{decoder.m_SerialNumber, decoder.m_MessageIdentifier, number.pages};
-    if (number.page <= number.pages)
-        ShowJoined(pages.Take(key, number.page, text), console);
+    return {{decoder.m_SerialNumber, decoder.m_MessageIdentifier, number.pages}, number.page, text};
+}
+
+Afterwards DecodeAndJoin(CellPages& pages, const Input& input, Console& console) {
+    if (input.heading && !input.heading->isCellPage)
+        throw InputError(fmt::format("no cell broadcast page, but the PDU of {}", input.heading->name));
+    PagePlace place = Decode(input, console);
+    if (place.page > place.key.pages)
+        return {};
+    return [&pages, place = std::move(place)](Console& later) {
+        ShowJoined(pages.Take(place.key, place.page, place.text), later);
+    };
 }
 
 } // namespace
+
+void ShowCellPage(const Input& input, Console& console) {
+    Decode(input, console);
+}
 
 void AddCell(CLI::App& parent, Action& action) {
     CLI::App* command = parent.add_subcommand("cell", "Show the header and the text of cell broadcast pages");
@@ -126,25 +151,29 @@ void AddCell(CLI::App& parent, Action& action) {
     AddConversion(
         *command, *options, "PAGE",
         "Pages in hexadecimal, of 88 octets as a rule; without any, one a line from standard input");
+    AddStreaming(*command, *options);
     command->footer(
         "A line for each field of the header: its value on the wire and its meaning by 3GPP TS 23.041. The\n"
         "text is always read as GSM 7-bit, as many characters as there are octets. The pages of one message\n"
         "are shown joined once the last of them has come, or in the end with what is missing; of messages\n"
         "waiting for pages, the oldest is given up when there are more than 256. With --json an object for\n"
         "each page, and one with \"pages_joined\" and \"pages_missing\" for each joined message.\n"
+        "Standard input may be the log of a modem, with the pages behind +CBM lines.\n"
         "\n"
         "Example:\n"
         "  qxpdu cell 403211120111C8329BFD06");
     command->callback([options, &action] {
         action = [options](const Streams& streams) {
             CellPages pages;
-            return ConvertAll(
-                *options, streams, LineKind::Hex,
-                [&pages](const Input& input, Console& console) { Decode(pages, input, console); },
-                [&pages](Console& console) {
-                    while (const auto message = pages.TakeOldest())
-                        ShowJoined(message, console);
-                });
+            return ConvertStream(*options, streams,
+                                 {LineKind::Transcript,
+                                  [&pages](const Input& input, Console& console) {
+                                      return DecodeAndJoin(pages, input, console);
+                                  },
+                                  [&pages](Console& console) {
+                                      while (const auto message = pages.TakeOldest())
+                                          ShowJoined(message, console);
+                                  }});
         };
     });
 }

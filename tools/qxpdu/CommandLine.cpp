@@ -3,11 +3,8 @@
 #include <algorithm>
 #include <new>
 
-#include <fmt/format.h>
-
 #include "Commands.h"
-#include "Hexadecimal.h"
-#include "InputError.h"
+#include "Writer.h"
 
 namespace qxpdu {
 
@@ -70,13 +67,6 @@ std::string UsageOf(const CLI::App& tool) {
 
 } // namespace
 
-void AddConversion(CLI::App& command, ConversionOptions& options, const std::string& name,
-                   const std::string& description) {
-    options.inputs =
-        command.add_option(name, description)->expected(CLI::detail::expected_max_vector_size)->type_name("");
-    command.add_flag("--json", options.json, "Write the results as a JSON array");
-}
-
 std::string Unshielded(const std::string& argument) {
     return argument.starts_with(c_shield) ? argument.substr(1) : argument;
 }
@@ -86,26 +76,6 @@ std::vector<std::string> ValuesOf(const CLI::Option* option) {
     for (const std::string& value : option->results())
         values.push_back(Unshielded(value));
     return values;
-}
-
-int ConvertAll(const ConversionOptions& options, const Streams& streams, LineKind kind,
-               const std::function<void(const Input&, Console&)>& convert,
-               const std::function<void(Console&)>& finish) {
-    Inputs inputs(ValuesOf(options.inputs), streams.in);
-    Console console(streams, options.json ? Format::JsonArray : Format::Text);
-    for (Input input; inputs.Next(input);) {
-        if (kind == LineKind::Hex && input.source == Input::Source::Line && Trimmed(input.text).empty())
-            continue;
-        try {
-            if (input.source == Input::Source::Line && input.text.size() > Inputs::MAX_LINE)
-                throw InputError(fmt::format("longer than {} bytes", Inputs::MAX_LINE));
-            convert(input, console);
-        } catch (const InputError& error) {
-            console.Error(NameOf(input), error.what());
-        }
-    }
-    finish(console);
-    return console.Finish();
 }
 
 int RunTool(const std::vector<std::string>& arguments, const Streams& streams) {
@@ -130,7 +100,7 @@ int RunTool(const std::vector<std::string>& arguments, const Streams& streams) {
         return action(streams);
     } catch (const CLI::Success& asked) { // --help, --version
         tool.exit(asked, streams.out, streams.err);
-        return Console(streams, Format::Text).Finish();
+        return Writer(streams, Format::Text, false).Finish();
     } catch (const CLI::ParseError& error) {
         std::string message = error.what();
         std::erase(message, c_shield);

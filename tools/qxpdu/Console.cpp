@@ -1,8 +1,10 @@
 #include "Console.h"
 
-#include <string>
+#include <iterator>
 
 #include <fmt/format.h>
+
+#include "Writer.h"
 
 namespace qxpdu {
 
@@ -10,9 +12,13 @@ namespace {
 
 constexpr int c_indent = 2;
 
+std::string Dumped(const Json& object, int indent) {
+    return object.dump(indent, ' ', false, Json::error_handler_t::replace);
+}
+
 /// The object as it stands inside the array.
 std::string Indented(const Json& object) {
-    std::string text = object.dump(c_indent, ' ', false, Json::error_handler_t::replace);
+    std::string text = Dumped(object, c_indent);
     for (std::size_t feed = text.find('\n'); feed != std::string::npos; feed = text.find('\n', feed + 1))
         text.insert(feed + 1, c_indent, ' ');
     return text;
@@ -20,47 +26,34 @@ std::string Indented(const Json& object) {
 
 } // namespace
 
-Console::Console(const Streams& streams, Format format) : m_Streams(streams), m_Format(format) {}
-
-void Console::ResultWritten() {
-    m_Any = true;
-    if (m_Streams.outIsTerminal)
-        m_Streams.out.flush();
-}
-
 void Console::Line(std::string_view text) {
-    m_Streams.out << text << '\n';
-    ResultWritten();
+    m_Out += text;
+    m_Out += '\n';
 }
 
 void Console::Block(std::string_view text) {
-    m_Streams.out << (m_Any ? "\n" : "") << text;
-    ResultWritten();
+    if (m_Out.empty())
+        m_Separator = Writer::BETWEEN_BLOCKS.size();
+    m_Out += Writer::BETWEEN_BLOCKS;
+    m_Out += text;
 }
 
 void Console::Object(const Json& object) {
-    m_Streams.out << (m_Any ? ",\n  " : "[\n  ") << Indented(object);
-    ResultWritten();
+    if (WantsJsonLines())
+        return Line(Dumped(object, -1));
+    if (m_Out.empty())
+        m_Separator = Writer::BETWEEN_OBJECTS.size();
+    m_Out += Writer::BETWEEN_OBJECTS;
+    m_Out += Indented(object);
 }
 
 void Console::Warning(std::string_view where, std::string_view message) {
-    m_Streams.err << fmt::format("qxpdu: {}: warning: {}\n", where, message);
+    fmt::format_to(std::back_inserter(m_Err), "qxpdu: {}: warning: {}\n", where, message);
 }
 
 void Console::Error(std::string_view where, std::string_view message) {
     Failed();
-    m_Streams.err << fmt::format("qxpdu: {}: {}\n", where, message);
-}
-
-int Console::Finish() {
-    if (WantsJson())
-        m_Streams.out << (m_Any ? "\n]\n" : "[]\n");
-    m_Streams.out.flush();
-    if (!m_Streams.out) {
-        m_Streams.err << "qxpdu: standard output: cannot be written\n";
-        Failed();
-    }
-    return m_Status;
+    fmt::format_to(std::back_inserter(m_Err), "qxpdu: {}: {}\n", where, message);
 }
 
 } // namespace qxpdu

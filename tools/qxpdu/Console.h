@@ -1,9 +1,13 @@
-// Where a command's results and complaints go.
+// What the work on one input has to say: results, warnings and errors.
 #ifndef QXPDU_CONSOLE_H
 #define QXPDU_CONSOLE_H
 
+#include <cstddef>
+#include <cstdint>
 #include <istream>
+#include <optional>
 #include <ostream>
+#include <string>
 #include <string_view>
 
 #include <nlohmann/json.hpp>
@@ -19,23 +23,27 @@ struct Streams {
     std::ostream& out;
     std::ostream& err;
     bool outIsTerminal = false; ///< results are shown as soon as they are there
+    bool errIsTerminal = false; ///< the progress is shown unless results go to the same place
+    std::optional<std::uint64_t> inSize = std::nullopt; ///< in bytes, where it is known
 };
 
 enum class Format {
     Text,
-    JsonArray ///< one array with an object for each result
+    JsonArray, ///< one array with an object for each result
+    JsonLines  ///< an object a line for each result and for each input that failed
 };
 
-/// Writes results to standard output, and warnings and errors to standard error, and knows the exit status.
+/// Collects what goes to standard output and to standard error, until a Writer passes it on.
 class Console {
 public:
     static constexpr int ALL_GOOD = 0;
     static constexpr int SOME_FAILED = 1;
     static constexpr int WRONG_COMMAND_LINE = 2;
 
-    Console(const Streams& streams, Format format);
+    explicit Console(Format format) : m_Format(format) {}
 
-    bool WantsJson() const { return m_Format == Format::JsonArray; }
+    bool WantsJson() const { return m_Format != Format::Text; }
+    bool WantsJsonLines() const { return m_Format == Format::JsonLines; }
 
     /// One result as a line of text.
     void Line(std::string_view text);
@@ -43,7 +51,7 @@ public:
     /// One result as lines of text, each ended by a line feed; a blank line stands between two results.
     void Block(std::string_view text);
 
-    /// One result as an object of the array.
+    /// One result as an object.
     void Object(const Json& object);
 
     /// `where` names the input, or the option, that the message is about.
@@ -53,18 +61,18 @@ public:
     void Error(std::string_view where, std::string_view message);
 
     /// The exit status becomes SOME_FAILED without a message.
-    void Failed() { m_Status = SOME_FAILED; }
+    void Failed() { ++m_Errors; }
 
-    /// Ends the results and returns the exit status; results that could not be written are an error.
-    int Finish();
+    bool HasMessages() const { return !m_Err.empty(); }
 
 private:
-    void ResultWritten();
+    friend class Writer;
 
-    Streams m_Streams;
     Format m_Format;
-    bool m_Any = false; ///< a result has been written
-    int m_Status = ALL_GOOD;
+    std::string m_Out;
+    std::size_t m_Separator = 0; ///< characters at the front of m_Out that the first result does not need
+    std::string m_Err;
+    std::size_t m_Errors = 0;
 };
 
 } // namespace qxpdu

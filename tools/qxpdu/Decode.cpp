@@ -1,10 +1,17 @@
 // qxpdu decode
+#include <algorithm>
+#include <memory>
+#include <utility>
+
 #include <fmt/format.h>
 
+#include "Cell.h"
 #include "Commands.h"
 #include "Hexadecimal.h"
 #include "InputError.h"
+#include "Join.h"
 #include "Meanings.h"
+#include "Parts.h"
 #include "PduWalk.h"
 #include "Record.h"
 #include "Unicode.h"
@@ -19,6 +26,7 @@ using Encoding::PduDecoder;
 struct DecodeOptions : ConversionOptions {
     bool noSmsc = false;
     bool ignoreTimeZone = false;
+    bool join = false;
 };
 
 /// Makes the entry of a field from its value.
@@ -97,6 +105,33 @@ Message Describe(const Pdu& pdu, const PduWalk& walk) {
     return message;
 }
 
+/// A PDU that the decoder accepted.
+struct Decoded {
+    Toolkit::smart_ptr<Pdu> pdu;
+    PduDecoder decoder;
+    PduWalk walk;
+};
+
+/// The octets of a PDU behind the service centre.
+unsigned int TpduLength(const Pdu& pdu, bool noSmsc) {
+    return noSmsc ? pdu.m_Length : pdu.m_Length - std::min(pdu.m_Length, pdu.m_Bytes[0] + 1U);
+}
+
+Decoded Decode(const DecodeOptions& options, const Input& input) {
+    Decoded decoded{ReadPdu(input.text), {}, {}};
+    auto& [pdu, decoder, walk] = decoded;
+    if (input.heading)
+        CheckLength(*input.heading, TpduLength(*pdu, options.noSmsc));
+    const bool isGood = decoder.Decode(pdu, options.noSmsc, options.ignoreTimeZone) != 0;
+    walk = WalkPdu(decoder, pdu, options.noSmsc, options.ignoreTimeZone);
+    if (walk.stop)
+        throw InputError(
+            fmt::format("{} at octet {}: {}", walk.stop->field, walk.stop->offset, walk.stop->reason));
+    if (!isGood)
+        throw InputError("rejected by the decoder");
+    return decoded;
+}
+
 Json ToJson(const Input& input, const Pdu& pdu, const Message& message, const PduDecoder& decoder) {
     Json object = ObjectFor(input);
     object["octets"] = pdu.GetString();
@@ -124,21 +159,135 @@ std::string ToText(Message message, const PduDecoder& decoder) {
     return ToText(message.entries);
 }
 
-void Decode(const DecodeOptions& options, const Input& input, Console& console) {
-    const Toolkit::smart_ptr<Pdu> pdu = ReadPdu(input.text);
-    PduDecoder decoder;
-    const bool decoded = decoder.Decode(pdu, options.noSmsc, options.ignoreTimeZone) != 0;
-    const PduWalk walk = WalkPdu(decoder, pdu, options.noSmsc, options.ignoreTimeZone);
-    if (walk.stop)
-        throw InputError(
-            fmt::format("{} at octet {}: {}", walk.stop->field, walk.stop->offset, walk.stop->reason));
-    if (!decoded)
-        throw InputError("rejected by the decoder");
-    Message message = Describe(*pdu, walk);
-    if (console.WantsJson())
-        console.Object(ToJson(input, *pdu, message, decoder));
-    else
-        console.Block(ToText(std::move(message), decoder));
+/// `reportOn` is the number of the message that a status report is about.
+void Show(const Input& input, const Decoded& decoded, std::optional<std::size_t> reportOn, Console& console) {
+    Message message = Describe(*decoded.pdu, decoded.walk);
+    if (console.WantsJson()) {
+        Json object = ToJson(input, *decoded.pdu, message, decoded.decoder);
+        if (reportOn)
+            object["report_on"] = *reportOn;
+        return console.Object(object);
+    }
+    if (reportOn)
+        message.entries.push_back({"report on", {}, fmt::format("line {}", *reportOn)});
+    console.Block(ToText(std::move(message), decoded.decoder));
+}
+
+void ShowJoined(const ConcatenatedMessage& message, Console& console) {
+    std::vector<int> joined;
+    std::vector<std::string> sources;
+    std::vector<std::size_t> numbers;
+    for (const auto& [number, part] : message.parts) {
+        joined.push_back(number);
+        sources.push_back(part.source);
+        numbers.push_back(part.number);
+    }
+    const std::vector<int> missing = message.Missing();
+    const ConcatenationKey& key = message.key;
+    const std::string text = ToUtf8(message.Text());
+    if (console.WantsJson()) {
+        return console.Object({{"joined", numbers},
+                               {"address", key.address},
+                               {"reference", key.reference},
+                               {"reference_bits", key.hasWideReference ? 16 : 8},
+                               {"total", key.total},
+                               {"parts_joined", joined},
+                               {"parts_missing", missing},
+                               {"text", text}});
+    }
+    std::string parts = fmt::format("{} of {}", fmt::join(joined, ", "), key.total);
+    if (!missing.empty())
+        parts += fmt::format("; missing {}", fmt::join(missing, ", "));
+    console.Block(ToText(std::vector<Entry>{{"Parts joined", {}, std::move(parts)},
+                                            {"from", {}, fmt::format("{}", fmt::join(sources, ", "))},
+                                            {"address", {}, key.address},
+                                            {"reference", {}, fmt::format("{}", key.reference)},
+                                            {"text", {}, text}}));
+}
+
+/// What --join keeps between the PDUs.
+struct Joining {
+    Concatenations concatenations;
+    SentMessages sent;
+
+    void TakePart(const Input& input, const ConcatenationKey& key, int number, const MessagePart& part,
+                  Console& console) {
+        const Concatenations::Taken taken = concatenations.Take(key, number, part);
+        for (const ConcatenatedMessage& message : taken.messages)
+            ShowJoined(message, console);
+        if (!taken.duplicateOf)
+            return;
+        if (!console.WantsJsonLines())
+            return console.Warning(NameOf(input), fmt::format("part {} of {} has come before, in {}", number,
+                                                              key.total, *taken.duplicateOf));
+        Json object = ObjectFor(input);
+        object["duplicate_of"] = *taken.duplicateOf;
+        console.Object(object);
+    }
+
+    void ShowReport(const Input& input, const std::string& address, const Decoded& decoded,
+                    Console& console) const {
+        Show(input, decoded, sent.Find(address, decoded.decoder.m_MessageReference), console);
+    }
+};
+
+/// The part that the PDU is, where its place in the message is a possible one.
+std::optional<std::pair<ConcatenationKey, MessagePart>> PartIn(const Input& input, const Decoded& decoded,
+                                                               const std::string& address) {
+    const PduDecoder& decoder = decoded.decoder;
+    const std::optional<bool> hasWideReference = HasWideReference(decoded.walk);
+    if (!hasWideReference || decoder.m_ConcatTotal < 2 || decoder.m_ConcatSequence < 1 ||
+        decoder.m_ConcatSequence > decoder.m_ConcatTotal)
+        return std::nullopt;
+    MessagePart part{NameOf(input), input.number, decoder.m_Text};
+    if (const auto codes = EdgeCodesOf(*decoded.pdu, decoded.walk)) {
+        part.endsInEscape = codes->last == c_escape;
+        part.behindEscape =
+            static_cast<wchar_t>(decoder.m_CharSet->FindUnicodeCharFromEscapeChar(codes->first));
+    }
+    return std::pair{ConcatenationKey{decoder.m_SmsType, address, *hasWideReference,
+                                      decoder.m_ConcatReference, decoder.m_ConcatTotal},
+                     std::move(part)};
+}
+
+Afterwards DecodeAndJoin(Joining& joining, const DecodeOptions& options, const Input& input,
+                         Console& console) {
+    auto decoded = std::make_shared<const Decoded>(Decode(options, input));
+    const PduDecoder& decoder = decoded->decoder;
+    using Encoding::MessageTypeIndicator;
+    const bool isReport = decoder.m_SmsType == MessageTypeIndicator::TP_MTI_SMS_STATUS_REPORT;
+    const bool isSubmit = decoder.m_SmsType == MessageTypeIndicator::TP_MTI_SMS_SUBMIT;
+    std::string address = ToUtf8(isReport || isSubmit ? decoder.m_Recipient : decoder.m_Originator);
+    if (isReport) {
+        return [&joining, input, address, decoded](Console& later) {
+            joining.ShowReport(input, address, *decoded, later);
+        };
+    }
+    const auto part = PartIn(input, *decoded, address);
+    if (!part)
+        Show(input, *decoded, std::nullopt, console);
+    return [&joining, input, address, decoded, isSubmit, part](Console& later) {
+        if (isSubmit)
+            joining.sent.Add(address, decoded->decoder.m_MessageReference, input.number);
+        if (part)
+            joining.TakePart(input, part->first, decoded->decoder.m_ConcatSequence, part->second, later);
+    };
+}
+
+Afterwards Convert(Joining& joining, const DecodeOptions& options, const Input& input, Console& console) {
+    if (input.heading && input.heading->isCellPage) {
+        ShowCellPage(input, console);
+        return {};
+    }
+    if (options.join)
+        return DecodeAndJoin(joining, options, input, console);
+    Show(input, Decode(options, input), std::nullopt, console);
+    return {};
+}
+
+void ShowIncomplete(Joining& joining, Console& console) {
+    while (const auto message = joining.concatenations.TakeOldest())
+        ShowJoined(*message, console);
 }
 
 } // namespace
@@ -152,18 +301,33 @@ void AddDecode(CLI::App& parent, Action& action) {
     command->add_flag("--no-smsc", options->noSmsc,
                       "The PDUs begin with the TPDU, not with the service centre");
     command->add_flag("--ignore-time-zone", options->ignoreTimeZone, "Show times without their zone");
+    command->add_flag(
+        "--join", options->join,
+        "Put the parts of concatenated messages together, and match status reports to messages");
+    AddStreaming(*command, *options);
     command->footer(
         "A line for each field: its name by 3GPP TS 23.040, its value on the wire, its meaning. With\n"
         "--json an object for each PDU: a member for each field, \"tp_dcs\" and the like, with \"raw\" and\n"
         "\"meaning\", then \"concatenation\" and \"text\" where the PDU holds them.\n"
         "\n"
+        "Standard input may be the log of a modem: the PDUs behind +CMGL, +CMGR, +CMT, +CDS and +CBM lines\n"
+        "are decoded, their announced length is checked, and commands and other result codes are skipped.\n"
+        "\n"
+        "With --join a message is shown once its last part has come, or in the end with what is missing. Of\n"
+        "messages waiting for parts, the oldest is given up when there are more than 4096 parts.\n"
+        "\n"
         "Example:\n"
-        "  qxpdu decode 0791214365870921040B912143658709F100002120312143658005C8329BFD06");
+        "  qxpdu decode 0791214365870921040B912143658709F100002120312143658005C8329BFD06\n"
+        "  qxpdu decode --join < modem.log");
     command->callback([options, &action] {
         action = [options](const Streams& streams) {
-            return ConvertAll(
-                *options, streams, LineKind::Hex,
-                [&options](const Input& input, Console& console) { Decode(*options, input, console); });
+            Joining joining;
+            return ConvertStream(*options, streams,
+                                 {LineKind::Transcript,
+                                  [&](const Input& input, Console& console) {
+                                      return Convert(joining, *options, input, console);
+                                  },
+                                  [&joining](Console& console) { ShowIncomplete(joining, console); }});
         };
     });
 }

@@ -26,9 +26,11 @@ using Encoding::ValidityPeriod;
 using Pdus = std::vector<Toolkit::smart_ptr<Pdu>>;
 
 constexpr unsigned int c_maxParts = 255; ///< the header counts them in one octet
-constexpr std::size_t c_maxDigits = 20;  ///< in an address field of 12 octets
+constexpr int c_maxClass = 3;
+constexpr int c_maxReference = 255;
+constexpr std::size_t c_maxDigits = 20; ///< in an address field of 12 octets
 
-struct EncodeOptions {
+struct EncodeOptions : ConversionOptions {
     std::string to;
     std::string smsc;
     std::optional<int> messageClass;
@@ -39,8 +41,8 @@ struct EncodeOptions {
     std::optional<int> reference;
     bool greek = false;
     bool strict = false;
-    bool json = false;
-    const CLI::Option* text = nullptr;
+    bool at = false;
+    bool lines = false;
 };
 
 /// What goes out of a number: its decimal digits and a plus sign in front.
@@ -113,14 +115,18 @@ Pdus EncodeText(PduEncoder& encoder, const TString<wchar_t>& text) {
     return pdus;
 }
 
-/// One part as the decoder reads it back.
-Json ToJson(const Input& input, const Toolkit::smart_ptr<Pdu>& pdu, std::size_t part, std::size_t parts) {
+/// As a modem wants it, without the service centre.
+unsigned int TpduLength(const Pdu& pdu) {
+    return pdu.m_Length - 1 - pdu.m_Bytes[0];
+}
+
+/// One part as the decoder reads it back, behind what the object has already.
+Json ToJson(Json object, const Toolkit::smart_ptr<Pdu>& pdu, std::size_t part, std::size_t parts) {
     PduDecoder decoder;
     decoder.Decode(pdu, false, false);
     const bool hasHeader = decoder.m_HasUserDataHeader != 0;
-    Json object = ObjectFor(input);
     object["octets"] = pdu->GetString();
-    object["tpdu_length"] = pdu->m_Length - 1 - pdu->m_Bytes[0];
+    object["tpdu_length"] = TpduLength(*pdu);
     object["alphabet"] = AlphabetName(decoder.m_Alphabet);
     if (decoder.m_Alphabet == Encoding::Alphabet::ALPHABET_GSM7)
         object["septets"] = decoder.m_UserDataLength - (hasHeader ? PduEncoder::_7BITDATA_HEADER_SIZE : 0);
@@ -157,48 +163,167 @@ std::vector<Caution> Cautions(const EncodeOptions& options, const Input& input) 
     return cautions;
 }
 
-int Encode(const EncodeOptions& options, const Streams& streams) {
-    Console console(streams, options.json ? Format::JsonArray : Format::Text);
-    const std::vector<std::string> texts = ValuesOf(options.text);
-    const Input input = texts.empty() || texts.front() == "-"
-                            ? ReadStream(streams.in)
-                            : Input{Input::Source::Argument, 1, texts.front()};
-    try {
-        const TString<wchar_t> text = FromUtf8(input.text);
-        const std::vector<Caution> cautions = Cautions(options, input);
-        for (const Caution& caution : cautions) {
-            if (options.strict)
-                console.Error(caution.where, caution.message);
-            else
-                console.Warning(caution.where, caution.message);
-        }
-        if (options.strict && !cautions.empty())
-            return console.Finish();
-        PduEncoder encoder(Encoding::MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
-        Configure(encoder, options);
-        const Pdus pdus = EncodeText(encoder, text);
-        for (std::size_t i = 0; i < pdus.size(); ++i) {
-            if (console.WantsJson())
-                console.Object(ToJson(input, pdus[i], i + 1, pdus.size()));
-            else
-                console.Line(pdus[i]->GetString());
-        }
-    } catch (const InputError& error) {
-        console.Error(NameOf(input), error.what());
+/// False when a caution is an error.
+bool Heed(const std::vector<Caution>& cautions, bool isStrict, Console& console) {
+    for (const Caution& caution : cautions) {
+        if (isStrict)
+            console.Error(caution.where, caution.message);
+        else
+            console.Warning(caution.where, caution.message);
     }
-    return console.Finish();
+    return !isStrict || cautions.empty();
+}
+
+void Show(const EncodeOptions& options, const Input& input, const Pdus& pdus, Console& console) {
+    for (std::size_t i = 0; i < pdus.size(); ++i) {
+        if (console.WantsJson()) {
+            console.Object(ToJson(ObjectFor(input), pdus[i], i + 1, pdus.size()));
+            continue;
+        }
+        if (options.at)
+            console.Line(fmt::format("AT+CMGS={}", TpduLength(*pdus[i])));
+        console.Line(pdus[i]->GetString());
+    }
+}
+
+/// One object for all parts, with the cautions in it.
+void ShowAsLine(const Input& input, const Pdus& pdus, const std::vector<Caution>& cautions,
+                Console& console) {
+    Json object = ObjectFor(input);
+    for (const Caution& caution : cautions)
+        object["warnings"].push_back(fmt::format("{}: {}", caution.where, caution.message));
+    object["pdus"] = Json::array();
+    for (std::size_t i = 0; i < pdus.size(); ++i)
+        object["pdus"].push_back(ToJson(Json::object(), pdus[i], i + 1, pdus.size()));
+    console.Object(object);
+}
+
+void Encode(const EncodeOptions& options, const Input& input, Console& console) {
+    if (options.to.empty())
+        throw InputError("--to is required");
+    const TString<wchar_t> text = FromUtf8(input.text);
+    const std::vector<Caution> cautions = Cautions(options, input);
+    if (console.WantsJsonLines() && options.strict && !cautions.empty())
+        throw InputError(fmt::format("{}: {}", cautions.front().where, cautions.front().message));
+    if (!console.WantsJsonLines() && !Heed(cautions, options.strict, console))
+        return;
+    PduEncoder encoder(Encoding::MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
+    Configure(encoder, options);
+    const Pdus pdus = EncodeText(encoder, text);
+    if (console.WantsJsonLines())
+        ShowAsLine(input, pdus, cautions, console);
+    else
+        Show(options, input, pdus, console);
+}
+
+/// The option that is on or off, by its name without the dashes; null where there is none.
+bool* FlagNamed(const std::string& name, EncodeOptions& options) {
+    const std::pair<std::string_view, bool*> flags[] = {
+        {"status-report", &options.statusReport},
+        {"reject-duplicates", &options.rejectDuplicates},
+        {"reply-path", &options.replyPath},
+        {"greek", &options.greek},
+        {"strict", &options.strict},
+    };
+    for (const auto& [flagName, flag] : flags) {
+        if (name == flagName)
+            return flag;
+    }
+    return nullptr;
+}
+
+/// A member of the wrong type, or with a value that the option refuses.
+[[noreturn]] void Refuse(const std::string& name, const std::string& reason) {
+    throw InputError(fmt::format("{}: {}", name, reason));
+}
+
+std::string StringIn(const std::string& name, const Json& value, std::string (*faultOf)(const std::string&)) {
+    if (!value.is_string())
+        Refuse(name, "no string");
+    const auto text = value.get<std::string>();
+    if (const std::string fault = faultOf(text); !fault.empty())
+        Refuse(name, fault);
+    return text;
+}
+
+int NumberIn(const std::string& name, const Json& value, int most) {
+    if (!value.is_number_integer() || value < 0 || value > most)
+        Refuse(name, fmt::format("no number from 0 to {}", most));
+    return value.get<int>();
+}
+
+bool FlagIn(const std::string& name, const Json& value) {
+    if (!value.is_boolean())
+        Refuse(name, "neither true nor false");
+    return value.get<bool>();
+}
+
+std::string NoFault(const std::string&) {
+    return {};
+}
+
+/// What the object of one line sets; members that it lacks stay as the command line has them.
+void SetMember(const std::string& name, const Json& value, EncodeOptions& options, std::string& text) {
+    if (name == "text")
+        text = StringIn(name, value, NoFault);
+    else if (name == "to")
+        options.to = StringIn(name, value, FaultOfNumber);
+    else if (name == "smsc")
+        options.smsc = StringIn(name, value, FaultOfNumber);
+    else if (name == "validity")
+        options.validity = StringIn(name, value.is_number() ? Json(value.dump()) : value, FaultOfValidity);
+    else if (name == "class")
+        options.messageClass = NumberIn(name, value, c_maxClass);
+    else if (name == "reference")
+        options.reference = NumberIn(name, value, c_maxReference);
+    else if (bool* flag = FlagNamed(name, options))
+        *flag = FlagIn(name, value);
+    else
+        Refuse(name, "no such member");
+}
+
+/// The text of the object; the options get its other members.
+std::string ReadObject(const std::string& line, EncodeOptions& options) {
+    const Json object = Json::parse(line, nullptr, false);
+    if (!object.is_object())
+        throw InputError("no JSON object");
+    if (!object.contains("text"))
+        throw InputError("text is required");
+    std::string text;
+    for (const auto& [name, value] : object.items())
+        SetMember(name, value, options, text);
+    return text;
+}
+
+/// With --jsonl, an input that did not come as an argument is an object unless lines are texts.
+Afterwards EncodeInput(const EncodeOptions& options, const Input& input, Console& console) {
+    if (options.jsonLines && !options.lines && input.source == Input::Source::Line) {
+        EncodeOptions own = options;
+        std::string text = ReadObject(input.text, own);
+        Encode(own, {input.source, input.number, std::move(text)}, console);
+    } else {
+        Encode(options, input, console);
+    }
+    return {};
+}
+
+int Encode(const EncodeOptions& options, const Streams& streams) {
+    const bool hasLines = options.lines || options.jsonLines;
+    return ConvertStream(
+        options, streams,
+        {hasLines ? LineKind::Text : LineKind::Whole,
+         [&options](const Input& input, Console& console) { return EncodeInput(options, input, console); }});
 }
 
 void AddOptions(CLI::App& command, EncodeOptions& options) {
     command.add_option("--to", options.to, "Destination number, a leading + for an international one")
-        ->required()
         ->check(FaultOfNumber)
         ->type_name("NUMBER");
     command.add_option("--smsc", options.smsc, "Service-centre number; without it, the modem's own")
         ->check(FaultOfNumber)
         ->type_name("NUMBER");
     command.add_option("--class", options.messageClass, "TP-DCS message class, 0 to 3")
-        ->check(CLI::Range(0, 3).description(""))
+        ->check(CLI::Range(0, c_maxClass).description(""))
         ->type_name("CLASS");
     command
         .add_option("--validity", options.validity,
@@ -210,12 +335,17 @@ void AddOptions(CLI::App& command, EncodeOptions& options) {
     command.add_flag("--reject-duplicates", options.rejectDuplicates, "TP-RD: have duplicates rejected");
     command.add_flag("--reply-path", options.replyPath, "TP-RP: set the reply path");
     command.add_option("--reference", options.reference, "TP-MR, 0 to 255; 0 without it")
-        ->check(CLI::Range(0, 255).description(""))
+        ->check(CLI::Range(0, c_maxReference).description(""))
         ->type_name("N");
     command.add_flag("--greek", options.greek, "Send Greek letters as capitals in GSM 7-bit");
     command.add_flag("--strict", options.strict, "Turn warnings into errors");
-    command.add_flag("--json", options.json, "Write the results as a JSON array");
-    options.text =
+    CLI::Option* json = AddJson(command, options);
+    AddStreaming(command, options);
+    command.add_flag("--at", options.at, "Put AT+CMGS=LENGTH in front of each PDU, as a modem wants it")
+        ->excludes(json)
+        ->excludes(command.get_option("--jsonl"));
+    command.add_flag("--lines", options.lines, "Each line of standard input is a text of its own");
+    options.inputs =
         command
             .add_option("TEXT",
                         "The text; without it, or as -, all of standard input without its last line feed")
@@ -234,11 +364,15 @@ void AddEncode(CLI::App& parent, Action& action) {
         "part: \"octets\", \"tpdu_length\" (octets without the service centre, as a modem wants them),\n"
         "\"alphabet\", \"septets\" or \"characters\", \"part\" and \"parts\", and \"concatenation\" where "
         "the\n"
-        "part has a header.\n"
+        "part has a header. With --jsonl an object for each text, with those of its parts as \"pdus\";\n"
+        "each line of standard input is then an object itself, with \"text\" and any options by their\n"
+        "names: {\"to\": \"+4179123\", \"text\": \"hello\", \"class\": 0, \"status-report\": true}.\n"
         "\n"
         "Example:\n"
         "  qxpdu encode --to +4179123 hello");
-    command->callback([options, &action] {
+    command->callback([command, options, &action] {
+        if (!options->jsonLines && command->count("--to") == 0)
+            throw CLI::RequiredError("--to");
         action = [options](const Streams& streams) { return Encode(*options, streams); };
     });
 }

@@ -35,6 +35,16 @@ bool ReadLine(std::istream& in, std::string& line) {
     return !line.empty();
 }
 
+/// Reads up to the end, keeps at most one byte more than MAX_LINE, and leaves the last line feed out.
+std::string ReadAll(std::istream& in) {
+    std::string text(Inputs::MAX_LINE + 1, '\0');
+    in.read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(in.gcount()));
+    if (text.ends_with('\n'))
+        text.pop_back();
+    return text;
+}
+
 } // namespace
 
 std::string NameOf(const Input& input) {
@@ -49,22 +59,31 @@ std::string NameOf(const Input& input) {
     return "standard input";
 }
 
-Inputs::Inputs(std::vector<std::string> arguments, std::istream& in)
-    : m_Arguments(std::move(arguments)), m_In(in), m_InLines(m_Arguments.empty()) {}
+Inputs::Inputs(std::vector<std::string> arguments, std::istream& in, bool isWhole)
+    : m_Arguments(std::move(arguments)), m_In(in), m_IsWhole(isWhole), m_InStream(m_Arguments.empty()) {}
 
 bool Inputs::NextLine(Input& input) {
-    if (!ReadLine(m_In, input.text))
+    std::string line;
+    if (!ReadLine(m_In, line))
         return false;
-    input.source = Input::Source::Line;
-    input.number = ++m_Line;
+    m_Bytes += line.size() + 1;
+    input = {Input::Source::Line, ++m_Line, std::move(line)};
+    return true;
+}
+
+bool Inputs::NextOfStream(Input& input) {
+    if (!m_IsWhole)
+        return NextLine(input);
+    m_InStream = false;
+    input = {Input::Source::Stream, 0, ReadAll(m_In)};
     return true;
 }
 
 bool Inputs::Next(Input& input) {
     for (;;) {
-        if (m_InLines && NextLine(input))
+        if (m_InStream && NextOfStream(input))
             return true;
-        m_InLines = false;
+        m_InStream = false;
         if (m_Argument == m_Arguments.size())
             return false;
         const std::string& argument = m_Arguments[m_Argument++];
@@ -72,15 +91,8 @@ bool Inputs::Next(Input& input) {
             input = {Input::Source::Argument, m_Argument, argument};
             return true;
         }
-        m_InLines = true;
+        m_InStream = true;
     }
-}
-
-Input ReadStream(std::istream& in) {
-    Input input{Input::Source::Stream, 0, {std::istreambuf_iterator<char>(in), {}}};
-    if (!input.text.empty() && input.text.back() == '\n')
-        input.text.pop_back();
-    return input;
 }
 
 } // namespace qxpdu

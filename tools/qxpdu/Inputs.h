@@ -3,9 +3,13 @@
 #define QXPDU_INPUTS_H
 
 #include <cstddef>
+#include <cstdint>
 #include <istream>
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "Transcript.h"
 
 namespace qxpdu {
 
@@ -16,6 +20,7 @@ struct Input {
     Source source = Source::Argument;
     std::size_t number = 0; ///< of the argument or of the line, from 1; 0 for the whole stream
     std::string text;
+    std::optional<Heading> heading = std::nullopt; ///< of the modem, where there is one
 };
 
 /// "line 3", "argument 1" or "standard input".
@@ -26,24 +31,29 @@ class Inputs {
 public:
     static constexpr std::size_t MAX_LINE = 1U << 20; ///< bytes; of a longer line, one more is kept
 
-    /// Without arguments the inputs are the lines of `in`, and an argument "-" stands for those as well.
-    Inputs(std::vector<std::string> arguments, std::istream& in);
+    /// Without arguments the inputs are the lines of `in`, and an argument "-" stands for those as well. With
+    /// `isWhole`, the whole of `in` is one input, without its last line feed.
+    Inputs(std::vector<std::string> arguments, std::istream& in, bool isWhole = false);
 
     /// Reads the next input; false when there is none. A line comes without its line feed.
     bool Next(Input& input);
 
+    /// Lines given so far, and what they took.
+    std::size_t Lines() const { return m_Line; }
+    std::uint64_t Bytes() const { return m_Bytes; }
+
 private:
     bool NextLine(Input& input);
+    bool NextOfStream(Input& input);
 
     std::vector<std::string> m_Arguments;
     std::istream& m_In;
     std::size_t m_Argument = 0; ///< arguments given so far
     std::size_t m_Line = 0;     ///< lines given so far
-    bool m_InLines;             ///< lines are being read
+    std::uint64_t m_Bytes = 0;  ///< of these lines
+    bool m_IsWhole;
+    bool m_InStream; ///< `m_In` is being read
 };
-
-/// The whole of a stream as one input, without its last line feed.
-Input ReadStream(std::istream& in);
 
 } // namespace qxpdu
 

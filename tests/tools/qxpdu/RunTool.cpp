@@ -42,10 +42,8 @@ std::vector<std::string> Command() {
     return command;
 }
 
-/// The exit status of qxpdu, or 128 and the signal that ended it.
-int RunWith(const std::vector<std::string>& arguments, int in, int out, int err) {
-    std::vector<std::string> words = Command();
-    words.insert(words.end(), arguments.begin(), arguments.end());
+/// The exit status of a command, or 128 and the signal that ended it.
+int RunWords(std::vector<std::string> words, int in, int out, int err) {
     std::vector<char*> argv;
     for (std::string& word : words)
         argv.push_back(word.data());
@@ -65,6 +63,12 @@ int RunWith(const std::vector<std::string>& arguments, int in, int out, int err)
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
+int RunWith(const std::vector<std::string>& arguments, int in, int out, int err) {
+    std::vector<std::string> words = Command();
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    return RunWords(std::move(words), in, out, err);
+}
+
 } // namespace
 
 std::ostream& operator<<(std::ostream& stream, const Outcome& run) {
@@ -82,6 +86,18 @@ Outcome Qxpdu(const std::vector<std::string>& arguments, const std::string& inpu
     std::fflush(in.get());
     std::rewind(in.get());
     const int status = RunWith(arguments, fileno(in.get()), fileno(out.get()), fileno(err.get()));
+    return {status, ContentsOf(out.get()), ContentsOf(err.get())};
+}
+
+Outcome Shell(const std::string& script) {
+    const File in = TemporaryFile();
+    const File out = TemporaryFile();
+    const File err = TemporaryFile();
+    std::string command = "QXPDU='";
+    for (const std::string& word : Command())
+        command += word + ' ';
+    const int status = RunWords({"timeout", "60", "sh", "-c", command + "'; " + script}, fileno(in.get()),
+                                fileno(out.get()), fileno(err.get()));
     return {status, ContentsOf(out.get()), ContentsOf(err.get())};
 }
 

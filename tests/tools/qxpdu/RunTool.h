@@ -25,7 +25,10 @@ std::ostream& operator<<(std::ostream& stream, const Outcome& run);
 /// Runs qxpdu with these arguments and this standard input, and waits for its end.
 Outcome Qxpdu(const std::vector<std::string>& arguments, const std::string& input = "");
 
-/// The same, with standard output going to a file.
+/// Runs a script of the shell, in which $QXPDU is the tool.
+Outcome Shell(const std::string& script);
+
+/// Runs qxpdu with these arguments and no input, with standard output going to a file.
 int QxpduInto(const std::string& file, const std::vector<std::string>& arguments);
 
 /// Whether the lines of a text hold this one, the blanks in front left out.

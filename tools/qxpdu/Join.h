@@ -1,0 +1,111 @@
+// Puts the parts of concatenated messages together.
+#ifndef QXPDU_JOIN_H
+#define QXPDU_JOIN_H
+
+#include <compare>
+#include <cstddef>
+#include <list>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qxpdu {
+
+/// What the parts of one message have in common.
+struct ConcatenationKey {
+    int messageType; ///< TP-MTI
+    std::string address;
+    bool hasWideReference; ///< 16 bits
+    int reference;
+    int total; ///< number of parts
+
+    auto operator<=>(const ConcatenationKey&) const = default;
+};
+
+/// One part. An extension character whose two codes stand in two parts needs what both begin and end with.
+struct MessagePart {
+    std::string source; ///< "line 3"
+    std::size_t number; ///< of the line or argument
+    std::wstring text;  ///< UTF-16 code units
+    bool endsInEscape = false;
+    wchar_t behindEscape = 0; ///< what the first code means behind an escape; 0 for nothing
+};
+
+/// A message of which some parts have come.
+struct ConcatenatedMessage {
+    ConcatenationKey key;
+    std::map<int, MessagePart> parts; ///< by their number, from 1
+
+    bool IsComplete() const { return parts.size() == static_cast<std::size_t>(key.total); }
+    std::vector<int> Missing() const;
+
+    /// The texts of the parts that have come; pairs that were cut between two of them are whole.
+    std::wstring Text() const;
+};
+
+/// Holds messages whose parts have not all come yet, and the last complete ones, whose parts may come again.
+/// Each kind holds MAX_PARTS parts at most; then the oldest message goes.
+class Concatenations {
+public:
+    static constexpr std::size_t MAX_PARTS = 4096;
+
+    struct Taken {
+        std::vector<ConcatenatedMessage> messages; ///< complete now, or given up to make room
+        std::optional<std::string> duplicateOf;    ///< the source of the same part, which came before
+    };
+
+    /// Takes part `number` in, 1 to key.total. Another text under a number that is there already begins a new
+    /// message, and the old one is given up.
+    Taken Take(const ConcatenationKey& key, int number, MessagePart part);
+
+    /// Gives up the oldest message that waits for parts, if any.
+    std::optional<ConcatenatedMessage> TakeOldest() { return m_Open.TakeOldest(); }
+
+private:
+    /// Messages in the order of their first parts.
+    class Store {
+    public:
+        ConcatenatedMessage* Find(const ConcatenationKey& key);
+        ConcatenatedMessage& Insert(ConcatenatedMessage message);
+        void CountPart() { ++m_Parts; }
+        ConcatenatedMessage Take(const ConcatenationKey& key);
+        std::optional<ConcatenatedMessage> TakeOldest();
+        bool IsOverfull() const { return m_Parts > MAX_PARTS; }
+
+    private:
+        std::list<ConcatenatedMessage> m_Messages;
+        std::map<ConcatenationKey, std::list<ConcatenatedMessage>::iterator> m_Index;
+        std::size_t m_Parts = 0;
+    };
+
+    void Complete(const ConcatenationKey& key, Taken& taken);
+
+    Store m_Open;
+    Store m_Complete;
+};
+
+/// Remembers which messages went out, so that status reports find theirs: the last MAX_MESSAGES.
+class SentMessages {
+public:
+    static constexpr std::size_t MAX_MESSAGES = 4096;
+
+    void Add(const std::string& address, int reference, std::size_t number);
+
+    /// The number of the last line or argument that went out so.
+    std::optional<std::size_t> Find(const std::string& address, int reference) const;
+
+private:
+    using Key = std::pair<std::string, int>;
+    struct Sent {
+        std::size_t number;
+        std::list<Key>::iterator place;
+    };
+
+    std::list<Key> m_Order; ///< oldest first
+    std::map<Key, Sent> m_Sent;
+};
+
+} // namespace qxpdu
+
+#endif

@@ -1,0 +1,28 @@
+// What a PDU tells about the message that it is a part of.
+#ifndef QXPDU_PARTS_H
+#define QXPDU_PARTS_H
+
+#include <optional>
+
+#include "PduWalk.h"
+
+namespace qxpdu {
+
+/// The GSM code that stands in front of one of the extension table.
+constexpr unsigned char c_escape = 0x1B;
+
+/// Whether the reference of the concatenation has 16 bits; nothing where there is no concatenation.
+std::optional<bool> HasWideReference(const PduWalk& walk);
+
+/// The codes that a text begins and ends with.
+struct EdgeCodes {
+    unsigned char first;
+    unsigned char last;
+};
+
+/// Nothing where the text is not in GSM 7-bit, or empty.
+std::optional<EdgeCodes> EdgeCodesOf(const Encoding::Pdu& pdu, const PduWalk& walk);
+
+} // namespace qxpdu
+
+#endif

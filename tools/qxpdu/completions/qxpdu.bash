@@ -1,0 +1,35 @@
+# Completion of qxpdu for bash.
+_qxpdu() {
+    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command="" word words=""
+    local stream="--json --jsonl -j --threads --line-buffered --progress --no-progress"
+    for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
+        case $word in
+            encode | decode | check | cell | text | ucs2 | gsm) command="${command:+$command }$word" ;;
+        esac
+    done
+    case $previous in
+        --class) words="0 1 2 3" ;;
+        --validity) words="1h 2h 6h 12h 1d 1w max" ;;
+        --alphabet) words="0 2" ;;
+        --to | --smsc | --reference | -j | --threads) return ;;
+        *)
+            case $command in
+                "") words="encode decode cell text ucs2 gsm --version" ;;
+                encode)
+                    words="--to --smsc --class --validity --status-report --reject-duplicates --reply-path"
+                    words="$words --reference --greek --strict --at --lines $stream"
+                    ;;
+                decode) words="--no-smsc --ignore-time-zone --join $stream" ;;
+                cell) words="$stream" ;;
+                text) words="--alphabet --verbose --json" ;;
+                ucs2) words="encode decode check" ;;
+                gsm) words="encode decode" ;;
+                "gsm "*) words="--greek --json" ;;
+                "ucs2 "*) words="--json" ;;
+            esac
+            words="$words -h --help"
+            ;;
+    esac
+    mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
+}
+complete -F _qxpdu qxpdu

@@ -1,0 +1,44 @@
+# Completion of qxpdu for fish.
+complete -c qxpdu -f
+complete -c qxpdu -s h -l help -d 'Say how to use the tool or the command'
+complete -c qxpdu -n __fish_use_subcommand -l version -d 'Say which version this is'
+complete -c qxpdu -n __fish_use_subcommand -a encode -d 'Make SMS-SUBMIT PDUs of a text'
+complete -c qxpdu -n __fish_use_subcommand -a decode -d 'Show the fields and the text of SMS PDUs'
+complete -c qxpdu -n __fish_use_subcommand -a cell -d 'Show cell broadcast pages'
+complete -c qxpdu -n __fish_use_subcommand -a text -d 'Decode texts in GSM codes or in UCS2 hex'
+complete -c qxpdu -n __fish_use_subcommand -a ucs2 -d 'Convert between text and UCS2 hex'
+complete -c qxpdu -n __fish_use_subcommand -a gsm -d 'Convert between text and GSM codes'
+
+complete -c qxpdu -n 'not __fish_use_subcommand' -l json -d 'Write the results as a JSON array'
+
+set -l stream '__fish_seen_subcommand_from encode decode cell; and not __fish_seen_subcommand_from ucs2 gsm'
+complete -c qxpdu -n $stream -l jsonl -d 'Write the results as JSON Lines'
+complete -c qxpdu -n $stream -s j -l threads -x -d 'Work on so many threads'
+complete -c qxpdu -n $stream -l line-buffered -d 'Write each result as soon as it is there'
+complete -c qxpdu -n $stream -l progress -d 'Show the progress'
+complete -c qxpdu -n $stream -l no-progress -d 'Do not show the progress'
+
+set -l encode '__fish_seen_subcommand_from encode; and not __fish_seen_subcommand_from ucs2 gsm'
+complete -c qxpdu -n $encode -l to -x -d 'Destination number'
+complete -c qxpdu -n $encode -l smsc -x -d 'Service-centre number'
+complete -c qxpdu -n $encode -l class -x -a '0 1 2 3' -d 'Message class'
+complete -c qxpdu -n $encode -l validity -x -a '1h 2h 6h 12h 1d 1w max' -d 'Validity period'
+complete -c qxpdu -n $encode -l status-report -d 'Ask for a status report'
+complete -c qxpdu -n $encode -l reject-duplicates -d 'Have duplicates rejected'
+complete -c qxpdu -n $encode -l reply-path -d 'Set the reply path'
+complete -c qxpdu -n $encode -l reference -x -d 'Message reference, 0 to 255'
+complete -c qxpdu -n $encode -l strict -d 'Turn warnings into errors'
+complete -c qxpdu -n $encode -l at -d 'Put the command for the modem in front'
+complete -c qxpdu -n $encode -l lines -d 'Each line is a text of its own'
+complete -c qxpdu -n '__fish_seen_subcommand_from encode gsm' -l greek -d 'Send Greek letters as capitals'
+
+set -l decode '__fish_seen_subcommand_from decode; and not __fish_seen_subcommand_from ucs2 gsm'
+complete -c qxpdu -n $decode -l no-smsc -d 'The PDUs begin with the TPDU'
+complete -c qxpdu -n $decode -l ignore-time-zone -d 'Show times without their zone'
+complete -c qxpdu -n $decode -l join -d 'Put the parts of messages together'
+
+complete -c qxpdu -n '__fish_seen_subcommand_from text' -l alphabet -x -a '0 2' -d 'Alphabet of the texts'
+complete -c qxpdu -n '__fish_seen_subcommand_from text' -l verbose -d 'Show the log line of the decoder'
+
+complete -c qxpdu -n '__fish_seen_subcommand_from ucs2 gsm' -a 'encode decode'
+complete -c qxpdu -n '__fish_seen_subcommand_from ucs2' -a check
