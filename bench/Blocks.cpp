@@ -33,7 +33,7 @@ void PerCharacter(benchmark::State& state, Work work) {
         benchmark::ClobberMemory();
     }
     state.counters["per character"] =
-        benchmark::Counter(static_cast<double>(state.iterations() * c_length),
+        benchmark::Counter(static_cast<double>(state.iterations()) * c_length,
                            benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 
@@ -104,7 +104,7 @@ BENCHMARK(MakingADecoder);
 
 void MakingAnEncoder(benchmark::State& state) {
     for ([[maybe_unused]] const auto _ : state)
-        PduEncoder(MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
+        const PduEncoder encoder(MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
 }
 BENCHMARK(MakingAnEncoder);
 

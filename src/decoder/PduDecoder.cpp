@@ -135,7 +135,6 @@ private:
             return true;
         }
         m_Count = m_Characters = m_Record.m_UserDataLength;
-        m_FillBits = 0;
         if (m_Record.m_HasUserDataHeader != 0 && !ReadUserDataHeader())
             return false;
         m_Record.m_Text.clear();

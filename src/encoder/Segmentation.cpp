@@ -46,7 +46,6 @@ unsigned int PduEncoder::GetPduCount(const TString<wchar_t>& text) {
 /// otherwise.
 void PduEncoder::ChooseAlphabet(const TString<wchar_t>& text, unsigned int textBytes) {
     m_GsmBytes.reset();
-    m_GsmLength = 0;
     const Toolkit::smart_ptr<GSMCharSet> charSet(m_CharSet);
     const auto* octets = reinterpret_cast<const unsigned char*>(text.data());
     charSet->GetGsmBytes(octets, textBytes, &m_GsmLength, nullptr);

@@ -136,6 +136,16 @@ TEST(FindUnicodeCharFromEscapeChar, KnowsTenCodes) {
     EXPECT_EQ(charSet.FindUnicodeCharFromEscapeChar(0x0D), 0);
 }
 
+/// Four tables, and a reference block for each of the three pointers when it is made and when it is filled.
+TEST(GSMCharSet, AllocatesItsTablesAndNothingElse) {
+    const unsigned long allocations = tests::Allocations();
+    const unsigned long bytes = tests::AllocatedBytes();
+    const GSMCharSet charSet;
+    EXPECT_EQ(tests::Allocations() - allocations, 10U);
+    EXPECT_EQ(tests::AllocatedBytes() - bytes,
+              10 * 4 + 256 + 64 * 4 + 72 * 4 + 6 * sizeof(Toolkit::ReferenceBlock));
+}
+
 TEST(GSMCharSet, GivesBackEverythingWhenConstructionFailsAtAnyAllocation) {
     for (unsigned long n = 1;; ++n) {
         const unsigned long open = tests::Allocations() - tests::Deallocations();
