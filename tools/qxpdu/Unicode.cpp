@@ -106,7 +106,13 @@ std::string CodePointName(char32_t codePoint) {
 std::string Printable(std::string_view text) {
     std::string shown;
     shown.reserve(text.size());
+    auto invalid = utf8::find_invalid(text.begin(), text.end());
     for (auto position = text.begin(); position != text.end();) {
+        if (position == invalid) {
+            fmt::format_to(std::back_inserter(shown), "\\x{:02X}", static_cast<unsigned char>(*position));
+            invalid = utf8::find_invalid(++position, text.end());
+            continue;
+        }
         const auto begin = position;
         const auto codePoint = static_cast<char32_t>(utf8::unchecked::next(position));
         if (IsControl(codePoint))

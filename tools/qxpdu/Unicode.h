@@ -25,7 +25,7 @@ std::string FirstCharacter(std::string_view text);
 std::string CodePointName(char32_t codePoint);
 
 /// The text for a terminal: control characters become "\u001B", so that a message
-/// cannot act on the terminal that shows it.
+/// cannot act on the terminal that shows it, and octets that are no UTF-8 become "\xFB".
 std::string Printable(std::string_view text);
 
 /// The code points of UTF-16 code units, a lone surrogate as itself.

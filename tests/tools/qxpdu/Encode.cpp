@@ -135,6 +135,12 @@ TEST(QxpduEncode, UnsentCharactersOfANumberAreAWarningOrWithStrictAnError) {
               (Outcome{0, hello, "qxpdu: --to: warning: '+4179+123' goes out as +4179123\n"}));
     EXPECT_EQ(Encode({"--smsc", "(1)2", "hello"}),
               (Outcome{0, "028121" + hello.substr(2), "qxpdu: --smsc: warning: '(1)2' goes out as 12\n"}));
+    EXPECT_EQ(Qxpdu({"encode", "--to",
+                     "+4179\xFB"
+                     "123",
+                     "hello"}),
+              (Outcome{0, hello, "qxpdu: --to: warning: '+4179\\xFB123' goes out as +4179123\n"}))
+        << "an octet that is no UTF-8";
     EXPECT_EQ(Qxpdu({"encode", "--strict", "--to", "+41 79123", "--smsc", "1 2", "hello"}),
               (Outcome{1, "",
                        "qxpdu: --to: '+41 79123' goes out as +4179123\n"
