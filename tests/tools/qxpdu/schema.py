@@ -1,0 +1,52 @@
+"""Validates what qxpdu writes against the JSON Schemas: schema.py SCHEMA_FOLDER COMMAND..."""
+import json
+import subprocess
+import sys
+
+import jsonschema
+
+FOLDER, QXPDU = sys.argv[1], sys.argv[2:]
+HELLO = "0791214365870921040B912143658709F100002120312143658005C8329BFD06"
+LOWER = "0791214365870921440B912143658709F100082120312143658008050003060202DE00"
+UPPER = "0791214365870921440B912143658709F100082120312143658008050003060201D83D"
+SUBMIT = "0001070491214300000161"
+TIMED = "001907049121430000212031214365800161"
+REPORT = "00060704912143212031214365802120312143658000"
+PAGE = "403211120111C8329BFD06"
+FIRST_PAGE = "403211120112C8329BFD06"
+WARNING = "403211000111C8329BFD06"
+LOG = "\n".join(["+CMT: ,24", HELLO, "+CMT: ,9", "OK", UPPER, UPPER, LOWER, LOWER, SUBMIT, TIMED, REPORT, "0G", "+CBM: 11",
+                 PAGE, ""])
+
+# The command, standard input, and how many objects come of it.
+CASES = [
+    (["decode"], LOG, 11),
+    (["decode", "--join"], LOG, 10),
+    (["cell"], "\n".join([PAGE, FIRST_PAGE, WARNING, "00"]), 4),
+    (["cell"], FIRST_PAGE + "\n" + FIRST_PAGE.replace("0112", "0122"), 3),
+    (["encode"], '{"to": "1-2", "text": "a"}\n{"to": "1"}\n{"to": "1", "text": "' + "ж" * 100 + '"}\n', 3),
+]
+
+
+def objects_of(arguments, text):
+    run = subprocess.run(QXPDU + arguments, input=text, capture_output=True, text=True, encoding="utf-8", timeout=60)
+    return run.stdout
+
+
+def schema_of(command):
+    with open(f"{FOLDER}/{command}.schema.json", encoding="utf-8") as file:
+        schema = json.load(file)
+    jsonschema.Draft202012Validator.check_schema(schema)
+    return jsonschema.Draft202012Validator(schema)
+
+
+for arguments, text, count in CASES:
+    objects = [json.loads(line) for line in objects_of(arguments + ["--jsonl"], text).splitlines()]
+    assert len(objects) == count, f"{arguments}: {len(objects)} objects, {count} expected"
+    for item in objects:
+        schema_of(arguments[0]).validate(item)
+        assert not schema_of(arguments[0]).is_valid({**item, "other": 1}), "a member more must be refused"
+array = json.loads(objects_of(["encode", "--to", "1", "--json"], "ж" * 100))
+assert len(array) == 2
+for item in array:
+    schema_of("encode").validate(item)
