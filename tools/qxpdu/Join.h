@@ -2,12 +2,13 @@
 #ifndef QXPDU_JOIN_H
 #define QXPDU_JOIN_H
 
-#include <compare>
 #include <cstddef>
 #include <list>
 #include <map>
 #include <optional>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace qxpdu {
@@ -20,7 +21,11 @@ struct ConcatenationKey {
     int reference;
     int total; ///< number of parts
 
-    auto operator<=>(const ConcatenationKey&) const = default;
+    bool operator<(const ConcatenationKey& other) const {
+        return std::tie(messageType, address, hasWideReference, reference, total) <
+               std::tie(other.messageType, other.address, other.hasWideReference, other.reference,
+                        other.total);
+    }
 };
 
 /// One part. An extension character whose two codes stand in two parts needs what both begin and end with.
