@@ -240,7 +240,7 @@ bool* FlagNamed(const std::string& name, EncodeOptions& options) {
 std::string StringIn(const std::string& name, const Json& value, std::string (*faultOf)(const std::string&)) {
     if (!value.is_string())
         Refuse(name, "no string");
-    const auto text = value.get<std::string>();
+    auto text = value.get<std::string>();
     if (const std::string fault = faultOf(text); !fault.empty())
         Refuse(name, fault);
     return text;
