@@ -43,10 +43,10 @@ int MutexInternal::Lock(unsigned int timeout) {
 }
 
 void MutexInternal::Unlock() {
-    if (auto* pRecursive = std::get_if<std::recursive_timed_mutex>(&m_Mutex))
-        pRecursive->unlock();
+    if (auto* const pPlain = std::get_if<std::timed_mutex>(&m_Mutex))
+        pPlain->unlock();
     else
-        std::get_if<std::timed_mutex>(&m_Mutex)->unlock();
+        std::get_if<std::recursive_timed_mutex>(&m_Mutex)->unlock();
 }
 
 } // namespace Toolkit

@@ -44,7 +44,7 @@ bool HoldsSpecialCode(const unsigned char* codes) {
 unsigned int PageKinds(const unsigned char* block, int endian) {
     unsigned int kinds = 0;
     for (unsigned int i = 0; i < c_block; ++i)
-        kinds |= c_reverseTables.pages[LowUnit(block + i * c_wideSize, endian) >> 8];
+        kinds |= c_reverseTables.pages[HighOctet(block + i * c_wideSize, endian)];
     return kinds;
 }
 

@@ -21,6 +21,11 @@ private:
     Toolkit::smart_ptr<Toolkit::SystemInfo> m_Share{*Toolkit::SystemInfo::s_pInstance};
 };
 
+/// Bits 15 to 8 of the character whose four octets begin here.
+inline unsigned char HighOctet(const unsigned char* character, int endian) {
+    return character[endian == c_bigEndian ? 2 : 1];
+}
+
 /// Bits 7 to 0 of the character whose four octets begin here.
 inline unsigned char LowOctet(const unsigned char* character, int endian) {
     return character[endian == c_bigEndian ? 3 : 0];
