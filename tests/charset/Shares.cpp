@@ -57,6 +57,35 @@ TEST(ByteOrder, OneMeansThatTheCharacterLiesInBytesTwoAndThree) {
     }
 }
 
+TEST(ByteOrder, HoldsForEightCharactersThatAreReadTogether) {
+    const unsigned char atTheEnd[] = {0x11, 0x4E, 0x00, 0x42};   // U+0042, or an ideograph without a code
+    const unsigned char atTheStart[] = {0x42, 0x00, 0x4E, 0x11}; // the same the other way round
+    const struct {
+        int endian;
+        const unsigned char* character;
+        tests::Bytes codes;
+    } rows[] = {{1, atTheEnd, tests::Bytes(8, 0x42)},
+                {1, atTheStart, {}},
+                {0, atTheEnd, {}},
+                {0, atTheStart, tests::Bytes(8, 0x42)}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.endian << ", first octet " << int{*row.character});
+        tests::Bytes memory;
+        for (int i = 0; i < 8; ++i)
+            memory.insert(memory.end(), row.character, row.character + 4);
+        s_endian = row.endian;
+        GSMCharSet charSet;
+        s_endian = 0;
+        unsigned int count = 0xEE;
+        ASSERT_TRUE(charSet.GetGsmBytes(memory.data(), 32, &count, nullptr));
+        EXPECT_EQ(count, row.codes.size());
+        tests::Bytes codes(count);
+        unsigned char* out = codes.data();
+        ASSERT_TRUE(charSet.GetGsmBytes(memory.data(), 32, &count, &out));
+        EXPECT_EQ(codes, row.codes);
+    }
+}
+
 TEST(ByteOrder, IsNotLookedAtByTheStringConversion) {
     s_endian = 1;
     const GSMCharSet charSet;
