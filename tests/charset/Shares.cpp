@@ -70,18 +70,18 @@ TEST(ByteOrder, HoldsForEightCharactersThatAreReadTogether) {
                 {0, atTheStart, tests::Bytes(8, 0x42)}};
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << row.endian << ", first octet " << int{*row.character});
-        tests::Bytes memory;
-        for (int i = 0; i < 8; ++i)
-            memory.insert(memory.end(), row.character, row.character + 4);
+        unsigned char memory[32];
+        for (unsigned int i = 0; i < 32; ++i)
+            memory[i] = row.character[i % 4];
         s_endian = row.endian;
         GSMCharSet charSet;
         s_endian = 0;
         unsigned int count = 0xEE;
-        ASSERT_TRUE(charSet.GetGsmBytes(memory.data(), 32, &count, nullptr));
+        ASSERT_TRUE(charSet.GetGsmBytes(memory, 32, &count, nullptr));
         EXPECT_EQ(count, row.codes.size());
         tests::Bytes codes(count);
         unsigned char* out = codes.data();
-        ASSERT_TRUE(charSet.GetGsmBytes(memory.data(), 32, &count, &out));
+        ASSERT_TRUE(charSet.GetGsmBytes(memory, 32, &count, &out));
         EXPECT_EQ(codes, row.codes);
     }
 }
