@@ -126,7 +126,7 @@ Decoded Decode(const DecodeOptions& options, const Input& input) {
     walk = WalkPdu(decoder, pdu, options.noSmsc, options.ignoreTimeZone);
     if (walk.stop)
         throw InputError(
-            fmt::format("{} at octet {}: {}", walk.stop->field, walk.stop->offset, walk.stop->reason));
+            fmt::format("{} at octet {}: {}", walk.stop->field, walk.stop->offset, walk.stop->Reason()));
     if (!isGood)
         throw InputError("rejected by the decoder");
     return decoded;

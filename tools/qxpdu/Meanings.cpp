@@ -161,8 +161,6 @@ std::string_view NameIn(std::span<const Named> table, unsigned int value, std::s
     return otherwise;
 }
 
-constexpr std::array<std::string_view, 4> c_waitingKinds = {"voicemail", "fax", "e-mail", "other"};
-
 constexpr std::array<std::string_view, 19> c_statuses = {"received by the recipient",
                                                          "forwarded, delivery not confirmed",
                                                          "replaced by the service centre",
@@ -261,6 +259,11 @@ std::string ProtocolMeaning(unsigned int pid) {
     }
 }
 
+std::string_view WaitingKind(unsigned int bits) {
+    constexpr std::array<std::string_view, 4> c_kinds = {"voicemail", "fax", "e-mail", "other"};
+    return c_kinds[bits & 3];
+}
+
 std::string DataCodingMeaning(unsigned int dcs, Alphabet::Encoding alphabet,
                               MessageClass::Class messageClass) {
     std::string meaning(AlphabetName(alphabet));
@@ -268,7 +271,7 @@ std::string DataCodingMeaning(unsigned int dcs, Alphabet::Encoding alphabet,
         meaning += fmt::format(", class {}", static_cast<int>(messageClass));
     const unsigned int group = dcs >> 4;
     if (group >= 0xC && group <= 0xE) {
-        return meaning + fmt::format(", {} message waiting {}, {} message", c_waitingKinds[dcs & 0x03],
+        return meaning + fmt::format(", {} message waiting {}, {} message", WaitingKind(dcs),
                                      (dcs & 0x08) != 0 ? "active" : "inactive",
                                      group == 0xC ? "discard" : "store");
     }

@@ -15,6 +15,7 @@ namespace qxpdu {
 /// Bits of the first octet that tell which fields follow, and the values of TP-VPF.
 constexpr unsigned int c_userDataHeaderMask = 0x40;
 constexpr unsigned int c_validityFormatMask = 0x18;
+constexpr unsigned int c_validityEnhanced = 0x08;
 constexpr unsigned int c_validityRelative = 0x10;
 constexpr unsigned int c_validityAbsolute = 0x18;
 
@@ -42,6 +43,9 @@ std::string_view AlphabetName(Encoding::Alphabet::Encoding alphabet);
 
 /// TP-PID.
 std::string ProtocolMeaning(unsigned int pid);
+
+/// What a message waits as, by two bits.
+std::string_view WaitingKind(unsigned int bits);
 
 /// TP-DCS, whose alphabet and class the decoder has read already.
 std::string DataCodingMeaning(unsigned int dcs, Encoding::Alphabet::Encoding alphabet,

@@ -4,9 +4,6 @@ namespace qxpdu {
 
 namespace {
 
-constexpr unsigned int c_concatenation8 = 0x00;
-constexpr unsigned int c_concatenation16 = 0x08;
-
 /// Septet `index` of those that begin with the lowest bit of an octet. Septets behind the PDU are 0.
 unsigned char SeptetAt(const Encoding::Pdu& pdu, unsigned int begin, unsigned int index) {
     const unsigned int bit = 7 * index;
@@ -26,7 +23,7 @@ std::optional<bool> HasWideReference(const PduWalk& walk) {
         if (header == nullptr)
             continue;
         for (const HeaderElement& element : header->elements) {
-            if (element.identifier == c_concatenation8 || element.identifier == c_concatenation16)
+            if (IsConcatenation(element))
                 isWide = element.identifier == c_concatenation16;
         }
     }

@@ -19,8 +19,6 @@ using Encoding::PduDecoder;
 constexpr unsigned int c_timeLength = 7;
 constexpr unsigned int c_zoneSign = 0x08;
 constexpr unsigned int c_elementHead = 2; ///< identifier and length
-constexpr unsigned int c_concatenation8 = 0x00;
-constexpr unsigned int c_concatenation16 = 0x08;
 
 class Walker {
 public:
@@ -45,14 +43,14 @@ private:
     bool IsSubmit() const { return Is(MessageTypeIndicator::TP_MTI_SMS_SUBMIT); }
     bool IsStatusReport() const { return Is(MessageTypeIndicator::TP_MTI_SMS_STATUS_REPORT); }
 
-    bool Stop(std::string_view field, unsigned int offset, std::string reason) {
-        m_Walk.stop = PduStop{field, offset, std::move(reason)};
+    bool Stop(std::string_view field, unsigned int offset, std::string expected, std::string found) {
+        m_Walk.stop = PduStop{field, offset, std::move(expected), std::move(found)};
         return false;
     }
 
     /// Every field but the user data must begin inside the PDU; so the one before it never ends it.
     bool Expect(std::string_view name) {
-        return Left() > 0 || Stop(name, m_Position, "missing, the PDU ends here");
+        return Left() > 0 || Stop(name, m_Position, "an octet", "the end of the PDU");
     }
 
     template <class Value>
@@ -86,10 +84,10 @@ private:
     bool Status();
     bool UserData();
     bool Header();
-    bool StopAt(const HeaderElement& element, unsigned int headerLength);
+    bool StopAt(const HeaderElement& element, unsigned int headerEnd);
 
     std::string TimeMeaning(const TimeValue& time) const;
-    unsigned int OctetsFor(unsigned int count) const;
+    unsigned int TextOctets(unsigned int units) const;
     std::string UserDataLengthMeaning(unsigned int count, unsigned int present) const;
 
     PduDecoder& m_Decoder;
@@ -101,6 +99,7 @@ private:
     MessageTypeIndicator::TP_MTI_Type m_Type = MessageTypeIndicator::TP_MTI_UNKNOWN;
     Alphabet::Encoding m_Alphabet = Alphabet::ALPHABET_GSM7;
     unsigned int m_DataCodingOffset = 0;
+    unsigned int m_FillBits = 0;
 };
 
 std::string InDecimal(unsigned int number) {
@@ -142,10 +141,12 @@ bool Walker::Address(std::string_view name, bool semiOctets) {
     Encoding::TypeOfNumber::TON type;
     const unsigned int end = m_Decoder.ReadNumber(m_Pdu, m_Position, semiOctets, number, plan, type);
     if (end == PduDecoder::FIELD_FAILED) {
+        const unsigned int length = Octet(m_Position);
         return Stop(name, m_Position,
-                    fmt::format("a length of {} goes past the end of the PDU, which has {}",
-                                Counted(Octet(m_Position), semiOctets ? "digit" : "octet"),
-                                Counted(Length(), "octet")));
+                    semiOctets ? fmt::format("{} for the type and {}", Counted(1 + (length + 1) / 2, "octet"),
+                                             Counted(length, "digit"))
+                               : Counted(length, "octet"),
+                    Counted(Left() - 1, "octet"));
     }
     AddressValue address{ToUtf8(number)};
     if (end == m_Position + 1) {
@@ -180,7 +181,7 @@ bool Walker::Time(std::string_view name) {
     if (!Expect(name))
         return false;
     if (Left() < c_timeLength)
-        return Stop(name, m_Position, fmt::format("{} octets expected, {} left", c_timeLength, Left()));
+        return Stop(name, m_Position, Counted(c_timeLength, "octet"), Counted(Left(), "octet"));
     TimeValue value;
     Toolkit::smart_ptr<Toolkit::DateTime> time;
     const unsigned int end = m_Decoder.ReadTimeStamp(m_Pdu, m_Position, time, m_IgnoreTimeZone);
@@ -222,18 +223,26 @@ bool Walker::Status() {
     return true;
 }
 
-/// The octets that hold so many units of the alphabet.
-unsigned int Walker::OctetsFor(unsigned int count) const {
-    return m_Alphabet == Alphabet::ALPHABET_GSM7 ? (count * 7 + 7) / 8 : count;
-}
-
 std::string Walker::UserDataLengthMeaning(unsigned int count, unsigned int present) const {
     const bool septets = m_Alphabet == Alphabet::ALPHABET_GSM7;
-    const unsigned int octets = OctetsFor(count);
+    const unsigned int octets = OctetsFor(m_Alphabet, count);
     std::string meaning = Counted(count, septets ? "septet" : "octet");
     if (present != octets)
         meaning += fmt::format("{}, but {} left", septets ? " in " + Counted(octets, "octet") : "", present);
     return meaning;
+}
+
+/// The octets that the decoder makes so many units of text of. Behind some headers, and for half a character,
+/// these reach farther than TP-UDL says.
+unsigned int Walker::TextOctets(unsigned int units) const {
+    switch (m_Alphabet) {
+    case Alphabet::ALPHABET_GSM7:
+        return units == 0 ? 0 : (m_FillBits + 7 * units + 7) / 8;
+    case Alphabet::ALPHABET_UCS2:
+        return units + units % 2;
+    default:
+        return units;
+    }
 }
 
 bool Walker::UserData() {
@@ -245,62 +254,81 @@ bool Walker::UserData() {
     if (Left() == 0)
         return true;
     const unsigned int begin = m_Position;
+    unsigned int units = count;
     if ((m_FirstOctet & c_userDataHeaderMask) != 0) {
         const unsigned int headerLength = Octet(begin) + 1;
         if (!Header())
             return false;
         if (count < headerLength) {
-            return Stop("TP-UDL", lengthOffset,
-                        fmt::format("{}, less than the header's {}", count, Counted(headerLength, "octet")));
+            return Stop("TP-UDL", lengthOffset, fmt::format("at least {}, for the header", headerLength),
+                        fmt::format("{}", count));
         }
+        units -= headerLength;
+        if (m_Alphabet == Alphabet::ALPHABET_GSM7 && units > 0)
+            --units; // as the decoder takes it for every header
     }
     if (m_Alphabet == Alphabet::ALPHABET_RESERVED)
-        return Stop("TP-DCS", m_DataCodingOffset, "reserved alphabet");
-    const unsigned int end = std::min(Length(), begin + OctetsFor(count));
+        return Stop("TP-DCS", m_DataCodingOffset, "GSM 7-bit, 8-bit data or UCS2", "the reserved alphabet");
+    const unsigned int end =
+        std::min(Length(), std::max(begin + OctetsFor(m_Alphabet, count), m_Position + TextOctets(units)));
     if (end > m_Position)
-        Add("TP-UD", end - m_Position, "", UserDataValue{});
+        Add("TP-UD", end - m_Position, "", UserDataValue{units, m_FillBits});
     return true;
 }
 
-bool Walker::StopAt(const HeaderElement& element, unsigned int headerLength) {
+/// The element does not fit into what is left of the header.
+bool Walker::StopAt(const HeaderElement& element, unsigned int headerEnd) {
     const unsigned int offset = element.offset - c_elementHead;
-    if (offset >= Length()) {
-        return Stop(
-            "TP-UDH", Length(),
-            fmt::format("the header of {} reaches past the end of the PDU", Counted(headerLength, "octet")));
-    }
-    return Stop("TP-UDH", offset,
-                fmt::format("element 0x{:02X} with {} of data reaches past the header of {}",
-                            element.identifier, Counted(element.length, "octet"),
-                            Counted(headerLength, "octet")));
+    const std::string expected =
+        fmt::format("at most {} up to the end of the header", Counted(headerEnd - offset, "octet"));
+    if (offset >= Length())
+        return Stop("TP-UDH", Length(), expected, "the end of the PDU");
+    return Stop("TP-UDH", offset, expected,
+                fmt::format("element 0x{:02X} of {}", element.identifier,
+                            Counted(c_elementHead + element.length, "octet")));
 }
 
+/// Of a header that stops the decoder, the elements in front of that are a field.
 bool Walker::Header() {
-    const unsigned int begin = m_Position;
-    const unsigned int headerLength = Octet(begin);
-    const unsigned int end = begin + 1 + headerLength;
+    const unsigned int end = m_Position + 1 + Octet(m_Position);
     HeaderValue header;
     std::string meaning;
-    unsigned int position = begin + 1;
+    unsigned int position = m_Position + 1;
+    const auto add = [&] {
+        Add("TP-UDH", std::min(position, Length()) - m_Position, std::move(meaning), std::move(header));
+    };
     do { // the first element is read even where the header has no room for one
         HeaderElement element{Octet(position), position + c_elementHead, Octet(position + 1), 0};
         element.present = std::min(element.length, Length() - std::min(element.offset, Length()));
+        if (element.offset + element.length > end) {
+            add();
+            return StopAt(element, end);
+        }
         position = element.offset + element.length;
-        if (position > end)
-            return StopAt(element, headerLength);
         meaning += fmt::format("{}{}", meaning.empty() ? "" : "; ", ElementName(element.identifier));
+        m_FillBits = element.identifier == c_concatenation8 ? 1 : m_FillBits;
         header.elements.push_back(element);
     } while (position < end);
-    Add("TP-UDH", std::min(end, Length()) - begin, std::move(meaning), std::move(header));
+    add();
     return true;
 }
 
 } // namespace
 
+std::string PduStop::Reason() const {
+    return fmt::format("expected {}, found {}", expected, found);
+}
+
+unsigned int OctetsFor(Alphabet::Encoding alphabet, unsigned int units) {
+    return alphabet == Alphabet::ALPHABET_GSM7 ? (units * 7 + 7) / 8 : units;
+}
+
+bool IsConcatenation(const HeaderElement& element) {
+    return element.identifier == c_concatenation8 || element.identifier == c_concatenation16;
+}
+
 bool HeaderValue::HasConcatenation() const {
-    return std::any_of(elements.begin(), elements.end(), [](const HeaderElement& element) {
-        return element.identifier == c_concatenation8 || element.identifier == c_concatenation16;
-    });
+    return std::any_of(elements.begin(), elements.end(), IsConcatenation);
 }
 
 PduWalk WalkPdu(PduDecoder& decoder, const Toolkit::smart_ptr<Pdu>& pdu, bool noSmsc, bool ignoreTimeZone) {

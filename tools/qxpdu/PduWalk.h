@@ -44,14 +44,21 @@ struct HeaderElement {
     unsigned int present; ///< octets of that which the PDU holds; the others count as zeros
 };
 
+constexpr unsigned int c_concatenation8 = 0x00;
+constexpr unsigned int c_concatenation16 = 0x08;
+bool IsConcatenation(const HeaderElement& element);
+
 struct HeaderValue {
     std::vector<HeaderElement> elements;
     /// Whether an element sets the decoder's concatenation values.
     bool HasConcatenation() const;
 };
 
-/// The octets of the user data behind the header.
-struct UserDataValue {};
+/// The octets of the user data behind the header, as far as the PDU holds them.
+struct UserDataValue {
+    unsigned int units;    ///< septets in GSM 7-bit, else octets, that the decoder makes text of
+    unsigned int fillBits; ///< in front of the first septet
+};
 
 /// The mask of a field that is no bit field.
 constexpr unsigned int c_wholeOctet = 0xFF;
@@ -70,13 +77,20 @@ struct PduField {
 struct PduStop {
     std::string_view field;
     unsigned int offset; ///< of the octet where it stops
-    std::string reason;
+    std::string expected;
+    std::string found;
+
+    /// "expected 7 octets, found 3"
+    std::string Reason() const;
 };
 
 struct PduWalk {
     std::vector<PduField> fields;
     std::optional<PduStop> stop; ///< set exactly when PduDecoder::Decode rejects the PDU
 };
+
+/// The octets that hold so many units of the alphabet: septets in GSM 7-bit, else octets.
+unsigned int OctetsFor(Encoding::Alphabet::Encoding alphabet, unsigned int units);
 
 /// Walks over a PDU of at most Pdu::CAPACITY octets in the steps of PduDecoder::Decode. What a field says
 /// comes from the field readers of `decoder`; of its members, only the coding group is written.

@@ -505,48 +505,49 @@ TEST(QxpduDecode, RejectedPduIsAnErrorThatNamesFieldAndOctet) {
         const char* error;
     };
     const Row rows[] = {
-        {"07912143",
-         "SC address at octet 0: a length of 7 octets goes past the end of the PDU, which has 4 octets"},
-        {"00", "first octet at octet 1: missing, the PDU ends here"},
-        {"0791214365870921", "first octet at octet 8: missing, the PDU ends here"},
-        {"0004", "TP-OA at octet 2: missing, the PDU ends here"},
-        {"0001", "TP-MR at octet 2: missing, the PDU ends here"},
-        {"0002", "TP-MR at octet 2: missing, the PDU ends here"},
-        {"000100", "TP-DA at octet 3: missing, the PDU ends here"},
-        {"000200", "TP-RA at octet 3: missing, the PDU ends here"},
-        {"00010007911497",
-         "TP-DA at octet 3: a length of 7 digits goes past the end of the PDU, which has 7 octets"},
-        {"000401", "TP-OA at octet 2: a length of 1 digit goes past the end of the PDU, which has 3 octets"},
+        {"07912143", "SC address at octet 0: expected 7 octets, found 3 octets"},
+        {"00", "first octet at octet 1: expected an octet, found the end of the PDU"},
+        {"0791214365870921", "first octet at octet 8: expected an octet, found the end of the PDU"},
+        {"0004", "TP-OA at octet 2: expected an octet, found the end of the PDU"},
+        {"0001", "TP-MR at octet 2: expected an octet, found the end of the PDU"},
+        {"0002", "TP-MR at octet 2: expected an octet, found the end of the PDU"},
+        {"000100", "TP-DA at octet 3: expected an octet, found the end of the PDU"},
+        {"000200", "TP-RA at octet 3: expected an octet, found the end of the PDU"},
+        {"00010007911497", "TP-DA at octet 3: expected 5 octets for the type and 7 digits, found 3 octets"},
+        {"000401", "TP-OA at octet 2: expected 2 octets for the type and 1 digit, found 0 octets"},
         {"0001000491214"
          "3",
-         "TP-PID at octet 7: missing, the PDU ends here"},
+         "TP-PID at octet 7: expected an octet, found the end of the PDU"},
         {"000100049121"
          "4300",
-         "TP-DCS at octet 8: missing, the PDU ends here"},
-        {"000100049121430000", "TP-UDL at octet 9: missing, the PDU ends here"},
-        {"001100049121430000", "TP-VP at octet 9: missing, the PDU ends here"},
-        {"0011000491214300000B", "TP-UDL at octet 10: missing, the PDU ends here"},
-        {"001900049121430000212031", "TP-VP at octet 9: 7 octets expected, 3 left"},
-        {"00190004912143000021203121436580", "TP-UDL at octet 16: missing, the PDU ends here"},
-        {"0004049121430000", "TP-SCTS at octet 8: missing, the PDU ends here"},
-        {"0004049121430000212031214365", "TP-SCTS at octet 8: 7 octets expected, 6 left"},
-        {"000404912143000021203121436580", "TP-UDL at octet 15: missing, the PDU ends here"},
-        {"00020004912143", "TP-SCTS at octet 7: missing, the PDU ends here"},
-        {"0002000491214321203121436580", "TP-DT at octet 14: missing, the PDU ends here"},
-        {"0002000491214321203121436580212031", "TP-DT at octet 14: 7 octets expected, 3 left"},
-        {"000200049121432120312143658021203121436580", "TP-ST at octet 21: missing, the PDU ends here"},
-        {"000304912143", "octet behind the address at octet 6: missing, the PDU ends here"},
-        {"0041000491214300000A0041",
-         "TP-UDH at octet 11: element 0x41 with 0 octets of data reaches past the header of 0 octets"},
-        {"0041000491214300000A0500048E020141",
-         "TP-UDH at octet 11: element 0x00 with 4 octets of data reaches past the header of 5 octets"},
-        {"0041000491214300000A0600038E02010141",
-         "TP-UDH at octet 16: element 0x01 with 65 octets of data reaches past the header of 6 octets"},
-        {"004100049121430000050500038E020141", "TP-UDL at octet 9: 5, less than the header's 6 octets"},
+         "TP-DCS at octet 8: expected an octet, found the end of the PDU"},
+        {"000100049121430000", "TP-UDL at octet 9: expected an octet, found the end of the PDU"},
+        {"001100049121430000", "TP-VP at octet 9: expected an octet, found the end of the PDU"},
+        {"0011000491214300000B", "TP-UDL at octet 10: expected an octet, found the end of the PDU"},
+        {"001900049121430000212031", "TP-VP at octet 9: expected 7 octets, found 3 octets"},
+        {"00190004912143000021203121436580",
+         "TP-UDL at octet 16: expected an octet, found the end of the PDU"},
+        {"0004049121430000", "TP-SCTS at octet 8: expected an octet, found the end of the PDU"},
+        {"0004049121430000212031214365", "TP-SCTS at octet 8: expected 7 octets, found 6 octets"},
+        {"000404912143000021203121436580", "TP-UDL at octet 15: expected an octet, found the end of the PDU"},
+        {"00020004912143", "TP-SCTS at octet 7: expected an octet, found the end of the PDU"},
+        {"0002000491214321203121436580", "TP-DT at octet 14: expected an octet, found the end of the PDU"},
+        {"0002000491214321203121436580212031", "TP-DT at octet 14: expected 7 octets, found 3 octets"},
+        {"000200049121432120312143658021203121436580",
+         "TP-ST at octet 21: expected an octet, found the end of the PDU"},
+        {"000304912143", "octet behind the address at octet 6: expected an octet, found the end of the PDU"},
+        {"0041000491214300000A0041", "TP-UDH at octet 11: expected at most 0 octets up to the end of the "
+                                     "header, found element 0x41 of 2 octets"},
+        {"0041000491214300000A0500048E020141", "TP-UDH at octet 11: expected at most 5 octets up to the end "
+                                               "of the header, found element 0x00 of 6 octets"},
+        {"0041000491214300000A0600038E02010141", "TP-UDH at octet 16: expected at most 1 octet up to the end "
+                                                 "of the header, found element 0x01 of 67 octets"},
+        {"004100049121430000050500038E020141",
+         "TP-UDL at octet 9: expected at least 6, for the header, found 5"},
         {"0001000491214300"
          "0C"
          "0141",
-         "TP-DCS at octet 8: reserved alphabet"},
+         "TP-DCS at octet 8: expected GSM 7-bit, 8-bit data or UCS2, found the reserved alphabet"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.pdu);
@@ -597,7 +598,7 @@ TEST(QxpduDecode, RemainingLinesAreDecodedAndBlankOnesSkippedButCounted) {
     EXPECT_EQ(Qxpdu({"decode"}, deliver + "\n\n \r\nzz\n0001\n" + deliver + "\n"),
               (Outcome{1, std::string(c_deliverText) + "\n" + c_deliverText,
                        "qxpdu: line 4: character 1, 'z', is no hexadecimal digit\n"
-                       "qxpdu: line 5: TP-MR at octet 2: missing, the PDU ends here\n"}));
+                       "qxpdu: line 5: TP-MR at octet 2: expected an octet, found the end of the PDU\n"}));
 }
 
 TEST(QxpduDecode, NothingIsKeptFromOnePduToTheNext) {

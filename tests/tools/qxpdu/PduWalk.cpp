@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "Samples.h"
 #include "support/Octets.h"
 
 namespace {
@@ -15,17 +16,6 @@ using Encoding::PduDecoder;
 using qxpdu::PduField;
 using qxpdu::PduWalk;
 using tests::Bytes;
-
-constexpr const char* c_samples[] = {
-    "0791214365870921040B912143658709F100002120312143658005C8329BFD06",
-    "00B52A0791149721F30019A70400480069",
-    "001900049121430000212031214365800A0500038E0201F0783C01",
-    "0041000491214300190A0608041234030100480069",
-    "0041000491214300040C05010200030041424344",
-    "00662A0B912143658709F1212031214365802120312143654A41",
-    "000406D041E11000002120312143652205C8329BFD06",
-    "00030491214300",
-};
 
 const PduField* FieldNamed(const PduWalk& walk, std::string_view name) {
     const auto field = std::find_if(walk.fields.begin(), walk.fields.end(),
@@ -123,14 +113,14 @@ void ExpectSameInEveryWay(const Bytes& octets) {
 }
 
 TEST(PduWalk, AgreesWithTheDecoderOnEveryTruncationOfEverySample) {
-    for (const char* sample : c_samples) {
+    for (const char* sample : tests::c_samplePdus) {
         for (Bytes octets = tests::Octets(sample); !octets.empty() && !HasFailure(); octets.pop_back())
             ExpectSameInEveryWay(octets);
     }
 }
 
 TEST(PduWalk, AgreesWithTheDecoderOnEveryFlippedBitOfEverySample) {
-    for (const char* sample : c_samples) {
+    for (const char* sample : tests::c_samplePdus) {
         const Bytes octets = tests::Octets(sample);
         for (std::size_t bit = 0; bit < 8 * octets.size() && !HasFailure(); ++bit) {
             Bytes flipped = octets;
@@ -145,15 +135,7 @@ TEST(PduWalk, AgreesWithTheDecoderOnRandomOctets) {
     std::mt19937 random(seed);
     for (int i = 0; i < 20000 && !HasFailure(); ++i) {
         SCOPED_TRACE("seed " + std::to_string(seed));
-        Bytes octets = tests::Octets(c_samples[random() % std::size(c_samples)]);
-        if (random() % 4 == 0)
-            octets.assign(1 + random() % Pdu::CAPACITY, 0);
-        for (std::size_t changes = random() % 8; changes > 0; --changes)
-            octets[random() % octets.size()] = static_cast<unsigned char>(random());
-        if (random() % 16 == 0)
-            std::generate(octets.begin(), octets.end(),
-                          [&random] { return static_cast<unsigned char>(random()); });
-        ExpectSameInEveryWay(octets);
+        ExpectSameInEveryWay(tests::RandomPdu(random));
     }
 }
 
@@ -171,7 +153,7 @@ TEST(PduWalk, LargestHeaderAtTheEndOfTheLargestPduIsReadAsZerosBehindIt) {
     const auto pdu = tests::MakePdu(octets);
     PduDecoder decoder;
     const PduWalk walk = qxpdu::WalkPdu(decoder, pdu, false, false);
-    ASSERT_FALSE(walk.stop.has_value()) << walk.stop->field << walk.stop->reason;
+    ASSERT_FALSE(walk.stop.has_value()) << walk.stop->field << walk.stop->Reason();
     const PduField* header = FieldNamed(walk, "TP-UDH");
     ASSERT_NE(header, nullptr);
     EXPECT_EQ(header->length, 1U);

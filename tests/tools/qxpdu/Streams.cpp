@@ -88,8 +88,10 @@ TEST(QxpduStreams, LineBufferedAnswersEachLineBeforeTheNextIsThere) {
                                      "3>$d/in 4<$d/out && echo 00 >&3 && "
                                      "read -r first <&4 && echo 0 >&3 && read -r second <&4 && "
                                      "echo \"$first\" && echo \"$second\"; rm -r $d");
-    EXPECT_EQ(run.out, "{\"line\":1,\"error\":\"first octet at octet 1: missing, the PDU ends here\"}\n"
-                       "{\"line\":2,\"error\":\"odd number of hexadecimal digits, 1\"}\n");
+    EXPECT_EQ(
+        run.out,
+        "{\"line\":1,\"error\":\"first octet at octet 1: expected an octet, found the end of the PDU\"}\n"
+        "{\"line\":2,\"error\":\"odd number of hexadecimal digits, 1\"}\n");
 }
 
 TEST(QxpduStreams, ClosedPipeEndsTheToolQuietly) {
@@ -97,7 +99,8 @@ TEST(QxpduStreams, ClosedPipeEndsTheToolQuietly) {
         const Outcome run =
             tests::Shell(std::string(trap) + "yes 00 | $QXPDU decode --jsonl | head -n 1; exit 0");
         EXPECT_EQ(HasLine(run.err, "qxpdu: standard output: cannot be written"), false) << run.err;
-        EXPECT_EQ(run.out, "{\"line\":1,\"error\":\"first octet at octet 1: missing, the PDU ends here\"}\n");
+        EXPECT_EQ(run.out, "{\"line\":1,\"error\":\"first octet at octet 1: expected an octet, found the end "
+                           "of the PDU\"}\n");
     }
 }
 

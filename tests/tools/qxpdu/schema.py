@@ -22,6 +22,7 @@ LOG = "\n".join(["+CMT: ,24", HELLO, "+CMT: ,9", "OK", UPPER, UPPER, LOWER, LOWE
 CASES = [
     (["decode"], LOG, 11),
     (["decode", "--join"], LOG, 10),
+    (["inspect"], "\n".join([HELLO, LOWER, SUBMIT, TIMED, REPORT, REPORT + "FF", "0002", "0G", HELLO + "00"]), 9),
     (["cell"], "\n".join([PAGE, FIRST_PAGE, WARNING, "00"]), 4),
     (["cell"], FIRST_PAGE + "\n" + FIRST_PAGE.replace("0112", "0122"), 3),
     (["encode"], '{"to": "1-2", "text": "a"}\n{"to": "1"}\n{"to": "1", "text": "' + "ж" * 100 + '"}\n', 3),

@@ -4,22 +4,24 @@ _qxpdu() {
     local stream="--json --jsonl -j --threads --line-buffered --progress --no-progress"
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         case $word in
-            encode | decode | check | cell | text | ucs2 | gsm) command="${command:+$command }$word" ;;
+            encode | decode | check | inspect | cell | text | ucs2 | gsm) command="${command:+$command }$word" ;;
         esac
     done
     case $previous in
         --class) words="0 1 2 3" ;;
         --validity) words="1h 2h 6h 12h 1d 1w max" ;;
         --alphabet) words="0 2" ;;
+        --color) words="auto always never" ;;
         --to | --smsc | --reference | -j | --threads) return ;;
         *)
             case $command in
-                "") words="encode decode cell text ucs2 gsm --version" ;;
+                "") words="encode decode inspect cell text ucs2 gsm --version" ;;
                 encode)
                     words="--to --smsc --class --validity --status-report --reject-duplicates --reply-path"
                     words="$words --reference --greek --strict --at --lines $stream"
                     ;;
                 decode) words="--no-smsc --ignore-time-zone --join $stream" ;;
+                inspect) words="--no-smsc --color $stream" ;;
                 cell) words="$stream" ;;
                 text) words="--alphabet --verbose --json" ;;
                 ucs2) words="encode decode check" ;;

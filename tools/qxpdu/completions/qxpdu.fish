@@ -4,6 +4,7 @@ complete -c qxpdu -s h -l help -d 'Say how to use the tool or the command'
 complete -c qxpdu -n __fish_use_subcommand -l version -d 'Say which version this is'
 complete -c qxpdu -n __fish_use_subcommand -a encode -d 'Make SMS-SUBMIT PDUs of a text'
 complete -c qxpdu -n __fish_use_subcommand -a decode -d 'Show the fields and the text of SMS PDUs'
+complete -c qxpdu -n __fish_use_subcommand -a inspect -d 'Show what each octet of SMS PDUs means'
 complete -c qxpdu -n __fish_use_subcommand -a cell -d 'Show cell broadcast pages'
 complete -c qxpdu -n __fish_use_subcommand -a text -d 'Decode texts in GSM codes or in UCS2 hex'
 complete -c qxpdu -n __fish_use_subcommand -a ucs2 -d 'Convert between text and UCS2 hex'
@@ -11,7 +12,7 @@ complete -c qxpdu -n __fish_use_subcommand -a gsm -d 'Convert between text and G
 
 complete -c qxpdu -n 'not __fish_use_subcommand' -l json -d 'Write the results as a JSON array'
 
-set -l stream '__fish_seen_subcommand_from encode decode cell; and not __fish_seen_subcommand_from ucs2 gsm'
+set -l stream '__fish_seen_subcommand_from encode decode inspect cell; and not __fish_seen_subcommand_from ucs2 gsm'
 complete -c qxpdu -n $stream -l jsonl -d 'Write the results as JSON Lines'
 complete -c qxpdu -n $stream -s j -l threads -x -d 'Work on so many threads'
 complete -c qxpdu -n $stream -l line-buffered -d 'Write each result as soon as it is there'
@@ -33,9 +34,11 @@ complete -c qxpdu -n $encode -l lines -d 'Each line is a text of its own'
 complete -c qxpdu -n '__fish_seen_subcommand_from encode gsm' -l greek -d 'Send Greek letters as capitals'
 
 set -l decode '__fish_seen_subcommand_from decode; and not __fish_seen_subcommand_from ucs2 gsm'
-complete -c qxpdu -n $decode -l no-smsc -d 'The PDUs begin with the TPDU'
+complete -c qxpdu -n '__fish_seen_subcommand_from decode inspect; and not __fish_seen_subcommand_from ucs2 gsm' -l no-smsc -d 'The PDUs begin with the TPDU'
 complete -c qxpdu -n $decode -l ignore-time-zone -d 'Show times without their zone'
 complete -c qxpdu -n $decode -l join -d 'Put the parts of messages together'
+
+complete -c qxpdu -n '__fish_seen_subcommand_from inspect' -l color -x -a 'auto always never' -d 'Colours per field'
 
 complete -c qxpdu -n '__fish_seen_subcommand_from text' -l alphabet -x -a '0 2' -d 'Alphabet of the texts'
 complete -c qxpdu -n '__fish_seen_subcommand_from text' -l verbose -d 'Show the log line of the decoder'

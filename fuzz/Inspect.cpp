@@ -1,11 +1,14 @@
-// The tool's walk over a PDU, against PduDecoder::Decode. Input: flags (1 the TPDU alone, 2 times without
-// zone), the PDU.
+// The tool's walk over a PDU and its map of the octets, against PduDecoder::Decode. Input: flags (1 the TPDU
+// alone, 2 times without zone), the PDU.
+#include <bit>
 #include <map>
 
 #include "Encoding/PduDecoder.h"
 #include "Input.h"
+#include "OctetMap.h"
 #include "PduWalk.h"
 #include "Property.h"
+#include "Unicode.h"
 
 namespace {
 
@@ -32,7 +35,8 @@ void RequireCoveredOnce(const qxpdu::PduWalk& walk, unsigned int length) {
     }
     Require(covered <= length, "fields lie within the PDU");
     if (walk.stop)
-        Require(walk.stop->offset <= length && !walk.stop->reason.empty(), "a stop has a place and a reason");
+        Require(walk.stop->offset <= length && !walk.stop->expected.empty() && !walk.stop->found.empty(),
+                "a stop has a place and a reason");
 }
 
 /// The numbers of a walk are those that the decoder read.
@@ -53,6 +57,35 @@ void RequireSameValues(const qxpdu::PduWalk& walk, const PduDecoder& decoder) {
     }
 }
 
+/// Each octet belongs to one row, and of an octet of bits, each bit to one entry.
+void RequireMappedOnce(const std::vector<qxpdu::OctetRow>& rows, const Pdu& pdu) {
+    unsigned int end = 0;
+    for (const qxpdu::OctetRow& row : rows) {
+        Require(row.offset == end && row.length > 0, "a row begins where the one before it ends");
+        end += row.length;
+        unsigned int masks = 0;
+        unsigned int octet = 0;
+        for (const qxpdu::OctetBits& bits : row.bits) {
+            Require((masks & bits.mask) == 0, "a bit has one entry");
+            masks |= bits.mask;
+            octet |= bits.value << std::countr_zero(bits.mask);
+        }
+        Require(row.bits.empty() || (masks == 0xFF && octet == pdu.m_Bytes[row.offset]),
+                "the bits make the octet");
+    }
+    Require(end == pdu.m_Length, "the rows hold the whole PDU");
+}
+
+/// The text of the rows is where the decoder's begins.
+void RequireSameText(const std::vector<qxpdu::OctetRow>& rows, const PduDecoder& decoder) {
+    std::string text;
+    for (const qxpdu::OctetRow& row : rows) {
+        if (row.isText && row.field == "TP-UD")
+            text += row.value.get<std::string>();
+    }
+    Require(qxpdu::ToUtf8(decoder.m_Text).starts_with(text), "map and decoder read the same text");
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -69,5 +102,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             "a walk stops exactly where the decoder rejects the PDU");
     RequireCoveredOnce(walk, pdu->m_Length);
     RequireSameValues(walk, decoder);
+
+    const std::vector<qxpdu::OctetRow> rows = qxpdu::MapOctets(*pdu, walk, noSmsc);
+    RequireMappedOnce(rows, *pdu);
+    if (!walk.stop)
+        RequireSameText(rows, decoder);
     return 0;
 }
