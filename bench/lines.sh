@@ -1,6 +1,6 @@
 #!/bin/sh
-# Measures qxpdu decode --jsonl on mixed PDUs beside tshark -T ek on the same: bench/lines.sh [LINES]
-# Prints time, memory and whether -j 1, 2 and 8 write the same; tshark gets a tenth of the lines.
+# Measures qxpdu decode --jsonl on mixed PDUs, and on SMS-DELIVER beside tshark -T ek on the same: bench/lines.sh [LINES]
+# Prints time, memory and whether -j 1, 2 and 8 write the same; the comparison has a tenth of the lines.
 set -eu
 cd "$(dirname "$0")/.."
 lines=${1:-1000000}
@@ -12,28 +12,33 @@ cmake --build --preset tool --target qxpdu >/dev/null
 qxpdu=build/tool/tools/qxpdu/qxpdu
 folder=build/lines
 mkdir -p "$folder"
-python3 bench/lines.py "$lines" pdus >"$folder/pdus"
-head -n "$fewer" "$folder/pdus" >"$folder/fewer"
+python3 bench/lines.py "$lines" mixed >"$folder/mixed.txt"
+head -n "$fewer" "$folder/mixed.txt" >"$folder/fewer.txt"
+python3 bench/lines.py "$fewer" deliver >"$folder/deliver.txt"
 python3 bench/lines.py "$fewer" hexdump >"$folder/hexdump"
 text2pcap -q -l 147 "$folder/hexdump" "$folder/pcap" 2>/dev/null
 
-# measured NAME COMMAND...: standard output to $folder/NAME
+# measured STATUS NAME COMMAND...: standard output to $folder/NAME
 measured() {
-    name=$1
-    shift
-    /usr/bin/time -f "$name: %e s, %U s + %S s of processor, %M KiB" -o "$folder/time" "$@" >"$folder/$name"
+    expected=$1
+    name=$2
+    shift 2
+    status=0
+    /usr/bin/time -qf "$name: %e s, %U s + %S s of processor, %M KiB" -o "$folder/time" "$@" >"$folder/$name" || status=$?
     cat "$folder/time"
+    [ "$status" -eq "$expected" ]
 }
 
 for threads in 1 2 8; do
-    measured "qxpdu-j$threads" "$qxpdu" decode --jsonl -j "$threads" <"$folder/pdus"
+    measured 1 "mixed-j$threads" "$qxpdu" decode --jsonl -j "$threads" <"$folder/mixed.txt"
 done
-cmp "$folder/qxpdu-j1" "$folder/qxpdu-j2"
-cmp "$folder/qxpdu-j1" "$folder/qxpdu-j8"
-[ "$(wc -l <"$folder/qxpdu-j1")" -eq "$lines" ]
+cmp "$folder/mixed-j1" "$folder/mixed-j2"
+cmp "$folder/mixed-j1" "$folder/mixed-j8"
+[ "$(wc -l <"$folder/mixed-j1")" -eq "$lines" ]
 echo "the same $lines lines on 1, 2 and 8 threads"
-rm "$folder/qxpdu-j2" "$folder/qxpdu-j8"
+rm "$folder/mixed-j2" "$folder/mixed-j8"
 
-measured "qxpdu-fewer" "$qxpdu" decode --jsonl <"$folder/fewer"
-measured "tshark-fewer" tshark -r "$folder/pcap" -T ek \
+measured 1 "mixed-fewer" "$qxpdu" decode --jsonl <"$folder/fewer.txt"
+measured 0 "deliver" "$qxpdu" decode --jsonl <"$folder/deliver.txt"
+measured 0 "deliver-tshark" tshark -r "$folder/pcap" -T ek \
     -o 'uat:user_dlts:"User 0 (DLT=147)","gsm_sms","0","","0",""' 2>/dev/null

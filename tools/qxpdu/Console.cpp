@@ -47,6 +47,14 @@ void Console::Object(const Json& object) {
     m_Out += Indented(object);
 }
 
+/// An array is indented and thus for persons, who have time.
+void Console::Object(JsonText& object) {
+    const std::string_view text = object.Finish();
+    if (WantsJsonLines())
+        return Line(text);
+    Object(Json::parse(text));
+}
+
 void Console::Warning(std::string_view where, std::string_view message) {
     fmt::format_to(std::back_inserter(m_Err), "qxpdu: {}: warning: {}\n", where, message);
 }

@@ -12,6 +12,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "JsonText.h"
+
 namespace qxpdu {
 
 /// Members keep the order in which they are made.
@@ -53,6 +55,7 @@ public:
 
     /// One result as an object.
     void Object(const Json& object);
+    void Object(JsonText& object);
 
     /// `where` names the input, or the option, that the message is about.
     void Warning(std::string_view where, std::string_view message);

@@ -29,81 +29,85 @@ struct DecodeOptions : ConversionOptions {
     bool join = false;
 };
 
-/// Makes the entry of a field from its value.
-struct EntryMaker {
+std::string HexOf(const Pdu& pdu, const PduField& field) {
+    return Hex(pdu.m_Bytes + field.offset, field.length);
+}
+
+/// A field for a person.
+Entry EntryOf(const Pdu& pdu, const PduField& field) {
+    Raw raw;
+    if (const auto* number = std::get_if<NumberValue>(&field.value))
+        raw = field.mask == c_wholeOctet ? RawOctet(number->number) : RawNumber(number->number);
+    else if (const auto* coding = std::get_if<DataCodingValue>(&field.value))
+        raw = RawOctet(coding->number);
+    else
+        raw = RawOctets(HexOf(pdu, field));
+    return {std::string(field.name), std::move(raw), field.meaning};
+}
+
+/// Writes the members of a field for a program.
+struct FieldWriter {
     const Pdu& pdu;
     const PduField& field;
+    JsonText& object;
 
-    std::string HexAt(unsigned int offset, unsigned int length) const {
-        return Hex(pdu.m_Bytes + offset, length);
+    void Raw(unsigned int number) const {
+        object.Member("raw", number);
+        object.Member("meaning", field.meaning);
     }
 
-    Entry Octets(Json details) const {
-        return Made(RawOctets(HexAt(field.offset, field.length)), std::move(details));
+    void Octets() const {
+        object.Member("raw", HexOf(pdu, field));
+        object.Member("meaning", field.meaning);
     }
 
-    Entry Made(Raw raw, Json details) const {
-        return {std::string(field.name), std::move(raw), field.meaning, std::move(details)};
+    void Bits(std::string_view name, unsigned int value, std::string_view meaning) const {
+        object.Object(name, [&] {
+            object.Member("raw", value);
+            object.Member("meaning", meaning);
+        });
     }
 
-    Entry operator()(const NumberValue& value) const {
-        return Made(field.mask == c_wholeOctet ? RawOctet(value.number) : RawNumber(value.number),
-                    Json::object());
-    }
+    void operator()(const NumberValue& value) const { Raw(value.number); }
 
-    Entry operator()(const DataCodingValue& value) const {
-        Json details = {{"alphabet", AlphabetName(value.alphabet)}};
+    void operator()(const DataCodingValue& value) const {
+        Raw(value.number);
+        object.Member("alphabet", AlphabetName(value.alphabet));
         if (value.messageClass != Encoding::MessageClass::CLASS_NONE)
-            details["class"] = static_cast<int>(value.messageClass);
-        return Made(RawOctet(value.number), std::move(details));
+            object.Member("class", static_cast<int>(value.messageClass));
     }
 
-    Entry operator()(const AddressValue& value) const {
+    void operator()(const AddressValue& value) const {
+        Octets();
         if (field.length == 1)
-            return Octets(Json::object());
-        return Octets(
-            {{"number", value.number},
-             {"type_of_number",
-              {{"raw", value.typeOfNumber}, {"meaning", TypeOfNumberMeaning(value.typeOfNumber)}}},
-             {"numbering_plan",
-              {{"raw", value.numberingPlan}, {"meaning", NumberingPlanMeaning(value.numberingPlan)}}}});
+            return;
+        object.Member("number", value.number);
+        Bits("type_of_number", value.typeOfNumber, TypeOfNumberMeaning(value.typeOfNumber));
+        Bits("numbering_plan", value.numberingPlan, NumberingPlanMeaning(value.numberingPlan));
     }
 
-    Entry operator()(const TimeValue& value) const {
-        return Octets(value.time.empty() ? Json::object() : Json{{"time", value.time}});
+    void operator()(const TimeValue& value) const {
+        Octets();
+        if (!value.time.empty())
+            object.Member("time", value.time);
     }
 
-    Entry operator()(const HeaderValue& value) const {
-        Json elements = Json::array();
-        for (const HeaderElement& element : value.elements) {
-            elements.push_back(
-                {{"identifier", element.identifier},
-                 {"meaning", ElementName(element.identifier)},
-                 {"data", element.present == 0 ? "" : HexAt(element.offset, element.present)}});
-        }
-        return Octets({{"elements", std::move(elements)}});
+    void operator()(const HeaderValue& value) const {
+        Octets();
+        object.Array("elements", [&] {
+            for (const HeaderElement& element : value.elements)
+                object.Element([&] { Write(element); });
+        });
     }
 
-    Entry operator()(const UserDataValue&) const { return Octets(Json::object()); }
+    void Write(const HeaderElement& element) const {
+        object.Member("identifier", element.identifier);
+        object.Member("meaning", ElementName(element.identifier));
+        object.Member("data", element.present == 0 ? "" : Hex(pdu.m_Bytes + element.offset, element.present));
+    }
+
+    void operator()(const UserDataValue&) const { Octets(); }
 };
-
-/// A decoded PDU as it is shown.
-struct Message {
-    std::vector<Entry> entries;
-    bool hasConcatenation = false;
-    bool hasText = false;
-};
-
-Message Describe(const Pdu& pdu, const PduWalk& walk) {
-    Message message;
-    for (const PduField& field : walk.fields) {
-        message.entries.push_back(std::visit(EntryMaker{pdu, field}, field.value));
-        if (const auto* header = std::get_if<HeaderValue>(&field.value))
-            message.hasConcatenation = header->HasConcatenation();
-        message.hasText = message.hasText || field.name == "TP-UDL";
-    }
-    return message;
-}
 
 /// A PDU that the decoder accepted.
 struct Decoded {
@@ -132,45 +136,63 @@ Decoded Decode(const DecodeOptions& options, const Input& input) {
     return decoded;
 }
 
-Json ToJson(const Input& input, const Pdu& pdu, const Message& message, const PduDecoder& decoder) {
-    Json object = ObjectFor(input);
-    object["octets"] = pdu.GetString();
-    for (const Entry& entry : message.entries)
-        object[KeyOf(entry.name)] = ToJson(entry);
-    if (message.hasConcatenation) {
-        object["concatenation"] = {{"reference", decoder.m_ConcatReference},
-                                   {"total", decoder.m_ConcatTotal},
-                                   {"sequence", decoder.m_ConcatSequence}};
-    }
-    if (message.hasText)
-        object["text"] = ToUtf8(decoder.m_Text);
-    return object;
+bool HasConcatenation(const PduWalk& walk) {
+    return HasWideReference(walk).has_value();
 }
 
-std::string ToText(Message message, const PduDecoder& decoder) {
-    if (message.hasConcatenation) {
-        message.entries.push_back({"part",
-                                   {},
-                                   fmt::format("{} of {}, reference {}", decoder.m_ConcatSequence,
-                                               decoder.m_ConcatTotal, decoder.m_ConcatReference)});
-    }
-    if (message.hasText)
-        message.entries.push_back({"text", {}, ToUtf8(decoder.m_Text)});
-    return ToText(message.entries);
+bool HasText(const PduWalk& walk) {
+    return std::any_of(walk.fields.begin(), walk.fields.end(),
+                       [](const PduField& field) { return field.name == "TP-UDL"; });
 }
 
 /// `reportOn` is the number of the message that a status report is about.
-void Show(const Input& input, const Decoded& decoded, std::optional<std::size_t> reportOn, Console& console) {
-    Message message = Describe(*decoded.pdu, decoded.walk);
-    if (console.WantsJson()) {
-        Json object = ToJson(input, *decoded.pdu, message, decoded.decoder);
-        if (reportOn)
-            object["report_on"] = *reportOn;
-        return console.Object(object);
+void ShowObject(const Input& input, const Decoded& decoded, std::optional<std::size_t> reportOn,
+                Console& console) {
+    const PduDecoder& decoder = decoded.decoder;
+    JsonText object;
+    Begin(object, input);
+    object.Member("octets", Hex(decoded.pdu->m_Bytes, decoded.pdu->m_Length));
+    for (const PduField& field : decoded.walk.fields)
+        object.Object(KeyOf(field.name), [&] {
+            std::visit(FieldWriter{*decoded.pdu, field, object}, field.value);
+        });
+    if (HasConcatenation(decoded.walk)) {
+        object.Object("concatenation", [&] {
+            object.Member("reference", decoder.m_ConcatReference);
+            object.Member("total", decoder.m_ConcatTotal);
+            object.Member("sequence", decoder.m_ConcatSequence);
+        });
     }
+    if (HasText(decoded.walk))
+        object.Member("text", ToUtf8(decoder.m_Text));
     if (reportOn)
-        message.entries.push_back({"report on", {}, fmt::format("line {}", *reportOn)});
-    console.Block(ToText(std::move(message), decoded.decoder));
+        object.Member("report_on", *reportOn);
+    console.Object(object);
+}
+
+void ShowEntries(const Decoded& decoded, std::optional<std::size_t> reportOn, Console& console) {
+    const PduDecoder& decoder = decoded.decoder;
+    std::vector<Entry> entries;
+    for (const PduField& field : decoded.walk.fields)
+        entries.push_back(EntryOf(*decoded.pdu, field));
+    if (HasConcatenation(decoded.walk)) {
+        entries.push_back({"part",
+                           {},
+                           fmt::format("{} of {}, reference {}", decoder.m_ConcatSequence,
+                                       decoder.m_ConcatTotal, decoder.m_ConcatReference)});
+    }
+    if (HasText(decoded.walk))
+        entries.push_back({"text", {}, ToUtf8(decoder.m_Text)});
+    if (reportOn)
+        entries.push_back({"report on", {}, fmt::format("line {}", *reportOn)});
+    console.Block(ToText(entries));
+}
+
+void Show(const Input& input, const Decoded& decoded, std::optional<std::size_t> reportOn, Console& console) {
+    if (console.WantsJson())
+        ShowObject(input, decoded, reportOn, console);
+    else
+        ShowEntries(decoded, reportOn, console);
 }
 
 void ShowJoined(const ConcatenatedMessage& message, Console& console) {

@@ -59,11 +59,11 @@ Toolkit::smart_ptr<Encoding::Pdu> ReadPdu(std::string_view text) {
 }
 
 std::string Hex(const unsigned char* octets, std::size_t count) {
-    std::string text;
-    text.reserve(2 * count);
+    std::string text(2 * count, '0');
+    char* digit = text.data();
     for (std::size_t i = 0; i < count; ++i) {
-        text += c_digits[octets[i] >> 4];
-        text += c_digits[octets[i] & 0xF];
+        *digit++ = c_digits[octets[i] >> 4];
+        *digit++ = c_digits[octets[i] & 0xF];
     }
     return text;
 }

@@ -16,6 +16,7 @@ using Encoding::MessageTypeIndicator;
 using Encoding::Pdu;
 using Encoding::PduDecoder;
 
+constexpr std::size_t c_mostFields = 15; ///< those of an SMS-SUBMIT
 constexpr unsigned int c_timeLength = 7;
 constexpr unsigned int c_zoneSign = 0x08;
 constexpr unsigned int c_elementHead = 2; ///< identifier and length
@@ -26,6 +27,7 @@ public:
         : m_Decoder(decoder), m_Pdu(pdu), m_IgnoreTimeZone(ignoreTimeZone) {}
 
     PduWalk Walk(bool noSmsc) {
+        m_Walk.fields.reserve(c_mostFields);
         if (noSmsc || Address("SC address", false))
             Tpdu();
         return std::move(m_Walk);

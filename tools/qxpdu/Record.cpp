@@ -69,16 +69,33 @@ Json ToJson(const Entry& entry) {
     return object;
 }
 
-Json ObjectFor(const Input& input) {
+namespace {
+
+/// The member that names the input; none for the whole of standard input.
+std::string_view MemberFor(const Input& input) {
     switch (input.source) {
     case Input::Source::Argument:
-        return {{"argument", input.number}};
+        return "argument";
     case Input::Source::Line:
-        return {{"line", input.number}};
+        return "line";
     case Input::Source::Stream:
         break;
     }
-    return Json::object();
+    return {};
+}
+
+} // namespace
+
+Json ObjectFor(const Input& input) {
+    Json object = Json::object();
+    if (const std::string_view member = MemberFor(input); !member.empty())
+        object[std::string(member)] = input.number;
+    return object;
+}
+
+void Begin(JsonText& object, const Input& input) {
+    if (const std::string_view member = MemberFor(input); !member.empty())
+        object.Member(member, input.number);
 }
 
 } // namespace qxpdu

@@ -41,6 +41,7 @@ Json ToJson(const Entry& entry);
 
 /// {"line": 3} or {"argument": 1}: how every object of a result begins.
 Json ObjectFor(const Input& input);
+void Begin(JsonText& object, const Input& input);
 
 } // namespace qxpdu
 
