@@ -33,16 +33,12 @@ std::string HexOf(const Pdu& pdu, const PduField& field) {
     return Hex(pdu.m_Bytes + field.offset, field.length);
 }
 
-/// A field for a person.
-Entry EntryOf(const Pdu& pdu, const PduField& field) {
-    Raw raw;
+Raw RawOf(const Pdu& pdu, const PduField& field) {
     if (const auto* number = std::get_if<NumberValue>(&field.value))
-        raw = field.mask == c_wholeOctet ? RawOctet(number->number) : RawNumber(number->number);
-    else if (const auto* coding = std::get_if<DataCodingValue>(&field.value))
-        raw = RawOctet(coding->number);
-    else
-        raw = RawOctets(HexOf(pdu, field));
-    return {std::string(field.name), std::move(raw), field.meaning};
+        return field.mask == c_wholeOctet ? RawOctet(number->number) : RawNumber(number->number);
+    if (const auto* coding = std::get_if<DataCodingValue>(&field.value))
+        return RawOctet(coding->number);
+    return RawOctets(HexOf(pdu, field));
 }
 
 /// Writes the members of a field for a program.
@@ -51,7 +47,7 @@ struct FieldWriter {
     const PduField& field;
     JsonText& object;
 
-    void Raw(unsigned int number) const {
+    void Number(unsigned int number) const {
         object.Member("raw", number);
         object.Member("meaning", field.meaning);
     }
@@ -68,10 +64,10 @@ struct FieldWriter {
         });
     }
 
-    void operator()(const NumberValue& value) const { Raw(value.number); }
+    void operator()(const NumberValue& value) const { Number(value.number); }
 
     void operator()(const DataCodingValue& value) const {
-        Raw(value.number);
+        Number(value.number);
         object.Member("alphabet", AlphabetName(value.alphabet));
         if (value.messageClass != Encoding::MessageClass::CLASS_NONE)
             object.Member("class", static_cast<int>(value.messageClass));
@@ -174,7 +170,7 @@ void ShowEntries(const Decoded& decoded, std::optional<std::size_t> reportOn, Co
     const PduDecoder& decoder = decoded.decoder;
     std::vector<Entry> entries;
     for (const PduField& field : decoded.walk.fields)
-        entries.push_back(EntryOf(*decoded.pdu, field));
+        entries.push_back({std::string(field.name), RawOf(*decoded.pdu, field), field.meaning});
     if (HasConcatenation(decoded.walk)) {
         entries.push_back({"part",
                            {},
