@@ -171,9 +171,15 @@ void AddStreaming(CLI::App& command, ConversionOptions& options) {
         ->type_name("N");
     command.add_flag("--line-buffered", options.lineBuffered,
                      "Write each result as soon as it is there, as on a terminal");
-    command.add_flag("--progress,!--no-progress", options.progress,
-                     "Show lines, rate and errors on standard error, or do not; without either, where that "
-                     "is a terminal and results go elsewhere");
+    CLI::Option* progress = command.add_flag_callback(
+        "--progress", [&options] { options.progress = true; },
+        "Show lines, rate and errors on standard error; by themselves they are shown where that is a "
+        "terminal "
+        "and results go elsewhere");
+    command
+        .add_flag_callback(
+            "--no-progress", [&options] { options.progress = false; }, "Do not show them")
+        ->excludes(progress);
 }
 
 int ConvertStream(const ConversionOptions& options, const Streams& streams, const Converter& converter) {

@@ -223,7 +223,7 @@ std::string_view NumberingPlanMeaning(unsigned int bits) {
     return c_numberingPlans[bits & 0xF];
 }
 
-std::string Counted(unsigned int count, std::string_view unit) {
+std::string Counted(std::uint64_t count, std::string_view unit) {
     return fmt::format("{} {}{}", count, unit, count == 1 ? "" : "s");
 }
 

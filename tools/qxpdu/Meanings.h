@@ -3,6 +3,7 @@
 #define QXPDU_MEANINGS_H
 
 #include <array>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -37,7 +38,7 @@ std::string_view TypeOfNumberMeaning(unsigned int bits);
 std::string_view NumberingPlanMeaning(unsigned int bits);
 
 /// "1 octet", "2 octets".
-std::string Counted(unsigned int count, std::string_view unit);
+std::string Counted(std::uint64_t count, std::string_view unit);
 
 std::string_view AlphabetName(Encoding::Alphabet::Encoding alphabet);
 

@@ -4,6 +4,8 @@
 
 #include <fmt/format.h>
 
+#include "Meanings.h"
+
 namespace qxpdu {
 
 namespace {
@@ -48,8 +50,8 @@ void Progress::Finish() {
 
 void Progress::Show(double seconds) {
     seconds = std::max(seconds, c_shortest);
-    m_Err << fmt::format("qxpdu: {} lines, {:.0f} a second, {} errors", m_Lines,
-                         static_cast<double>(m_Lines) / seconds, m_Errors);
+    m_Err << fmt::format("qxpdu: {}, {:.0f} a second, {}", Counted(m_Lines, "line"),
+                         static_cast<double>(m_Lines) / seconds, Counted(m_Errors, "error"));
     if (!m_InSize || m_Bytes == 0 || *m_InSize == 0)
         return;
     const double done = std::min(1.0, static_cast<double>(m_Bytes) / static_cast<double>(*m_InSize));

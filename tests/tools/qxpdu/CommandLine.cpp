@@ -159,6 +159,14 @@ TEST(QxpduCommandLine, LineOfMoreThanAMebibyteIsAnErrorAndTheNextIsRead) {
               (Outcome{1, "", "qxpdu: line 1: longer than 1048576 bytes\n"}));
 }
 
+TEST(QxpduCommandLine, StandardInputOfMoreThanAMebibyteIsTooLongForOneText) {
+    const std::string longest(std::size_t{1} << 20, 'a');
+    EXPECT_EQ(Qxpdu({"encode", "--to", "1"}, longest + '\n').err,
+              "qxpdu: standard input: the text needs 6854 parts, 255 at most\n");
+    EXPECT_EQ(Qxpdu({"encode", "--to", "1"}, longest + "a"),
+              (Outcome{1, "", "qxpdu: standard input: longer than 1048576 bytes\n"}));
+}
+
 TEST(QxpduCommandLine, ArgumentsBehindTwoDashesAreInputs) {
     EXPECT_EQ(Qxpdu({"ucs2", "encode", "--", "-A"}), (Outcome{0, "002D0041\n", ""}));
     EXPECT_EQ(Qxpdu({"ucs2", "encode", "A", "--", "--json", "B"}),

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "RunTool.h"
+#include "support/Octets.h"
 
 namespace {
 
@@ -95,13 +96,28 @@ TEST(QxpduStreams, LineBufferedAnswersEachLineBeforeTheNextIsThere) {
 }
 
 TEST(QxpduStreams, ClosedPipeEndsTheToolQuietly) {
-    for (const char* trap : {"", "trap '' PIPE; "}) {
+    const struct {
+        const char* trap;
+        const char* status; ///< of the tool: ended by SIGPIPE, or nothing amiss where that is ignored
+    } rows[] = {{"", "141\n"}, {"trap '' PIPE; ", "0\n"}};
+    for (const auto& row : rows) {
         const Outcome run =
-            tests::Shell(std::string(trap) + "yes 00 | $QXPDU decode --jsonl | head -n 1; exit 0");
-        EXPECT_EQ(HasLine(run.err, "qxpdu: standard output: cannot be written"), false) << run.err;
-        EXPECT_EQ(run.out, "{\"line\":1,\"error\":\"first octet at octet 1: expected an octet, found the end "
-                           "of the PDU\"}\n");
+            tests::Shell(std::string(row.trap) + "yes " + c_hello +
+                         " 2>/dev/null | { $QXPDU decode --jsonl; echo $? >&2; } | head -n 1");
+        EXPECT_EQ(run.err, row.status);
+        EXPECT_EQ(JsonLines(run.out).size(), 1U) << run.out;
     }
+}
+
+TEST(QxpduStreams, ProgressIsShownOnATerminalUnlessResultsGoThereToo) {
+    const std::string decode = "printf '00\\n' | $QXPDU decode --jsonl";
+    const auto onTerminal = [](const std::string& command) {
+        return tests::Shell("script -qec \"" + command + "\" /dev/null").out;
+    };
+    EXPECT_NE(onTerminal(decode + " >/dev/null").find("1 line, "), std::string::npos);
+    EXPECT_EQ(onTerminal(decode + " --no-progress >/dev/null"), "");
+    EXPECT_EQ(onTerminal(decode).find("1 line, "), std::string::npos);
+    EXPECT_NE(onTerminal(decode + " --progress").find("1 line, "), std::string::npos);
 }
 
 TEST(QxpduStreams, ProgressTellsLinesAndErrorsOnStandardError) {
@@ -112,7 +128,7 @@ TEST(QxpduStreams, ProgressTellsLinesAndErrorsOnStandardError) {
     const std::size_t rate = begin + start.size();
     const std::size_t end = shown.err.find_first_not_of("0123456789", rate);
     EXPECT_GT(end, rate) << "a rate";
-    EXPECT_EQ(shown.err.substr(end), " a second, 1 errors\n");
+    EXPECT_EQ(shown.err.substr(end), " a second, 1 error\n");
     for (const Arguments& arguments :
          {Arguments{"decode", "--jsonl"}, {"decode", "--jsonl", "--no-progress"}})
         EXPECT_EQ(Qxpdu(arguments, Joined({c_hello})).err, "");
@@ -126,6 +142,7 @@ TEST(QxpduStreams, WrongStreamOptionsAreRefused) {
     const Row rows[] = {
         {{"decode", "-j", "0"}, "qxpdu: --threads: Value 0 not in range 1 to 256"},
         {{"decode", "-j", "257"}, "qxpdu: --threads: Value 257 not in range 1 to 256"},
+        {{"decode", "--progress", "--no-progress"}, "qxpdu: --progress excludes --no-progress"},
         {{"decode", "--json", "--jsonl"}, "qxpdu: --json excludes --jsonl"},
         {{"encode", "--to", "1", "--at", "--json", "a"}, "qxpdu: --json excludes --at"},
         {{"encode", "--to", "1", "--at", "--jsonl", "a"}, "qxpdu: --jsonl excludes --at"},
@@ -342,6 +359,28 @@ TEST(QxpduJoin, StatusReportFindsTheMessageByReferenceAndAddress) {
                      .at(1)
                      .contains("report_on"));
     EXPECT_TRUE(HasLine(Qxpdu({"decode", "--join"}, Joined({c_submit, c_report})).out, "report on line 1"));
+}
+
+TEST(QxpduJoin, OldestMessageIsGivenUpWhenTooManyPartsWait) {
+    // 4,097 first parts, which are one more than wait, and then the second part of the very first message.
+    constexpr int c_waiting = 4096;
+    std::string input;
+    for (int reference = 0; reference <= c_waiting; ++reference) {
+        const unsigned char octets[] = {static_cast<unsigned char>(reference >> 8),
+                                        static_cast<unsigned char>(reference)};
+        input += "0791214365870921440B912143658709F100082120312143658009060804" + tests::Hex(octets, 1) +
+                 tests::Hex(octets + 1, 1) + "02010061\n";
+    }
+    input += "0791214365870921440B912143658709F100082120312143658009060804000002020062\n";
+    const Outcome run = Qxpdu({"decode", "--join", "--jsonl"}, input);
+    EXPECT_EQ(run.status, 0);
+    const auto objects = JsonLines(run.out);
+    ASSERT_EQ(objects.size(), std::size_t{c_waiting} + 2);
+    EXPECT_EQ(objects[0]["joined"], nlohmann::json{1});
+    EXPECT_EQ(objects[0]["parts_missing"], nlohmann::json{2});
+    EXPECT_EQ(objects[1]["joined"], nlohmann::json{2});
+    EXPECT_EQ(objects.back()["joined"], nlohmann::json{c_waiting + 2});
+    EXPECT_EQ(objects.back()["parts_missing"], nlohmann::json{1});
 }
 
 } // namespace
