@@ -29,6 +29,11 @@ constexpr unsigned int c_mostQuarters = 14 * 4;
 constexpr unsigned int c_septetRow = 7; ///< octets that hold eight septets
 constexpr unsigned int c_octetRow = 8;
 
+/// By the first octet of the character.
+bool IsLowSurrogate(unsigned int octet) {
+    return (octet & 0xFC) == 0xDC;
+}
+
 bool EndsInHighSurrogate(const std::wstring& text) {
     return !text.empty() && (static_cast<unsigned int>(text.back()) & 0xFC00) == 0xD800;
 }
@@ -313,7 +318,8 @@ void Mapper::operator()(const UserDataValue& value) {
     while (End() < end) {
         rowEnd = std::min(end, rowEnd + width);
         std::wstring text = TextOf(value, unitsUpTo(rowEnd));
-        if (m_Alphabet == Alphabet::ALPHABET_UCS2 && EndsInHighSurrogate(text) && rowEnd + 2 <= end) {
+        if (m_Alphabet == Alphabet::ALPHABET_UCS2 && EndsInHighSurrogate(text) && rowEnd + 2 <= end &&
+            IsLowSurrogate(Octet(rowEnd))) {
             rowEnd += 2;
             text = TextOf(value, unitsUpTo(rowEnd));
         }
