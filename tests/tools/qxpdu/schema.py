@@ -12,16 +12,17 @@ UPPER = "0791214365870921440B912143658709F100082120312143658008050003060201D83D"
 SUBMIT = "0001070491214300000161"
 TIMED = "001907049121430000212031214365800161"
 REPORT = "00060704912143212031214365802120312143658000"
+CLASSED = "0001070491214300100161"
 PAGE = "403211120111C8329BFD06"
 FIRST_PAGE = "403211120112C8329BFD06"
 WARNING = "403211000111C8329BFD06"
 LOG = "\n".join(["+CMT: ,24", HELLO, "+CMT: ,9", "OK", UPPER, UPPER, LOWER, LOWER, SUBMIT, TIMED, REPORT, "0G", "+CBM: 11",
-                 PAGE, ""])
+                 PAGE, "+CBM: 11", WARNING, CLASSED, ""])
 
 # The command, standard input, and how many objects come of it.
 CASES = [
-    (["decode"], LOG, 11),
-    (["decode", "--join"], LOG, 10),
+    (["decode"], LOG, 13),
+    (["decode", "--join"], LOG, 12),
     (["inspect"], "\n".join([HELLO, LOWER, SUBMIT, TIMED, REPORT, REPORT + "FF", "0002", "0G", HELLO + "00"]), 9),
     (["cell"], "\n".join([PAGE, FIRST_PAGE, WARNING, "00"]), 4),
     (["cell"], FIRST_PAGE + "\n" + FIRST_PAGE.replace("0112", "0122"), 3),
@@ -41,13 +42,36 @@ def schema_of(command):
     return jsonschema.Draft202012Validator(schema)
 
 
+def members_of(value):
+    """The names of all members in a value, at any depth."""
+    if isinstance(value, dict):
+        return set(value).union(*map(members_of, value.values()))
+    return set().union(*map(members_of, value)) if isinstance(value, list) else set()
+
+
+def properties_of(schema):
+    """The names of all members that a schema knows."""
+    if isinstance(schema, list):
+        return set().union(*map(properties_of, schema))
+    if not isinstance(schema, dict):
+        return set()
+    return set(schema.get("properties", {})).union(*map(properties_of, schema.values()))
+
+
+seen = {}
 for arguments, text, count in CASES:
     objects = [json.loads(line) for line in objects_of(arguments + ["--jsonl"], text).splitlines()]
     assert len(objects) == count, f"{arguments}: {len(objects)} objects, {count} expected"
     for item in objects:
+        seen.setdefault(arguments[0], set()).update(members_of(item))
         schema_of(arguments[0]).validate(item)
         assert not schema_of(arguments[0]).is_valid({**item, "other": 1}), "a member more must be refused"
 array = json.loads(objects_of(["encode", "--to", "1", "--json"], "ж" * 100))
 assert len(array) == 2
 for item in array:
     schema_of("encode").validate(item)
+
+# What no case shows, no case has validated.
+for command, members in seen.items():
+    unseen = properties_of(schema_of(command).schema) - members - {"argument"}
+    assert not unseen, f"{command}: no case has {sorted(unseen)}"
