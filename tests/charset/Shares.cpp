@@ -36,54 +36,40 @@ TEST(ByteOrder, IsAskedOnceWithAShareHeld) {
     EXPECT_EQ(s_asked, 1);
 }
 
+/// The codes of characters in memory, for a character set that was told this byte order.
+tests::Bytes CodesOf(const unsigned char* memory, unsigned int length, int endian) {
+    s_endian = endian;
+    GSMCharSet charSet;
+    s_endian = 0;
+    unsigned int count = 0xEE;
+    EXPECT_TRUE(charSet.GetGsmBytes(memory, length, &count, nullptr));
+    tests::Bytes codes(count);
+    unsigned char* out = codes.data();
+    EXPECT_TRUE(charSet.GetGsmBytes(memory, length, &count, &out));
+    return codes;
+}
+
 TEST(ByteOrder, OneMeansThatTheCharacterLiesInBytesTwoAndThree) {
     const unsigned char memory[] = {0x11, 0x22, 0x20, 0xAC, 0x41, 0x00, 0x00, 0x42};
-    const struct {
-        int endian;
-        tests::Bytes codes;
-    } rows[] = {{1, {0x1B, 0x65, 0x42}}, {0, {0x41}}, {2, {0x41}}, {-1, {0x41}}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.endian);
-        s_endian = row.endian;
-        GSMCharSet charSet;
-        s_endian = 0;
-        unsigned int count = 0;
-        ASSERT_TRUE(charSet.GetGsmBytes(memory, 8, &count, nullptr));
-        EXPECT_EQ(count, row.codes.size());
-        tests::Bytes codes(count);
-        unsigned char* out = codes.data();
-        ASSERT_TRUE(charSet.GetGsmBytes(memory, 8, &count, &out));
-        EXPECT_EQ(codes, row.codes);
-    }
+    EXPECT_EQ(CodesOf(memory, 8, 1), (tests::Bytes{0x1B, 0x65, 0x42}));
+    for (const int other : {0, 2, -1})
+        EXPECT_EQ(CodesOf(memory, 8, other), (tests::Bytes{0x41})) << other;
 }
 
 TEST(ByteOrder, HoldsForEightCharactersThatAreReadTogether) {
-    const unsigned char atTheEnd[] = {0x11, 0x4E, 0x00, 0x42};   // U+0042, or an ideograph without a code
-    const unsigned char atTheStart[] = {0x42, 0x00, 0x4E, 0x11}; // the same the other way round
-    const struct {
-        int endian;
-        const unsigned char* character;
-        tests::Bytes codes;
-    } rows[] = {{1, atTheEnd, tests::Bytes(8, 0x42)},
-                {1, atTheStart, {}},
-                {0, atTheEnd, {}},
-                {0, atTheStart, tests::Bytes(8, 0x42)}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.endian << ", first octet " << int{*row.character});
-        unsigned char memory[32];
-        for (unsigned int i = 0; i < 32; ++i)
-            memory[i] = row.character[i % 4];
-        s_endian = row.endian;
-        GSMCharSet charSet;
-        s_endian = 0;
-        unsigned int count = 0xEE;
-        ASSERT_TRUE(charSet.GetGsmBytes(memory, 32, &count, nullptr));
-        EXPECT_EQ(count, row.codes.size());
-        tests::Bytes codes(count);
-        unsigned char* out = codes.data();
-        ASSERT_TRUE(charSet.GetGsmBytes(memory, 32, &count, &out));
-        EXPECT_EQ(codes, row.codes);
+    unsigned char atTheEnd[32] =
+        {}; // U+0042 eight times in the one order, an ideograph without a code in the other
+    unsigned char atTheStart[32] = {}; // the other way round
+    for (unsigned int i = 0; i < 32; i += 4) {
+        atTheEnd[i] = atTheStart[i + 3] = 0x11;
+        atTheEnd[i + 1] = atTheStart[i + 2] = 0x4E;
+        atTheEnd[i + 3] = atTheStart[i] = 0x42;
     }
+    const tests::Bytes eight(8, 0x42);
+    EXPECT_EQ(CodesOf(atTheEnd, 32, 1), eight);
+    EXPECT_EQ(CodesOf(atTheStart, 32, 1), tests::Bytes());
+    EXPECT_EQ(CodesOf(atTheEnd, 32, 0), tests::Bytes());
+    EXPECT_EQ(CodesOf(atTheStart, 32, 0), eight);
 }
 
 TEST(ByteOrder, IsNotLookedAtByTheStringConversion) {
