@@ -1,0 +1,65 @@
+"""Builds the README's host program in one of the ways that the README shows, runs it and compares what it prints.
+
+usage: host.py WAY SOURCE-TREE PREFIX COMPILER STANDARD WORK-FOLDER
+WAY is package, subdirectory, fetched or pkg-config.
+"""
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+
+way, source, prefix, compiler, standard, work = sys.argv[1:]
+source, prefix, work = pathlib.Path(source), pathlib.Path(prefix), pathlib.Path(work)
+sys.path.append(str(source / "tests/documents"))
+from blocks import blocks_of, programs_of  # noqa: E402
+
+README = source / "README.md"
+MARKS = {"package": "find_package(QX_Encoding", "subdirectory": "add_subdirectory(", "fetched": "FetchContent_Declare(",
+         "pkg-config": "pkg-config"}
+environment = {**os.environ, "LC_ALL": "C.UTF-8"}
+
+
+def run(*command):
+    done = subprocess.run(command, cwd=work, env=environment, text=True, encoding="utf-8", timeout=900,
+                          stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+    if done.returncode != 0:
+        raise SystemExit(f"{' '.join(map(str, command))}\n{done.stdout}")
+    return done.stdout
+
+
+def build_by_cmake(lists):
+    (work / "CMakeLists.txt").write_text(lists)
+    if way == "subdirectory":
+        (work / "libQX_Encoding").symlink_to(source)
+    where = {"package": [f"-DCMAKE_PREFIX_PATH={prefix}"],
+             "subdirectory": [],
+             "fetched": ["-DQX_REPOSITORY=unused", f"-DFETCHCONTENT_SOURCE_DIR_QX_ENCODING={source}"]}[way]
+    run("cmake", "-S", ".", "-B", "build", "-G", "Ninja", f"-DCMAKE_CXX_COMPILER={compiler}",
+        f"-DCMAKE_CXX_STANDARD={standard}", *where)
+    run("cmake", "--build", "build")
+    if way != "package":  # what a host takes in as sources adds nothing to what the host installs
+        run("cmake", "--install", "build", "--prefix", "installed")
+        if (work / "installed").exists():
+            raise SystemExit("the host's installation holds files of the library")
+    return work / "build/host"
+
+
+def build_by_pkg_config(line):
+    environment["PKG_CONFIG_PATH"] = str(prefix / "lib/pkgconfig")
+    environment["LD_LIBRARY_PATH"] = str(prefix / "lib")
+    written = {"20": "c++20", "23": "c++2b"}.get(standard, f"c++{standard}")
+    run("bash", "-ec", line.replace("g++ ", f"{compiler} ").replace("c++17", written))
+    return work / "host"
+
+
+shutil.rmtree(work, ignore_errors=True)
+work.mkdir(parents=True)
+program, expected = next(programs_of(README))
+(work / "host.cpp").write_text(program.text, encoding="utf-8")
+language = "sh" if way == "pkg-config" else "cmake"
+(shown,) = [block.text for block in blocks_of(README) if block.language == language and MARKS[way] in block.text]
+host = build_by_pkg_config(shown) if way == "pkg-config" else build_by_cmake(shown)
+printed = run(host)
+if printed != expected:
+    raise SystemExit(f"prints\n{printed}instead of\n{expected}")
