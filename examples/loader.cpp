@@ -1,0 +1,45 @@
+// A host that opens libQX_Encoding at run time and closes it again. Usage: loader [FILE]
+//
+// It is linked with libQX_Toolkit alone. While the library is open, its module is known to the module
+// manager; afterwards nothing of it is left in the process.
+#include <dlfcn.h>
+
+#include <cstdlib>
+#include <iostream>
+
+#include "Encoding/EncodingModule.h"
+#include "Toolkit/LibModuleManager.h"
+
+namespace {
+
+bool IsRegistered(const Toolkit::LibModule* module) {
+    return (*Toolkit::LibModuleManager::s_pInstance)->IsRegistered(module);
+}
+
+bool IsLoaded(const char* file) {
+    void* const library = dlopen(file, RTLD_NOW | RTLD_NOLOAD);
+    if (library != nullptr)
+        dlclose(library);
+    return library != nullptr;
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    const char* const file = count > 1 ? arguments[1] : "libQX_Encoding.so.1";
+    void* const library = dlopen(file, RTLD_NOW | RTLD_LOCAL);
+    if (library == nullptr) {
+        std::cerr << dlerror() << '\n';
+        return EXIT_FAILURE;
+    }
+    const auto ppModule = static_cast<Encoding::EncodingModule**>(dlsym(library, "encodingModule"));
+    if (ppModule == nullptr) {
+        std::cerr << dlerror() << '\n';
+        return EXIT_FAILURE;
+    }
+    const Toolkit::LibModule* const module = *ppModule;
+    std::cout << std::boolalpha;
+    std::cout << "open: loaded " << IsLoaded(file) << ", registered " << IsRegistered(module) << '\n';
+    dlclose(library);
+    std::cout << "closed: loaded " << IsLoaded(file) << ", registered " << IsRegistered(module) << '\n';
+}

@@ -1,0 +1,145 @@
+// The sending side: text to PDUs, and these to a modem by AT+CMGS. Usage: send [DEVICE]
+//
+// Without a device the other end of a pseudo-terminal stands for the modem, on a thread of its own: it
+// answers as a modem does, and refuses a PDU that is not as long as the command said.
+#include <fcntl.h>
+#include <poll.h>
+#include <stdlib.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "Encoding/PduEncoder.h"
+
+namespace {
+
+constexpr char c_endOfPdu = '\x1A';
+
+/// A terminal in raw mode: what is written arrives unchanged, and nothing is echoed.
+class Line {
+public:
+    explicit Line(int file) : m_File(file) {
+        termios settings{};
+        if (m_File < 0 || tcgetattr(m_File, &settings) != 0)
+            throw std::runtime_error("no terminal");
+        cfmakeraw(&settings);
+        tcsetattr(m_File, TCSANOW, &settings);
+    }
+    Line(const Line&) = delete;
+    Line& operator=(const Line&) = delete;
+    ~Line() { close(m_File); }
+
+    void Write(const std::string& text) const {
+        if (write(m_File, text.data(), text.size()) != static_cast<ssize_t>(text.size()))
+            throw std::runtime_error("the line does not take what is written");
+    }
+
+    /// What arrives up to and including one of the ends given; nothing for ten seconds is an error.
+    std::string ReadTo(const std::vector<std::string>& ends) const {
+        std::string text;
+        for (;;) {
+            pollfd ready{m_File, POLLIN, 0};
+            char octet = 0;
+            if (poll(&ready, 1, 10000) != 1 || read(m_File, &octet, 1) != 1)
+                throw std::runtime_error("no answer");
+            text += octet;
+            for (const std::string& end : ends)
+                if (text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0)
+                    return text;
+        }
+    }
+
+private:
+    int m_File;
+};
+
+/// The modem's half of the dialogue, for so many messages.
+void PlayModem(const Line& line, std::size_t messages) {
+    line.ReadTo({"AT+CMGF=0\r"});
+    line.Write("\r\nOK\r\n");
+    for (std::size_t reference = 1; reference <= messages; ++reference) {
+        line.ReadTo({"AT+CMGS="});
+        const unsigned long announced = std::stoul(line.ReadTo({"\r"}));
+        line.Write("\r\n> ");
+        const std::string pdu = line.ReadTo({{c_endOfPdu}});
+        const unsigned long octets = (pdu.size() - 1) / 2;
+        const unsigned long serviceCentre = 1 + std::stoul(pdu.substr(0, 2), nullptr, 16);
+        if (octets - serviceCentre == announced)
+            line.Write("\r\n+CMGS: " + std::to_string(reference) + "\r\n\r\nOK\r\n");
+        else
+            line.Write("\r\nERROR\r\n");
+    }
+}
+
+/// AT+CMGS wants the octets behind the service-centre address, whose first octet is its length.
+unsigned int TpduLength(const Encoding::Pdu& pdu) {
+    return pdu.m_Length - 1U - pdu.m_Bytes[0];
+}
+
+void Expect(const Line& line, const std::string& answer) {
+    const std::string heard = line.ReadTo({answer, "ERROR\r\n"});
+    if (heard.find("ERROR") != std::string::npos)
+        throw std::runtime_error("the modem refuses");
+}
+
+void Send(const Line& line, const std::vector<Toolkit::smart_ptr<Encoding::Pdu>>& pdus) {
+    line.Write("AT+CMGF=0\r");
+    Expect(line, "OK\r\n");
+    for (const auto& pdu : pdus) {
+        const std::string command = "AT+CMGS=" + std::to_string(TpduLength(*pdu));
+        line.Write(command + '\r');
+        Expect(line, "> ");
+        line.Write(pdu->GetString() + c_endOfPdu);
+        Expect(line, "OK\r\n");
+        std::cout << command << ": sent\n";
+    }
+}
+
+std::vector<Toolkit::smart_ptr<Encoding::Pdu>> Message() {
+    TString<wchar_t> text;
+    for (int line = 1; line <= 5; ++line)
+        text += L"Line " + std::to_wstring(line) + L" of a message that is too long for one.\n";
+    Encoding::PduEncoder encoder(Encoding::MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
+    encoder.SetRecipient(L"+4179123");
+    encoder.SetText(text);
+    std::vector<Toolkit::smart_ptr<Encoding::Pdu>> pdus;
+    encoder.Encode(pdus);
+    return pdus;
+}
+
+} // namespace
+
+int main(int count, char** arguments) try {
+    const auto pdus = Message();
+    if (count > 1) {
+        Send(Line(open(arguments[1], O_RDWR | O_NOCTTY)), pdus);
+        return EXIT_SUCCESS;
+    }
+    const int modem = posix_openpt(O_RDWR | O_NOCTTY);
+    if (modem < 0 || grantpt(modem) != 0 || unlockpt(modem) != 0)
+        throw std::runtime_error("no pseudo-terminal");
+    const Line host(open(ptsname(modem), O_RDWR | O_NOCTTY));
+    const Line other(modem);
+    std::thread thread([&other, &pdus] {
+        try {
+            PlayModem(other, pdus.size());
+        } catch (const std::exception&) { // the host hears no answer, and says so
+        }
+    });
+    try {
+        Send(host, pdus);
+    } catch (...) {
+        thread.join();
+        throw;
+    }
+    thread.join();
+} catch (const std::exception& error) {
+    std::cerr << error.what() << '\n';
+    return EXIT_FAILURE;
+}
