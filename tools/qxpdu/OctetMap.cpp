@@ -318,9 +318,9 @@ void Mapper::operator()(const UserDataValue& value) {
     while (End() < end) {
         rowEnd = std::min(end, rowEnd + width);
         std::wstring text = TextOf(value, unitsUpTo(rowEnd));
-        if (m_Alphabet == Alphabet::ALPHABET_UCS2 && EndsInHighSurrogate(text) && rowEnd + 2 <= end &&
+        if (m_Alphabet == Alphabet::ALPHABET_UCS2 && EndsInHighSurrogate(text) && rowEnd < end &&
             IsLowSurrogate(Octet(rowEnd))) {
-            rowEnd += 2;
+            rowEnd = std::min(end, rowEnd + 2);
             text = TextOf(value, unitsUpTo(rowEnd));
         }
         OctetRow& row = Add(rowEnd - End(), "", ToUtf8(text.substr(std::min(shown, text.size()))), "");

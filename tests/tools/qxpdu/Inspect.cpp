@@ -452,6 +452,9 @@ TEST(QxpduInspect, SurrogatePairStaysInOneRow) {
     EXPECT_TRUE(HasLine(run.out, "10  00 41 00 42 00 43 D8 3D  TP-UD \"ABC\xF0\x9F\x98\x80\"")) << run;
     EXPECT_TRUE(HasLine(run.out, "18  DE 00")) << run;
     EXPECT_TRUE(HasLine(run.out, "20  00 44                    TP-UD \"D\"")) << run;
+    // Where the PDU ends within the second half, the decoder reads a zero behind it.
+    ExpectLine("0001000491214300080C004100420043D83DDE",
+               "10  00 41 00 42 00 43 D8 3D  TP-UD \"ABC\xF0\x9F\x98\x80\"");
     // Where another first half follows, the row ends as any other.
     ExpectLine("0001000491214300080C004100420043D83DD83DDE00",
                "18  D8 3D DE 00              TP-UD \"\xF0\x9F\x98\x80\"");
