@@ -38,7 +38,14 @@ install(FILES ${PROJECT_BINARY_DIR}/QX_EncodingConfig.cmake ${PROJECT_BINARY_DIR
 
 if(QX_BUILD_TOOLS)
   install(TARGETS qxpdu RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tool)
-  install(FILES tools/qxpdu/qxpdu.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool)
+  set(man_page tools/qxpdu/qxpdu.1)
+  if(QX_DEBIAN_PACKAGES)
+    file(READ ${man_page} text)
+    set(man_page ${PROJECT_BINARY_DIR}/debian/qxpdu.1)
+    qx_write_compressed(${man_page} "${text}")
+    string(APPEND man_page .gz)
+  endif()
+  install(FILES ${man_page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool)
   install(FILES tools/qxpdu/completions/qxpdu.bash RENAME qxpdu
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tool)
   install(FILES tools/qxpdu/completions/_qxpdu

@@ -1,7 +1,8 @@
 """Builds the README's host program in one of the ways that the README shows, runs it and compares what it prints.
 
 usage: host.py WAY SOURCE-TREE PREFIX COMPILER STANDARD WORK-FOLDER
-WAY is package, subdirectory, fetched or pkg-config.
+WAY is package, subdirectory, fetched, cloned or pkg-config; fetched takes the tree as it is in place of the repository, and
+cloned takes PREFIX for the repository.
 """
 import os
 import pathlib
@@ -16,6 +17,7 @@ from blocks import blocks_of, programs_of  # noqa: E402
 
 README = source / "README.md"
 MARKS = {"package": "find_package(QX_Encoding", "subdirectory": "add_subdirectory(", "fetched": "FetchContent_Declare(",
+         "cloned": "FetchContent_Declare(",
          "pkg-config": "pkg-config"}
 environment = {**os.environ, "LC_ALL": "C.UTF-8"}
 
@@ -34,6 +36,7 @@ def build_by_cmake(lists):
         (work / "libQX_Encoding").symlink_to(source)
     where = {"package": [f"-DCMAKE_PREFIX_PATH={prefix}"],
              "subdirectory": [],
+             "cloned": [f"-DQX_REPOSITORY={prefix}"],
              "fetched": ["-DQX_REPOSITORY=unused", f"-DFETCHCONTENT_SOURCE_DIR_QX_ENCODING={source}"]}[way]
     run("cmake", "-S", ".", "-B", "build", "-G", "Ninja", f"-DCMAKE_CXX_COMPILER={compiler}",
         f"-DCMAKE_CXX_STANDARD={standard}", *where)
