@@ -8,9 +8,6 @@
 #include <string_view>
 #include <utility>
 
-#ifdef __SSE2__
-#define RAPIDJSON_SSE2 // characters that need no escape are found sixteen at a time
-#endif
 // Its stacks add to a null pointer in front of their first allocation, to see that there is no room.
 #ifdef __clang__
 #pragma clang attribute push(__attribute__((no_sanitize("pointer-overflow"))), apply_to = function)

@@ -1,16 +1,19 @@
 // qxpdu decode
+#include <algorithm>
 #include <cctype>
 #include <cstdio>
 
 #include <gtest/gtest.h>
 
 #include "RunTool.h"
+#include "support/Octets.h"
 
 namespace {
 
 using tests::HasLine;
 using tests::Outcome;
 using tests::Qxpdu;
+using tests::Repeated;
 
 constexpr const char* c_deliver = "0791214365870921040B912143658709F100002120312143658005C8329BFD06";
 constexpr const char* c_deliverText = "SC address 0791214365870921: +123456789012, international, ISDN\n"
@@ -674,6 +677,23 @@ TEST(QxpduDecode, JsonOfATimeOutOfRangeHasNoTime) {
                           .Json();
     EXPECT_EQ(json[0]["tp_scts"],
               nlohmann::json::parse(R"({"raw": "21313121436580", "meaning": "out of range"})"));
+}
+
+TEST(QxpduDecode, EveryControlCharacterIsEscapedInJson) {
+    // Each in the middle of sixteen octets of a longer text, where a writer may look at many together.
+    for (unsigned int code = 0; code < 0x20; ++code) {
+        const unsigned char octets[] = {0x00, static_cast<unsigned char>(code)};
+        const std::string pdu = "00010004912143000826" + Repeated("0041", 9) + tests::Hex(octets, 1) +
+                                tests::Hex(octets + 1, 1) + Repeated("0042", 9);
+        const std::string text = "AAAAAAAAA" + std::string(1, static_cast<char>(code)) + "BBBBBBBBB";
+        const Outcome run = Qxpdu({"decode", "--jsonl", pdu});
+        EXPECT_EQ(std::count_if(run.out.begin(), run.out.end(),
+                                [](unsigned char character) { return character < 0x20; }),
+                  1)
+            << code << ": the line feed alone";
+        EXPECT_EQ(run.Json()["text"], text) << code;
+        EXPECT_EQ(Qxpdu({"decode", "--json", pdu}).Json()[0]["text"], text) << code;
+    }
 }
 
 } // namespace
