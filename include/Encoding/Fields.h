@@ -9,6 +9,7 @@ namespace Encoding {
 
 /// TP-MTI, 3GPP TS 23.040 clause 9.2.3.1.
 struct MessageTypeIndicator {
+    /// The type of the message.
     enum TP_MTI_Type : int {
         TP_MTI_UNKNOWN = 0,          ///< bits 11, reserved
         TP_MTI_SMS_SUBMIT = 1,       ///< bits 01
@@ -19,6 +20,7 @@ struct MessageTypeIndicator {
 
 /// Type of number, 3GPP TS 23.040 clause 9.1.2.5. The values 0, 3, 4 and 6 are never produced.
 struct TypeOfNumber {
+    /// What the digits of a number begin with.
     enum TON : int {
         TON_UNKNOWN = 1,       ///< every bit pattern not listed here
         TON_INTERNATIONAL = 2, ///< bits 001
@@ -29,6 +31,7 @@ struct TypeOfNumber {
 
 /// Numbering plan identification, 3GPP TS 23.040 clause 9.1.2.5.
 struct NumberingPlan {
+    /// The plan that a number belongs to.
     enum NPI : int {
         NPI_UNKNOWN = 0,  ///< bits 0000 and every pattern not listed here
         NPI_ISDN = 1,     ///< bits 0001
@@ -43,6 +46,7 @@ struct NumberingPlan {
 
 /// Alphabet of the user data, 3GPP TS 23.038 clause 4.
 struct Alphabet {
+    /// How the user data are to be read.
     enum Encoding : int {
         ALPHABET_GSM7 = 0,    ///< GSM 7-bit default alphabet
         ALPHABET_8BIT = 1,    ///< 8-bit data
@@ -53,17 +57,19 @@ struct Alphabet {
 
 /// Message class, 3GPP TS 23.038 clause 4.
 struct MessageClass {
+    /// Where the message is meant to go.
     enum Class : int {
-        CLASS_0 = 0, ///< shown at once
-        CLASS_1 = 1, ///< ME-specific
-        CLASS_2 = 2, ///< (U)SIM-specific
-        CLASS_3 = 3, ///< TE-specific
-        CLASS_NONE = 4
+        CLASS_0 = 0,   ///< shown at once
+        CLASS_1 = 1,   ///< ME-specific
+        CLASS_2 = 2,   ///< (U)SIM-specific
+        CLASS_3 = 3,   ///< TE-specific
+        CLASS_NONE = 4 ///< no class
     };
 };
 
 /// Relative validity periods that have a name, 3GPP TS 23.040 clause 9.2.3.12.1.
 struct ValidityPeriod {
+    /// How long the service centre keeps on trying.
     enum TP_VP_Period : int {
         TP_VP_1_HOUR = 0,   ///< octet 11
         TP_VP_2_HOURS = 1,  ///< octet 23
@@ -77,6 +83,7 @@ struct ValidityPeriod {
 
 /// Selectable transliterations. Other values can be selected and found again, but change no character.
 struct TranslateTable {
+    /// The table.
     enum TT : int {
         GREEK = 1 ///< Greek letters become capitals that the GSM 7-bit default alphabet can show
     };
@@ -84,6 +91,7 @@ struct TranslateTable {
 
 /// Outcome of a delivery, from TP-ST, 3GPP TS 23.040 clause 9.2.3.15.
 struct DeliveryStatus {
+    /// What became of the message.
     enum TP_ST_Status : int {
         ST_RECEIVED = 0,                       ///< 0x00 received by the SME
         ST_FORWARDED_UNCONFIRMED = 1,          ///< 0x01 forwarded to the SME, delivery not confirmed

@@ -19,19 +19,19 @@ namespace Encoding {
 /// A GSM code beside its code point. In the extension table `gsm` is the code behind 0x1B; in the reverse
 /// table it is a default code, or a negated extension code.
 struct GsmUnicodeChar {
-    signed char gsm = -1;
-    unsigned short unicode = 0;
+    signed char gsm = -1;       ///< the code
+    unsigned short unicode = 0; ///< the code point
 };
 
 /// A code point and the one that stands in for it, which the default alphabet can always show.
 struct UniCodeToGsmChar {
-    unsigned short gsmUnicode = 0xFFFF;
-    unsigned short unicode = 0;
+    unsigned short gsmUnicode = 0xFFFF; ///< the one that stands in
+    unsigned short unicode = 0;         ///< the one that is replaced
 };
 
 /// One selected translation table.
 struct GsmTranslationTable {
-    TranslateTable::TT type;
+    TranslateTable::TT type; ///< which one it is
 };
 
 /// The alphabet with its reverse tables and its selected translation tables.

@@ -18,9 +18,9 @@ namespace Encoding {
 /// pointer, so a character set shared with other objects is never freed while it is in use.
 class ENCODING_API PduCommon {
 public:
-    PduCommon();
-    PduCommon(const PduCommon&) = default; ///< the copy shares the character set and the times
-    PduCommon& operator=(const PduCommon&) = default;
+    PduCommon();                                      ///< no text, no numbers, a character set of its own
+    PduCommon(const PduCommon&) = default;            ///< the copy shares the character set and the times
+    PduCommon& operator=(const PduCommon&) = default; ///< as the copy
     virtual ~PduCommon();
 
     /// The value of two hexadecimal digits, 0 to 255. Ends early at a NUL: "A" gives 0xA0. A character that
@@ -35,21 +35,21 @@ public:
     TString<wchar_t> m_Originator; ///< originating address (SMS-DELIVER)
     TString<wchar_t> m_Recipient;  ///< destination address (SMS-SUBMIT), recipient (SMS-STATUS-REPORT)
 
-    NumberingPlan::NPI m_SmscNpi;
-    TypeOfNumber::TON m_SmscTon;
+    NumberingPlan::NPI m_SmscNpi;   ///< of the service-centre number
+    TypeOfNumber::TON m_SmscTon;    ///< of the service-centre number
     NumberingPlan::NPI m_NumberNpi; ///< of the originating, destination or recipient address
     TypeOfNumber::TON m_NumberTon;  ///< of the originating, destination or recipient address
 
-    MessageTypeIndicator::TP_MTI_Type m_SmsType;
-    int m_ReplyPath;         ///< TP-RP, 0 or 1
-    int m_HasUserDataHeader; ///< TP-UDHI as decoded, 0 or 1
-    int m_StatusReport;      ///< TP-SRR, 0 or 1
-    int m_ValidityFormat;    ///< 0 none, 1 relative, 2 enhanced, 3 absolute
-    int m_RejectDuplicates;  ///< TP-RD, 0 or 1
-    int m_MessageReference;  ///< TP-MR; the low 8 bits go on the wire
-    int m_ProtocolId;        ///< TP-PID; the low 8 bits go on the wire
-    int m_DataCoding;        ///< TP-DCS as decoded, 0 to 255
-    int m_ValidityPeriod;    ///< TP-VP, the octet of the relative format
+    MessageTypeIndicator::TP_MTI_Type m_SmsType; ///< TP-MTI
+    int m_ReplyPath;                             ///< TP-RP, 0 or 1
+    int m_HasUserDataHeader;                     ///< TP-UDHI as decoded, 0 or 1
+    int m_StatusReport;                          ///< TP-SRR, 0 or 1
+    int m_ValidityFormat;                        ///< 0 none, 1 relative, 2 enhanced, 3 absolute
+    int m_RejectDuplicates;                      ///< TP-RD, 0 or 1
+    int m_MessageReference;                      ///< TP-MR; the low 8 bits go on the wire
+    int m_ProtocolId;                            ///< TP-PID; the low 8 bits go on the wire
+    int m_DataCoding;                            ///< TP-DCS as decoded, 0 to 255
+    int m_ValidityPeriod;                        ///< TP-VP, the octet of the relative format
 
     Toolkit::smart_ptr<Toolkit::DateTime> m_ValidityTime;      ///< TP-VP, absolute format; may be null
     Toolkit::smart_ptr<Toolkit::DateTime> m_DischargeTime;     ///< TP-DT; may be null
@@ -58,8 +58,8 @@ public:
     int m_UserDataLength;                  ///< TP-UDL as decoded, 0 to 255
     DeliveryStatus::TP_ST_Status m_Status; ///< TP-ST
     int m_CodingGroup;                     ///< coding group of TP-DCS, 0 to 4; see PduDecoder::ReadDCS
-    MessageClass::Class m_Class;
-    Alphabet::Encoding m_Alphabet;
+    MessageClass::Class m_Class;           ///< from TP-DCS
+    Alphabet::Encoding m_Alphabet;         ///< from TP-DCS
 
     TString<wchar_t> m_Text;     ///< the message, as the host set it or as decoded
     TString<wchar_t> m_WorkText; ///< the text that is really being encoded

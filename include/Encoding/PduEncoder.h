@@ -67,9 +67,11 @@ public:
     /// The destination; an empty number is ignored.
     void SetRecipient(const TString<wchar_t>& number);
 
-    /// The same operations of this encoder's character set.
+    /// GSMCharSet::FindTable() of this encoder's character set; 1 or 0.
     int FindTable(TranslateTable::TT table);
+    /// GSMCharSet::AddTranslateTable() of this encoder's character set.
     void AddTranslateTable(TranslateTable::TT table);
+    /// GSMCharSet::ClearTranslateTable() of this encoder's character set.
     void ClearTranslateTable();
 
     /// Address octets of a number: the type of address (0x91 after a leading '+', else 0x81), then the
@@ -101,14 +103,14 @@ public:
 
 protected:
     std::unique_ptr<unsigned char[]> m_SmscBytes; ///< service-centre address octets
-    unsigned int m_SmscLength;
-    int m_SmscLenient; ///< the flag given to SetSmsc()
+    unsigned int m_SmscLength;                    ///< octets of it
+    int m_SmscLenient;                            ///< the flag given to SetSmsc()
 
     std::unique_ptr<unsigned char[]> m_RecipientBytes; ///< destination address octets
-    unsigned int m_RecipientLength;
+    unsigned int m_RecipientLength;                    ///< octets of it
 
     std::unique_ptr<unsigned char[]> m_OriginatorBytes; ///< originating address octets (SMS-DELIVER)
-    unsigned int m_OriginatorLength;
+    unsigned int m_OriginatorLength;                    ///< octets of it
 
     unsigned int m_PartCapacity; ///< septets (GSM) or characters (UCS2) in one part
     int m_UseConcatHeader; ///< 1: parts carry a concatenation header; 0: only message references count up

@@ -25,7 +25,7 @@ public:
     TextDecoder(const TextDecoder&) = delete;
     TextDecoder& operator=(const TextDecoder&) = delete;
 
-    TString<wchar_t> m_DecodedText;
+    TString<wchar_t> m_DecodedText; ///< the result
 };
 
 } // namespace Encoding

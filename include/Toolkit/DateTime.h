@@ -19,16 +19,16 @@ public:
     DateTime(unsigned int year, unsigned int month, unsigned int day, unsigned int hour, unsigned int minute,
              unsigned int second, int offset);
 
-    DateTime(const DateTime&);
-    DateTime& operator=(const DateTime&);
+    DateTime(const DateTime&);            ///< the same fields
+    DateTime& operator=(const DateTime&); ///< the same fields
     ~DateTime();
 
-    unsigned int GetYear() const;
-    unsigned int GetMonth() const;
-    unsigned int GetDay() const;
-    unsigned int GetHour() const;
-    unsigned int GetMinute() const;
-    unsigned int GetSecond() const;
+    unsigned int GetYear() const;   ///< all digits, 2012
+    unsigned int GetMonth() const;  ///< from 1
+    unsigned int GetDay() const;    ///< of the month, from 1
+    unsigned int GetHour() const;   ///< from 0
+    unsigned int GetMinute() const; ///< from 0
+    unsigned int GetSecond() const; ///< from 0
 
     /// Whether an offset from UTC was given.
     bool HasOffset() const;

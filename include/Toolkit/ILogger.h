@@ -29,14 +29,14 @@ enum LogSeverity : int {};
 /// Inserted into the logger, begins a line and sets its severity; writes nothing.
 class TOOLKIT_API SetSeverity {
 public:
-    explicit SetSeverity(int severity);
-    int Get() const;
+    explicit SetSeverity(int severity); ///< any number; lower is more important
+    int Get() const;                    ///< the number given
 
 private:
     int m_Severity;
 };
 
-/// Base of every logger. A host installs its own with `*ILogger::s_pInstance = new HostLogger;` before it
+/// Base of every logger. A host assigns its own, made by `new`, to what s_pInstance points to before it
 /// starts the threads that log. The order of the two data members and of the virtual operations is binding.
 class TOOLKIT_API ILogger {
 public:
@@ -62,12 +62,12 @@ public:
 
     /// Changes the level, once another thread's line has ended. May be called from any thread.
     void SetLevel(int level);
-    int GetLevel() const;
+    int GetLevel() const; ///< the level that is in force
 
-    ILogger& operator<<(const TString<char>& text); ///< UTF-8
-    ILogger& operator<<(const TString<wchar_t>& text);
-    ILogger& operator<<(const int& value); ///< in decimal
-    ILogger& operator<<(const SetSeverity& severity);
+    ILogger& operator<<(const TString<char>& text);    ///< UTF-8
+    ILogger& operator<<(const TString<wchar_t>& text); ///< as it is
+    ILogger& operator<<(const int& value);             ///< in decimal
+    ILogger& operator<<(const SetSeverity& severity);  ///< begins a line
 
     /// Inserts any other value as a standard wide stream would. Every insertion returns the process-wide
     /// logger, not this one; one whose line is filtered out writes nothing and allocates nothing.

@@ -31,6 +31,7 @@ public:
     /// that is not registered.
     bool Unregister(LibModule* pModule);
 
+    /// Whether the module is registered; the object is not touched.
     bool IsRegistered(const LibModule* pModule) const;
 
 private:

@@ -17,7 +17,9 @@ public:
     using std::basic_string<CharT>::basic_string;
 
     TString() = default;
+    /// A standard string is taken as it is.
     TString(const std::basic_string<CharT>& text) : std::basic_string<CharT>(text) {}
+    /// A standard string that is given away is not copied.
     TString(std::basic_string<CharT>&& text) noexcept : std::basic_string<CharT>(std::move(text)) {}
 
     /// The one empty string of the process, made on first use and destroyed at exit. The first calls may

@@ -16,6 +16,7 @@ constexpr unsigned int c_waitForever = 0xFFFFFFFFU;
 
 /// Deletion policy: the object was made by plain `new`.
 struct smart_ptr_policy {
+    /// Frees the object; null is nothing to free.
     template <class T>
     static void Free(T* pObject) {
         delete pObject;
@@ -24,6 +25,7 @@ struct smart_ptr_policy {
 
 /// Deletion policy: the object is an array made by `new[]`; its elements are destroyed last one first.
 struct smart_ptr_array_policy {
+    /// Frees the array; null is nothing to free.
     template <class T>
     static void Free(T* pObject) {
         delete[] pObject;
@@ -47,9 +49,9 @@ struct TOOLKIT_API ReleaseHook {
 
 /// What all copies of one smart_ptr share. The order of the members is binding.
 struct TOOLKIT_API ReferenceBlock {
-    int m_Count = 1;
-    MutexInternal m_Mutex{false};
-    ReleaseHook* m_pHooks = nullptr;
+    int m_Count = 1;                 ///< shares
+    MutexInternal m_Mutex{false};    ///< guards the other two
+    ReleaseHook* m_pHooks = nullptr; ///< owned, the one attached last in front
 };
 
 /// A counted share of an object. Two words: the object and the reference block; the order is binding.
@@ -62,8 +64,11 @@ struct TOOLKIT_API ReferenceBlock {
 template <class T, class Policy = smart_ptr_policy>
 class TOOLKIT_API smart_ptr {
 public:
+    /// Points to nothing.
     smart_ptr() : smart_ptr(static_cast<T*>(nullptr)) {}
+    /// The first share of an object, which belongs to the shares from now on.
     smart_ptr(T* pObject) : m_pObject(pObject), m_pBlock(MakeBlock(pObject)) {}
+    /// One more share of the same object.
     smart_ptr(const smart_ptr& other) : m_pObject(other.m_pObject), m_pBlock(other.m_pBlock) { TakeShare(); }
     ~smart_ptr() { ReleaseRef(); }
 
@@ -122,9 +127,9 @@ public:
             m_pBlock->m_Mutex.Unlock();
     }
 
-    T* operator->() const { return m_pObject; }
-    T& operator*() const { return *m_pObject; }
-    T* get() const { return m_pObject; }
+    T* operator->() const { return m_pObject; } ///< REQUIRES: it points to an object
+    T& operator*() const { return *m_pObject; } ///< REQUIRES: it points to an object
+    T* get() const { return m_pObject; }        ///< the object, or null
 
 private:
     static ReferenceBlock* MakeBlock(T* pObject) {
