@@ -26,7 +26,7 @@ constexpr int c_quiet = 1; ///< the level at which the text decoder's line is no
 using Arguments = std::vector<std::string>;
 
 /// Complete command lines; the last argument tells whether the results are JSON.
-const std::array<Arguments, 26> c_commandLines = {{{"decode"},
+const std::array<Arguments, 28> c_commandLines = {{{"decode"},
                                                    {"decode", "--json"},
                                                    {"decode", "--no-smsc"},
                                                    {"decode", "--ignore-time-zone", "--json"},
@@ -51,7 +51,9 @@ const std::array<Arguments, 26> c_commandLines = {{{"decode"},
                                                    {"encode", "--to", "4179123", "--greek", "--strict"},
                                                    {"gsm", "encode", "--greek"},
                                                    {"inspect", "--no-smsc"},
-                                                   {"inspect", "--json"}}};
+                                                   {"inspect", "--json"},
+                                                   {"count"},
+                                                   {"count", "--greek", "--json"}}};
 
 /// The arguments that stand in front of the first empty one.
 Arguments TakeArguments(Input& input) {

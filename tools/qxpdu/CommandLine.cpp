@@ -88,6 +88,7 @@ int RunTool(const std::vector<std::string>& arguments, const Streams& streams) {
     Action action;
     AddEncode(tool, action);
     AddDecode(tool, action);
+    AddCount(tool, action);
     AddInspect(tool, action);
     AddCell(tool, action);
     AddText(tool, action);

@@ -17,6 +17,7 @@ using Action = std::function<int(const Streams&)>;
 /// Each adds its command to `parent`; reading a command line that names it sets `action`.
 void AddEncode(CLI::App& parent, Action& action);
 void AddDecode(CLI::App& parent, Action& action);
+void AddCount(CLI::App& parent, Action& action);
 void AddInspect(CLI::App& parent, Action& action);
 void AddCell(CLI::App& parent, Action& action);
 void AddText(CLI::App& parent, Action& action);

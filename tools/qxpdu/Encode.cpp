@@ -13,6 +13,7 @@
 #include "InputError.h"
 #include "Meanings.h"
 #include "Record.h"
+#include "Sending.h"
 #include "Unicode.h"
 
 namespace qxpdu {
@@ -23,9 +24,7 @@ using Encoding::Pdu;
 using Encoding::PduDecoder;
 using Encoding::PduEncoder;
 using Encoding::ValidityPeriod;
-using Pdus = std::vector<Toolkit::smart_ptr<Pdu>>;
 
-constexpr unsigned int c_maxParts = 255; ///< the header counts them in one octet
 constexpr int c_maxClass = 3;
 constexpr int c_maxReference = 255;
 constexpr std::size_t c_maxDigits = 20; ///< in an address field of 12 octets
@@ -103,18 +102,6 @@ void Configure(PduEncoder& encoder, const EncodeOptions& options) {
         encoder.AddTranslateTable(Encoding::TranslateTable::GREEK);
 }
 
-Pdus EncodeText(PduEncoder& encoder, const TString<wchar_t>& text) {
-    const unsigned int parts = encoder.GetPduCount(text);
-    if (parts > c_maxParts)
-        throw InputError(fmt::format("the text needs {} parts, {} at most", parts, c_maxParts));
-    encoder.SetText(text);
-    Pdus pdus;
-    encoder.Encode(pdus);
-    if (pdus.empty())
-        throw InputError("the text is too long");
-    return pdus;
-}
-
 /// As a modem wants it, without the service centre.
 unsigned int TpduLength(const Pdu& pdu) {
     return pdu.m_Length - 1 - pdu.m_Bytes[0];
@@ -128,11 +115,7 @@ Json ToJson(Json object, const Toolkit::smart_ptr<Pdu>& pdu, std::size_t part, s
     object["octets"] = pdu->GetString();
     object["tpdu_length"] = TpduLength(*pdu);
     object["alphabet"] = AlphabetName(decoder.m_Alphabet);
-    if (decoder.m_Alphabet == Encoding::Alphabet::ALPHABET_GSM7)
-        object["septets"] = decoder.m_UserDataLength - (hasHeader ? PduEncoder::_7BITDATA_HEADER_SIZE : 0);
-    else
-        object["characters"] =
-            (decoder.m_UserDataLength - (hasHeader ? PduEncoder::USER_DATA_HEADER_SIZE : 0)) / 2;
+    object[UnitsOf(decoder)] = TextLength(decoder);
     object["part"] = part;
     object["parts"] = parts;
     if (hasHeader) {

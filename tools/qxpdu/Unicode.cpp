@@ -44,6 +44,15 @@ void ForEachCodePoint(const std::wstring& units, Take take) {
     }
 }
 
+void Append(char32_t codePoint, std::wstring& units) {
+    if (codePoint >= c_firstSupplementary) {
+        codePoint -= c_firstSupplementary;
+        units += static_cast<wchar_t>(c_highSurrogates + (codePoint >> 10));
+        codePoint = c_lowSurrogates + (codePoint & 0x3FF);
+    }
+    units += static_cast<wchar_t>(codePoint);
+}
+
 /// C0, DEL and C1.
 bool IsControl(char32_t codePoint) {
     return codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
@@ -60,15 +69,8 @@ TString<wchar_t> FromUtf8(std::string_view text) {
     }
     TString<wchar_t> units;
     units.reserve(text.size());
-    for (const char* position = text.data(); position != end;) {
-        auto codePoint = static_cast<char32_t>(utf8::unchecked::next(position));
-        if (codePoint >= c_firstSupplementary) {
-            codePoint -= c_firstSupplementary;
-            units += static_cast<wchar_t>(c_highSurrogates + (codePoint >> 10));
-            codePoint = c_lowSurrogates + (codePoint & 0x3FF);
-        }
-        units += static_cast<wchar_t>(codePoint);
-    }
+    for (const char* position = text.data(); position != end;)
+        Append(static_cast<char32_t>(utf8::unchecked::next(position)), units);
     return units;
 }
 
@@ -85,6 +87,14 @@ std::u32string CodePoints(const std::wstring& units) {
     std::u32string codePoints;
     ForEachCodePoint(units, [&codePoints](char32_t codePoint) { codePoints += codePoint; });
     return codePoints;
+}
+
+TString<wchar_t> Units(std::u32string_view codePoints) {
+    TString<wchar_t> units;
+    units.reserve(codePoints.size());
+    for (const char32_t codePoint : codePoints)
+        Append(codePoint, units);
+    return units;
 }
 
 std::string FirstCharacter(std::string_view text) {

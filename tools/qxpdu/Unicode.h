@@ -31,6 +31,9 @@ std::string Printable(std::string_view text);
 /// The code points of UTF-16 code units, a lone surrogate as itself.
 std::u32string CodePoints(const std::wstring& units);
 
+/// The UTF-16 code units of code points; one above U+FFFF gives two.
+TString<wchar_t> Units(std::u32string_view codePoints);
+
 } // namespace qxpdu
 
 #endif

@@ -25,6 +25,8 @@ TEST(QxpduCommandLine, EveryCommandHasHelpWithUsageAndExample) {
         {{"encode"},
          "Usage: qxpdu encode [OPTIONS] [TEXT]\n",
          "Example:\n  qxpdu encode --to +4179123 hello\n"},
+        {{"count"}, "Usage: qxpdu count [OPTIONS] [TEXT]\n", "Example:\n  qxpdu count 'It’s 5 €'\n"},
+        {{"explain"}, "Usage: qxpdu count [OPTIONS] [TEXT]\n", "Example:\n  qxpdu count 'It’s 5 €'\n"},
         {{"decode"}, "Usage: qxpdu decode [OPTIONS] [PDU...]\n", "Example:\n  qxpdu decode 0791214365870921"},
         {{"cell"},
          "Usage: qxpdu cell [OPTIONS] [PAGE...]\n",
@@ -65,8 +67,8 @@ TEST(QxpduCommandLine, HelpOfTheToolNamesTheCommandsAndTheExitStatuses) {
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.err, "");
     for (const char* piece :
-         {"Usage: qxpdu [OPTIONS] SUBCOMMAND\n", "\n  encode ", "\n  decode ", "\n  cell ", "\n  text ",
-          "\n  ucs2 ", "\n  gsm ",
+         {"Usage: qxpdu [OPTIONS] SUBCOMMAND\n", "\n  encode ", "\n  count, explain ", "\n  decode ",
+          "\n  cell ", "\n  text ", "\n  ucs2 ", "\n  gsm ",
           "Exit status: 0 all inputs were good, 1 some input failed, 2 the command line was wrong.\n"})
         EXPECT_NE(run.out.find(piece), std::string::npos) << piece << " in\n" << run.out;
 }

@@ -23,6 +23,9 @@ LOG = "\n".join(["+CMT: ,24", HELLO, "+CMT: ,9", "OK", UPPER, UPPER, LOWER, LOWE
 CASES = [
     (["decode"], LOG, 13),
     (["decode", "--join"], LOG, 12),
+    (["count", "--lines"], "\n".join(["a€", "ж", "α’", "…" * 17085, "a" * 152 + "€" * 5, "ж" * 66 + "😀" * 3, "\t",
+                                      "a" * 39016]), 8),
+    (["count", "--lines", "--greek"], "α’", 1),
     (["inspect"], "\n".join([HELLO, LOWER, SUBMIT, TIMED, REPORT, REPORT + "FF", "0002", "0G", HELLO + "00"]), 9),
     (["cell"], "\n".join([PAGE, FIRST_PAGE, WARNING, "00"]), 4),
     (["cell"], FIRST_PAGE + "\n" + FIRST_PAGE.replace("0112", "0122"), 3),

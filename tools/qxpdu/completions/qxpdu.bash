@@ -4,7 +4,7 @@ _qxpdu() {
     local stream="--json --jsonl -j --threads --line-buffered --progress --no-progress"
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         case $word in
-            encode | decode | check | inspect | cell | text | ucs2 | gsm) command="${command:+$command }$word" ;;
+            encode | count | explain | decode | check | inspect | cell | text | ucs2 | gsm) command="${command:+$command }$word" ;;
         esac
     done
     case $previous in
@@ -15,11 +15,12 @@ _qxpdu() {
         --to | --smsc | --reference | -j | --threads) return ;;
         *)
             case $command in
-                "") words="encode decode inspect cell text ucs2 gsm --version" ;;
+                "") words="encode count explain decode inspect cell text ucs2 gsm --version" ;;
                 encode)
                     words="--to --smsc --class --validity --status-report --reject-duplicates --reply-path"
                     words="$words --reference --greek --strict --at --lines $stream"
                     ;;
+                count | explain) words="--greek --lines $stream" ;;
                 decode) words="--no-smsc --ignore-time-zone --join $stream" ;;
                 inspect) words="--no-smsc --color $stream" ;;
                 cell) words="$stream" ;;

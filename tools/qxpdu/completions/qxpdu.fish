@@ -3,6 +3,7 @@ complete -c qxpdu -f
 complete -c qxpdu -s h -l help -d 'Say how to use the tool or the command'
 complete -c qxpdu -n __fish_use_subcommand -l version -d 'Say which version this is'
 complete -c qxpdu -n __fish_use_subcommand -a encode -d 'Make SMS-SUBMIT PDUs of a text'
+complete -c qxpdu -n __fish_use_subcommand -a 'count explain' -d 'Tell how a text would go out'
 complete -c qxpdu -n __fish_use_subcommand -a decode -d 'Show the fields and the text of SMS PDUs'
 complete -c qxpdu -n __fish_use_subcommand -a inspect -d 'Show what each octet of SMS PDUs means'
 complete -c qxpdu -n __fish_use_subcommand -a cell -d 'Show cell broadcast pages'
@@ -12,7 +13,7 @@ complete -c qxpdu -n __fish_use_subcommand -a gsm -d 'Convert between text and G
 
 complete -c qxpdu -n 'not __fish_use_subcommand' -l json -d 'Write the results as a JSON array'
 
-set -l stream '__fish_seen_subcommand_from encode decode inspect cell; and not __fish_seen_subcommand_from ucs2 gsm'
+set -l stream '__fish_seen_subcommand_from encode count explain decode inspect cell; and not __fish_seen_subcommand_from ucs2 gsm'
 complete -c qxpdu -n $stream -l jsonl -d 'Write the results as JSON Lines'
 complete -c qxpdu -n $stream -s j -l threads -x -d 'Work on so many threads'
 complete -c qxpdu -n $stream -l line-buffered -d 'Write each result as soon as it is there'
@@ -30,8 +31,9 @@ complete -c qxpdu -n $encode -l reply-path -d 'Set the reply path'
 complete -c qxpdu -n $encode -l reference -x -d 'Message reference, 0 to 255'
 complete -c qxpdu -n $encode -l strict -d 'Turn warnings into errors'
 complete -c qxpdu -n $encode -l at -d 'Put the command for the modem in front'
-complete -c qxpdu -n $encode -l lines -d 'Each line is a text of its own'
-complete -c qxpdu -n '__fish_seen_subcommand_from encode gsm' -l greek -d 'Send Greek letters as capitals'
+complete -c qxpdu -n '__fish_seen_subcommand_from encode count explain; and not __fish_seen_subcommand_from ucs2 gsm' \
+    -l lines -d 'Each line is a text of its own'
+complete -c qxpdu -n '__fish_seen_subcommand_from encode count explain gsm' -l greek -d 'Send Greek letters as capitals'
 
 set -l decode '__fish_seen_subcommand_from decode; and not __fish_seen_subcommand_from ucs2 gsm'
 complete -c qxpdu -n '__fish_seen_subcommand_from decode inspect; and not __fish_seen_subcommand_from ucs2 gsm' -l no-smsc -d 'The PDUs begin with the TPDU'

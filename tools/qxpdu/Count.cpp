@@ -1,0 +1,386 @@
+// qxpdu count
+#include <iterator>
+#include <map>
+#include <optional>
+#include <variant>
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include "Commands.h"
+#include "Encoding/GSMCharSet.h"
+#include "InputError.h"
+#include "Meanings.h"
+#include "Parts.h"
+#include "Record.h"
+#include "Replacements.h"
+#include "Sending.h"
+#include "Unicode.h"
+#include "UnicodeNames.h"
+
+namespace qxpdu {
+
+namespace {
+
+using Encoding::GSMCharSet;
+using Encoding::PduDecoder;
+using Encoding::PduEncoder;
+
+constexpr char32_t c_lastUnit = 0xFFFF; ///< characters above it have no GSM code
+constexpr auto c_greekTable = Encoding::TranslateTable::GREEK;
+
+struct CountOptions : ConversionOptions {
+    bool greek = false;
+    bool lines = false;
+};
+
+/// A character of the text that a part boundary cuts in two.
+struct Cut {
+    std::size_t part; ///< the one before the boundary, from 1
+    const char* pair;
+    char32_t character;
+};
+
+/// What a text costs.
+struct Cost {
+    Encoding::Alphabet::Encoding alphabet;
+    const char* units;
+    std::size_t length; ///< in units
+    std::size_t parts;
+    unsigned int room; ///< units that the last part still takes
+    std::vector<Cut> cuts;
+};
+
+/// A character of the text, and what becomes of it.
+struct Occurrence {
+    std::vector<std::size_t> positions;
+    std::optional<std::string> becomes;
+};
+
+/// Distinct characters in rising order.
+using Characters = std::map<char32_t, Occurrence>;
+
+unsigned int Capacity(Encoding::Alphabet::Encoding alphabet, std::size_t parts) {
+    if (alphabet == Encoding::Alphabet::ALPHABET_GSM7)
+        return parts == 1 ? PduEncoder::MAX_7BITDATA_LEN : PduEncoder::MAX_GSM_LEN_WITH_HEADER;
+    return (parts == 1 ? PduEncoder::MAX_DATA_LEN : PduEncoder::MAX_DATA_LEN_WITH_HEADER) / 2;
+}
+
+/// One part as the decoder reads what the encoder made.
+struct Part {
+    Encoding::Alphabet::Encoding alphabet;
+    const char* units;
+    unsigned int length;            ///< in units
+    std::optional<EdgeCodes> edges; ///< in GSM 7-bit
+    std::wstring text;
+};
+
+Part PartOf(const Toolkit::smart_ptr<Encoding::Pdu>& pdu) {
+    PduDecoder decoder;
+    decoder.Decode(pdu, false, false);
+    const PduWalk walk = WalkPdu(decoder, pdu, false, false);
+    return {decoder.m_Alphabet, UnitsOf(decoder), TextLength(decoder), EdgeCodesOf(*pdu, walk),
+            decoder.m_Text};
+}
+
+/// The character that the boundary between the two parts cuts; `number` is that of the first.
+std::optional<Cut> CutBetween(const Part& first, const Part& second, std::size_t number) {
+    if (first.edges && second.edges) {
+        if (first.edges->last != c_escape)
+            return std::nullopt;
+        return Cut{number, "escape", GSMCharSet().FindUnicodeCharFromEscapeChar(second.edges->first)};
+    }
+    if (first.text.empty() || second.text.empty())
+        return std::nullopt;
+    const std::u32string joined = CodePoints({first.text.back(), second.text.front()});
+    if (joined.size() != 1)
+        return std::nullopt;
+    return Cut{number, "surrogate", joined.front()};
+}
+
+/// Throws InputError where the text needs too many parts.
+Cost CostOf(const TString<wchar_t>& text, bool isGreek) {
+    PduEncoder encoder(Encoding::MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
+    if (isGreek)
+        encoder.AddTranslateTable(c_greekTable);
+    const Pdus pdus = EncodeText(encoder, text);
+    Part part = PartOf(pdus.front());
+    Cost cost{part.alphabet, part.units, part.length, pdus.size(), 0, {}};
+    for (std::size_t i = 1; i < pdus.size(); ++i) {
+        Part next = PartOf(pdus[i]);
+        cost.length += next.length;
+        if (const auto cut = CutBetween(part, next, i))
+            cost.cuts.push_back(*cut);
+        part = std::move(next);
+    }
+    cost.room = Capacity(cost.alphabet, cost.parts) - part.length;
+    return cost;
+}
+
+/// The characters of a text as the alphabet has them.
+struct Sorting {
+    Characters escaped; ///< take two septets
+    Characters changed; ///< do not survive the way to GSM and back, with what comes back
+};
+
+Sorting Sort(const std::u32string& text, bool isGreek) {
+    GSMCharSet charSet;
+    if (isGreek)
+        charSet.AddTranslateTable(c_greekTable);
+    Sorting sorting;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const TString<char> codes =
+            text[i] > c_lastUnit ? TString<char>() : charSet.UnicodeToGsmString(Units({&text[i], 1}));
+        const TString<wchar_t> back = charSet.GsmToUnicode(
+            reinterpret_cast<const unsigned char*>(codes.data()), static_cast<unsigned int>(codes.size()));
+        if (back != Units({&text[i], 1})) {
+            Occurrence& occurrence = sorting.changed[text[i]];
+            occurrence.positions.push_back(i + 1);
+            occurrence.becomes = ToUtf8(back);
+        } else if (codes.size() > 1) {
+            sorting.escaped[text[i]].positions.push_back(i + 1);
+        }
+    }
+    return sorting;
+}
+
+/// Those of the characters that have a replacement, with it.
+Characters Replaceable(const Characters& characters) {
+    Characters replaceable;
+    for (const auto& [character, occurrence] : characters) {
+        if (const auto replacement = ReplacementOf(character))
+            replaceable[character] = {occurrence.positions, ToUtf8(Units(*replacement))};
+    }
+    return replaceable;
+}
+
+TString<wchar_t> Replaced(const std::u32string& text, const Characters& replaceable) {
+    std::u32string replaced;
+    for (const char32_t character : text) {
+        if (replaceable.contains(character))
+            replaced += *ReplacementOf(character);
+        else
+            replaced += character;
+    }
+    return Units(replaced);
+}
+
+/// What the text would cost otherwise: what it would cost, or why it could not be sent.
+struct Alternative {
+    std::variant<Cost, std::string> cost;
+    Characters changes;
+};
+
+Alternative AlternativeOf(const TString<wchar_t>& text, bool isGreek, Characters changes) {
+    try {
+        return {CostOf(text, isGreek), std::move(changes)};
+    } catch (const InputError& error) {
+        return {error.what(), std::move(changes)};
+    }
+}
+
+std::optional<Alternative> WithReplacements(const std::u32string& text, const Characters& changed,
+                                            bool isGreek) {
+    Characters replaceable = Replaceable(changed);
+    if (replaceable.empty())
+        return std::nullopt;
+    const TString<wchar_t> replaced = Replaced(text, replaceable);
+    return AlternativeOf(replaced, isGreek, std::move(replaceable));
+}
+
+/// Nothing where the Greek table changes nothing.
+std::optional<Alternative> WithGreek(const TString<wchar_t>& text, const std::u32string& characters) {
+    Alternative greek = AlternativeOf(text, true, {});
+    if (const auto* cost = std::get_if<Cost>(&greek.cost);
+        cost != nullptr && cost->alphabet != Encoding::Alphabet::ALPHABET_GSM7)
+        return std::nullopt;
+    greek.changes = Sort(characters, true).changed;
+    return greek;
+}
+
+/// "U+20AC EURO SIGN"
+std::string Described(char32_t character) {
+    const std::string_view name = NameOfCharacter(character);
+    return fmt::format("{}{}{}", CodePointName(character), name.empty() ? "" : " ", name);
+}
+
+Json ToJson(char32_t character) {
+    Json object = {{"code_point", CodePointName(character)}};
+    if (const std::string_view name = NameOfCharacter(character); !name.empty())
+        object["name"] = name;
+    return object;
+}
+
+/// `becomes` is the name of the member that tells what becomes of each; null leaves it out.
+Json ToJson(const Characters& characters, const char* becomes) {
+    Json list = Json::array();
+    for (const auto& [character, occurrence] : characters) {
+        Json object = ToJson(character);
+        object["positions"] = occurrence.positions;
+        if (becomes != nullptr)
+            object[becomes] = *occurrence.becomes;
+        list.push_back(std::move(object));
+    }
+    return list;
+}
+
+void AddTo(Json& object, const Cost& cost) {
+    object["alphabet"] = AlphabetName(cost.alphabet);
+    object[cost.units] = cost.length;
+    object["parts"] = cost.parts;
+    object["room"] = cost.room;
+    for (const Cut& cut : cost.cuts) {
+        Json member = {{"after_part", cut.part}, {"pair", cut.pair}};
+        member.update(ToJson(cut.character));
+        object["cuts"].push_back(std::move(member));
+    }
+}
+
+Json ToJson(const Alternative& alternative, const char* list, const char* becomes) {
+    Json object = Json::object();
+    if (const auto* cost = std::get_if<Cost>(&alternative.cost))
+        AddTo(object, *cost);
+    else
+        object["error"] = std::get<std::string>(alternative.cost);
+    object[list] = ToJson(alternative.changes, becomes);
+    return object;
+}
+
+std::string Counted(std::size_t count, std::string_view units) {
+    if (count == 1)
+        units.remove_suffix(1);
+    return fmt::format("{} {}", count, units);
+}
+
+std::string Shown(const Cost& cost) {
+    std::string text =
+        fmt::format("{}, {}, {}, room for {}", AlphabetName(cost.alphabet), Counted(cost.length, cost.units),
+                    Counted(cost.parts, "parts"), Counted(cost.room, cost.units));
+    for (const Cut& cut : cost.cuts) {
+        fmt::format_to(std::back_inserter(text),
+                       "\nwarning: the {} pair of {} is cut between parts {} and {}", cut.pair,
+                       Described(cut.character), cut.part, cut.part + 1);
+    }
+    return text;
+}
+
+/// A line for each character: "U+2019 RIGHT SINGLE QUOTATION MARK at 4, 9 -> '".
+std::string Shown(const Characters& characters, bool withChange) {
+    std::string text;
+    for (const auto& [character, occurrence] : characters) {
+        fmt::format_to(std::back_inserter(text), "{}{} at {}", text.empty() ? "" : "\n", Described(character),
+                       fmt::join(occurrence.positions, ", "));
+        if (!withChange)
+            continue;
+        if (occurrence.becomes->empty())
+            text += ", left out";
+        else // a line feed would begin a line of the record
+            fmt::format_to(std::back_inserter(text), " -> '{}'",
+                           *occurrence.becomes == "\n" ? "\\n" : *occurrence.becomes);
+    }
+    return text;
+}
+
+std::string Shown(const Alternative& alternative) {
+    const auto* cost = std::get_if<Cost>(&alternative.cost);
+    return (cost != nullptr ? Shown(*cost) : std::get<std::string>(alternative.cost)) + "\n" +
+           Shown(alternative.changes, true);
+}
+
+/// Everything there is to say about one text.
+struct Report {
+    Cost cost;
+    Sorting characters;
+    std::optional<Alternative> replaced;
+    std::optional<Alternative> greek;
+
+    /// A GSM text with such characters has been changed by the Greek table.
+    bool IsGsm() const { return cost.alphabet == Encoding::Alphabet::ALPHABET_GSM7; }
+};
+
+Report ReportOn(const std::string& utf8, bool isGreek) {
+    const TString<wchar_t> text = FromUtf8(utf8);
+    const std::u32string characters = CodePoints(text);
+    Report report{CostOf(text, isGreek), Sort(characters, isGreek), std::nullopt, std::nullopt};
+    report.replaced = WithReplacements(characters, report.characters.changed, isGreek);
+    if (!report.characters.changed.empty() && !isGreek)
+        report.greek = WithGreek(text, characters);
+    return report;
+}
+
+Json ToJson(const Report& report, Json object) {
+    AddTo(object, report.cost);
+    const auto& [escaped, changed] = report.characters;
+    if (!changed.empty() && report.IsGsm())
+        object["changed"] = ToJson(changed, "becomes");
+    else if (!changed.empty())
+        object["forces_ucs2"] = ToJson(changed, nullptr);
+    if (!escaped.empty())
+        object["two_septets"] = ToJson(escaped, nullptr);
+    if (report.replaced)
+        object["replaced"] = ToJson(*report.replaced, "replacements", "by");
+    if (report.greek)
+        object["greek"] = ToJson(*report.greek, "changed", "becomes");
+    return object;
+}
+
+std::string ToText(const Report& report) {
+    std::vector<Entry> entries;
+    const auto add = [&entries](const char* name, std::string meaning) {
+        if (!meaning.empty())
+            entries.push_back({name, {}, std::move(meaning)});
+    };
+    add("goes out as", Shown(report.cost));
+    const auto& [escaped, changed] = report.characters;
+    add(report.IsGsm() ? "changed" : "forces UCS2", Shown(changed, report.IsGsm()));
+    add("two septets", Shown(escaped, false));
+    if (report.replaced)
+        add("replaced", Shown(*report.replaced));
+    if (report.greek)
+        add("with --greek", Shown(*report.greek));
+    return ToText(entries);
+}
+
+void Count(const CountOptions& options, const Input& input, Console& console) {
+    const Report report = ReportOn(input.text, options.greek);
+    if (console.WantsJson())
+        console.Object(ToJson(report, ObjectFor(input)));
+    else
+        console.Block(ToText(report));
+}
+
+int Count(const CountOptions& options, const Streams& streams) {
+    return ConvertAll(options, streams, options.lines ? LineKind::Text : LineKind::Whole,
+                      [&options](const Input& input, Console& console) { Count(options, input, console); });
+}
+
+} // namespace
+
+void AddCount(CLI::App& parent, Action& action) {
+    CLI::App* command = parent.add_subcommand("count", "Tell how a text would go out, before it is sent");
+    command->alias("explain");
+    auto options = std::make_shared<CountOptions>();
+    AddJson(*command, *options);
+    AddStreaming(*command, *options);
+    command->add_flag("--greek", options->greek, "Count as encode --greek sends the text");
+    command->add_flag("--lines", options->lines, "Each line of standard input is a text of its own");
+    options->inputs =
+        command
+            ->add_option("TEXT",
+                         "The text; without it, or as -, all of standard input without its last line feed")
+            ->type_name("");
+    command->footer(
+        "Says the alphabet, the septets or characters (one above U+FFFF counts two), the parts, and how "
+        "much\n"
+        "the last part still takes; which characters force UCS2 and which take two septets, each with its\n"
+        "positions; what the text would cost if near ones stood for those that force UCS2, and what with\n"
+        "--greek. A character that a part boundary cuts in two is shown as a warning.\n"
+        "\n"
+        "Example:\n"
+        "  qxpdu count 'It’s 5 €'");
+    command->callback([options, &action] {
+        action = [options](const Streams& streams) { return Count(*options, streams); };
+    });
+}
+
+} // namespace qxpdu
