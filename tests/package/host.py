@@ -19,6 +19,8 @@ README = source / "README.md"
 MARKS = {"package": "find_package(QX_Encoding", "subdirectory": "add_subdirectory(", "fetched": "FetchContent_Declare(",
          "cloned": "FetchContent_Declare(",
          "pkg-config": "pkg-config"}
+# Here the README's lines must do by themselves.
+USUAL = (pathlib.Path("/usr"), pathlib.Path("/usr/local"))
 environment = {**os.environ, "LC_ALL": "C.UTF-8"}
 
 
@@ -34,7 +36,7 @@ def build_by_cmake(lists):
     (work / "CMakeLists.txt").write_text(lists)
     if way == "subdirectory":
         (work / "libQX_Encoding").symlink_to(source)
-    where = {"package": [f"-DCMAKE_PREFIX_PATH={prefix}"],
+    where = {"package": [] if prefix in USUAL else [f"-DCMAKE_PREFIX_PATH={prefix}"],
              "subdirectory": [],
              "cloned": [f"-DQX_REPOSITORY={prefix}"],
              "fetched": ["-DQX_REPOSITORY=unused", f"-DFETCHCONTENT_SOURCE_DIR_QX_ENCODING={source}"]}[way]
@@ -49,8 +51,9 @@ def build_by_cmake(lists):
 
 
 def build_by_pkg_config(line):
-    environment["PKG_CONFIG_PATH"] = str(prefix / "lib/pkgconfig")
-    environment["LD_LIBRARY_PATH"] = str(prefix / "lib")
+    if prefix not in USUAL:
+        environment["PKG_CONFIG_PATH"] = str(prefix / "lib/pkgconfig")
+        environment["LD_LIBRARY_PATH"] = str(prefix / "lib")
     written = {"20": "c++20", "23": "c++2b"}.get(standard, f"c++{standard}")
     run("bash", "-ec", line.replace("g++ ", f"{compiler} ").replace("c++17", written))
     return work / "host"
