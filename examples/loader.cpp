@@ -23,20 +23,21 @@ bool IsLoaded(const char* file) {
     return library != nullptr;
 }
 
+int Fail() {
+    std::cerr << dlerror() << '\n'; // NOLINT(concurrency-mt-unsafe): each thread has a text of its own
+    return EXIT_FAILURE;
+}
+
 } // namespace
 
 int main(int count, char** arguments) {
     const char* const file = count > 1 ? arguments[1] : "libQX_Encoding.so.1";
     void* const library = dlopen(file, RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) {
-        std::cerr << dlerror() << '\n';
-        return EXIT_FAILURE;
-    }
+    if (library == nullptr)
+        return Fail();
     const auto ppModule = static_cast<Encoding::EncodingModule**>(dlsym(library, "encodingModule"));
-    if (ppModule == nullptr) {
-        std::cerr << dlerror() << '\n';
-        return EXIT_FAILURE;
-    }
+    if (ppModule == nullptr)
+        return Fail();
     const Toolkit::LibModule* const module = *ppModule;
     std::cout << std::boolalpha;
     std::cout << "open: loaded " << IsLoaded(file) << ", registered " << IsRegistered(module) << '\n';

@@ -4,10 +4,10 @@
 // answers as a modem does, and refuses a PDU that is not as long as the command said.
 #include <fcntl.h>
 #include <poll.h>
-#include <stdlib.h>
 #include <termios.h>
 #include <unistd.h>
 
+#include <array>
 #include <cstdlib>
 #include <iostream>
 #include <stdexcept>
@@ -122,9 +122,11 @@ int main(int count, char** arguments) try {
         return EXIT_SUCCESS;
     }
     const int modem = posix_openpt(O_RDWR | O_NOCTTY);
-    if (modem < 0 || grantpt(modem) != 0 || unlockpt(modem) != 0)
+    std::array<char, 64> name{};
+    if (modem < 0 || grantpt(modem) != 0 || unlockpt(modem) != 0 ||
+        ptsname_r(modem, name.data(), name.size()) != 0)
         throw std::runtime_error("no pseudo-terminal");
-    const Line host(open(ptsname(modem), O_RDWR | O_NOCTTY));
+    const Line host(open(name.data(), O_RDWR | O_NOCTTY));
     const Line other(modem);
     std::thread thread([&other, &pdus] {
         try {

@@ -42,8 +42,10 @@ int main() {
     const Pdus pdus = Messages(10000);
     std::vector<TString<wchar_t>> texts(pdus.size());
     std::atomic<std::size_t> next{0};
+    constexpr std::size_t c_threads = 4;
     std::vector<std::thread> threads;
-    for (int thread = 0; thread < 4; ++thread)
+    threads.reserve(c_threads);
+    for (std::size_t thread = 0; thread < c_threads; ++thread)
         threads.emplace_back([&] { Decode(pdus, next, texts); });
     for (std::thread& thread : threads)
         thread.join();
