@@ -80,7 +80,9 @@ std::vector<OctetBits> DataCodingBits(const DataCodingValue& coding) {
     const std::string_view messageClass = hasClass ? ClassMeaning(dcs) : "";
     if (group < c_groupWaiting) {
         return {BitsIn(dcs, 0xC0, "group", GeneralGroup(dcs)),
-                BitsIn(dcs, 0x20, "compression", (dcs & 0x20) != 0 ? "compressed" : "none"),
+                group < c_groupReserved
+                    ? BitsIn(dcs, 0x20, "compression", (dcs & 0x20) != 0 ? "compressed" : "none")
+                    : BitsIn(dcs, 0x20, "without meaning", ""),
                 BitsIn(dcs, 0x10, "class", hasClass ? "in the two lowest bits" : "none"),
                 BitsIn(dcs, 0x0C, "alphabet", AlphabetName(coding.alphabet)),
                 BitsIn(dcs, 0x03, hasClass ? "class" : "without meaning", messageClass)};
@@ -100,7 +102,9 @@ std::vector<std::string> DataCodingFaults(unsigned int dcs) {
     const unsigned int group = dcs >> 4;
     if (group >= c_groupReserved && group < c_groupWaiting)
         faults.emplace_back("a reserved coding group");
-    if (group < c_groupWaiting && (dcs & 0x20) != 0)
+    if (group < c_groupReserved && (dcs & 0x10) == 0 && (dcs & 0x03) != 0)
+        faults.emplace_back("reserved bits are set, as there is no class");
+    if (group < c_groupReserved && (dcs & 0x20) != 0)
         faults.emplace_back("compressed text, which the decoder does not expand");
     if (group < c_groupWaiting && (dcs & 0x0C) == 0x0C)
         faults.emplace_back("the reserved alphabet");

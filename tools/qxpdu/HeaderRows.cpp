@@ -125,6 +125,13 @@ bool IsKnown(unsigned int identifier) {
                        [identifier](const Layout& layout) { return layout.identifier == identifier; });
 }
 
+bool IsReserved(const OctetRow& row) {
+    return row.meaning == "reserved" ||
+           std::any_of(row.bits.begin(), row.bits.end(), [](const OctetBits& bits) {
+               return bits.meaning == "reserved" || (bits.name == "reserved" && bits.value != 0);
+           });
+}
+
 /// Total and sequence are the last two octets of either element.
 void CheckConcatenation(const HeaderElement& element, const Encoding::Pdu& pdu,
                         std::vector<std::string>& faults) {
@@ -138,7 +145,8 @@ void CheckConcatenation(const HeaderElement& element, const Encoding::Pdu& pdu,
 
 } // namespace
 
-std::vector<std::string> ElementFaults(const HeaderElement& element, const Encoding::Pdu& pdu) {
+std::vector<std::string> ElementFaults(const HeaderElement& element, const Encoding::Pdu& pdu,
+                                       Encoding::Alphabet::Encoding alphabet) {
     std::vector<std::string> faults;
     const unsigned int identifier = element.identifier;
     const bool isWhole = element.present == element.length;
@@ -153,7 +161,8 @@ std::vector<std::string> ElementFaults(const HeaderElement& element, const Encod
         CheckConcatenation(element, pdu, faults);
     if (identifier == c_specialMessage)
         faults.emplace_back("the decoder takes the message count for the total of a concatenation");
-    if (identifier == c_singleShift || identifier == c_lockingShift)
+    const bool isLanguage = identifier == c_singleShift || identifier == c_lockingShift;
+    if (isLanguage && alphabet == Encoding::Alphabet::ALPHABET_GSM7)
         faults.emplace_back("the decoder shows the text in the default alphabet");
     return faults;
 }
@@ -181,6 +190,8 @@ std::vector<OctetRow> ElementRows(const HeaderElement& element, const Encoding::
                         part.meaning != nullptr ? part.meaning(value) : std::string(),
                         part.bits != nullptr ? part.bits(value) : std::vector<OctetBits>(),
                         {}});
+        if (IsReserved(rows.back()))
+            rows.back().unusual.emplace_back("a reserved value");
     }
     return rows;
 }

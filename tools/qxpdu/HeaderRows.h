@@ -11,7 +11,8 @@
 namespace qxpdu {
 
 /// What is unusual in an element as a whole.
-std::vector<std::string> ElementFaults(const HeaderElement& element, const Encoding::Pdu& pdu);
+std::vector<std::string> ElementFaults(const HeaderElement& element, const Encoding::Pdu& pdu,
+                                       Encoding::Alphabet::Encoding alphabet);
 
 /// The data of an element; the rows have no offset and no field yet.
 std::vector<OctetRow> ElementRows(const HeaderElement& element, const Encoding::Pdu& pdu);

@@ -23,6 +23,9 @@ constexpr unsigned int c_submitType = 1;
 constexpr unsigned int c_reservedType = 3;
 constexpr unsigned int c_fillerSemiOctet = 0xF;
 constexpr unsigned int c_mostDigits = 20;
+constexpr unsigned int c_mostServiceCentreOctets = 11; ///< 3GPP TS 24.011
+constexpr unsigned int c_mostSeptets = 160;
+constexpr unsigned int c_mostOctets = 140;
 constexpr unsigned int c_alphanumeric = 5;
 constexpr unsigned int c_zoneSign = 0x08;
 constexpr unsigned int c_mostQuarters = 14 * 4;
@@ -138,12 +141,16 @@ void Mapper::FirstOctet() {
 void Mapper::UserDataLength(unsigned int count) {
     m_LengthOffset = End();
     OctetRow& row = Add(1, "", count, m_Field->meaning);
+    const unsigned int most = m_Alphabet == Alphabet::ALPHABET_GSM7 ? c_mostSeptets : c_mostOctets;
+    if (count > most)
+        row.unusual.push_back(fmt::format("more than {}", most));
     const unsigned int present = m_Pdu.m_Length - End();
     const unsigned int announced = OctetsFor(m_Alphabet, count);
     if (present == 0 && count != 0)
         row.unusual.emplace_back("no user data; the decoder gives an empty text");
     else if (present < announced)
-        row.unusual.push_back(fmt::format("{} missing", Counted(announced - present, "octet")));
+        row.unusual.push_back(fmt::format("{} missing; the decoder reads zeros instead",
+                                          Counted(announced - present, "octet")));
     else if (present > announced)
         row.unusual.push_back(fmt::format("{} too many", Counted(present - announced, "octet")));
 }
@@ -161,12 +168,16 @@ void Mapper::operator()(const AddressValue& value) {
     OctetRow& row = Add(1, "length", length, Counted(length, countsDigits ? "digit" : "octet"));
     if (countsDigits && length > c_mostDigits)
         row.unusual.push_back(fmt::format("more than {} digits", c_mostDigits));
+    if (!countsDigits && length > c_mostServiceCentreOctets)
+        row.unusual.push_back(fmt::format("more than {} octets", c_mostServiceCentreOctets));
     if (m_Field->length == 1)
         return;
     const unsigned int octet = Next();
     OctetRow& type = Add(1, "type", octet, "");
     type.bits = TypeOfAddressBits(octet);
     type.unusual = TypeOfAddressFaults(octet);
+    if (value.typeOfNumber == c_alphanumeric && value.numberingPlan != 0)
+        type.unusual.emplace_back("an alphanumeric address with a numbering plan");
     if (m_Field->length > 2)
         Digits(value, length);
 }
@@ -177,12 +188,19 @@ void Mapper::Digits(const AddressValue& address, unsigned int lengthOctet) {
     if (!isText)
         return DigitFaults(lengthOctet, row);
     row.isText = true;
-    const TString<wchar_t> codes = FromUtf8(address.number);
-    const std::string read =
-        ToUtf8(PduDecoder().m_CharSet->GsmToUnicode(TString<char>(std::string(codes.begin(), codes.end()))));
-    if (read != address.number)
+    const std::size_t septets = lengthOctet * 4 / 7;
+    const std::string inside = address.number.substr(0, septets);
+    const std::string read = ToUtf8(PduDecoder().m_CharSet->GsmToUnicode(TString<char>(inside)));
+    if (read != inside) {
         row.unusual.push_back(fmt::format(
             "in the GSM default alphabet it is {}; the decoder takes the codes as they are", read));
+    }
+    if (inside.size() < septets)
+        row.unusual.push_back(
+            fmt::format("septet {} is 0, where the decoder ends the text", inside.size() + 1));
+    if (address.number.size() > septets)
+        row.unusual.push_back(fmt::format("the decoder adds {} from the bits behind",
+                                          Counted(address.number.size() - septets, "character")));
 }
 
 void Mapper::DigitFaults(unsigned int lengthOctet, OctetRow& row) const {
@@ -225,7 +243,8 @@ void Mapper::operator()(const TimeValue& value) {
     using namespace std::chrono;
     const auto number = [&](std::size_t row) { return m_Rows[first + row].value.get<unsigned int>(); };
     const year_month_day date{year(2000 + static_cast<int>(number(0))), month(number(1)), day(number(2))};
-    if (value.time.empty())
+    const bool isPassedOver = value.time.empty() && !m_Field->meaning.empty(); // else the PDU ends here
+    if (isPassedOver)
         m_Rows[first].unusual.emplace_back("out of range; the decoder passes over this time");
     else if (date.month().ok() && date.day().ok() && !date.ok())
         m_Rows[first + 2].unusual.push_back(fmt::format("month {} has no day {}", number(1), number(2)));
@@ -271,7 +290,10 @@ void Mapper::operator()(const HeaderValue& value) {
     if (reach > m_Pdu.m_Length)
         row.unusual.push_back(fmt::format("{} missing; the decoder reads zeros there",
                                           Counted(reach - m_Pdu.m_Length, "octet")));
-    if (std::count_if(value.elements.begin(), value.elements.end(), IsConcatenation) > 1)
+    const auto isConcatenation = [this](const HeaderElement& element) {
+        return IsConcatenation(element) && element.offset < m_Pdu.m_Length;
+    };
+    if (std::count_if(value.elements.begin(), value.elements.end(), isConcatenation) > 1)
         row.unusual.emplace_back("more than one concatenation, of which the decoder keeps the last");
     for (const HeaderElement& element : value.elements)
         Element(element);
@@ -282,7 +304,7 @@ void Mapper::Element(const HeaderElement& element) {
         return;
     OctetRow& identifier =
         Add(1, "element", element.identifier, std::string(ElementName(element.identifier)));
-    identifier.unusual = ElementFaults(element, m_Pdu);
+    identifier.unusual = ElementFaults(element, m_Pdu, m_Alphabet);
     if (End() >= m_Pdu.m_Length)
         return;
     Add(1, "element length", element.length, Counted(element.length, "octet"));
@@ -325,6 +347,8 @@ void Mapper::operator()(const UserDataValue& value) {
         }
         OctetRow& row = Add(rowEnd - End(), "", ToUtf8(text.substr(std::min(shown, text.size()))), "");
         row.isText = true;
+        if (HasLoneSurrogate(text.substr(std::min(shown, text.size()))))
+            row.unusual.emplace_back("half a surrogate pair");
         shown = text.size();
     }
     if (const std::size_t all = TextOf(value, value.units).size(); all > shown) {

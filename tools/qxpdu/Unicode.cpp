@@ -83,6 +83,12 @@ std::string ToUtf8(const std::wstring& units) {
     return text;
 }
 
+bool HasLoneSurrogate(const std::wstring& units) {
+    bool hasOne = false;
+    ForEachCodePoint(units, [&hasOne](char32_t codePoint) { hasOne = hasOne || IsSurrogate(codePoint); });
+    return hasOne;
+}
+
 std::u32string CodePoints(const std::wstring& units) {
     std::u32string codePoints;
     ForEachCodePoint(units, [&codePoints](char32_t codePoint) { codePoints += codePoint; });

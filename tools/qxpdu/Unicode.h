@@ -17,6 +17,9 @@ TString<wchar_t> FromUtf8(std::string_view text);
 /// The UTF-8 form of UTF-16 code units: a surrogate pair becomes one character, a lone surrogate U+FFFD.
 std::string ToUtf8(const std::wstring& units);
 
+/// Whether the code units hold half a surrogate pair.
+bool HasLoneSurrogate(const std::wstring& units);
+
 /// The first character of a UTF-8 text, or its first byte as "0xFF" where that is not valid UTF-8 or cannot
 /// be seen; in quotes.
 std::string FirstCharacter(std::string_view text);

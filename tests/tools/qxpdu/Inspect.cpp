@@ -180,8 +180,9 @@ TEST(QxpduInspect, EachOctetOfBitsIsShownBitByBit) {
           "...1 ....                  class 1: in the two lowest bits",
           ".... 01..                  alphabet 1: 8-bit data",
           ".... ..10                  class 2: stored on the SIM"}},
-        {"00010004912143008000",
-         {"10.. ....                  group 2: reserved, read as general data coding"}},
+        {"0001000491214300A000",
+         {"10.. ....                  group 2: reserved, read as general data coding",
+          "..1. ....                  without meaning 1"}},
         {"00010004912143001000", {".... ..00                  class 0: shown at once, not stored"}},
         {"00010004912143001100", {".... ..01                  class 1: stored in the device"}},
         {"0001000491214300C900",
@@ -307,6 +308,12 @@ TEST(QxpduInspect, UnusualAddresses) {
         {"03911EF3", {"octet 5: semi-octet E is c by the standard, which the decoder shows as >"}},
         {"02D041", {}},
         {"02D011", {"in the GSM default alphabet it is _; the decoder takes the codes as they are"}},
+        {"02D141", {"an alphanumeric address with a numbering plan"}},
+        {"04D04100", {"septet 2 is 0, where the decoder ends the text"}},
+        {"03D04100", {}},
+        {"03D04101", {"the decoder adds 1 character from the bits behind"}},
+        {"0ED041E19058341E91", {}},
+        {"11D041E19058341E91494F", {"the decoder adds 2 characters from the bits behind"}},
     };
     for (const auto& row : rows)
         ExpectUnusual("000100" + std::string(row.address) + "000000", row.faults);
@@ -322,7 +329,8 @@ TEST(QxpduInspect, UnusualServiceCentres) {
         {"039121F3", {}}, // octets are counted here, so that a filler may end any number
         {"0391F143", {"octet 2: a filler where a digit belongs"}},
         {"0291A1", {"octet 2: semi-octet A is * by the standard, which the decoder shows as :"}},
-        {"0C911111111111111111111111", {}},
+        {"0B9111111111111111111111", {}},
+        {"0C911111111111111111111111", {"more than 11 octets"}},
     };
     for (const auto& row : rows)
         ExpectUnusual(row.address + std::string("01000491214300") + "0000", row.faults);
@@ -342,12 +350,16 @@ TEST(QxpduInspect, UnusualProtocolsCodingsAndStatuses) {
         {"CB", {}},
         {"F7", {}},
         {"80", {"a reserved coding group"}},
-        {"BB", {"a reserved coding group", "compressed text, which the decoder does not expand"}},
+        {"BB", {"a reserved coding group"}},
+        {"A0", {"a reserved coding group"}},
+        {"01", {"reserved bits are set, as there is no class"}},
+        {"42", {"reserved bits are set, as there is no class"}},
         {"20", {"compressed text, which the decoder does not expand"}},
         {"0C", {"the reserved alphabet"}},
         {"C4", {"a reserved bit is set"}},
         {"E4", {"a reserved bit is set"}},
         {"F8", {"a reserved bit is set"}},
+        {"70", {"compressed text, which the decoder does not expand"}},
     };
     for (const auto& row : codings)
         ExpectUnusual("0001000491214300" + std::string(row.dcs) + "00", row.faults);
@@ -384,6 +396,7 @@ TEST(QxpduInspect, UnusualTimes) {
     };
     for (const auto& row : rows)
         ExpectUnusual("0004049121430000" + std::string(row.time) + "00", row.faults);
+    ExpectUnusual("000404912143000021203121436580", {}); // the PDU ends too early, but the time is a time
 }
 
 TEST(QxpduInspect, UnusualUserData) {
@@ -396,16 +409,28 @@ TEST(QxpduInspect, UnusualUserData) {
         {"0008C8329BFD06DDDF", {}},
         {"0005", {"no user data; the decoder gives an empty text"}},
         {"0005C8329BFD",
-         {"1 octet missing", "1 character more behind the PDU; the decoder reads zeros there"}},
+         {"1 octet missing; the decoder reads zeros instead",
+          "1 character more behind the PDU; the decoder reads zeros there"}},
         {"0005C8329BFD0600", {"1 octet too many"}},
         {"0005C8329BFD86", {"5 bits behind the last septet not zero"}},
         {"0005C8329BFD0E", {"5 bits behind the last septet not zero"}},
         {"080400480069", {}},
         {"080300480069", {"1 octet too many", "an odd number of octets; the decoder takes one more"}},
         {"0403414243", {}},
+        {"0802D83D", {"half a surrogate pair"}},
+        {"0804DE000041", {"half a surrogate pair"}},
+        {"0804D83DDE00", {}},
+        {"080C004100420043D83DDE000044", {}}, // the pair stands at the end of a row
     };
+    const std::string submit = "0001000491214300";
     for (const auto& row : rows)
-        ExpectUnusual("0001000491214300" + std::string(row.pdu), row.faults);
+        ExpectUnusual(submit + row.pdu, row.faults);
+    const auto octets = [](std::size_t count) { return std::string(2 * count, '0'); };
+    ExpectUnusual(submit + "00A0" + octets(140), {});
+    ExpectUnusual(submit + "00A1" + octets(141), {"more than 160"});
+    ExpectUnusual(submit + "048C" + octets(140), {});
+    ExpectUnusual(submit + "048D" + octets(141), {"more than 140"});
+    ExpectUnusual(submit + "088E" + octets(142), {"more than 140"});
 }
 
 TEST(QxpduInspect, UnusualHeaders) {
@@ -423,8 +448,12 @@ TEST(QxpduInspect, UnusualHeaders) {
         {"0A00032A030200032A0302", {"more than one concatenation, of which the decoder keeps the last"}},
         {"020200", {"the decoder passes over it"}},
         {"0401020005", {"the decoder takes the message count for the total of a concatenation"}},
-        {"03240101", {"the decoder shows the text in the default alphabet"}},
-        {"03250101", {"the decoder shows the text in the default alphabet"}},
+        {"03070103", {}},
+        {"03070104", {"a reserved value"}},
+        {"03060185", {}},
+        {"030601A5", {"a reserved value"}},
+        {"03240101", {}}, // no GSM text, which is what the language is of
+        {"0324010E", {"a reserved value"}},
     };
     for (const auto& row : rows) {
         const std::string header = row.header;
@@ -432,8 +461,13 @@ TEST(QxpduInspect, UnusualHeaders) {
         ExpectUnusual("004100049121430004" + tests::Hex(length, 1) + header, row.faults);
     }
     ExpectUnusual("0041000491214300040C0A70082A03",
-                  {"7 octets missing", "6 octets missing; the decoder reads zeros there",
+                  {"7 octets missing; the decoder reads zeros instead",
+                   "6 octets missing; the decoder reads zeros there",
                    "its data go on behind the PDU; the decoder reads zeros there"});
+    // Elements made of the zeros behind the PDU are no further concatenations.
+    ExpectUnusual("004100049121430004060A00032A0302", {"5 octets missing; the decoder reads zeros there"});
+    const std::string language = "the decoder shows the text in the default alphabet";
+    ExpectUnusual("0041000491214300000806240101250101", {language, language});
 }
 
 TEST(QxpduInspect, TextBehindAHeaderOfAnotherLengthBeginsElsewhereByTheStandard) {
