@@ -297,6 +297,10 @@ std::string ValidityMeaning(unsigned int period) {
 }
 
 std::string StatusMeaning(Encoding::PduDecoder& decoder, unsigned int status) {
+    constexpr unsigned int c_firstReserved = 0x80;
+    constexpr unsigned int c_specific = 0x10;
+    if (status < c_firstReserved && (status & c_specific) != 0)
+        return fmt::format("service-centre specific{}", c_statusKinds[status >> 5]);
     // The reasons of 0x20 to 0x25 come back at 0x60 to 0x65, where the codec has no value of its own for
     // them.
     const unsigned int reason = status >= 0x60 && status <= 0x65 ? status - 0x40 : status;
