@@ -126,13 +126,19 @@ Json ToJson(Json object, const Toolkit::smart_ptr<Pdu>& pdu, std::size_t part, s
     return object;
 }
 
+bool IsInGsm(const Toolkit::smart_ptr<Pdu>& pdu) {
+    PduDecoder decoder;
+    decoder.Decode(pdu, false, false);
+    return decoder.m_Alphabet == Encoding::Alphabet::ALPHABET_GSM7;
+}
+
 struct Caution {
     std::string where;
     std::string message;
 };
 
 /// What will not go out as it was given.
-std::vector<Caution> Cautions(const EncodeOptions& options, const Input& input) {
+std::vector<Caution> Cautions(const EncodeOptions& options, const Input& input, const Pdus& pdus) {
     std::vector<Caution> cautions;
     const auto checkNumber = [&cautions](const char* option, const std::string& number) {
         if (SentOf(number) != number)
@@ -143,6 +149,16 @@ std::vector<Caution> Cautions(const EncodeOptions& options, const Input& input) 
     checkNumber("--smsc", options.smsc);
     if (input.text.empty())
         cautions.push_back({NameOf(input), "the text is empty; a message without text goes out"});
+    if (options.greek && IsInGsm(pdus.front())) {
+        const std::u32string text = CodePoints(FromUtf8(input.text));
+        if (const auto left = WithoutCode(text); !left.empty()) {
+            cautions.push_back(
+                {NameOf(input),
+                 fmt::format("{} left out, which GSM 7-bit has not; the first is character {}, {}",
+                             Counted(left.size(), "character"), left.front(),
+                             CodePointName(text[left.front() - 1]))});
+        }
+    }
     return cautions;
 }
 
@@ -185,14 +201,14 @@ void Encode(const EncodeOptions& options, const Input& input, Console& console) 
     if (options.to.empty())
         throw InputError("--to is required");
     const TString<wchar_t> text = FromUtf8(input.text);
-    const std::vector<Caution> cautions = Cautions(options, input);
+    PduEncoder encoder(Encoding::MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
+    Configure(encoder, options);
+    const Pdus pdus = EncodeText(encoder, text);
+    const std::vector<Caution> cautions = Cautions(options, input, pdus);
     if (console.WantsJsonLines() && options.strict && !cautions.empty())
         throw InputError(fmt::format("{}: {}", cautions.front().where, cautions.front().message));
     if (!console.WantsJsonLines() && !Heed(cautions, options.strict, console))
         return;
-    PduEncoder encoder(Encoding::MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
-    Configure(encoder, options);
-    const Pdus pdus = EncodeText(encoder, text);
     if (console.WantsJsonLines())
         ShowAsLine(input, pdus, cautions, console);
     else

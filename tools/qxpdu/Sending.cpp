@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "InputError.h"
+#include "Unicode.h"
 
 namespace qxpdu {
 
@@ -29,6 +30,18 @@ Pdus EncodeText(PduEncoder& encoder, const TString<wchar_t>& text) {
     if (pdus.empty())
         throw InputError("the text is too long");
     return pdus;
+}
+
+std::vector<std::size_t> WithoutCode(const std::u32string& text) {
+    Encoding::GSMCharSet charSet;
+    charSet.AddTranslateTable(Encoding::TranslateTable::GREEK);
+    std::vector<std::size_t> positions;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const TString<wchar_t> units = Units({&text[i], 1});
+        if (units.size() > 1 || charSet.UnicodeToGsmString(units).empty())
+            positions.push_back(i + 1);
+    }
+    return positions;
 }
 
 const char* UnitsOf(const PduDecoder& part) {

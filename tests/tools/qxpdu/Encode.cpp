@@ -162,6 +162,25 @@ TEST(QxpduEncode, EmptyTextIsAWarningOrWithStrictAnError) {
               (Outcome{1, "", "qxpdu: argument 1: the text is empty; a message without text goes out\n"}));
 }
 
+TEST(QxpduEncode, CharactersThatGreekTextLeavesOutAreAWarningOrWithStrictAnError) {
+    const std::string ab = "000100049121430000024121\n";
+    const std::string message =
+        "1 character left out, which GSM 7-bit has not; the first is character 2, U+4E2D";
+    EXPECT_EQ(Qxpdu({"encode", "--to", "+1234", "--greek", "α中β"}),
+              (Outcome{0, ab, "qxpdu: argument 1: warning: " + message + "\n"}));
+    EXPECT_EQ(Qxpdu({"encode", "--to", "+1234", "--greek", "--strict", "α中β"}),
+              (Outcome{1, "", "qxpdu: argument 1: " + message + "\n"}));
+    EXPECT_EQ(
+        Qxpdu({"encode", "--to", "+1234", "--greek"}, "αβ😀中"),
+        (Outcome{0, ab,
+                 "qxpdu: standard input: warning: 2 characters left out, which GSM 7-bit has not; the first "
+                 "is character 3, U+1F600\n"}));
+    EXPECT_EQ(Qxpdu({"encode", "--to", "+1234", "--greek", "--strict", "αβ"}), (Outcome{0, ab, ""}));
+    EXPECT_EQ(Qxpdu({"encode", "--to", "+1234", "--greek", "--strict", "Ω中"}),
+              (Outcome{0, "0001000491214300080403A94E2D\n", ""}))
+        << "UCS2 leaves nothing out";
+}
+
 TEST(QxpduEncode, MoreThan255PartsAreRefused) {
     EXPECT_EQ(LinesOf(Encode({}, Repeated("a", 255 * 153)).out).size(), 255U);
     EXPECT_EQ(Encode({}, Repeated("a", 255 * 153 + 1)),
