@@ -4,6 +4,7 @@
 #include <new>
 
 #include "Commands.h"
+#include "Unicode.h"
 #include "Writer.h"
 
 namespace qxpdu {
@@ -65,6 +66,18 @@ std::string UsageOf(const CLI::App& tool) {
     return CLI::Formatter().make_usage(command, name);
 }
 
+/// What is wrong where the first argument names no command; nothing where it does, or is an option.
+std::string NoCommandIn(const std::vector<std::string>& arguments, const CLI::App& tool) {
+    if (arguments.empty() || arguments.front().starts_with('-'))
+        return {};
+    const auto hasName = [&arguments](const CLI::App* command) {
+        return command->check_name(arguments.front());
+    };
+    if (!tool.get_subcommands(hasName).empty())
+        return {};
+    return arguments.front() + " is no command";
+}
+
 } // namespace
 
 std::string Unshielded(const std::string& argument) {
@@ -104,9 +117,11 @@ int RunTool(const std::vector<std::string>& arguments, const Streams& streams) {
         tool.exit(asked, streams.out, streams.err);
         return Writer(streams, Format::Text, false).Finish();
     } catch (const CLI::ParseError& error) {
-        std::string message = error.what();
+        std::string message = NoCommandIn(arguments, tool);
+        if (message.empty())
+            message = error.what();
         std::erase(message, c_shield);
-        streams.err << "qxpdu: " << message << '\n' << UsageOf(tool);
+        streams.err << "qxpdu: " << Printable(message) << '\n' << UsageOf(tool);
         return Console::WRONG_COMMAND_LINE;
     } catch (const std::bad_alloc&) {
         streams.err << "qxpdu: out of memory\n";

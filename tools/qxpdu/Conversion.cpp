@@ -46,6 +46,8 @@ public:
         return batch;
     }
 
+    bool HasFailed() const { return m_Inputs.HasFailed(); }
+
 private:
     bool NextInput(Input& input) {
         while (m_Inputs.Next(input)) {
@@ -206,6 +208,8 @@ int ConvertStream(const ConversionOptions& options, const Streams& streams, cons
     WorkInOrder(take, options.threads);
     Console last(format);
     converter.finish(last);
+    if (reader.HasFailed())
+        last.Error("standard input", "cannot be read");
     delivering.Write(last);
     return delivering.Finish();
 }

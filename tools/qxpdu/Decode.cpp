@@ -118,6 +118,8 @@ unsigned int TpduLength(const Pdu& pdu, bool noSmsc) {
 }
 
 Decoded Decode(const DecodeOptions& options, const Input& input) {
+    if (input.heading)
+        CheckMode(*input.heading);
     Decoded decoded{ReadPdu(input.text), {}, {}};
     auto& [pdu, decoder, walk] = decoded;
     if (input.heading)

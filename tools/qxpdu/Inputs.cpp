@@ -76,7 +76,7 @@ bool Inputs::NextOfStream(Input& input) {
         return NextLine(input);
     m_InStream = false;
     input = {Input::Source::Stream, 0, ReadAll(m_In)};
-    return true;
+    return !HasFailed();
 }
 
 bool Inputs::Next(Input& input) {

@@ -38,6 +38,9 @@ public:
     /// Reads the next input; false when there is none. A line comes without its line feed.
     bool Next(Input& input);
 
+    /// Whether standard input could not be read to its end.
+    bool HasFailed() const { return m_In.bad(); }
+
     /// Lines given so far, and what they took.
     std::size_t Lines() const { return m_Line; }
     std::uint64_t Bytes() const { return m_Bytes; }

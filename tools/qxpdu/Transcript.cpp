@@ -17,6 +17,9 @@ namespace {
 
 constexpr std::array<std::string_view, 5> c_headings = {"+CMGL", "+CMGR", "+CMT", "+CDS", "+CBM"};
 constexpr std::string_view c_cellPage = "+CBM";
+constexpr std::array<std::string_view, 7> c_results = {"OK",   "ERROR",     "RING",   "NO CARRIER",
+                                                       "BUSY", "NO ANSWER", "CONNECT"};
+constexpr std::string_view c_vendor = "^"; ///< begins what only modems of one maker say
 constexpr std::string_view c_prompt = ">"; ///< the modem's, behind AT+CMGS
 
 /// "+CMGL" of "+CMGL: 1,1,,24"; empty where the line does not begin so.
@@ -41,12 +44,16 @@ std::optional<Heading> HeadingIn(std::string_view line, std::size_t number) {
     const std::string_view name = NameOf(line);
     if (std::find(c_headings.begin(), c_headings.end(), name) == c_headings.end())
         return std::nullopt;
-    return Heading{std::string(name), number, name == c_cellPage, LengthIn(line)};
+    const std::optional<unsigned int> length = LengthIn(line);
+    if (length == 0U)
+        return std::nullopt; // of an empty place, behind which nothing comes
+    return Heading{std::string(name), number, name == c_cellPage, length};
 }
 
 bool IsChatter(std::string_view line) {
-    return line.empty() || line == "OK" || line == "ERROR" || line == "RING" || line.starts_with("AT") ||
-           line.starts_with("at") || line.starts_with(c_prompt) || !NameOf(line).empty();
+    return line.empty() || std::find(c_results.begin(), c_results.end(), line) != c_results.end() ||
+           line.starts_with("AT") || line.starts_with("at") || line.starts_with(c_prompt) ||
+           line.starts_with(c_vendor) || !NameOf(line).empty();
 }
 
 } // namespace
@@ -68,10 +75,14 @@ bool Transcript::Finish() {
     return m_Last.has_value();
 }
 
-void CheckLength(const Heading& heading, unsigned int octets) {
+void CheckMode(const Heading& heading) {
     if (!heading.length)
         throw InputError(
             fmt::format("{} announces no length, as in text mode; PDU mode is AT+CMGF=0", heading.name));
+}
+
+void CheckLength(const Heading& heading, unsigned int octets) {
+    CheckMode(heading);
     if (*heading.length != octets)
         throw InputError(fmt::format("{} announces {}, here are {}", heading.name,
                                      Counted(*heading.length, "octet"), octets));

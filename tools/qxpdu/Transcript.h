@@ -41,6 +41,9 @@ private:
     std::optional<Heading> m_Last;
 };
 
+/// Throws InputError where the modem is in text mode, so that no PDU follows.
+void CheckMode(const Heading& heading);
+
 /// Throws InputError unless the octets are what the heading announced.
 void CheckLength(const Heading& heading, unsigned int octets);
 

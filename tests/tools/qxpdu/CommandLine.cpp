@@ -81,10 +81,14 @@ TEST(QxpduCommandLine, WrongCommandLineGivesStatus2AndUsage) {
     constexpr const char* c_encodeUsage = "Usage: qxpdu encode [OPTIONS] [TEXT]\n";
     const Row rows[] = {
         {{}, "qxpdu: A subcommand is required\nUsage: qxpdu [OPTIONS] SUBCOMMAND\n"},
-        {{"frob"}, "qxpdu: A subcommand is required\nUsage: qxpdu [OPTIONS] SUBCOMMAND\n"},
+        {{"frob"}, "qxpdu: frob is no command\nUsage: qxpdu [OPTIONS] SUBCOMMAND\n"},
+        {{"\x1B[2J"}, "qxpdu: \\u001B[2J is no command\nUsage: qxpdu [OPTIONS] SUBCOMMAND\n"},
         {{"ucs2"}, "qxpdu: A subcommand is required\nUsage: qxpdu ucs2 [OPTIONS] SUBCOMMAND\n"},
         {{"decode", "--frob"},
          "qxpdu: The following argument was not expected: --frob\nUsage: qxpdu decode [OPTIONS] [PDU...]\n"},
+        {{"decode", "--\x1B"},
+         "qxpdu: The following argument was not expected: --\\u001B\nUsage: qxpdu decode [OPTIONS] "
+         "[PDU...]\n"},
         {{"text", "x"}, "qxpdu: --alphabet is required\nUsage: qxpdu text [OPTIONS] [TEXT...]\n"},
         {{"text", "--alphabet", "GSM", "x"},
          "qxpdu: Could not convert: --alphabet = GSM\nUsage: qxpdu text [OPTIONS] [TEXT...]\n"},

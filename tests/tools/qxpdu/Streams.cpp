@@ -11,6 +11,7 @@ namespace {
 using tests::HasLine;
 using tests::Outcome;
 using tests::Qxpdu;
+using tests::Shell;
 using tests::Repeated;
 
 using Arguments = std::vector<std::string>;
@@ -155,11 +156,32 @@ TEST(QxpduStreams, WrongStreamOptionsAreRefused) {
 }
 
 TEST(QxpduTranscript, LogOfAModemIsReadAsItIs) {
-    const Outcome run =
-        Qxpdu({"decode", "--jsonl"},
-              Joined({"AT+CMGL=4\r", "+CMGL: 1,1,,24\r", std::string(c_hello) + '\r', "\r", "OK\r",
-                      "+CMTI: \"SM\",3", "> ", "+CMGR: 0,,24", c_hello, "+CMT: ,24", "", c_hello, "+CDS: 21",
-                      c_report, "+CBM: 11", c_cellPage, "ERROR", "RING", "at"}));
+    const Outcome run = Qxpdu({"decode", "--jsonl"}, Joined({"AT+CMGL=4\r",
+                                                             "+CMGL: 1,1,,24\r",
+                                                             std::string(c_hello) + '\r',
+                                                             "\r",
+                                                             "OK\r",
+                                                             "+CMTI: \"SM\",3",
+                                                             "> ",
+                                                             "+CMGR: 0,,24",
+                                                             c_hello,
+                                                             "+CMT: ,24",
+                                                             "",
+                                                             c_hello,
+                                                             "+CDS: 21",
+                                                             c_report,
+                                                             "+CBM: 11",
+                                                             c_cellPage,
+                                                             "ERROR",
+                                                             "RING",
+                                                             "NO CARRIER",
+                                                             "BUSY",
+                                                             "NO ANSWER",
+                                                             "CONNECT",
+                                                             "^RSSI: 17",
+                                                             "+CMGR: 0,,0",
+                                                             "OK",
+                                                             "at"}));
     EXPECT_EQ(run.status, 0) << run.out;
     EXPECT_EQ(run.err, "");
     const auto objects = JsonLines(run.out);
@@ -193,7 +215,7 @@ TEST(QxpduTranscript, AnnouncedLengthIsChecked) {
          "qxpdu: line 2: +CBM announces 88 octets, here are 11\n"},
         {{"decode"},
          "+CMGL: 1,\"REC READ\",\"+41\"\nhello\n",
-         "qxpdu: line 2: character 1, 'h', is no hexadecimal digit\n"},
+         "qxpdu: line 2: +CMGL announces no length, as in text mode; PDU mode is AT+CMGF=0\n"},
         {{"decode"},
          "+CMGL: 1,\"REC READ\",\"+41\"\n" + hello,
          "qxpdu: line 2: +CMGL announces no length, as in text mode; PDU mode is AT+CMGF=0\n"},
@@ -285,6 +307,14 @@ TEST(QxpduEncodeLines, WarningsStandInTheObject) {
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(JsonLines(run.out).at(0)["warnings"], nlohmann::json::array({"--to: '1-2' goes out as 12"}));
+}
+
+TEST(QxpduStreams, StandardInputThatCannotBeReadIsAnError) {
+    const char* const message = "qxpdu: standard input: cannot be read\n";
+    for (const char* command : {"decode", "encode --to 1", "encode --lines --to 1", "count", "cell -j 2"}) {
+        EXPECT_EQ(Shell(std::string("$QXPDU ") + command + " </"), (Outcome{1, "", message})) << command;
+        EXPECT_EQ(Shell(std::string("$QXPDU ") + command + " <&-"), (Outcome{1, "", message})) << command;
+    }
 }
 
 TEST(QxpduJoin, PairsThatWereCutBetweenPartsAreWhole) {
