@@ -168,7 +168,8 @@ void ShowObject(const Input& input, const Decoded& decoded, std::optional<std::s
     console.Object(object);
 }
 
-void ShowEntries(const Decoded& decoded, std::optional<std::size_t> reportOn, Console& console) {
+void ShowEntries(const Input& input, const Decoded& decoded, std::optional<std::size_t> reportOn,
+                 Console& console) {
     const PduDecoder& decoder = decoded.decoder;
     std::vector<Entry> entries;
     for (const PduField& field : decoded.walk.fields)
@@ -182,7 +183,7 @@ void ShowEntries(const Decoded& decoded, std::optional<std::size_t> reportOn, Co
     if (HasText(decoded.walk))
         entries.push_back({"text", {}, ToUtf8(decoder.m_Text)});
     if (reportOn)
-        entries.push_back({"report on", {}, fmt::format("line {}", *reportOn)});
+        entries.push_back({"report on", {}, NameOf({input.source, *reportOn, {}})});
     console.Block(ToText(entries));
 }
 
@@ -190,7 +191,7 @@ void Show(const Input& input, const Decoded& decoded, std::optional<std::size_t>
     if (console.WantsJson())
         ShowObject(input, decoded, reportOn, console);
     else
-        ShowEntries(decoded, reportOn, console);
+        ShowEntries(input, decoded, reportOn, console);
 }
 
 void ShowJoined(const ConcatenatedMessage& message, Console& console) {
@@ -251,6 +252,13 @@ struct Joining {
     }
 };
 
+/// TP-SCTS, where the PDU has one.
+std::string TimeIn(const PduWalk& walk) {
+    const auto field = std::find_if(walk.fields.begin(), walk.fields.end(),
+                                    [](const PduField& each) { return each.name == "TP-SCTS"; });
+    return field == walk.fields.end() ? std::string() : std::get<TimeValue>(field->value).time;
+}
+
 /// The part that the PDU is, where its place in the message is a possible one.
 std::optional<std::pair<ConcatenationKey, MessagePart>> PartIn(const Input& input, const Decoded& decoded,
                                                                const std::string& address) {
@@ -259,7 +267,7 @@ std::optional<std::pair<ConcatenationKey, MessagePart>> PartIn(const Input& inpu
     if (!hasWideReference || decoder.m_ConcatTotal < 2 || decoder.m_ConcatSequence < 1 ||
         decoder.m_ConcatSequence > decoder.m_ConcatTotal)
         return std::nullopt;
-    MessagePart part{NameOf(input), input.number, decoder.m_Text};
+    MessagePart part{NameOf(input), input.number, decoder.m_Text, TimeIn(decoded.walk)};
     if (const auto codes = EdgeCodesOf(*decoded.pdu, decoded.walk)) {
         part.endsInEscape = codes->last == c_escape;
         part.behindEscape =

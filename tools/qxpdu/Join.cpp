@@ -60,7 +60,7 @@ Concatenations::Taken Concatenations::Take(const ConcatenationKey& key, int numb
         if (message == nullptr || !message->parts.contains(number))
             continue;
         const MessagePart& before = message->parts.at(number);
-        if (before.text == part.text) {
+        if (before.text == part.text && (store == &m_Open || before.time == part.time)) {
             taken.duplicateOf = before.source;
             return taken;
         }

@@ -33,6 +33,7 @@ struct MessagePart {
     std::string source; ///< "line 3"
     std::size_t number; ///< of the line or argument
     std::wstring text;  ///< UTF-16 code units
+    std::string time;   ///< TP-SCTS; empty in a message that goes out
     bool endsInEscape = false;
     wchar_t behindEscape = 0; ///< what the first code means behind an escape; 0 for nothing
 };
@@ -61,7 +62,8 @@ public:
     };
 
     /// Takes part `number` in, 1 to key.total. Another text under a number that is there already begins a new
-    /// message, and the old one is given up.
+    /// message, and the old one is given up. Where the old one is complete, so does the same text of another
+    /// time: messages whose references have come round may well begin alike.
     Taken Take(const ConcatenationKey& key, int number, MessagePart part);
 
     /// Gives up the oldest message that waits for parts, if any.

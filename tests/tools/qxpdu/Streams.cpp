@@ -11,8 +11,8 @@ namespace {
 using tests::HasLine;
 using tests::Outcome;
 using tests::Qxpdu;
-using tests::Shell;
 using tests::Repeated;
+using tests::Shell;
 
 using Arguments = std::vector<std::string>;
 
@@ -378,6 +378,20 @@ TEST(QxpduJoin, PartThatComesAgainIsADuplicateBeforeAndAfterCompletion) {
               "qxpdu: line 2: warning: part 1 of 2 has come before, in line 1\n");
 }
 
+TEST(QxpduJoin, LaterMessageUnderTheSameReferenceIsWholeThoughItBeginsAlike) {
+    const auto later = [](std::string part) {
+        return part.replace(part.find("2120312143"), 10, "2120313143");
+    };
+    const auto objects =
+        JsonLines(Qxpdu({"decode", "--join", "--jsonl"},
+                        Joined({c_escapePart, c_codePart, later(c_escapePart), later(c_codePart)}))
+                      .out);
+    ASSERT_EQ(objects.size(), 2U);
+    EXPECT_EQ(objects[0]["text"], "a€b");
+    EXPECT_EQ(objects[1]["text"], "a€b");
+    EXPECT_EQ(objects[1]["joined"], (nlohmann::json{3, 4}));
+}
+
 TEST(QxpduJoin, StatusReportFindsTheMessageByReferenceAndAddress) {
     const auto objects = JsonLines(Qxpdu({"decode", "--join", "--jsonl"}, Joined({c_submit, c_report})).out);
     ASSERT_EQ(objects.size(), 2U);
@@ -389,6 +403,7 @@ TEST(QxpduJoin, StatusReportFindsTheMessageByReferenceAndAddress) {
                      .at(1)
                      .contains("report_on"));
     EXPECT_TRUE(HasLine(Qxpdu({"decode", "--join"}, Joined({c_submit, c_report})).out, "report on line 1"));
+    EXPECT_TRUE(HasLine(Qxpdu({"decode", "--join", c_submit, c_report}).out, "report on argument 1"));
 }
 
 TEST(QxpduJoin, OldestMessageIsGivenUpWhenTooManyPartsWait) {
