@@ -6,41 +6,29 @@
 #include "Encoding/GSMCharSet.h"
 #include "Toolkit/SystemInfo.h"
 #include "support/Octets.h"
-
-namespace {
-
-int s_endian = 0;
-int s_asked = 0;
-int s_shares = 0; ///< of the instance while it was asked
-
-} // namespace
-
-int Toolkit::SystemInfo::GetEndian() {
-    ++s_asked;
-    s_shares = tests::CountOf(*s_pInstance);
-    return s_endian;
-}
+#include "support/Shares.h"
 
 namespace {
 
 using Encoding::GSMCharSet;
+using tests::s_byteOrder;
 
 TEST(ByteOrder, IsAskedOnceWithAShareHeld) {
     const int before = tests::CountOf(*Toolkit::SystemInfo::s_pInstance);
-    s_asked = 0;
+    s_byteOrder = {};
     const GSMCharSet charSet;
-    EXPECT_EQ(s_asked, 1);
-    EXPECT_EQ(s_shares, before + 1);
+    EXPECT_EQ(s_byteOrder.m_Asked, 1);
+    EXPECT_EQ(s_byteOrder.m_FewestShares, before + 1);
     EXPECT_EQ(tests::CountOf(*Toolkit::SystemInfo::s_pInstance), before);
     charSet.UnicodeToGsmString(tests::Wide({0x41, 0x42}));
-    EXPECT_EQ(s_asked, 1);
+    EXPECT_EQ(s_byteOrder.m_Asked, 1);
 }
 
 /// The codes of characters in memory, for a character set that was told this byte order.
 tests::Bytes CodesOf(const unsigned char* memory, unsigned int length, int endian) {
-    s_endian = endian;
+    s_byteOrder.m_Answer = endian;
     GSMCharSet charSet;
-    s_endian = 0;
+    s_byteOrder.m_Answer = 0;
     unsigned int count = 0xEE;
     EXPECT_TRUE(charSet.GetGsmBytes(memory, length, &count, nullptr));
     tests::Bytes codes(count);
@@ -73,9 +61,9 @@ TEST(ByteOrder, HoldsForEightCharactersThatAreReadTogether) {
 }
 
 TEST(ByteOrder, IsNotLookedAtByTheStringConversion) {
-    s_endian = 1;
+    s_byteOrder.m_Answer = 1;
     const GSMCharSet charSet;
-    s_endian = 0;
+    s_byteOrder.m_Answer = 0;
     EXPECT_EQ(charSet.UnicodeToGsmString(tests::Wide({0x41})), "A");
 }
 

@@ -1,85 +1,35 @@
 // What the decoders ask of the support library: the byte order for each character, and a share of each object
-// while it is in use. This program's own byte order and locks stand in for the support library's.
-#include <algorithm>
-
+// while it is in use.
 #include <gtest/gtest.h>
 
 #include "Encoding/CBMDecoder.h"
 #include "Encoding/PduDecoder.h"
 #include "Encoding/TextDecoder.h"
-#include "Toolkit/MutexInternal.h"
 #include "Toolkit/SystemInfo.h"
 #include "decoder/Samples.h"
 #include "support/Octets.h"
-
-namespace {
-
-int s_endian = 0;
-int s_asked = 0;
-int s_shares = 0; ///< of the instance while it was asked
-
-/// The reference block that is watched, and what happens to it.
-Toolkit::ReferenceBlock* s_pBlock = nullptr;
-int s_locks = 0;
-int s_mostShares = 0;
-bool s_waitedForever = true;
-
-} // namespace
-
-int Toolkit::SystemInfo::GetEndian() {
-    ++s_asked;
-    s_shares = tests::CountOf(*s_pInstance);
-    return s_endian;
-}
-
-int Toolkit::MutexInternal::Lock(unsigned int timeout) {
-    s_waitedForever = s_waitedForever && timeout == c_waitForever;
-    if (s_pBlock != nullptr && this == &s_pBlock->m_Mutex)
-        ++s_locks;
-    return 1;
-}
-
-void Toolkit::MutexInternal::Unlock() {
-    if (s_pBlock != nullptr && this == &s_pBlock->m_Mutex)
-        s_mostShares = std::max(s_mostShares, s_pBlock->m_Count);
-}
+#include "support/Shares.h"
 
 namespace {
 
 using namespace Encoding;
-
-/// Watches the shares of one object for as long as it lives.
-class Watch {
-public:
-    template <class T>
-    explicit Watch(const Toolkit::smart_ptr<T>& pointer) {
-        struct Words {
-            T* m_pObject;
-            Toolkit::ReferenceBlock* m_pBlock;
-        };
-        s_pBlock = reinterpret_cast<const Words&>(pointer).m_pBlock;
-        s_locks = s_mostShares = 0;
-        s_waitedForever = true;
-    }
-    ~Watch() { s_pBlock = nullptr; }
-    Watch(const Watch&) = delete;
-    Watch& operator=(const Watch&) = delete;
-};
+using tests::s_byteOrder;
+using tests::Watch;
 
 TEST(TextDecoder, AsksForTheByteOrderOncePerCharacter) {
     const int before = tests::CountOf(*Toolkit::SystemInfo::s_pInstance);
     for (const int alphabet : {0, 4}) {
-        s_asked = 0;
+        s_byteOrder = {};
         const TextDecoder decoder(L"ABCDE", alphabet);
-        EXPECT_EQ(s_asked, 1 + 5) << "the character set's own question comes first";
-        EXPECT_EQ(s_shares, before + 1);
+        EXPECT_EQ(s_byteOrder.m_Asked, 1 + 5) << "the character set's own question comes first";
+        EXPECT_EQ(s_byteOrder.m_FewestShares, before + 1);
         EXPECT_EQ(tests::CountOf(*Toolkit::SystemInfo::s_pInstance), before);
     }
-    s_asked = 0;
+    s_byteOrder = {};
     const TextDecoder hex(L"00410042", 2);
-    EXPECT_EQ(s_asked, 1);
+    EXPECT_EQ(s_byteOrder.m_Asked, 1);
     const TextDecoder empty(L"", 0);
-    EXPECT_EQ(s_asked, 2);
+    EXPECT_EQ(s_byteOrder.m_Asked, 2);
 }
 
 TEST(TextDecoder, TakesAndReleasesOneShareOfTheSystemInformationPerCharacter) {
@@ -92,9 +42,9 @@ TEST(TextDecoder, TakesAndReleasesOneShareOfTheSystemInformationPerCharacter) {
         SCOPED_TRACE(row.text);
         const Watch watch(*Toolkit::SystemInfo::s_pInstance);
         const TextDecoder decoder(row.text, row.alphabet);
-        EXPECT_EQ(s_locks, 2 * row.shares);
-        EXPECT_EQ(s_mostShares, tests::CountOf(*Toolkit::SystemInfo::s_pInstance) + 1);
-        EXPECT_TRUE(s_waitedForever);
+        EXPECT_EQ(watch.m_Locks, 2 * row.shares);
+        EXPECT_EQ(watch.m_MostShares, tests::CountOf(*Toolkit::SystemInfo::s_pInstance) + 1);
+        EXPECT_TRUE(watch.m_WaitedForever);
     }
 }
 
@@ -109,10 +59,10 @@ TEST(TextDecoder, TakesTheLastByteOnABigEndianHost) {
         const wchar_t* decoded;
     } rows[] = {{1, L"B"}, {0, L"A"}, {2, L"A"}, {-1, L"A"}};
     for (const auto& row : rows) {
-        s_endian = row.endian;
+        s_byteOrder.m_Answer = row.endian;
         EXPECT_EQ(TextDecoder(text, 0).m_DecodedText, row.decoded) << row.endian;
     }
-    s_endian = 0;
+    s_byteOrder.m_Answer = 0;
 }
 
 TEST(Decode, TakesAShareOfTheCharacterSetForSeptetsOnly) {
@@ -127,10 +77,10 @@ TEST(Decode, TakesAShareOfTheCharacterSetForSeptetsOnly) {
         const Toolkit::smart_ptr<Pdu> pdu = tests::MakePdu(row.pdu);
         const Watch watch(decoder.m_CharSet);
         EXPECT_EQ(decoder.Decode(pdu, false, false), 1);
-        EXPECT_EQ(s_locks, 2 * row.shares);
-        EXPECT_EQ(s_mostShares, row.shares == 0 ? 0 : 2);
+        EXPECT_EQ(watch.m_Locks, 2 * row.shares);
+        EXPECT_EQ(watch.m_MostShares, row.shares == 0 ? 0 : 2);
         EXPECT_EQ(tests::CountOf(decoder.m_CharSet), 1);
-        EXPECT_TRUE(s_waitedForever);
+        EXPECT_TRUE(watch.m_WaitedForever);
     }
 }
 
@@ -146,8 +96,8 @@ TEST(Decode, GivesEachFieldReaderAShareOfThePdu) {
         const Toolkit::smart_ptr<Pdu> pdu = tests::MakePdu(row.pdu);
         const Watch watch(pdu);
         EXPECT_EQ(decoder.Decode(pdu, false, false), 1);
-        EXPECT_EQ(s_locks, 2 * (1 + row.readers)) << "one share of Decode's own";
-        EXPECT_EQ(s_mostShares, 3);
+        EXPECT_EQ(watch.m_Locks, 2 * (1 + row.readers)) << "one share of Decode's own";
+        EXPECT_EQ(watch.m_MostShares, 3);
         EXPECT_EQ(tests::CountOf(pdu), 1);
     }
 }
@@ -159,15 +109,15 @@ TEST(CBMDecoder, TakesAShareOfTheCharacterSetForEveryPage) {
         const Toolkit::smart_ptr<Pdu> pdu = tests::MakePdu(page);
         const Watch watch(decoder.m_CharSet);
         EXPECT_TRUE(decoder.Decode(pdu));
-        EXPECT_EQ(s_locks, 2);
-        EXPECT_EQ(s_mostShares, 2);
+        EXPECT_EQ(watch.m_Locks, 2);
+        EXPECT_EQ(watch.m_MostShares, 2);
         EXPECT_EQ(tests::CountOf(decoder.m_CharSet), 1);
     }
     CBMDecoder decoder;
     const Watch watch(decoder.m_CharSet);
     EXPECT_FALSE(decoder.Decode(Toolkit::smart_ptr<Pdu>()));
     EXPECT_THROW(decoder.Decode(tests::MakePdu("12 34")), std::bad_alloc);
-    EXPECT_EQ(s_locks, 0);
+    EXPECT_EQ(watch.m_Locks, 0);
 }
 
 } // namespace
