@@ -123,6 +123,57 @@ TEST(GetGsmBytes, ZeroesTheBufferAndKeepsTheEntryLength) {
     EXPECT_EQ(tests::Hex(buffer, 6), "41 00 00 00 00 EE");
 }
 
+/// The length says how much is zeroed, and no more than that: all codes are written, and nothing behind them.
+TEST(GetGsmBytes, WritesEveryCodeHoweverSmallTheLength) {
+    GSMCharSet charSet;
+    const struct {
+        TString<wchar_t> text;
+        unsigned int length;
+        const char* buffer;
+    } rows[] = {
+        {L"ABCD", 1, "41 42 43 44 EE EE EE EE EE EE EE EE"},
+        {L"ABCD", 3, "41 42 43 44 EE EE EE EE EE EE EE EE"},
+        {L"ABCD", 4, "41 42 43 44 EE EE EE EE EE EE EE EE"},
+        {L"ABCD", 5, "41 42 43 44 00 EE EE EE EE EE EE EE"},
+        {L"A{B", 1, "41 1B 28 42 EE EE EE EE EE EE EE EE"},
+        {L"A{B", 2, "41 1B 28 42 EE EE EE EE EE EE EE EE"}, // the length ends inside the pair
+        {Wide({0x4E2D}), 1, "00 EE EE EE EE EE EE EE EE EE EE EE"},
+        {Wide({0x4E2D, 'A'}), 2, "41 00 EE EE EE EE EE EE EE EE EE EE"},
+        {L"abcdefgh", 3, "61 62 63 64 65 66 67 68 EE EE EE EE"},
+        {L"abcdefghi", 8, "61 62 63 64 65 66 67 68 69 EE EE EE"},
+        {L"abcdefg{i", 8, "61 62 63 64 65 66 67 1B 28 69 EE EE"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.buffer);
+        Bytes buffer(12, 0xEE);
+        unsigned char* codes = buffer.data();
+        unsigned int length = row.length;
+        EXPECT_TRUE(charSet.GetGsmBytes(Raw(row.text), RawSize(row.text), &length, &codes));
+        EXPECT_EQ(tests::Hex(buffer), row.buffer);
+        EXPECT_EQ(length, row.length);
+        EXPECT_EQ(codes, buffer.data());
+    }
+}
+
+/// Eight characters together and one by one, from memory that ends with the text.
+TEST(GetGsmBytes, ReadsAndWritesAtAnyAddress) {
+    GSMCharSet charSet;
+    const TString<wchar_t> text = L"abcdefgh{€\u4E2Dz";
+    for (unsigned int start = 0; start < 8; ++start) {
+        SCOPED_TRACE(start);
+        Bytes memory(start, 0xEE);
+        memory.insert(memory.end(), Raw(text), Raw(text) + RawSize(text));
+        memory.shrink_to_fit();
+        unsigned int count = 0;
+        EXPECT_TRUE(charSet.GetGsmBytes(memory.data() + start, RawSize(text), &count, nullptr));
+        EXPECT_EQ(count, 13U);
+        Bytes buffer(start + 13, 0xEE);
+        unsigned char* codes = buffer.data() + start;
+        EXPECT_TRUE(charSet.GetGsmBytes(memory.data() + start, RawSize(text), &count, &codes));
+        EXPECT_EQ(tests::Hex(codes, 13), "61 62 63 64 65 66 67 68 1B 28 1B 65 7A");
+    }
+}
+
 TEST(GetGsmBytes, TellsWhetherTheTextNeededTheGreekTable) {
     GSMCharSet charSet;
     const TString<wchar_t> greek = Wide({0x03B1, 0x03B2});
@@ -186,6 +237,17 @@ TEST(GsmToUnicode, DecodesUnpackedCodes) {
         EXPECT_EQ(charSet.GsmToUnicode(row.codes.data(), static_cast<unsigned int>(row.codes.size())),
                   row.fromBytes);
         EXPECT_EQ(charSet.GsmToUnicode(Narrow(row.codes)), row.fromString);
+    }
+}
+
+TEST(GsmToUnicode, ReadsCodesAtAnyAddress) {
+    GSMCharSet charSet;
+    const Bytes codes = tests::Octets("41 42 43 44 45 46 47 48 49 1B 65 00 4A 4B 4C 4D 1B 28");
+    for (unsigned int start = 0; start < 8; ++start) {
+        Bytes memory(start, 0xEE);
+        memory.insert(memory.end(), codes.begin(), codes.end());
+        memory.shrink_to_fit();
+        EXPECT_EQ(charSet.GsmToUnicode(memory.data() + start, 18), L"ABCDEFGHI€@JKLM{") << start;
     }
 }
 

@@ -218,6 +218,25 @@ TEST(CBMDecoder, LongestContentIsAskedOfTheAllocator) {
     EXPECT_EQ(tests::AllocatedBytes() - bytes, 0x7FFFFFFFU);
 }
 
+/// One octet for each septet, and four for each character and for the zero behind them.
+TEST(CBMDecoder, AsksForFiveOctetsForEachThatTheLengthClaims) {
+    const struct {
+        unsigned int length;
+        unsigned long bytes;
+    } rows[] = {{88, 82 + 332}, {512, 506 + 2028}, {6 + 1000, 1000 + 4004}, {6 + 1000000, 1000000 + 4000004}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.length);
+        const Toolkit::smart_ptr<Pdu> page = MakePdu(c_header + Bytes(506, 0x55));
+        page->m_Length = row.length;
+        CBMDecoder decoder;
+        const unsigned long bytes = tests::AllocatedBytes();
+        const unsigned long allocations = tests::Allocations();
+        ASSERT_TRUE(decoder.Decode(page));
+        EXPECT_EQ(tests::AllocatedBytes() - bytes, row.bytes);
+        EXPECT_EQ(tests::Allocations() - allocations, 2U);
+    }
+}
+
 TEST(CBMDecoder, OctetsOutsideTheArrayReadAsZero) {
     const Toolkit::smart_ptr<Pdu> page = MakePdu(c_header + Bytes(506, 0xFF));
     page->m_Length = 6 + 600;

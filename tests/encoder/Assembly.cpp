@@ -186,6 +186,52 @@ TEST(Encode, ThreePartsOfUcs2) {
     EXPECT_EQ(encoder.m_ReferenceCounter, 0);
 }
 
+/// More parts than an octet counts: all of them go out, and the low 8 bits of the values stand in their
+/// headers.
+TEST(Encode, TotalAndSequenceWrapAbove255Parts) {
+    const struct {
+        std::size_t septets;
+        std::size_t parts;
+        const char* first; // up to the header, whose reference is 07
+        const char* part255;
+        const char* last;
+    } rows[] = {
+        {39015, 255, "00 61 00 00 80 00 00 A0 05 00 03 07 FF 01", "00 41 00 00 80 00 00 A0 05 00 03 07 FF FF",
+         "00 41 00 00 80 00 00 A0 05 00 03 07 FF FF"},
+        {39016, 256, "00 61 00 00 80 00 00 A0 05 00 03 07 00 01", "00 41 00 00 80 00 00 A0 05 00 03 07 00 FF",
+         "00 41 00 00 80 00 00 08 05 00 03 07 00 00"},
+        {39169, 257, "00 61 00 00 80 00 00 A0 05 00 03 07 01 01", "00 41 00 00 80 00 00 A0 05 00 03 07 01 FF",
+         "00 41 00 00 80 00 00 08 05 00 03 07 01 01"},
+    };
+    const auto head = [](const Bytes& pdu) { return tests::Hex(pdu.data(), 14); };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.parts);
+        OpenEncoder encoder;
+        encoder.m_ReferenceCounter = 6;
+        encoder.SetRequireStatusReport(true);
+        encoder.SetText(Repeat(row.septets, 'a'));
+        const std::vector<Bytes> pdus = encoder.Pdus();
+        ASSERT_EQ(pdus.size(), row.parts);
+        EXPECT_EQ(head(pdus[0]), row.first);
+        EXPECT_EQ(head(pdus[254]), row.part255);
+        EXPECT_EQ(head(pdus.back()), row.last);
+        EXPECT_EQ(encoder.m_ConcatTotal, static_cast<int>(row.parts));
+        EXPECT_EQ(encoder.m_ConcatSequence, static_cast<int>(row.parts));
+        EXPECT_EQ(encoder.m_ReferenceCounter, 7) << "one reference for all parts";
+    }
+}
+
+TEST(Encode, HeaderWithATotalOf256StaysOn) {
+    OpenEncoder encoder;
+    encoder.m_ReferenceCounter = 6;
+    encoder.SetText(Repeat(17086, 0x4E2D));
+    const std::vector<Bytes> pdus = encoder.Pdus();
+    ASSERT_EQ(pdus.size(), 256U);
+    EXPECT_EQ(tests::Hex(pdus.back()), "00 41 00 00 80 00 08 08 05 00 03 07 00 00 4E 2D");
+    encoder.SetText(L"hello");
+    EXPECT_EQ(encoder.Pdu(), "00 41 00 00 80 00 00 0C 05 00 03 07 00 00 D0 65 36 FB 0D");
+}
+
 TEST(Encode, SeptetsOfEveryLengthInOnePart) {
     for (std::size_t length = 1; length <= 160; ++length) {
         TString<wchar_t> text;

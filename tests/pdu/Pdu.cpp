@@ -88,6 +88,10 @@ TEST(Pdu, SetBytesLeavesTheTailInPlace) {
     pdu.SetBytes(octets.data(), 3);
     EXPECT_EQ(pdu.m_Length, 3U);
     EXPECT_EQ(tests::Hex(pdu.m_Bytes, 10), "A1 A2 A3 04 05 06 07 08 09 0A");
+    EXPECT_EQ(pdu.GetString(), "A1A2A3");
+    pdu.Write(0xB4);
+    EXPECT_EQ(pdu.GetString(), "A1A2A3B4");
+    EXPECT_EQ(tests::Hex(pdu.m_Bytes, 10), "A1 A2 A3 B4 05 06 07 08 09 0A");
 }
 
 TEST(Pdu, WriteAppendsOctetAndRun) {
