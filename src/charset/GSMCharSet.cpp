@@ -25,7 +25,10 @@ GSMCharSet::GSMCharSet()
     m_GreekCount = static_cast<short>(c_greekCount);
 }
 
-GSMCharSet::~GSMCharSet() = default;
+// The direct table goes before all other members, as is required.
+GSMCharSet::~GSMCharSet() {
+    m_UnicodeToGsm.reset();
+}
 
 int GSMCharSet::UnicodeToGsm(unsigned short unicode) const {
     if (unicode <= c_lastDirect)

@@ -1,9 +1,12 @@
 // The tables of the GSM 7-bit default alphabet, one character at a time.
 #include "Encoding/GSMCharSet.h"
 
+#include <algorithm>
 #include <cstring>
 #include <map>
+#include <optional>
 #include <type_traits>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -204,6 +207,23 @@ TEST(GSMCharSet, MembersLieInTheirBindingOrder) {
     EXPECT_EQ(members.high[63].unicode, 0);
     EXPECT_EQ(members.selected[0], nullptr);
     EXPECT_EQ(members.endian, Toolkit::SystemInfo::GetEndian());
+}
+
+TEST(GSMCharSet, FreesTheDirectTableFirstAndThenTheMembersFromTheLastToTheFirst) {
+    std::optional<GSMCharSet> charSet(std::in_place);
+    charSet->AddTranslateTable(TranslateTable::GREEK);
+    Members members;
+    std::memcpy(&members, static_cast<const void*>(&*charSet), sizeof members);
+    const auto* table = static_cast<const void* const*>(members.selected[0]); // the pointer's two words
+
+    const std::vector<const void*> expected = {
+        members.direct, table[0],          table[1],          members.selected[0],
+        members.high,   members.highBlock, members.extension, members.extensionBlock,
+        members.greek,  members.greekBlock};
+    const tests::NoteDeallocations notes;
+    charSet.reset();
+    ASSERT_EQ(notes.m_Count, expected.size());
+    EXPECT_TRUE(std::equal(expected.begin(), expected.end(), notes.m_Memory.begin()));
 }
 
 TEST(GSMCharSet, ElementsStartAsNoCode) {

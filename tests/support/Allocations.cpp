@@ -11,6 +11,7 @@ thread_local unsigned long s_allocations = 0;
 thread_local unsigned long s_deallocations = 0;
 thread_local unsigned long s_bytes = 0;
 thread_local unsigned long s_failAt = 0;
+thread_local const tests::NoteDeallocations* s_pNotes = nullptr;
 
 void* Allocate(std::size_t size) {
     ++s_allocations;
@@ -26,6 +27,8 @@ void Deallocate(void* memory) {
     if (memory == nullptr)
         return;
     ++s_deallocations;
+    if (s_pNotes != nullptr && s_pNotes->m_Count < s_pNotes->m_Memory.size())
+        s_pNotes->m_Memory[s_pNotes->m_Count++] = memory;
     std::free(memory);
 }
 
@@ -70,6 +73,13 @@ FailAllocation::~FailAllocation() {
 }
 bool FailAllocation::Happened() const {
     return s_allocations >= s_failAt;
+}
+
+NoteDeallocations::NoteDeallocations() {
+    s_pNotes = this;
+}
+NoteDeallocations::~NoteDeallocations() {
+    s_pNotes = nullptr;
 }
 
 } // namespace tests

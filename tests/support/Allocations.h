@@ -2,6 +2,9 @@
 #ifndef TESTS_SUPPORT_ALLOCATIONS_H
 #define TESTS_SUPPORT_ALLOCATIONS_H
 
+#include <array>
+#include <cstddef>
+
 namespace tests {
 
 /// Calls of operator new and new[] on this thread so far, those inside the libraries included.
@@ -24,6 +27,19 @@ public:
 
     /// Whether the allocation has failed by now.
     bool Happened() const;
+};
+
+/// While it lives, notes what the thread gives back, in that order: the first pieces, as many as there is
+/// room for.
+class NoteDeallocations {
+public:
+    NoteDeallocations();
+    ~NoteDeallocations();
+    NoteDeallocations(const NoteDeallocations&) = delete;
+    NoteDeallocations& operator=(const NoteDeallocations&) = delete;
+
+    mutable std::array<const void*, 32> m_Memory{};
+    mutable std::size_t m_Count = 0;
 };
 
 } // namespace tests
