@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 #include <type_traits>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -118,6 +119,23 @@ TEST(TextDecoder, EveryCodeReadsAsTheAlphabetHasIt) {
             expected = Wide({Encoding::GSMCharSet::m_GsmDefaultTable[code]});
         EXPECT_EQ(TextDecoder(Wide({unit}), 0).m_DecodedText, expected) << unit;
     }
+}
+
+/// Bytes that a piece of work asks the allocator for.
+template <class Work>
+unsigned long BytesOf(Work&& work) {
+    const unsigned long before = tests::AllocatedBytes();
+    work();
+    return tests::AllocatedBytes() - before;
+}
+
+TEST(TextDecoder, AsksForItsDumpAtOnceAndForAnOctetACodeWithASpareOne) {
+    const tests::InstalledLogger logger(1); // a line that is filtered out takes no memory
+    const unsigned long charSet = BytesOf([] { const Encoding::GSMCharSet unused; });
+    const unsigned long time = BytesOf([] { ILogger::GetTime(); });
+    TString<wchar_t> text(100, L'A');
+    const unsigned long all = BytesOf([&text] { const TextDecoder decoder(std::move(text), 0); });
+    EXPECT_EQ(all - charSet - time, 801U + 101U + 404U) << "eight digits a character, the codes, the text";
 }
 
 /// A logger that refuses a piece of the line.

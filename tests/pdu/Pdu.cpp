@@ -227,6 +227,15 @@ TEST(Pdu, WritesAtMost512Octets) {
     EXPECT_EQ(Pdu(octets.data(), 600).GetString().size(), 1024U);
 }
 
+TEST(Pdu, TextIsAskedForAtOnce) {
+    const Pdu pdu(Counting(512).data(), 512);
+    const unsigned long before = tests::Allocations();
+    const unsigned long bytes = tests::AllocatedBytes();
+    const TString<char> hex = pdu.GetString();
+    EXPECT_EQ(tests::Allocations() - before, 1U);
+    EXPECT_EQ(tests::AllocatedBytes() - bytes, 1025U) << "two digits an octet, and the end of the string";
+}
+
 TEST(Pdu, OnlyTheTextIsAllocated) {
     const Bytes octets = Counting(512);
     const TString<char> hex("0791");
