@@ -11,8 +11,10 @@
 
 namespace {
 
+using Encoding::NumberingPlan;
 using Encoding::Pdu;
 using Encoding::PduDecoder;
+using Encoding::TypeOfNumber;
 using qxpdu::PduField;
 using qxpdu::PduWalk;
 using tests::Bytes;
@@ -31,10 +33,35 @@ void ExpectNumber(const PduWalk& walk, std::string_view name, int decoded) {
     }
 }
 
-void ExpectAddress(const PduWalk& walk, std::string_view name, const TString<wchar_t>& decoded) {
+/// The bits that stand for a type of number; 0 stands for those without a name of their own.
+constexpr std::pair<unsigned int, TypeOfNumber::TON> c_typesOfNumber[] = {
+    {1, TypeOfNumber::TON_INTERNATIONAL},
+    {5, TypeOfNumber::TON_ALPHANUMERIC},
+    {7, TypeOfNumber::TON_RESERVED}};
+constexpr std::pair<unsigned int, NumberingPlan::NPI> c_numberingPlans[] = {
+    {1, NumberingPlan::NPI_ISDN},     {3, NumberingPlan::NPI_DATA},    {4, NumberingPlan::NPI_TELEX},
+    {8, NumberingPlan::NPI_NATIONAL}, {9, NumberingPlan::NPI_PRIVATE}, {10, NumberingPlan::NPI_ERMES},
+    {15, NumberingPlan::NPI_RESERVED}};
+
+/// The bits of TP-VPF, and how the decoder numbers what they stand for.
+constexpr std::pair<unsigned int, int> c_validityFormats[] = {{2, 1}, {1, 2}, {3, 3}};
+
+template <class Table, class Value>
+Value ValueIn(const Table& table, unsigned int bits, Value others) {
+    for (const auto& [key, value] : table) {
+        if (key == bits)
+            return value;
+    }
+    return others;
+}
+
+void ExpectAddress(const PduWalk& walk, std::string_view name, const TString<wchar_t>& decoded,
+                   TypeOfNumber::TON type, NumberingPlan::NPI plan) {
     if (const PduField* field = FieldNamed(walk, name)) {
-        EXPECT_EQ(std::get<qxpdu::AddressValue>(field->value).number,
-                  std::string(decoded.begin(), decoded.end()));
+        const auto& address = std::get<qxpdu::AddressValue>(field->value);
+        EXPECT_EQ(address.number, std::string(decoded.begin(), decoded.end())) << name;
+        EXPECT_EQ(ValueIn(c_typesOfNumber, address.typeOfNumber, TypeOfNumber::TON_UNKNOWN), type) << name;
+        EXPECT_EQ(ValueIn(c_numberingPlans, address.numberingPlan, NumberingPlan::NPI_UNKNOWN), plan) << name;
     }
 }
 
@@ -73,10 +100,21 @@ void ExpectSameAsDecoder(const Bytes& octets, bool noSmsc, bool ignoreTimeZone) 
     const PduWalk walk = qxpdu::WalkPdu(walking, pdu, noSmsc, ignoreTimeZone);
     EXPECT_EQ(decoded != 0, !walk.stop.has_value());
     ExpectInOrder(walk, static_cast<unsigned int>(octets.size()));
-    ExpectAddress(walk, "SC address", decoder.m_Smsc);
-    ExpectAddress(walk, "TP-OA", decoder.m_Originator);
-    ExpectAddress(walk, "TP-DA", decoder.m_Recipient);
-    ExpectAddress(walk, "TP-RA", decoder.m_Recipient);
+    ExpectAddress(walk, "SC address", decoder.m_Smsc, decoder.m_SmscTon, decoder.m_SmscNpi);
+    ExpectAddress(walk, "TP-OA", decoder.m_Originator, decoder.m_NumberTon, decoder.m_NumberNpi);
+    ExpectAddress(walk, "TP-DA", decoder.m_Recipient, decoder.m_NumberTon, decoder.m_NumberNpi);
+    ExpectAddress(walk, "TP-RA", decoder.m_Recipient, decoder.m_NumberTon, decoder.m_NumberNpi);
+    ExpectNumber(walk, "TP-RP", decoder.m_ReplyPath);
+    if (!walk.stop && FieldNamed(walk, "TP-UDL") != nullptr) // the decoder reads it with the user data only
+        ExpectNumber(walk, "TP-UDHI", decoder.m_HasUserDataHeader);
+    if (const PduField* format = FieldNamed(walk, "TP-VPF")) {
+        const unsigned int bits = std::get<qxpdu::NumberValue>(format->value).number;
+        EXPECT_EQ(ValueIn(c_validityFormats, bits, 0), decoder.m_ValidityFormat);
+    }
+    if (const PduField* status = FieldNamed(walk, "TP-ST")) {
+        const unsigned int octet = std::get<qxpdu::NumberValue>(status->value).number;
+        EXPECT_EQ(PduDecoder().ReadStatus(static_cast<unsigned char>(octet)), decoder.m_Status);
+    }
     ExpectNumber(walk, "TP-MR", decoder.m_MessageReference);
     ExpectNumber(walk, "TP-PID", decoder.m_ProtocolId);
     ExpectNumber(walk, "TP-UDL", decoder.m_UserDataLength);
