@@ -182,12 +182,15 @@ std::string FaultOfColor(const std::string& when) {
     return isKnown ? "" : fmt::format("{} is neither auto, always nor never", when);
 }
 
-/// By themselves, colours go to a terminal whose user has not said no, https://no-color.org.
+/// By themselves, colours go to a terminal that has some, and whose user has not said no,
+/// https://no-color.org.
 bool WantsColor(const std::string& when, const Streams& streams) {
     if (when != "auto")
         return when == "always";
     const char* const noColor = std::getenv("NO_COLOR"); // NOLINT(concurrency-mt-unsafe): no thread yet
-    return streams.outIsTerminal && (noColor == nullptr || *noColor == '\0');
+    const char* const terminal = std::getenv("TERM");    // NOLINT(concurrency-mt-unsafe): as above
+    return streams.outIsTerminal && (noColor == nullptr || *noColor == '\0') &&
+           (terminal == nullptr || std::string_view(terminal) != "dumb");
 }
 
 } // namespace
@@ -205,7 +208,7 @@ void AddInspect(CLI::App& parent, Action& action) {
         ->add_option(
             "--color", options->color,
             "Colours per field: auto, always or never; auto, the default, means on a terminal unless "
-            "NO_COLOR is set")
+            "NO_COLOR is set or TERM is dumb")
         ->check(FaultOfColor)
         ->type_name("WHEN");
     AddStreaming(*command, *options);

@@ -596,10 +596,12 @@ TEST(QxpduInspect, ColoursGoToTerminalsOnlyAndNotAgainstTheUsersWish) {
     EXPECT_TRUE(isColoured("$QXPDU inspect --color always 00030491214300"));
     EXPECT_TRUE(isColoured("NO_COLOR=1 $QXPDU inspect --color always 00030491214300"));
     // script(1) gives the tool a terminal.
-    EXPECT_TRUE(isColoured("script -qec \"$QXPDU inspect 00030491214300\" /dev/null"));
-    EXPECT_TRUE(isColoured("NO_COLOR= script -qec \"$QXPDU inspect 00030491214300\" /dev/null"));
-    EXPECT_FALSE(isColoured("NO_COLOR=1 script -qec \"$QXPDU inspect 00030491214300\" /dev/null"));
-    EXPECT_FALSE(isColoured("script -qec \"$QXPDU inspect --color never 00030491214300\" /dev/null"));
+    EXPECT_TRUE(isColoured("TERM=xterm script -qec \"$QXPDU inspect 00030491214300\" /dev/null"));
+    EXPECT_TRUE(isColoured("TERM=xterm NO_COLOR= script -qec \"$QXPDU inspect 00030491214300\" /dev/null"));
+    EXPECT_FALSE(isColoured("TERM=xterm NO_COLOR=1 script -qec \"$QXPDU inspect 00030491214300\" /dev/null"));
+    EXPECT_FALSE(isColoured("TERM=dumb script -qec \"$QXPDU inspect 00030491214300\" /dev/null"));
+    EXPECT_FALSE(
+        isColoured("TERM=xterm script -qec \"$QXPDU inspect --color never 00030491214300\" /dev/null"));
 }
 
 TEST(QxpduInspect, UnknownColourIsRefused) {
