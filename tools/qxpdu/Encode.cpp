@@ -133,12 +133,14 @@ bool IsInGsm(const Toolkit::smart_ptr<Pdu>& pdu) {
 }
 
 struct Caution {
-    std::string where;
+    std::string option; ///< that it is about; empty for the text
     std::string message;
+
+    std::string ToText() const { return option.empty() ? message : option + ": " + message; }
 };
 
 /// What will not go out as it was given.
-std::vector<Caution> Cautions(const EncodeOptions& options, const Input& input, const Pdus& pdus) {
+std::vector<Caution> Cautions(const EncodeOptions& options, const TString<wchar_t>& text, const Pdus& pdus) {
     std::vector<Caution> cautions;
     const auto checkNumber = [&cautions](const char* option, const std::string& number) {
         if (SentOf(number) != number)
@@ -147,28 +149,28 @@ std::vector<Caution> Cautions(const EncodeOptions& options, const Input& input, 
     };
     checkNumber("--to", options.to);
     checkNumber("--smsc", options.smsc);
-    if (input.text.empty())
-        cautions.push_back({NameOf(input), "the text is empty; a message without text goes out"});
+    if (text.empty())
+        cautions.push_back({"", "the text is empty; a message without text goes out"});
     if (options.greek && IsInGsm(pdus.front())) {
-        const std::u32string text = CodePoints(FromUtf8(input.text));
-        if (const auto left = WithoutCode(text); !left.empty()) {
+        const std::u32string characters = CodePoints(text);
+        if (const auto left = WithoutCode(characters); !left.empty()) {
             cautions.push_back(
-                {NameOf(input),
-                 fmt::format("{} left out, which GSM 7-bit has not; the first is character {}, {}",
-                             Counted(left.size(), "character"), left.front(),
-                             CodePointName(text[left.front() - 1]))});
+                {"", fmt::format("{} left out, which GSM 7-bit has not; the first is character {}, {}",
+                                 Counted(left.size(), "character"), left.front(),
+                                 CodePointName(characters[left.front() - 1]))});
         }
     }
     return cautions;
 }
 
 /// False when a caution is an error.
-bool Heed(const std::vector<Caution>& cautions, bool isStrict, Console& console) {
+bool Heed(const std::vector<Caution>& cautions, const Input& input, bool isStrict, Console& console) {
     for (const Caution& caution : cautions) {
+        const std::string where = caution.option.empty() ? NameOf(input) : caution.option;
         if (isStrict)
-            console.Error(caution.where, caution.message);
+            console.Error(where, caution.message);
         else
-            console.Warning(caution.where, caution.message);
+            console.Warning(where, caution.message);
     }
     return !isStrict || cautions.empty();
 }
@@ -190,7 +192,7 @@ void ShowAsLine(const Input& input, const Pdus& pdus, const std::vector<Caution>
                 Console& console) {
     Json object = ObjectFor(input);
     for (const Caution& caution : cautions)
-        object["warnings"].push_back(fmt::format("{}: {}", caution.where, caution.message));
+        object["warnings"].push_back(caution.ToText());
     object["pdus"] = Json::array();
     for (std::size_t i = 0; i < pdus.size(); ++i)
         object["pdus"].push_back(ToJson(Json::object(), pdus[i], i + 1, pdus.size()));
@@ -204,10 +206,10 @@ void Encode(const EncodeOptions& options, const Input& input, Console& console) 
     PduEncoder encoder(Encoding::MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
     Configure(encoder, options);
     const Pdus pdus = EncodeText(encoder, text);
-    const std::vector<Caution> cautions = Cautions(options, input, pdus);
+    const std::vector<Caution> cautions = Cautions(options, text, pdus);
     if (console.WantsJsonLines() && options.strict && !cautions.empty())
-        throw InputError(fmt::format("{}: {}", cautions.front().where, cautions.front().message));
-    if (!console.WantsJsonLines() && !Heed(cautions, options.strict, console))
+        throw InputError(cautions.front().ToText());
+    if (!console.WantsJsonLines() && !Heed(cautions, input, options.strict, console))
         return;
     if (console.WantsJsonLines())
         ShowAsLine(input, pdus, cautions, console);

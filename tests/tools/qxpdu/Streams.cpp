@@ -307,6 +307,11 @@ TEST(QxpduEncodeLines, WarningsStandInTheObject) {
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(JsonLines(run.out).at(0)["warnings"], nlohmann::json::array({"--to: '1-2' goes out as 12"}));
+    const char* const empty = "the text is empty; a message without text goes out";
+    EXPECT_EQ(JsonLines(Qxpdu({"encode", "--jsonl", "--to", "1"}, "{\"text\":\"\"}\n").out).at(0)["warnings"],
+              nlohmann::json::array({empty}));
+    EXPECT_EQ(JsonLines(Qxpdu({"encode", "--jsonl", "--strict", "--to", "1"}, "{\"text\":\"\"}\n").out).at(0),
+              (nlohmann::json{{"line", 1}, {"error", empty}}));
 }
 
 TEST(QxpduStreams, StandardInputThatCannotBeReadIsAnError) {
