@@ -1,4 +1,5 @@
-// Decoding of one page of a cell broadcast message, 3GPP TS 23.041, GSM page format.
+/// @file
+/// Decoding of one page of a cell broadcast message, 3GPP TS 23.041, GSM page format.
 #ifndef ENCODING_CBMDECODER_H
 #define ENCODING_CBMDECODER_H
 

@@ -1,4 +1,5 @@
-// The module object of libQX_Encoding, and the entry points that make and unmake it.
+/// @file
+/// The module object of libQX_Encoding, and the entry points that make and unmake it.
 #ifndef ENCODING_ENCODINGMODULE_H
 #define ENCODING_ENCODINGMODULE_H
 

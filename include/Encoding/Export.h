@@ -1,4 +1,5 @@
-// What libQX_Encoding shows to its host.
+/// @file
+/// What libQX_Encoding shows to its host.
 #ifndef ENCODING_EXPORT_H
 #define ENCODING_EXPORT_H
 

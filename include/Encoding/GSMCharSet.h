@@ -1,7 +1,8 @@
-// The GSM 7-bit default alphabet of 3GPP TS 23.038, its extension table, and Greek transliteration.
-//
-// Codes are unpacked throughout: one code of 0x00 to 0x7F per byte, an extension character as the pair 0x1B,
-// code, which counts as two. Characters are 16-bit code points.
+/// @file
+/// The GSM 7-bit default alphabet of 3GPP TS 23.038, its extension table, and Greek transliteration.
+///
+/// Codes are unpacked throughout: one code of 0x00 to 0x7F per byte, an extension character as the pair 0x1B,
+/// code, which counts as two. Characters are 16-bit code points.
 #ifndef ENCODING_GSMCHARSET_H
 #define ENCODING_GSMCHARSET_H
 

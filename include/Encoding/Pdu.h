@@ -1,4 +1,5 @@
-// The octets of one protocol data unit.
+/// @file
+/// The octets of one protocol data unit.
 #ifndef ENCODING_PDU_H
 #define ENCODING_PDU_H
 

@@ -1,4 +1,5 @@
-// The record of SMS fields that the encoder and the decoders share.
+/// @file
+/// The record of SMS fields that the encoder and the decoders share.
 #ifndef ENCODING_PDUCOMMON_H
 #define ENCODING_PDUCOMMON_H
 

@@ -1,4 +1,5 @@
-// Encoding of SMS-SUBMIT, 3GPP TS 23.040, and of a reduced SMS-DELIVER.
+/// @file
+/// Encoding of SMS-SUBMIT, 3GPP TS 23.040, and of a reduced SMS-DELIVER.
 #ifndef ENCODING_PDUENCODER_H
 #define ENCODING_PDUENCODER_H
 

@@ -1,4 +1,5 @@
-// Decoding of a text that arrives as a wide string of GSM codes or of UCS2 hex digits.
+/// @file
+/// Decoding of a text that arrives as a wide string of GSM codes or of UCS2 hex digits.
 #ifndef ENCODING_TEXTDECODER_H
 #define ENCODING_TEXTDECODER_H
 

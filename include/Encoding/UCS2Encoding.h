@@ -1,4 +1,5 @@
-// The UCS2 hex form of a text: four hexadecimal digits for each 16-bit character, high digit first.
+/// @file
+/// The UCS2 hex form of a text: four hexadecimal digits for each 16-bit character, high digit first.
 #ifndef ENCODING_UCS2ENCODING_H
 #define ENCODING_UCS2ENCODING_H
 

@@ -1,4 +1,5 @@
-// A point in time as a time-stamp field gives it.
+/// @file
+/// A point in time as a time-stamp field gives it.
 #ifndef TOOLKIT_DATETIME_H
 #define TOOLKIT_DATETIME_H
 

@@ -1,4 +1,5 @@
-// What the support library and its templates show to other libraries.
+/// @file
+/// What the support library and its templates show to other libraries.
 #ifndef TOOLKIT_EXPORT_H
 #define TOOLKIT_EXPORT_H
 

@@ -1,17 +1,18 @@
-// The process-wide logger: lines are put together piece by piece with operator<<.
-//
-// A line is one chained expression on the process-wide logger,
-//
-//     **ILogger::s_pInstance << SetSeverity(s) << LogSeverity(s) << ILogger::c_strLogToken1
-//         << ILogger::GetTime().c_str() << ILogger::c_strLogToken2 << line << ILogger::c_strLogToken2
-//         << "function" << ILogger::c_strLogToken2 << message pieces … << ILogger::c_strLogToken3;
-//
-// Threads: inserting a SetSeverity begins a line and inserting c_strLogToken3 ends it; between the two the
-// logger belongs to the thread that began, so lines come out whole and a severity never leaks into another
-// thread's line. A thread that begins a line while another one is being composed waits for its end, at most
-// one second: a line that an exception cut short does not hold up the others for ever. A line that takes
-// longer is taken over, and what its thread still inserts then may be lost or judged by the other line's
-// severity.
+/// @file
+/// The process-wide logger: lines are put together piece by piece with operator<<.
+///
+/// A line is one chained expression on the process-wide logger,
+///
+///     **ILogger::s_pInstance << SetSeverity(s) << LogSeverity(s) << ILogger::c_strLogToken1
+///         << ILogger::GetTime().c_str() << ILogger::c_strLogToken2 << line << ILogger::c_strLogToken2
+///         << "function" << ILogger::c_strLogToken2 << message pieces … << ILogger::c_strLogToken3;
+///
+/// Threads: inserting a SetSeverity begins a line and inserting c_strLogToken3 ends it; between the two the
+/// logger belongs to the thread that began, so lines come out whole and a severity never leaks into another
+/// thread's line. A thread that begins a line while another one is being composed waits for its end, at most
+/// one second: a line that an exception cut short does not hold up the others for ever. A line that takes
+/// longer is taken over, and what its thread still inserts then may be lost or judged by the other line's
+/// severity.
 #ifndef TOOLKIT_ILOGGER_H
 #define TOOLKIT_ILOGGER_H
 

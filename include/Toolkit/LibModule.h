@@ -1,4 +1,5 @@
-// Base of the module object that a library registers with the process.
+/// @file
+/// Base of the module object that a library registers with the process.
 #ifndef TOOLKIT_LIBMODULE_H
 #define TOOLKIT_LIBMODULE_H
 

@@ -1,4 +1,5 @@
-// The registry of the modules that are loaded in the process.
+/// @file
+/// The registry of the modules that are loaded in the process.
 #ifndef TOOLKIT_LIBMODULEMANAGER_H
 #define TOOLKIT_LIBMODULEMANAGER_H
 

@@ -1,4 +1,5 @@
-// The polymorphic mutex.
+/// @file
+/// The polymorphic mutex.
 #ifndef TOOLKIT_MUTEX_H
 #define TOOLKIT_MUTEX_H
 

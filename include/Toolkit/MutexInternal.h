@@ -1,4 +1,5 @@
-// The mutex primitive of the support library.
+/// @file
+/// The mutex primitive of the support library.
 #ifndef TOOLKIT_MUTEXINTERNAL_H
 #define TOOLKIT_MUTEXINTERNAL_H
 

@@ -1,4 +1,5 @@
-// What the codecs ask about the machine.
+/// @file
+/// What the codecs ask about the machine.
 #ifndef TOOLKIT_SYSTEMINFO_H
 #define TOOLKIT_SYSTEMINFO_H
 

@@ -1,6 +1,7 @@
-// The string type of every interface: a standard string under a name of its own.
-//
-// Threads: as for the standard string; one object is used by one thread at a time.
+/// @file
+/// The string type of every interface: a standard string under a name of its own.
+///
+/// Threads: as for the standard string; one object is used by one thread at a time.
 #ifndef TOOLKIT_TSTRING_H
 #define TOOLKIT_TSTRING_H
 

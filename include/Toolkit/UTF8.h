@@ -1,4 +1,5 @@
-// Conversion between wide text and UTF-8.
+/// @file
+/// Conversion between wide text and UTF-8.
 #ifndef TOOLKIT_UTF8_H
 #define TOOLKIT_UTF8_H
 

@@ -1,8 +1,9 @@
-// The reference-counting pointer that every shared object travels in.
-//
-// Threads: the reference count is read and changed only under the reference block's mutex, so copies of one
-// smart_ptr may be made and released on several threads at once. One smart_ptr object, and the object that
-// it points to, are not guarded.
+/// @file
+/// The reference-counting pointer that every shared object travels in.
+///
+/// Threads: the reference count is read and changed only under the reference block's mutex, so copies of one
+/// smart_ptr may be made and released on several threads at once. One smart_ptr object, and the object that
+/// it points to, are not guarded.
 #ifndef TOOLKIT_SMART_PTR_H
 #define TOOLKIT_SMART_PTR_H
 
