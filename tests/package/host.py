@@ -13,12 +13,9 @@ import sys
 way, source, prefix, compiler, standard, work = sys.argv[1:]
 source, prefix, work = pathlib.Path(source), pathlib.Path(prefix), pathlib.Path(work)
 sys.path.append(str(source / "tests/documents"))
-from blocks import blocks_of, programs_of  # noqa: E402
+from blocks import WAYS, blocks_of, programs_of  # noqa: E402
 
 README = source / "README.md"
-MARKS = {"package": "find_package(QX_Encoding", "subdirectory": "add_subdirectory(", "fetched": "FetchContent_Declare(",
-         "cloned": "FetchContent_Declare(",
-         "pkg-config": "pkg-config"}
 # Here the README's lines must do by themselves.
 USUAL = (pathlib.Path("/usr"), pathlib.Path("/usr/local"))
 environment = {**os.environ, "LC_ALL": "C.UTF-8"}
@@ -61,11 +58,11 @@ def build_by_pkg_config(line):
 
 shutil.rmtree(work, ignore_errors=True)
 work.mkdir(parents=True)
-program, expected = next(programs_of(README))
+program, output = next(programs_of(README))
 (work / "host.cpp").write_text(program.text, encoding="utf-8")
 language = "sh" if way == "pkg-config" else "cmake"
-(shown,) = [block.text for block in blocks_of(README) if block.language == language and MARKS[way] in block.text]
+(shown,) = [block.text for block in blocks_of(README) if block.language == language and WAYS[way] in block.text]
 host = build_by_pkg_config(shown) if way == "pkg-config" else build_by_cmake(shown)
 printed = run(host)
-if printed != expected:
-    raise SystemExit(f"prints\n{printed}instead of\n{expected}")
+if printed != output.text:
+    raise SystemExit(f"prints\n{printed}instead of\n{output.text}")
