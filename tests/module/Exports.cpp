@@ -21,8 +21,8 @@ bool StartsWith(std::string_view text, std::string_view start) {
     return text.substr(0, start.size()) == start;
 }
 
-std::vector<Symbol> Symbols(const std::string& options) {
-    const auto outcome = tests::RunCommand(std::string(NM) + " -C " + options + " " + ENCODING_LIBRARY);
+std::vector<Symbol> Symbols(const std::string& options, const std::string& library = ENCODING_LIBRARY) {
+    const auto outcome = tests::RunCommand(std::string(NM) + " -C " + options + " " + library);
     EXPECT_EQ(outcome.status, 0);
     std::istringstream lines(outcome.output);
     std::vector<Symbol> symbols;
@@ -38,15 +38,21 @@ std::vector<Symbol> Symbols(const std::string& options) {
     return symbols;
 }
 
-std::vector<Symbol> Exported() {
-    return Symbols("-D --defined-only");
+std::vector<Symbol> Exported(const std::string& library = ENCODING_LIBRARY) {
+    return Symbols("-D --defined-only", library);
 }
 
-/// The classes of the public headers of this library.
-const std::string c_classes[] = {"CBMDecoder", "EncodingModule", "GSMCharSet",  "Pdu",         "PduCommon",
-                                 "PduDecoder", "PduEncoder",     "TextDecoder", "UCS2Encoding"};
+/// The classes of the public headers of either library.
+const std::set<std::string_view> c_codecClasses{
+    "Encoding::CBMDecoder", "Encoding::EncodingModule", "Encoding::GSMCharSet",
+    "Encoding::Pdu",        "Encoding::PduCommon",      "Encoding::PduDecoder",
+    "Encoding::PduEncoder", "Encoding::TextDecoder",    "Encoding::UCS2Encoding"};
+const std::set<std::string_view> c_toolkitClasses{
+    "Toolkit::DateTime",         "Toolkit::ILogger",    "Toolkit::LibModule",
+    "Toolkit::LibModuleManager", "Toolkit::Mutex",      "Toolkit::MutexInternal",
+    "Toolkit::SetSeverity",      "Toolkit::SystemInfo", "Toolkit::UTF8"};
 
-bool IsMarkedInTheHeaders(std::string_view name) {
+bool IsMarkedInTheHeaders(std::string_view name, const std::set<std::string_view>& classes) {
     static const std::set<std::string_view> others{"DllencodingModuleLoad",
                                                    "DllencodingModuleUnload",
                                                    "encodingModule",
@@ -57,25 +63,26 @@ bool IsMarkedInTheHeaders(std::string_view name) {
     for (const std::string_view prefix : {"vtable for ", "typeinfo for ", "typeinfo name for "})
         if (StartsWith(name, prefix)) {
             const std::string_view of = name.substr(prefix.size());
-            return std::any_of(std::begin(c_classes), std::end(c_classes),
-                               [of](const std::string& c) { return of == "Encoding::" + c; }) ||
-                   of == "Toolkit::ReleaseHook"; // inline, and used by smart_ptr
+            return classes.count(of) != 0 || of == "Toolkit::ReleaseHook"; // inline, and used by smart_ptr
         }
     if (StartsWith(name, "guard variable for "))
         name.remove_prefix(std::string_view("guard variable for ").size());
     return others.count(name) != 0 ||
-           std::any_of(std::begin(c_classes), std::end(c_classes),
-                       [name](const std::string& c) { return StartsWith(name, "Encoding::" + c + "::"); });
+           std::any_of(classes.begin(), classes.end(),
+                       [name](std::string_view of) { return StartsWith(name, std::string(of) + "::"); });
 }
 
 TEST(Exports, AreMarkedInThePublicHeaders) {
     for (const Symbol& symbol : Exported())
-        EXPECT_TRUE(IsMarkedInTheHeaders(symbol.name)) << symbol.type << " " << symbol.name;
+        EXPECT_TRUE(IsMarkedInTheHeaders(symbol.name, c_codecClasses)) << symbol.type << " " << symbol.name;
+    for (const Symbol& symbol : Exported(TOOLKIT_LIBRARY))
+        EXPECT_TRUE(IsMarkedInTheHeaders(symbol.name, c_toolkitClasses)) << symbol.type << " " << symbol.name;
 }
 
 TEST(Exports, HaveNoUniqueLinkage) {
-    for (const Symbol& symbol : Exported())
-        EXPECT_NE(symbol.type, 'u') << symbol.name;
+    for (const char* const library : {ENCODING_LIBRARY, TOOLKIT_LIBRARY})
+        for (const Symbol& symbol : Exported(library))
+            EXPECT_NE(symbol.type, 'u') << symbol.name;
 }
 
 TEST(Exports, GlobalIsStaticallyNull) {
