@@ -11,6 +11,11 @@ class Block(NamedTuple):
     directly_after: bool  # nothing but plain text, no other block or heading, stands between it and the one before
 
 
+# What the README's ways to the library are known by; tests/package takes each of them.
+WAYS = {"package": "find_package(QX_Encoding", "subdirectory": "add_subdirectory(", "fetched": "FetchContent_Declare(",
+        "cloned": "FetchContent_Declare(", "pkg-config": "pkg-config"}
+
+
 def blocks_of(path):
     """All fenced blocks of a Markdown file, in order."""
     found, fence, after_block = [], None, False
@@ -24,6 +29,8 @@ def blocks_of(path):
             fence, after_block = None, True
         elif fence is not None:
             fence[1].append(line)
+        elif re.match(r"[\s>*-]*(```|~~~)", line):
+            raise SystemExit(f"{path}:{number}: a fence that no test would see")
         elif line.startswith("#"):
             after_block = False
     if fence is not None:
@@ -32,9 +39,9 @@ def blocks_of(path):
 
 
 def programs_of(path):
-    """The whole C++ programs of a document, each with the output that it shows or None."""
+    """The whole C++ programs of a document, each with the block of the output that it shows or None."""
     blocks = blocks_of(path)
     for block, following in zip(blocks, [*blocks[1:], None]):
         if block.language == "cpp" and "int main(" in block.text:
             shown = following is not None and following.language == "text" and following.directly_after
-            yield block, following.text if shown else None
+            yield block, following if shown else None
