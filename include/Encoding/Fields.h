@@ -1,8 +1,8 @@
 /// @file
 /// The values of the fields of a short message, as the codecs give and take them.
 ///
-/// The numbers are binding: hosts store them. Every enumeration is held in an int, so that a value that has no
-/// name here can be passed and kept. Most are not the bits on the wire; those stand beside them.
+/// The numbers are binding: hosts store them. Every enumeration is held in an int, so that a value that has
+/// no name here can be passed and kept. Most are not the bits on the wire; those stand beside them.
 #ifndef ENCODING_FIELDS_H
 #define ENCODING_FIELDS_H
 

@@ -13,7 +13,8 @@
 namespace Encoding {
 
 /// The fields of one message. The order of the members is binding. Nothing is reset between two uses of one
-/// object except what the encoder or decoder says that it resets.
+/// object except what the encoder or decoder says that it resets. Numbers in parentheses are clauses of
+/// 3GPP TS 23.040.
 ///
 /// Threads: one object is used by one thread at a time. Every use of `m_CharSet` goes through a copy of the
 /// pointer, so a character set shared with other objects is never freed while it is in use.
@@ -33,31 +34,31 @@ public:
     static int SwapNumber(unsigned char octet);
 
     TString<wchar_t> m_Smsc;       ///< service-centre number
-    TString<wchar_t> m_Originator; ///< originating address (SMS-DELIVER)
-    TString<wchar_t> m_Recipient;  ///< destination address (SMS-SUBMIT), recipient (SMS-STATUS-REPORT)
+    TString<wchar_t> m_Originator; ///< TP-OA (9.2.3.7), of an SMS-DELIVER
+    TString<wchar_t> m_Recipient;  ///< TP-DA (9.2.3.8) or, of an SMS-STATUS-REPORT, TP-RA (9.2.3.14)
 
     NumberingPlan::NPI m_SmscNpi;   ///< of the service-centre number
     TypeOfNumber::TON m_SmscTon;    ///< of the service-centre number
     NumberingPlan::NPI m_NumberNpi; ///< of the originating, destination or recipient address
     TypeOfNumber::TON m_NumberTon;  ///< of the originating, destination or recipient address
 
-    MessageTypeIndicator::TP_MTI_Type m_SmsType; ///< TP-MTI
-    int m_ReplyPath;                             ///< TP-RP, 0 or 1
-    int m_HasUserDataHeader;                     ///< TP-UDHI as decoded, 0 or 1
-    int m_StatusReport;                          ///< TP-SRR, 0 or 1
+    MessageTypeIndicator::TP_MTI_Type m_SmsType; ///< TP-MTI (9.2.3.1)
+    int m_ReplyPath;                             ///< TP-RP (9.2.3.17), 0 or 1
+    int m_HasUserDataHeader;                     ///< TP-UDHI (9.2.3.23) as decoded, 0 or 1
+    int m_StatusReport;                          ///< TP-SRR (9.2.3.5), 0 or 1
     int m_ValidityFormat;                        ///< 0 none, 1 relative, 2 enhanced, 3 absolute
-    int m_RejectDuplicates;                      ///< TP-RD, 0 or 1
-    int m_MessageReference;                      ///< TP-MR; the low 8 bits go on the wire
-    int m_ProtocolId;                            ///< TP-PID; the low 8 bits go on the wire
-    int m_DataCoding;                            ///< TP-DCS as decoded, 0 to 255
-    int m_ValidityPeriod;                        ///< TP-VP, the octet of the relative format
+    int m_RejectDuplicates;                      ///< TP-RD (9.2.3.25), 0 or 1
+    int m_MessageReference;                      ///< TP-MR (9.2.3.6); the low 8 bits go on the wire
+    int m_ProtocolId;                            ///< TP-PID (9.2.3.9); the low 8 bits go on the wire
+    int m_DataCoding;                            ///< TP-DCS (9.2.3.10) as decoded, 0 to 255
+    int m_ValidityPeriod;                        ///< TP-VP (9.2.3.12), octet of the relative format
 
-    Toolkit::smart_ptr<Toolkit::DateTime> m_ValidityTime;      ///< TP-VP, absolute format; may be null
-    Toolkit::smart_ptr<Toolkit::DateTime> m_DischargeTime;     ///< TP-DT; may be null
-    Toolkit::smart_ptr<Toolkit::DateTime> m_ServiceCentreTime; ///< TP-SCTS; may be null
+    Toolkit::smart_ptr<Toolkit::DateTime> m_ValidityTime;      ///< TP-VP, absolute; may be null
+    Toolkit::smart_ptr<Toolkit::DateTime> m_DischargeTime;     ///< TP-DT (9.2.3.13); may be null
+    Toolkit::smart_ptr<Toolkit::DateTime> m_ServiceCentreTime; ///< TP-SCTS (9.2.3.11); may be null
 
-    int m_UserDataLength;                  ///< TP-UDL as decoded, 0 to 255
-    DeliveryStatus::TP_ST_Status m_Status; ///< TP-ST
+    int m_UserDataLength;                  ///< TP-UDL (9.2.3.16) as decoded, 0 to 255 septets or octets
+    DeliveryStatus::TP_ST_Status m_Status; ///< TP-ST (9.2.3.15)
     int m_CodingGroup;                     ///< coding group of TP-DCS, 0 to 4; see PduDecoder::ReadDCS
     MessageClass::Class m_Class;           ///< from TP-DCS
     Alphabet::Encoding m_Alphabet;         ///< from TP-DCS

@@ -40,24 +40,25 @@ public:
     void SetClass(MessageClass::Class messageClass);
     /// TP-MTI. Only SMS-SUBMIT and SMS-DELIVER have a body; other types give the first octet alone.
     void SetSmSType(MessageTypeIndicator::TP_MTI_Type type);
-    /// TP-VP, relative format, as the octet; the low 8 bits count.
+    /// TP-VP, relative format, clause 9.2.3.12.1, as the octet; the low 8 bits count.
     void SetValidityPeriod(int octet);
     /// TP-VP, relative format; a value without a name gives the octet 0.
     void SetValidityPeriod(ValidityPeriod::TP_VP_Period period);
-    /// TP-SRR, asked for in the first part only.
+    /// TP-SRR, clause 9.2.3.5, asked for in the first part only.
     void SetRequireStatusReport(bool require);
-    /// TP-RD.
+    /// TP-RD, clause 9.2.3.25.
     void SetReject_Duplicates(bool reject);
-    /// TP-RP.
+    /// TP-RP, clause 9.2.3.17.
     void SetReplyPath(bool replyPath);
-    /// TP-MR; the low 8 bits count.
+    /// TP-MR, clause 9.2.3.6; the low 8 bits count.
     void SetMessageReference(int reference);
     /// Concatenation values of a part that the host cuts itself; the low 8 bits of each count. A `total` of 0
     /// means no header. A text of several parts sets its own.
     void SetHeader(int reference, int total, int sequence);
     /// Ends the header: the total becomes 0, the other two values stay.
     void RemoveHeader();
-    /// The message; an empty text is ignored.
+    /// The message, in UTF-16 code units, one in each character; of each the low 16 bits count. An empty text
+    /// is ignored.
     void SetText(const TString<wchar_t>& text);
     /// Replaces a message that is set already, and does nothing on an encoder without one, as is required.
     /// The alphabet is chosen anew by every Encode().
@@ -65,7 +66,8 @@ public:
     /// The service centre, see EncodeNumber() for `lenient`; an empty number is ignored together with the
     /// flag.
     void SetSmsc(const TString<wchar_t>& number, bool lenient);
-    /// The destination; an empty number is ignored.
+    /// The destination, TP-DA; an empty number is ignored. The standard has 20 digits at most
+    /// (clause 9.1.2.5), which is not checked.
     void SetRecipient(const TString<wchar_t>& number);
 
     /// GSMCharSet::FindTable() of this encoder's character set; 1 or 0.
@@ -86,8 +88,10 @@ public:
                      unsigned char** bytes, TypeOfNumber::TON& ton);
 
     /// The number of PDUs that the text needs, at least 1. Chooses the alphabet: GSM 7-bit when every
-    /// character survives the way to GSM and back, else UCS2. Encode() asks again by itself. A text of 2^29
-    /// characters or more gives 0 where its size in bytes is negative as a signed 32-bit number.
+    /// character survives the way to GSM and back, else UCS2. With the Greek table selected, a text of which
+    /// a letter was transliterated goes out in GSM 7-bit whatever else it holds, and what has no code is left
+    /// out, as is required. Encode() asks again by itself. A text of 2^29 characters or more gives 0 where
+    /// its size in bytes is negative as a signed 32-bit number.
     unsigned int GetPduCount(const TString<wchar_t>& text);
 
     /// `count` characters of the text from `start` on, two octets each, high octet first; of each the low 16
