@@ -9,10 +9,10 @@
 
 #include <array>
 #include <cstdlib>
+#include <future>
 #include <iostream>
 #include <stdexcept>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "Encoding/PduEncoder.h"
@@ -21,19 +21,37 @@ namespace {
 
 constexpr char c_endOfPdu = '\x1A';
 
+/// Closes an open file, also when the constructor of what it belongs to throws.
+class File {
+public:
+    explicit File(int descriptor) : m_Descriptor(descriptor) {}
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+    ~File() { close(m_Descriptor); }
+    operator int() const { return m_Descriptor; }
+
+private:
+    int m_Descriptor;
+};
+
 /// A terminal in raw mode: what is written arrives unchanged, and nothing is echoed.
 class Line {
 public:
-    explicit Line(int file) : m_File(file) {
+    explicit Line(int descriptor) : m_File(descriptor) {
         termios settings{};
-        if (m_File < 0 || tcgetattr(m_File, &settings) != 0)
+        if (tcgetattr(descriptor, &settings) != 0)
             throw std::runtime_error("no terminal");
         cfmakeraw(&settings);
-        tcsetattr(m_File, TCSANOW, &settings);
+        tcsetattr(descriptor, TCSANOW, &settings);
     }
-    Line(const Line&) = delete;
-    Line& operator=(const Line&) = delete;
-    ~Line() { close(m_File); }
+
+    /// Where the other end of a pseudo-terminal can be opened.
+    std::string OtherEnd() const {
+        std::array<char, 64> name{};
+        if (grantpt(m_File) != 0 || unlockpt(m_File) != 0 || ptsname_r(m_File, name.data(), name.size()) != 0)
+            throw std::runtime_error("no pseudo-terminal");
+        return name.data();
+    }
 
     void Write(const std::string& text) const {
         if (write(m_File, text.data(), text.size()) != static_cast<ssize_t>(text.size()))
@@ -56,7 +74,7 @@ public:
     }
 
 private:
-    int m_File;
+    File m_File;
 };
 
 /// The modem's half of the dialogue, for so many messages.
@@ -121,26 +139,13 @@ int main(int count, char** arguments) try {
         Send(Line(open(arguments[1], O_RDWR | O_NOCTTY)), pdus);
         return EXIT_SUCCESS;
     }
-    const int modem = posix_openpt(O_RDWR | O_NOCTTY);
-    std::array<char, 64> name{};
-    if (modem < 0 || grantpt(modem) != 0 || unlockpt(modem) != 0 ||
-        ptsname_r(modem, name.data(), name.size()) != 0)
-        throw std::runtime_error("no pseudo-terminal");
-    const Line host(open(name.data(), O_RDWR | O_NOCTTY));
-    const Line other(modem);
-    std::thread thread([&other, &pdus] {
-        try {
-            PlayModem(other, pdus.size());
-        } catch (const std::exception&) { // the host hears no answer, and says so
-        }
-    });
-    try {
-        Send(host, pdus);
-    } catch (...) {
-        thread.join();
-        throw;
-    }
-    thread.join();
+    const Line modem(posix_openpt(O_RDWR | O_NOCTTY));
+    const std::string device = modem.OtherEnd();
+    // Its failures are not asked for: the host hears no answer then, and says so.
+    const auto dialogue = std::async(std::launch::async, [&] { PlayModem(modem, pdus.size()); });
+    const Line host(open(device.c_str(), O_RDWR | O_NOCTTY)); // closed first, which ends the dialogue
+    Send(host, pdus);
+    return EXIT_SUCCESS;
 } catch (const std::exception& error) {
     std::cerr << error.what() << '\n';
     return EXIT_FAILURE;
