@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <future>
 #include <iostream>
@@ -20,6 +21,23 @@
 namespace {
 
 constexpr char c_endOfPdu = '\x1A';
+constexpr std::chrono::milliseconds c_modemTakes = std::chrono::seconds(10);
+constexpr std::chrono::milliseconds c_networkTakes = std::chrono::seconds(60); // to take a message over
+
+bool EndsWith(const std::string& text, const std::string& end) {
+    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+/// Whether the last line is a refusal: "ERROR", or with its reason "+CMS ERROR: 38" or "+CME ERROR: 10". No
+/// other line has that word; the echo of a PDU has no such letters.
+bool IsRefusal(const std::string& text) {
+    return EndsWith(text, "\r\n") && text.find("ERROR") != std::string::npos;
+}
+
+std::string LastLine(const std::string& text) {
+    const std::string lines = text.substr(0, text.rfind("\r\n"));
+    return lines.substr(lines.rfind('\n') + 1); // all of them when there is but one
+}
 
 /// Closes an open file, also when the constructor of what it belongs to throws.
 class File {
@@ -58,19 +76,17 @@ public:
             throw std::runtime_error("the line does not take what is written");
     }
 
-    /// What arrives up to and including one of the ends given; nothing for ten seconds is an error.
-    std::string ReadTo(const std::vector<std::string>& ends) const {
+    /// What arrives up to and including `end`, or else a refusal; that nothing arrives in time is an error.
+    std::string ReadTo(const std::string& end, std::chrono::milliseconds time = c_modemTakes) const {
         std::string text;
-        for (;;) {
+        while (!EndsWith(text, end) && !IsRefusal(text)) {
             pollfd ready{m_File, POLLIN, 0};
             char octet = 0;
-            if (poll(&ready, 1, 10000) != 1 || read(m_File, &octet, 1) != 1)
+            if (poll(&ready, 1, static_cast<int>(time.count())) != 1 || read(m_File, &octet, 1) != 1)
                 throw std::runtime_error("no answer");
             text += octet;
-            for (const std::string& end : ends)
-                if (text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0)
-                    return text;
         }
+        return text;
     }
 
 private:
@@ -79,19 +95,19 @@ private:
 
 /// The modem's half of the dialogue, for so many messages.
 void PlayModem(const Line& line, std::size_t messages) {
-    line.ReadTo({"AT+CMGF=0\r"});
+    line.ReadTo("AT+CMGF=0\r");
     line.Write("\r\nOK\r\n");
     for (std::size_t reference = 1; reference <= messages; ++reference) {
-        line.ReadTo({"AT+CMGS="});
-        const unsigned long announced = std::stoul(line.ReadTo({"\r"}));
+        line.ReadTo("AT+CMGS=");
+        const unsigned long announced = std::stoul(line.ReadTo("\r"));
         line.Write("\r\n> ");
-        const std::string pdu = line.ReadTo({{c_endOfPdu}});
+        const std::string pdu = line.ReadTo({c_endOfPdu});
         const unsigned long octets = (pdu.size() - 1) / 2;
         const unsigned long serviceCentre = 1 + std::stoul(pdu.substr(0, 2), nullptr, 16);
         if (octets - serviceCentre == announced)
             line.Write("\r\n+CMGS: " + std::to_string(reference) + "\r\n\r\nOK\r\n");
         else
-            line.Write("\r\nERROR\r\n");
+            line.Write("\r\n+CMS ERROR: 304\r\n"); // invalid PDU mode parameter
     }
 }
 
@@ -100,10 +116,10 @@ unsigned int TpduLength(const Encoding::Pdu& pdu) {
     return pdu.m_Length - 1U - pdu.m_Bytes[0];
 }
 
-void Expect(const Line& line, const std::string& answer) {
-    const std::string heard = line.ReadTo({answer, "ERROR\r\n"});
-    if (heard.find("ERROR") != std::string::npos)
-        throw std::runtime_error("the modem refuses");
+void Expect(const Line& line, const std::string& answer, std::chrono::milliseconds time = c_modemTakes) {
+    const std::string heard = line.ReadTo(answer, time);
+    if (IsRefusal(heard))
+        throw std::runtime_error("the modem refuses: " + LastLine(heard));
 }
 
 void Send(const Line& line, const std::vector<Toolkit::smart_ptr<Encoding::Pdu>>& pdus) {
@@ -114,7 +130,7 @@ void Send(const Line& line, const std::vector<Toolkit::smart_ptr<Encoding::Pdu>>
         line.Write(command + '\r');
         Expect(line, "> ");
         line.Write(pdu->GetString() + c_endOfPdu);
-        Expect(line, "OK\r\n");
+        Expect(line, "OK\r\n", c_networkTakes);
         std::cout << command << ": sent\n";
     }
 }

@@ -1,12 +1,16 @@
-// What the sender does beside sending: that it fails as it should.
+// What the sender does when sending fails, and how long it waits.
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <future>
 #include <iterator>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include <fcntl.h>
+#include <poll.h>
 
 #include <gtest/gtest.h>
 
@@ -20,13 +24,24 @@ int Grant(int descriptor) {
     return grants ? grantpt(descriptor) : -1;
 }
 
+thread_local bool waits = true;
+thread_local std::vector<int> limits; // of what this thread waited for, each once
+
+int Poll(pollfd* files, nfds_t count, int limit) {
+    if (limits.empty() || limits.back() != limit)
+        limits.push_back(limit);
+    return waits ? poll(files, count, limit) : 0;
+}
+
 } // namespace
 
+#define poll Poll
 #define grantpt Grant
 #define main MainOfSend
 #include "../../examples/send.cpp"
 #undef main
 #undef grantpt
+#undef poll
 
 namespace {
 
@@ -48,6 +63,93 @@ Outcome RunSender(const char* device) {
     const tests::CapturedStderr captured;
     const int status = MainOfSend(device == nullptr ? 1 : 2, arguments.data());
     return {status, captured.Text()};
+}
+
+struct Step {
+    std::string hears;
+    std::string answers;
+};
+
+/// Runs the sender with a modem that keeps to this dialogue.
+Outcome RunSender(const std::vector<Step>& dialogue) {
+    const Line modem(posix_openpt(O_RDWR | O_NOCTTY));
+    const std::string device = modem.OtherEnd();
+    const auto played = std::async(std::launch::async, [&] {
+        for (const Step& step : dialogue) {
+            modem.ReadTo(step.hears);
+            modem.Write(step.answers);
+        }
+    });
+    return RunSender(device.c_str());
+}
+
+bool IsQuick(std::chrono::steady_clock::time_point begin) {
+    return std::chrono::steady_clock::now() - begin < std::chrono::seconds(8);
+}
+
+TEST(SendExample, ShowsARefusalAtOnce) {
+    const struct {
+        std::vector<Step> dialogue;
+        std::string errors;
+    } rows[] = {
+        {{{"=0\r", "\r\nERROR\r\n"}}, "the modem refuses: ERROR\n"},
+        {{{"=0\r", "ERROR\r\n"}}, "the modem refuses: ERROR\n"},
+        {{{"=0\r", "AT+CMGF=0\r\r\n+CME ERROR: 10\r\n"}}, "the modem refuses: +CME ERROR: 10\n"},
+        {{{"=0\r", "\r\nOK\r\n"}, {"=151\r", "\r\n+CMS ERROR: 302\r\n"}},
+         "the modem refuses: +CMS ERROR: 302\n"},
+        {{{"=0\r", "\r\nOK\r\n"}, {"=151\r", "\r\n> "}, {"\x1A", "\r\n+CMS ERROR: 38\r\n"}},
+         "the modem refuses: +CMS ERROR: 38\n"},
+        {{{"=0\r", "\r\nOK\r\n"},
+          {"=151\r", "\r\n> "},
+          {"\x1A", "\r\n+CMTI: 1\r\n\r\n+CMS ERROR: no network\r\n"}},
+         "the modem refuses: +CMS ERROR: no network\n"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.errors);
+        const auto begin = std::chrono::steady_clock::now();
+        const Outcome outcome = RunSender(row.dialogue);
+        EXPECT_EQ(outcome.status, EXIT_FAILURE);
+        EXPECT_EQ(outcome.errors, row.errors);
+        EXPECT_TRUE(IsQuick(begin));
+    }
+}
+
+TEST(SendExample, PretendedModemRefusesAPduOfAnotherLength) {
+    const struct {
+        std::string announced;
+        std::string answer;
+    } rows[] = {{"AT+CMGS=7\r", "\r\n+CMS ERROR: 304\r\n"},
+                {"AT+CMGS=8\r", "\r\n+CMGS: 1\r\n\r\nOK\r\n"},
+                {"AT+CMGS=9\r", "\r\n+CMS ERROR: 304\r\n"}};
+    for (const auto& row : rows) {
+        const Line modem(posix_openpt(O_RDWR | O_NOCTTY));
+        const auto played = std::async(std::launch::async, [&] { PlayModem(modem, 1); });
+        const Line host(open(modem.OtherEnd().c_str(), O_RDWR | O_NOCTTY));
+        host.Write("AT+CMGF=0\r");
+        Expect(host, "OK\r\n");
+        host.Write(row.announced);
+        Expect(host, "> ");
+        host.Write("02910001000181F1000000\x1A"); // 3 octets of service centre, and 8
+        EXPECT_EQ(host.ReadTo("OK\r\n"), row.answer);
+    }
+}
+
+TEST(SendExample, WaitsAMinuteForTheNetworkAndTenSecondsForTheModem) {
+    limits.clear();
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(RunSender(nullptr).status, EXIT_SUCCESS);
+    testing::internal::GetCapturedStdout();
+    EXPECT_EQ(limits, (std::vector{10'000, 60'000, 10'000, 60'000}));
+}
+
+TEST(SendExample, HangsUpWhenNoAnswerComes) {
+    const auto begin = std::chrono::steady_clock::now();
+    waits = false;
+    const Outcome outcome = RunSender(nullptr);
+    waits = true;
+    EXPECT_EQ(outcome.status, EXIT_FAILURE);
+    EXPECT_EQ(outcome.errors, "no answer\n");
+    EXPECT_TRUE(IsQuick(begin));
 }
 
 TEST(SendExample, LeavesNoFileOpenWhenTheDeviceIsNoTerminal) {
