@@ -1,5 +1,7 @@
 // A host with its own logger: the library's lines go where the host's own do.
+#include <cstdlib>
 #include <iostream>
+#include <mutex>
 
 #include "Encoding/TextDecoder.h"
 #include "Toolkit/ILogger.h"
@@ -7,13 +9,15 @@
 
 namespace {
 
-/// Gets each line piece by piece and writes it whole. It needs no lock: between the begin of a line and its
-/// end the logger belongs to one thread.
+/// Gets each line piece by piece and writes it whole. From the begin of a line to its end the logger belongs
+/// to one thread, but a line that takes longer than a second is taken over by the next: two threads may write
+/// pieces at once then, and their lines may mingle.
 class HostLogger : public Toolkit::ILogger {
 public:
     explicit HostLogger(int level) : ILogger(level) {}
 
     void Write(const TString<wchar_t>& text) override {
+        const std::lock_guard<std::mutex> guard(m_Mutex);
         m_Line += text;
         if (text != c_strLogToken3)
             return;
@@ -22,6 +26,7 @@ public:
     }
 
 private:
+    std::mutex m_Mutex; ///< guards the line
     TString<wchar_t> m_Line;
 };
 
@@ -44,4 +49,5 @@ int main() {
     **ILogger::s_pInstance << SetSeverity(1) << LogSeverity(1) << ILogger::c_strLogToken1
                            << ILogger::GetTime().c_str() << ILogger::c_strLogToken2 << "done after " << 2
                            << " texts" << ILogger::c_strLogToken3;
+    return EXIT_SUCCESS;
 }
