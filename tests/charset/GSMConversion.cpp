@@ -263,6 +263,16 @@ TEST(GsmToUnicode, EveryDefaultCodeDecodesToItsTableEntry) {
     }
 }
 
+TEST(GsmToUnicode, AsksForTheTextOfAStringAtOnce) {
+    const GSMCharSet charSet;
+    const TString<char> codes(100, 'A');
+    const unsigned long before = tests::Allocations();
+    const unsigned long bytes = tests::AllocatedBytes();
+    const TString<wchar_t> text = charSet.GsmToUnicode(codes);
+    EXPECT_EQ(tests::Allocations() - before, 1U);
+    EXPECT_EQ(tests::AllocatedBytes() - bytes, 404U) << "four octets a character, and the end of the string";
+}
+
 TEST(UnicodeToGsmString, WritesCodesAndDropsTheRest) {
     GSMCharSet charSet;
     EXPECT_EQ(charSet.UnicodeToGsmString(Wide({0x61, 0x20AC})), "a\x1B"
