@@ -38,7 +38,14 @@ PduEncoder::PduEncoder(MessageTypeIndicator::TP_MTI_Type type)
     m_SmsType = type;
 }
 
-PduEncoder::~PduEncoder() = default;
+// The octets go in this order and before the record, as is required.
+PduEncoder::~PduEncoder() {
+    m_SmscBytes.reset();
+    m_RecipientBytes.reset();
+    m_OriginatorBytes.reset();
+    m_GsmBytes.reset();
+    m_PartBytes.reset();
+}
 
 void PduEncoder::SetClass(MessageClass::Class messageClass) {
     m_Class = messageClass;

@@ -1,6 +1,9 @@
 // Settings and address encoding.
+#include <algorithm>
 #include <ctime>
+#include <optional>
 #include <type_traits>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -59,6 +62,26 @@ TEST(PduEncoder, OwnMembersLieInTheirBindingOrder) {
         EXPECT_LT(reinterpret_cast<std::uintptr_t>(members[i - 1]),
                   reinterpret_cast<std::uintptr_t>(members[i]))
             << i;
+}
+
+TEST(PduEncoder, FreesItsOctetsInTheirOrderAndBeforeTheRecord) {
+    std::optional<OpenEncoder> encoder(std::in_place);
+    encoder->SetText(L"a text of more characters than a string holds inside");
+    encoder->SetSmsc(L"+1", false);
+    encoder->SetRecipient(L"+2");
+    std::vector<Toolkit::smart_ptr<Encoding::Pdu>> pdus;
+    encoder->Encode(pdus);
+    encoder->m_Originator = L"+3";
+    encoder->SetSmSType(MessageTypeIndicator::TP_MTI_SMS_DELIVER);
+    encoder->Encode(pdus);
+    const std::vector<const void*> expected = {encoder->m_SmscBytes.get(), encoder->m_RecipientBytes.get(),
+                                               encoder->m_OriginatorBytes.get(), encoder->m_GsmBytes.get(),
+                                               encoder->m_PartBytes.get()};
+    ASSERT_EQ(std::count(expected.begin(), expected.end(), nullptr), 0);
+    const tests::NoteDeallocations notes;
+    encoder.reset();
+    ASSERT_GT(notes.m_Count, expected.size());
+    EXPECT_TRUE(std::equal(expected.begin(), expected.end(), notes.m_Memory.begin()));
 }
 
 TEST(PduEncoder, SettersStoreTheirArgument) {
