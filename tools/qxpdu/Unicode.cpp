@@ -15,7 +15,6 @@ constexpr char32_t c_replacement = 0xFFFD;
 constexpr char32_t c_firstSupplementary = 0x10000;
 constexpr char32_t c_highSurrogates = 0xD800;
 constexpr char32_t c_lowSurrogates = 0xDC00;
-constexpr char32_t c_surrogateMask = 0xFC00;
 
 bool IsHighSurrogate(wchar_t unit) {
     return (static_cast<char32_t>(unit) & ~char32_t{0x3FF}) == c_highSurrogates;
@@ -26,8 +25,7 @@ bool IsLowSurrogate(wchar_t unit) {
 }
 
 bool IsSurrogate(char32_t codePoint) {
-    return (codePoint & c_surrogateMask) == c_highSurrogates ||
-           (codePoint & c_surrogateMask) == c_lowSurrogates;
+    return (codePoint & ~char32_t{0x7FF}) == c_highSurrogates;
 }
 
 /// Calls `take` with each code point, a lone surrogate as itself.

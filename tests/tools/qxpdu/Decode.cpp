@@ -462,6 +462,22 @@ TEST(QxpduDecode, SurrogatePairIsOneCharacterAndALoneSurrogateTheReplacement) {
     ExpectLine({"decode", "--no-smsc", "01000491214300080AD83DDE00D83D0041DE00"}, "text 😀\uFFFDA\uFFFD");
 }
 
+TEST(QxpduDecode, EveryCharacterAboveTheBasicPlaneIsShown) {
+    const struct {
+        const char* units;
+        const char* text;
+    } rows[] = {
+        {"D800DC00", "\xF0\x90\x80\x80"}, // U+10000
+        {"D836DCCF", "\xF0\x9D\xA3\x8F"}, // U+1D8CF, whose low bits are those of a surrogate
+        {"D872DC00", "\xF0\xAC\xA0\x80"}, // U+2C800
+        {"D876DC00", "\xF0\xAD\xA0\x80"}, // U+2D800
+        {"DBFFDFFF", "\xF4\x8F\xBF\xBF"}, // U+10FFFF
+    };
+    for (const auto& row : rows)
+        ExpectLine({"decode", std::string("00010004912143000804") + row.units},
+                   std::string("text ") + row.text);
+}
+
 TEST(QxpduDecode, EightBitDataAreShownAsCharacters) {
     ExpectLine({"decode", "--no-smsc",
                 "010004912143000403"
