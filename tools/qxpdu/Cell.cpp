@@ -114,6 +114,8 @@ struct PagePlace {
 };
 
 PagePlace Decode(const Input& input, Console& console) {
+    if (input.heading)
+        CheckMode(*input.heading);
     const Toolkit::smart_ptr<Pdu> pdu = ReadPdu(input.text);
     if (input.heading)
         CheckLength(*input.heading, pdu->m_Length);

@@ -15,12 +15,32 @@ namespace qxpdu {
 
 namespace {
 
-constexpr std::array<std::string_view, 5> c_headings = {"+CMGL", "+CMGR", "+CMT", "+CDS", "+CBM"};
+/// How a heading begins, and how many values it has at most when a PDU follows; more are those of text mode.
+struct HeadingKind {
+    std::string_view name;
+    std::ptrdiff_t mostValues;
+};
+
+constexpr std::array<HeadingKind, 5> c_headings = {
+    {{"+CMGL", 4}, {"+CMGR", 3}, {"+CMT", 2}, {"+CDS", 1}, {"+CBM", 1}}};
 constexpr std::string_view c_cellPage = "+CBM";
-constexpr std::array<std::string_view, 7> c_results = {"OK",   "ERROR",     "RING",   "NO CARRIER",
-                                                       "BUSY", "NO ANSWER", "CONNECT"};
-constexpr std::string_view c_vendor = "^"; ///< begins what only modems of one maker say
-constexpr std::string_view c_prompt = ">"; ///< the modem's, behind AT+CMGS
+
+/// What ends the answer to a command, alone in its line or in front of a blank.
+constexpr std::array<std::string_view, 7> c_answers = {"OK",        "ERROR", "NO CARRIER", "NO DIALTONE",
+                                                       "NO ANSWER", "BUSY",  "CONNECT"};
+constexpr std::string_view c_command = "AT";
+constexpr std::string_view c_ring = "RING";
+constexpr std::string_view c_makers = "^%*#$_"; ///< begin what only modems of one maker say
+constexpr char c_prompt = '>';                  ///< the modem's, behind AT+CMGS
+constexpr std::string_view c_digits = "0123456789ABCDEFabcdef";
+constexpr char c_endOfInput = '\x1A'; ///< what a PDU is sent off with
+
+bool BeginsWith(std::string_view line, std::string_view upperCase) {
+    return line.size() >= upperCase.size() &&
+           std::equal(upperCase.begin(), upperCase.end(), line.begin(), [](char upper, char character) {
+               return upper == (character >= 'a' && character <= 'z' ? character - ('a' - 'A') : character);
+           });
+}
 
 /// "+CMGL" of "+CMGL: 1,1,,24"; empty where the line does not begin so.
 std::string_view NameOf(std::string_view line) {
@@ -30,43 +50,74 @@ std::string_view NameOf(std::string_view line) {
     return colon == std::string_view::npos ? std::string_view{} : line.substr(0, colon);
 }
 
-/// The number behind the last comma, or behind the colon where there is no comma.
-std::optional<unsigned int> LengthIn(std::string_view line) {
+const HeadingKind* KindOf(std::string_view line) {
+    const std::string_view name = NameOf(line);
+    const auto* const kind =
+        std::find_if(c_headings.begin(), c_headings.end(),
+                     [name](const HeadingKind& candidate) { return candidate.name == name; });
+    return kind == c_headings.end() ? nullptr : kind;
+}
+
+/// Values, between commas that stand in no quotation marks.
+std::ptrdiff_t ValuesIn(std::string_view line) {
+    bool isQuoted = false;
+    return 1 + std::count_if(line.begin(), line.end(), [&isQuoted](char character) {
+               isQuoted = isQuoted != (character == '"');
+               return character == ',' && !isQuoted;
+           });
+}
+
+/// The number behind the last comma, or behind the colon where there is no comma; none in text mode.
+std::optional<unsigned int> LengthIn(std::string_view line, const HeadingKind& kind) {
     const std::string_view digits = Trimmed(line.substr(line.find_last_of(",:") + 1));
     unsigned int length = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), length);
-    if (error != std::errc{} || end != digits.data() + digits.size())
+    if (error != std::errc{} || end != digits.data() + digits.size() || ValuesIn(line) > kind.mostValues)
         return std::nullopt;
     return length;
 }
 
-std::optional<Heading> HeadingIn(std::string_view line, std::size_t number) {
-    const std::string_view name = NameOf(line);
-    if (std::find(c_headings.begin(), c_headings.end(), name) == c_headings.end())
-        return std::nullopt;
-    const std::optional<unsigned int> length = LengthIn(line);
-    if (length == 0U)
-        return std::nullopt; // of an empty place, behind which nothing comes
-    return Heading{std::string(name), number, name == c_cellPage, length};
+bool IsUnasked(std::string_view line) {
+    return line.empty() || line == c_ring || c_makers.find(line.front()) != std::string_view::npos ||
+           !NameOf(line).empty();
 }
 
-bool IsChatter(std::string_view line) {
-    return line.empty() || std::find(c_results.begin(), c_results.end(), line) != c_results.end() ||
-           line.starts_with("AT") || line.starts_with("at") || line.starts_with(c_prompt) ||
-           line.starts_with(c_vendor) || !NameOf(line).empty();
+bool IsAnswer(std::string_view line) {
+    return line.front() == c_prompt || BeginsWith(line, c_command) ||
+           std::any_of(c_answers.begin(), c_answers.end(), [line](std::string_view answer) {
+               return BeginsWith(line, answer) &&
+                      (line.size() == answer.size() || line[answer.size()] == ' ');
+           });
 }
 
 } // namespace
 
+std::string_view Transcript::PduIn(std::string_view line) {
+    std::string_view pdu = Trimmed(line);
+    if (pdu.ends_with(c_endOfInput))
+        pdu = Trimmed(pdu.substr(0, pdu.size() - 1));
+    if (pdu.starts_with(c_prompt)) {
+        const std::string_view typed = Trimmed(pdu.substr(1));
+        if (!typed.empty() && typed.find_first_not_of(c_digits) == std::string_view::npos)
+            pdu = typed;
+    }
+    return pdu;
+}
+
 Transcript::Line Transcript::Take(std::string_view line, std::size_t number) {
-    const std::string_view trimmed = Trimmed(line);
-    std::optional<Heading> heading = HeadingIn(trimmed, number);
-    const bool isChatter = IsChatter(trimmed);
-    if (trimmed.empty() && m_Open)
-        return Line::Chatter; // between carriage returns and line feeds of a log
-    m_Last = std::exchange(m_Open, std::move(heading));
-    if (!isChatter)
+    const std::string_view text = PduIn(line);
+    std::optional<Heading> heading;
+    if (const HeadingKind* kind = KindOf(text)) {
+        const std::optional<unsigned int> length = LengthIn(text, *kind);
+        if (length != 0U) // else of an empty place, behind which nothing comes
+            heading = Heading{std::string(kind->name), number, kind->name == c_cellPage, length};
+    } else if (IsUnasked(text)) {
+        return Line::Chatter;
+    } else if (!IsAnswer(text)) {
+        m_Last = std::exchange(m_Open, std::nullopt);
         return Line::Pdu;
+    }
+    m_Last = std::exchange(m_Open, std::move(heading));
     return m_Last ? Line::Orphan : Line::Chatter;
 }
 

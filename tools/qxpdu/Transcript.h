@@ -17,8 +17,8 @@ struct Heading {
     std::optional<unsigned int> length; ///< the octets of the TPDU, or of the page; none in text mode
 };
 
-/// Reads a log line by line. Outside of a heading's next line, only what no PDU can be mistaken for is the
-/// modem's: blank lines, commands, result codes.
+/// Reads a log line by line. Only what no PDU can be mistaken for is the modem's: blank lines, commands,
+/// result codes, what it says unasked. The last may stand between a heading and its PDU.
 class Transcript {
 public:
     enum class Line {
@@ -32,6 +32,10 @@ public:
 
     /// The heading of the PDU, or the one that lacks it, that Take() gave last.
     const std::optional<Heading>& LastHeading() const { return m_Last; }
+
+    /// What of a line is the PDU: without blanks, the prompt that it was typed behind, and the end of input
+    /// that was typed after it.
+    static std::string_view PduIn(std::string_view line);
 
     /// At the end of the log; whether its last heading lacks the PDU.
     bool Finish();
