@@ -26,7 +26,13 @@ constexpr const char* c_footer =
     "an object for each, which names its input as \"line\" or \"argument\". An input that fails is named on\n"
     "standard error, and the others are still worked on.\n"
     "\n"
-    "Exit status: 0 all inputs were good, 1 some input failed, 2 the command line was wrong.";
+    "Exit status: 0 all inputs were good, 1 some input failed, 2 the command line was wrong.\n"
+    "\n"
+    "Examples:\n"
+    "  qxpdu decode --join < modem.log    the messages in the log of a modem, its parts put together\n"
+    "  qxpdu encode --to +4179123 hello   the PDU of a text\n"
+    "  qxpdu inspect PDU                  what each octet means, and where a PDU breaks\n"
+    "  qxpdu count 'It’s 5 €'             how a text would go out, and why in UCS2";
 
 /// Put in front of an argument that CLI11 is to leave as it is. It would take "[a,b]" for a list wherever
 /// several values are allowed, and forget that "--" came before as soon as one input was there.

@@ -63,11 +63,15 @@ private:
     bool IsInput(Input& line) {
         if (m_Kind == LineKind::Hex)
             return !Trimmed(line.text).empty();
+        if (m_Kind == LineKind::Message && line.text.ends_with('\r'))
+            line.text.pop_back();
         if (m_Kind != LineKind::Transcript)
             return true;
         switch (m_Transcript.Take(line.text, line.number)) {
         case Transcript::Line::Pdu:
             line.heading = m_Transcript.LastHeading();
+            if (const auto pdu = Transcript::PduIn(line.text); pdu.size() < Trimmed(line.text).size())
+                line.text = std::string(pdu);
             return true;
         case Transcript::Line::Orphan:
             MakeOrphan(line);
@@ -163,12 +167,17 @@ CLI::Option* AddJson(CLI::App& command, ConversionOptions& options) {
     return command.add_flag("--json", options.json, "Write the results as a JSON array");
 }
 
+std::string FaultOfDecimal(const std::string& text) {
+    return text.size() > 1 && text.front() == '0' ? text + " is not decimal without leading zeros" : "";
+}
+
 void AddStreaming(CLI::App& command, ConversionOptions& options) {
     command
         .add_flag("--jsonl", options.jsonLines,
                   "Write the results as JSON Lines, an object for each input, failed ones included")
         ->excludes(command.get_option("--json"));
     command.add_option("-j,--threads", options.threads, "Work on N threads; the order stays")
+        ->check(FaultOfDecimal)
         ->check(CLI::Range(1U, c_maxThreads).description(""))
         ->type_name("N");
     command.add_flag("--line-buffered", options.lineBuffered,

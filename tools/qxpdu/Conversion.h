@@ -30,6 +30,7 @@ struct ConversionOptions {
 enum class LineKind {
     Hex,        ///< an input a line; blank lines are skipped
     Text,       ///< an input a line, every line as it stands
+    Message,    ///< an input a line, a text to be sent; a carriage return belongs to the line feed
     Transcript, ///< PDUs, a line each, as they stand in the log of a modem
     Whole       ///< one input
 };
@@ -67,6 +68,9 @@ int ConvertStream(const ConversionOptions& options, const Streams& streams, cons
 /// The same for conversions of which nothing is left to do afterwards.
 int ConvertAll(const ConversionOptions& options, const Streams& streams, LineKind kind,
                const std::function<void(const Input&, Console&)>& convert);
+
+/// What is wrong with a number on the command line, which would be read as octal; nothing for others.
+std::string FaultOfDecimal(const std::string& text);
 
 /// The input has failed: an object in JSON Lines, else a message.
 void Fail(Console& console, const Input& input, const std::string& message);

@@ -26,7 +26,6 @@ using Encoding::GSMCharSet;
 using Encoding::PduDecoder;
 using Encoding::PduEncoder;
 
-constexpr char32_t c_lastUnit = 0xFFFF; ///< characters above it have no GSM code
 constexpr auto c_greekTable = Encoding::TranslateTable::GREEK;
 
 struct CountOptions : ConversionOptions {
@@ -129,14 +128,11 @@ Sorting Sort(const std::u32string& text, bool isGreek) {
         charSet.AddTranslateTable(c_greekTable);
     Sorting sorting;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const TString<char> codes =
-            text[i] > c_lastUnit ? TString<char>() : charSet.UnicodeToGsmString(Units({&text[i], 1}));
-        const TString<wchar_t> back = charSet.GsmToUnicode(
-            reinterpret_cast<const unsigned char*>(codes.data()), static_cast<unsigned int>(codes.size()));
-        if (back != Units({&text[i], 1})) {
+        const auto [codes, received] = ToGsm(text[i], charSet);
+        if (received != Units({&text[i], 1})) {
             Occurrence& occurrence = sorting.changed[text[i]];
             occurrence.positions.push_back(i + 1);
-            occurrence.becomes = ToUtf8(back);
+            occurrence.becomes = ToUtf8(received);
         } else if (codes.size() > 1) {
             sorting.escaped[text[i]].positions.push_back(i + 1);
         }
@@ -350,7 +346,7 @@ void Count(const CountOptions& options, const Input& input, Console& console) {
 }
 
 int Count(const CountOptions& options, const Streams& streams) {
-    return ConvertAll(options, streams, options.lines ? LineKind::Text : LineKind::Whole,
+    return ConvertAll(options, streams, options.lines ? LineKind::Message : LineKind::Whole,
                       [&options](const Input& input, Console& console) { Count(options, input, console); });
 }
 

@@ -134,8 +134,8 @@ Decoded Decode(const DecodeOptions& options, const Input& input) {
     return decoded;
 }
 
-bool HasConcatenation(const PduWalk& walk) {
-    return HasWideReference(walk).has_value();
+bool HasConcatenation(const Decoded& decoded) {
+    return ConcatenationOf(*decoded.pdu, decoded.walk).has_value();
 }
 
 bool HasText(const PduWalk& walk) {
@@ -154,7 +154,7 @@ void ShowObject(const Input& input, const Decoded& decoded, std::optional<std::s
         object.Object(KeyOf(field.name), [&] {
             std::visit(FieldWriter{*decoded.pdu, field, object}, field.value);
         });
-    if (HasConcatenation(decoded.walk)) {
+    if (HasConcatenation(decoded)) {
         object.Object("concatenation", [&] {
             object.Member("reference", decoder.m_ConcatReference);
             object.Member("total", decoder.m_ConcatTotal);
@@ -174,7 +174,7 @@ void ShowEntries(const Input& input, const Decoded& decoded, std::optional<std::
     std::vector<Entry> entries;
     for (const PduField& field : decoded.walk.fields)
         entries.push_back({std::string(field.name), RawOf(*decoded.pdu, field), field.meaning});
-    if (HasConcatenation(decoded.walk)) {
+    if (HasConcatenation(decoded)) {
         entries.push_back({"part",
                            {},
                            fmt::format("{} of {}, reference {}", decoder.m_ConcatSequence,
@@ -259,13 +259,17 @@ std::string TimeIn(const PduWalk& walk) {
     return field == walk.fields.end() ? std::string() : std::get<TimeValue>(field->value).time;
 }
 
+struct NumberedPart {
+    ConcatenationKey key;
+    int number;
+    MessagePart part;
+};
+
 /// The part that the PDU is, where its place in the message is a possible one.
-std::optional<std::pair<ConcatenationKey, MessagePart>> PartIn(const Input& input, const Decoded& decoded,
-                                                               const std::string& address) {
+std::optional<NumberedPart> PartIn(const Input& input, const Decoded& decoded, const std::string& address) {
     const PduDecoder& decoder = decoded.decoder;
-    const std::optional<bool> hasWideReference = HasWideReference(decoded.walk);
-    if (!hasWideReference || decoder.m_ConcatTotal < 2 || decoder.m_ConcatSequence < 1 ||
-        decoder.m_ConcatSequence > decoder.m_ConcatTotal)
+    const auto place = ConcatenationOf(*decoded.pdu, decoded.walk);
+    if (!place || place->total < 2 || place->sequence < 1 || place->sequence > place->total)
         return std::nullopt;
     MessagePart part{NameOf(input), input.number, decoder.m_Text, TimeIn(decoded.walk)};
     if (const auto codes = EdgeCodesOf(*decoded.pdu, decoded.walk)) {
@@ -273,9 +277,9 @@ std::optional<std::pair<ConcatenationKey, MessagePart>> PartIn(const Input& inpu
         part.behindEscape =
             static_cast<wchar_t>(decoder.m_CharSet->FindUnicodeCharFromEscapeChar(codes->first));
     }
-    return std::pair{ConcatenationKey{decoder.m_SmsType, address, *hasWideReference,
-                                      decoder.m_ConcatReference, decoder.m_ConcatTotal},
-                     std::move(part)};
+    return NumberedPart{{decoder.m_SmsType, address, place->hasWideReference, place->reference, place->total},
+                        place->sequence,
+                        std::move(part)};
 }
 
 Afterwards DecodeAndJoin(Joining& joining, const DecodeOptions& options, const Input& input,
@@ -298,7 +302,7 @@ Afterwards DecodeAndJoin(Joining& joining, const DecodeOptions& options, const I
         if (isSubmit)
             joining.sent.Add(address, decoded->decoder.m_MessageReference, input.number);
         if (part)
-            joining.TakePart(input, part->first, decoded->decoder.m_ConcatSequence, part->second, later);
+            joining.TakePart(input, part->key, part->number, part->part, later);
     };
 }
 

@@ -1,7 +1,9 @@
 // qxpdu encode
 #include <algorithm>
 #include <charconv>
+#include <ctime>
 #include <optional>
+#include <set>
 #include <variant>
 
 #include <fmt/format.h>
@@ -42,6 +44,16 @@ struct EncodeOptions : ConversionOptions {
     bool strict = false;
     bool at = false;
     bool lines = false;
+    unsigned int references = 0; ///< the concatenation reference in front of those of this run
+};
+
+/// Gives the messages of a run references of their own, one after the other, as one encoder does.
+class InputEncoder : public PduEncoder {
+public:
+    explicit InputEncoder(unsigned int counter)
+        : PduEncoder(Encoding::MessageTypeIndicator::TP_MTI_SMS_SUBMIT) {
+        m_ReferenceCounter = static_cast<unsigned char>(counter);
+    }
 };
 
 /// What goes out of a number: its decimal digits and a plus sign in front.
@@ -153,11 +165,11 @@ std::vector<Caution> Cautions(const EncodeOptions& options, const TString<wchar_
         cautions.push_back({"", "the text is empty; a message without text goes out"});
     if (options.greek && IsInGsm(pdus.front())) {
         const std::u32string characters = CodePoints(text);
-        if (const auto left = WithoutCode(characters); !left.empty()) {
+        if (const auto lost = LostWithGreek(characters); !lost.empty()) {
             cautions.push_back(
-                {"", fmt::format("{} left out, which GSM 7-bit has not; the first is character {}, {}",
-                                 Counted(left.size(), "character"), left.front(),
-                                 CodePointName(characters[left.front() - 1]))});
+                {"", fmt::format("{} lost, which GSM 7-bit has not; the first is character {}, {}",
+                                 Counted(lost.size(), "character"), lost.front(),
+                                 CodePointName(characters[lost.front() - 1]))});
         }
     }
     return cautions;
@@ -203,7 +215,7 @@ void Encode(const EncodeOptions& options, const Input& input, Console& console) 
     if (options.to.empty())
         throw InputError("--to is required");
     const TString<wchar_t> text = FromUtf8(input.text);
-    PduEncoder encoder(Encoding::MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
+    InputEncoder encoder(options.references + static_cast<unsigned int>(input.number));
     Configure(encoder, options);
     const Pdus pdus = EncodeText(encoder, text);
     const std::vector<Caution> cautions = Cautions(options, text, pdus);
@@ -285,7 +297,13 @@ void SetMember(const std::string& name, const Json& value, EncodeOptions& option
 
 /// The text of the object; the options get its other members.
 std::string ReadObject(const std::string& line, EncodeOptions& options) {
-    const Json object = Json::parse(line, nullptr, false);
+    std::set<std::string> names;
+    const auto refuseTwice = [&names](int depth, Json::parse_event_t event, const Json& name) {
+        if (depth == 1 && event == Json::parse_event_t::key && !names.insert(name).second)
+            Refuse(name, "given twice");
+        return true;
+    };
+    const Json object = Json::parse(line, refuseTwice, false);
     if (!object.is_object())
         throw InputError("no JSON object");
     if (!object.contains("text"))
@@ -308,11 +326,12 @@ Afterwards EncodeInput(const EncodeOptions& options, const Input& input, Console
     return {};
 }
 
-int Encode(const EncodeOptions& options, const Streams& streams) {
+int Encode(EncodeOptions options, const Streams& streams) {
+    options.references = static_cast<unsigned int>(std::time(nullptr));
     const bool hasLines = options.lines || options.jsonLines;
     return ConvertStream(
         options, streams,
-        {hasLines ? LineKind::Text : LineKind::Whole,
+        {hasLines ? LineKind::Message : LineKind::Whole,
          [&options](const Input& input, Console& console) { return EncodeInput(options, input, console); }});
 }
 
@@ -324,6 +343,7 @@ void AddOptions(CLI::App& command, EncodeOptions& options) {
         ->check(FaultOfNumber)
         ->type_name("NUMBER");
     command.add_option("--class", options.messageClass, "TP-DCS message class, 0 to 3")
+        ->check(FaultOfDecimal)
         ->check(CLI::Range(0, c_maxClass).description(""))
         ->type_name("CLASS");
     command
@@ -336,6 +356,7 @@ void AddOptions(CLI::App& command, EncodeOptions& options) {
     command.add_flag("--reject-duplicates", options.rejectDuplicates, "TP-RD: have duplicates rejected");
     command.add_flag("--reply-path", options.replyPath, "TP-RP: set the reply path");
     command.add_option("--reference", options.reference, "TP-MR, 0 to 255; 0 without it")
+        ->check(FaultOfDecimal)
         ->check(CLI::Range(0, c_maxReference).description(""))
         ->type_name("N");
     command.add_flag("--greek", options.greek, "Send Greek letters as capitals in GSM 7-bit");

@@ -105,7 +105,8 @@ std::vector<std::string> DataCodingFaults(unsigned int dcs) {
     if (group < c_groupReserved && (dcs & 0x10) == 0 && (dcs & 0x03) != 0)
         faults.emplace_back("reserved bits are set, as there is no class");
     if (group < c_groupReserved && (dcs & 0x20) != 0)
-        faults.emplace_back("compressed text, which the decoder does not expand");
+        faults.emplace_back(
+            "compressed text, of which TP-UDL counts the octets; the decoder takes it for text as it is");
     if (group < c_groupWaiting && (dcs & 0x0C) == 0x0C)
         faults.emplace_back("the reserved alphabet");
     const unsigned int reserved = group == c_groupClass ? 0x08 : 0x04;

@@ -4,6 +4,14 @@
 
 namespace qxpdu {
 
+namespace {
+
+std::string DigitsOf(const std::string& address) {
+    return address.starts_with('+') ? address.substr(1) : address;
+}
+
+} // namespace
+
 std::vector<int> ConcatenatedMessage::Missing() const {
     std::vector<int> missing;
     for (int number = 1; number <= key.total; ++number) {
@@ -90,7 +98,7 @@ void Concatenations::Complete(const ConcatenationKey& key, Taken& taken) {
 }
 
 void SentMessages::Add(const std::string& address, int reference, std::size_t number) {
-    const Key key(address, reference);
+    const Key key(DigitsOf(address), reference);
     if (const auto old = m_Sent.find(key); old != m_Sent.end()) {
         m_Order.erase(old->second.place);
         m_Sent.erase(old);
@@ -104,7 +112,7 @@ void SentMessages::Add(const std::string& address, int reference, std::size_t nu
 }
 
 std::optional<std::size_t> SentMessages::Find(const std::string& address, int reference) const {
-    const auto found = m_Sent.find({address, reference});
+    const auto found = m_Sent.find({DigitsOf(address), reference});
     return found == m_Sent.end() ? std::nullopt : std::optional(found->second.number);
 }
 

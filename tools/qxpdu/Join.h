@@ -92,7 +92,8 @@ private:
     Store m_Complete;
 };
 
-/// Remembers which messages went out, so that status reports find theirs: the last MAX_MESSAGES.
+/// Remembers which messages went out, so that status reports find theirs: the last MAX_MESSAGES. A plus sign
+/// makes no difference between addresses, as a service centre may add it.
 class SentMessages {
 public:
     static constexpr std::size_t MAX_MESSAGES = 4096;

@@ -188,9 +188,11 @@ void Mapper::Digits(const AddressValue& address, unsigned int lengthOctet) {
     if (!isText)
         return DigitFaults(lengthOctet, row);
     row.isText = true;
-    const std::size_t septets = lengthOctet * 4 / 7;
+    const bool countsDigits = m_Field->name != "SC address";
+    const std::size_t septets = countsDigits ? lengthOctet * 4 / 7 : (lengthOctet - 1) * 8 / 7;
     const std::string inside = address.number.substr(0, septets);
-    const std::string read = ToUtf8(PduDecoder().m_CharSet->GsmToUnicode(TString<char>(inside)));
+    const std::string read = ToUtf8(PduDecoder().m_CharSet->GsmToUnicode(
+        reinterpret_cast<const unsigned char*>(inside.data()), static_cast<unsigned int>(inside.size())));
     if (read != inside) {
         row.unusual.push_back(fmt::format(
             "in the GSM default alphabet it is {}; the decoder takes the codes as they are", read));
@@ -290,6 +292,11 @@ void Mapper::operator()(const HeaderValue& value) {
     if (reach > m_Pdu.m_Length)
         row.unusual.push_back(fmt::format("{} missing; the decoder reads zeros there",
                                           Counted(reach - m_Pdu.m_Length, "octet")));
+    const bool isSeptets = m_Alphabet == Alphabet::ALPHABET_GSM7;
+    const unsigned int units = isSeptets ? (8 * m_HeaderOctets + 6) / 7 : m_HeaderOctets;
+    if (Octet(m_LengthOffset) < units)
+        row.unusual.push_back(
+            fmt::format("it takes {}, more than TP-UDL has", Counted(units, isSeptets ? "septet" : "octet")));
     const auto isConcatenation = [this](const HeaderElement& element) {
         return IsConcatenation(element) && element.offset < m_Pdu.m_Length;
     };

@@ -4,30 +4,42 @@ namespace qxpdu {
 
 namespace {
 
-/// Septet `index` of those that begin with the lowest bit of an octet. Septets behind the PDU are 0.
+/// Octets behind the PDU are 0.
+unsigned int OctetAt(const Encoding::Pdu& pdu, unsigned int offset) {
+    return offset < pdu.m_Length ? pdu.m_Bytes[offset] : 0;
+}
+
+/// Septet `index` of those that begin with the lowest bit of an octet.
 unsigned char SeptetAt(const Encoding::Pdu& pdu, unsigned int begin, unsigned int index) {
     const unsigned int bit = 7 * index;
     const unsigned int octet = begin + bit / 8;
-    const auto at = [&pdu](unsigned int offset) -> unsigned int {
-        return offset < pdu.m_Length ? pdu.m_Bytes[offset] : 0;
+    return static_cast<unsigned char>((OctetAt(pdu, octet) | OctetAt(pdu, octet + 1) << 8) >> bit % 8 & 0x7F);
+}
+
+/// Total and sequence stand behind the reference, which is one octet or two.
+Concatenation ConcatenationIn(const HeaderElement& element, const Encoding::Pdu& pdu) {
+    const bool isWide = element.identifier == c_concatenation16;
+    const auto at = [&](unsigned int index) {
+        return static_cast<int>(OctetAt(pdu, element.offset + index));
     };
-    return static_cast<unsigned char>((at(octet) | at(octet + 1) << 8) >> bit % 8 & 0x7F);
+    return isWide ? Concatenation{true, at(0) << 8 | at(1), at(2), at(3)}
+                  : Concatenation{false, at(0), at(1), at(2)};
 }
 
 } // namespace
 
-std::optional<bool> HasWideReference(const PduWalk& walk) {
-    std::optional<bool> isWide;
+std::optional<Concatenation> ConcatenationOf(const Encoding::Pdu& pdu, const PduWalk& walk) {
+    std::optional<Concatenation> last;
     for (const PduField& field : walk.fields) {
         const auto* header = std::get_if<HeaderValue>(&field.value);
         if (header == nullptr)
             continue;
         for (const HeaderElement& element : header->elements) {
             if (IsConcatenation(element))
-                isWide = element.identifier == c_concatenation16;
+                last = ConcatenationIn(element, pdu);
         }
     }
-    return isWide;
+    return last;
 }
 
 std::optional<EdgeCodes> EdgeCodesOf(const Encoding::Pdu& pdu, const PduWalk& walk) {

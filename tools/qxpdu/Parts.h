@@ -11,8 +11,16 @@ namespace qxpdu {
 /// The GSM code that stands in front of one of the extension table.
 constexpr unsigned char c_escape = 0x1B;
 
-/// Whether the reference of the concatenation has 16 bits; nothing where there is no concatenation.
-std::optional<bool> HasWideReference(const PduWalk& walk);
+/// The place of a PDU in its message. The decoder's values may come from other elements as well.
+struct Concatenation {
+    bool hasWideReference; ///< 16 bits
+    int reference;
+    int total;
+    int sequence; ///< from 1
+};
+
+/// By the last concatenation in the user-data header; nothing where there is none.
+std::optional<Concatenation> ConcatenationOf(const Encoding::Pdu& pdu, const PduWalk& walk);
 
 /// The codes that a text begins and ends with.
 struct EdgeCodes {

@@ -32,13 +32,24 @@ Pdus EncodeText(PduEncoder& encoder, const TString<wchar_t>& text) {
     return pdus;
 }
 
-std::vector<std::size_t> WithoutCode(const std::u32string& text) {
+GsmCharacter ToGsm(char32_t character, Encoding::GSMCharSet& charSet) {
+    constexpr char32_t c_lastUnit = 0xFFFF; // characters above it have no code
+    GsmCharacter gsm;
+    if (character <= c_lastUnit)
+        gsm.codes = charSet.UnicodeToGsmString(Units({&character, 1}));
+    gsm.received = charSet.GsmToUnicode(reinterpret_cast<const unsigned char*>(gsm.codes.data()),
+                                        static_cast<unsigned int>(gsm.codes.size()));
+    return gsm;
+}
+
+std::vector<std::size_t> LostWithGreek(const std::u32string& text) {
     Encoding::GSMCharSet charSet;
     charSet.AddTranslateTable(Encoding::TranslateTable::GREEK);
     std::vector<std::size_t> positions;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const TString<wchar_t> units = Units({&text[i], 1});
-        if (units.size() > 1 || charSet.UnicodeToGsmString(units).empty())
+        const TString<wchar_t> received = ToGsm(text[i], charSet).received;
+        const bool isGreek = text[i] >= 0x370 && text[i] <= 0x3FF;
+        if (received.empty() || (received != Units({&text[i], 1}) && !isGreek))
             positions.push_back(i + 1);
     }
     return positions;

@@ -92,6 +92,12 @@ TEST(QxpduCommandLine, WrongCommandLineGivesStatus2AndUsage) {
         {{"text", "x"}, "qxpdu: --alphabet is required\nUsage: qxpdu text [OPTIONS] [TEXT...]\n"},
         {{"text", "--alphabet", "GSM", "x"},
          "qxpdu: Could not convert: --alphabet = GSM\nUsage: qxpdu text [OPTIONS] [TEXT...]\n"},
+        {{"encode", "--reference", "010", "hello"},
+         "qxpdu: --reference: 010 is not decimal without leading zeros\nUsage: qxpdu encode [OPTIONS] "
+         "[TEXT]\n"},
+        {{"decode", "-j", "0x2"},
+         "qxpdu: --threads: 0x2 is not decimal without leading zeros\nUsage: qxpdu decode [OPTIONS] "
+         "[PDU...]\n"},
         {{"encode", "hello"}, "qxpdu: --to is required\nUsage: qxpdu encode [OPTIONS] [TEXT]\n"},
         {{"encode", "--to", "1", "a", "b"},
          "qxpdu: The following argument was not expected: b\nUsage: qxpdu encode [OPTIONS] [TEXT]\n"},

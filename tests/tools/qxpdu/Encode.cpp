@@ -164,8 +164,7 @@ TEST(QxpduEncode, EmptyTextIsAWarningOrWithStrictAnError) {
 
 TEST(QxpduEncode, CharactersThatGreekTextLeavesOutAreAWarningOrWithStrictAnError) {
     const std::string ab = "000100049121430000024121\n";
-    const std::string message =
-        "1 character left out, which GSM 7-bit has not; the first is character 2, U+4E2D";
+    const std::string message = "1 character lost, which GSM 7-bit has not; the first is character 2, U+4E2D";
     EXPECT_EQ(Qxpdu({"encode", "--to", "+1234", "--greek", "α中β"}),
               (Outcome{0, ab, "qxpdu: argument 1: warning: " + message + "\n"}));
     EXPECT_EQ(Qxpdu({"encode", "--to", "+1234", "--greek", "--strict", "α中β"}),
@@ -173,9 +172,15 @@ TEST(QxpduEncode, CharactersThatGreekTextLeavesOutAreAWarningOrWithStrictAnError
     EXPECT_EQ(
         Qxpdu({"encode", "--to", "+1234", "--greek"}, "αβ😀中"),
         (Outcome{0, ab,
-                 "qxpdu: standard input: warning: 2 characters left out, which GSM 7-bit has not; the first "
+                 "qxpdu: standard input: warning: 2 characters lost, which GSM 7-bit has not; the first "
                  "is character 3, U+1F600\n"}));
     EXPECT_EQ(Qxpdu({"encode", "--to", "+1234", "--greek", "--strict", "αβ"}), (Outcome{0, ab, ""}));
+    EXPECT_EQ(Qxpdu({"encode", "--to", "+1234", "--greek", "α¨"}).err,
+              "qxpdu: argument 1: warning: 1 character lost, which GSM 7-bit has not; the first is character "
+              "2, U+00A8\n");
+    EXPECT_EQ(Qxpdu({"encode", "--to", "+1234", "--greek"}, std::string("\xCE\xB1\0", 3)).err,
+              "qxpdu: standard input: warning: 1 character lost, which GSM 7-bit has not; the first is "
+              "character 2, U+0000\n");
     EXPECT_EQ(Qxpdu({"encode", "--to", "+1234", "--greek", "--strict", "Ω中"}),
               (Outcome{0, "0001000491214300080403A94E2D\n", ""}))
         << "UCS2 leaves nothing out";

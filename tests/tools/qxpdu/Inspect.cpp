@@ -314,6 +314,7 @@ TEST(QxpduInspect, UnusualAddresses) {
         {"03D04101", {"the decoder adds 1 character from the bits behind"}},
         {"0ED041E19058341E91", {}},
         {"11D041E19058341E91494F", {"the decoder adds 2 characters from the bits behind"}},
+        {"04D01B19", {"in the GSM default alphabet it is 2; the decoder takes the codes as they are"}},
     };
     for (const auto& row : rows)
         ExpectUnusual("000100" + std::string(row.address) + "000000", row.faults);
@@ -331,9 +332,14 @@ TEST(QxpduInspect, UnusualServiceCentres) {
         {"0291A1", {"octet 2: semi-octet A is * by the standard, which the decoder shows as :"}},
         {"0B9111111111111111111111", {}},
         {"0C911111111111111111111111", {"more than 11 octets"}},
+        // Three and eight characters, behind which the decoder reads the first octet as well.
+        {"04D041E110", {"the decoder adds 1 character from the bits behind"}},
+        {"08D041E19058341E91", {"the decoder adds 1 character from the bits behind"}},
     };
     for (const auto& row : rows)
         ExpectUnusual(row.address + std::string("01000491214300") + "0000", row.faults);
+    for (const char* address : {"04D041E110", "08D041E19058341E91"})
+        ExpectUnusual(address + std::string("000491214300002120312143658000"), {});
 }
 
 TEST(QxpduInspect, UnusualProtocolsCodingsAndStatuses) {
@@ -354,12 +360,14 @@ TEST(QxpduInspect, UnusualProtocolsCodingsAndStatuses) {
         {"A0", {"a reserved coding group"}},
         {"01", {"reserved bits are set, as there is no class"}},
         {"42", {"reserved bits are set, as there is no class"}},
-        {"20", {"compressed text, which the decoder does not expand"}},
+        {"20",
+         {"compressed text, of which TP-UDL counts the octets; the decoder takes it for text as it is"}},
         {"0C", {"the reserved alphabet"}},
         {"C4", {"a reserved bit is set"}},
         {"E4", {"a reserved bit is set"}},
         {"F8", {"a reserved bit is set"}},
-        {"70", {"compressed text, which the decoder does not expand"}},
+        {"70",
+         {"compressed text, of which TP-UDL counts the octets; the decoder takes it for text as it is"}},
     };
     for (const auto& row : codings)
         ExpectUnusual("0001000491214300" + std::string(row.dcs) + "00", row.faults);
@@ -465,9 +473,14 @@ TEST(QxpduInspect, UnusualHeaders) {
                    "6 octets missing; the decoder reads zeros there",
                    "its data go on behind the PDU; the decoder reads zeros there"});
     // Elements made of the zeros behind the PDU are no further concatenations.
-    ExpectUnusual("004100049121430004060A00032A0302", {"5 octets missing; the decoder reads zeros there"});
+    ExpectUnusual("0041000491214300040B0A00032A0302", {"5 octets missing; the decoder reads zeros instead",
+                                                       "5 octets missing; the decoder reads zeros there"});
     const std::string language = "the decoder shows the text in the default alphabet";
     ExpectUnusual("0041000491214300000806240101250101", {language, language});
+    ExpectUnusual("00410004912143000004050003010201",
+                  {"2 octets too many", "it takes 7 septets, more than TP-UDL has"});
+    ExpectUnusual("00410004912143000405050003010201",
+                  {"1 octet too many", "it takes 6 octets, more than TP-UDL has"});
 }
 
 TEST(QxpduInspect, TextBehindAHeaderOfAnotherLengthBeginsElsewhereByTheStandard) {

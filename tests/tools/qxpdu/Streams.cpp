@@ -181,7 +181,15 @@ TEST(QxpduTranscript, LogOfAModemIsReadAsItIs) {
                                                              "^RSSI: 17",
                                                              "+CMGR: 0,,0",
                                                              "OK",
-                                                             "at"}));
+                                                             "at",
+                                                             "NO DIALTONE",
+                                                             "CONNECT 9600",
+                                                             "ok",
+                                                             "%CSQ: 1",
+                                                             "*PSUTTZ: 1",
+                                                             "#CREG",
+                                                             "$QCSQ",
+                                                             "_OSIGQ: 1"}));
     EXPECT_EQ(run.status, 0) << run.out;
     EXPECT_EQ(run.err, "");
     const auto objects = JsonLines(run.out);
@@ -222,6 +230,51 @@ TEST(QxpduTranscript, AnnouncedLengthIsChecked) {
     };
     for (const Row& row : rows)
         EXPECT_EQ(Qxpdu(row.arguments, row.input), (Outcome{1, "", row.err}));
+}
+
+TEST(QxpduTranscript, ModemMaySpeakUnaskedBetweenAHeadingAndItsPdu) {
+    EXPECT_EQ(JsonLines(Qxpdu({"decode", "--jsonl"},
+                              std::string("+CBM: 11\n\n+CREG: 1\nRING\n^RSSI: 1\n") + c_cellPage)
+                            .out)
+                  .at(0)["text"],
+              "Hello");
+    EXPECT_EQ(Qxpdu({"decode"}, std::string("+CMT: ,23\n+CREG: 1\n") + c_hello + '\n'),
+              (Outcome{1, "", "qxpdu: line 3: +CMT announces 23 octets, here are 24\n"}));
+}
+
+TEST(QxpduTranscript, DetailsOfTextModeAreNoLength) {
+    const std::string message = " announces no length, as in text mode; PDU mode is AT+CMGF=0\n";
+    const struct {
+        const char* name;
+        const char* values;
+    } rows[] = {
+        {"+CMGR", "\"REC READ\",\"+1\",,\"24/01/01,10:00:00+04\",145,4,0,0,\"+1\",145,24"},
+        {"+CMGL", "1,\"REC READ\",\"+1\",,\"24/01/01,10:00:00+04\",145,24"},
+        {"+CMT", "\"+1\",,\"24/01/01,10:00:00+04\",145,4,0,0,\"+1\",145,24"},
+        {"+CDS", "6,24"},
+        {"+CBM", "1,50,0,1,24"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Qxpdu({"decode"}, std::string(row.name) + ": " + row.values + "\nHello\n"),
+                  (Outcome{1, "", "qxpdu: line 2: " + (row.name + message)}));
+    for (const char* heading : {"+CMGR: 1,\"a,b\",24", "+CMGL: 1,1,\"a,b\",24", "+CMT: \"a,b\",24"})
+        EXPECT_EQ(Qxpdu({"decode"}, std::string(heading) + '\n' + c_hello + '\n').status, 0) << heading;
+}
+
+TEST(QxpduTranscript, PduThatWasTypedBehindThePromptIsRead) {
+    const std::string submit = c_submit;
+    for (const std::string& line :
+         {"> " + submit + '\x1A', '>' + submit, submit + "\x1A\r", "> " + submit + " \x1A"}) {
+        const auto objects = JsonLines(Qxpdu({"decode", "--jsonl"}, line + '\n').out);
+        ASSERT_EQ(objects.size(), 1U) << line;
+        EXPECT_EQ(objects[0]["octets"], submit) << line;
+    }
+    EXPECT_EQ(Qxpdu({"decode"}, "> hello\x1A\n>\n"), (Outcome{0, "", ""}));
+}
+
+TEST(QxpduTranscript, WhatOnlyBeginsLikeAnAnswerIsAnError) {
+    for (const char* line : {"OKAY", "ERRORS", "NO CARRIERS", "RINGS"})
+        EXPECT_EQ(Qxpdu({"decode"}, std::string(line) + '\n').status, 1) << line;
 }
 
 TEST(QxpduTranscript, HeadingWithoutItsPduIsAnError) {
@@ -281,6 +334,7 @@ TEST(QxpduEncodeLines, ObjectsThatAreWrongGiveErrors) {
         {"[]", "no JSON object"},
         {R"({"to":"1"})", "text is required"},
         {R"({"text":"a"})", "--to is required"},
+        {R"({"text":"a","to":"1","to":"2"})", "to: given twice"},
         {R"({"text":1})", "text: no string"},
         {R"({"text":"a","to":"x"})", "to: a number without digits"},
         {R"({"text":"a","to":"1","smsc":"123456789012345678901"})", "smsc: 21 digits, 20 at most"},
@@ -299,6 +353,27 @@ TEST(QxpduEncodeLines, ObjectsThatAreWrongGiveErrors) {
         EXPECT_EQ(run,
                   (Outcome{1, nlohmann::ordered_json{{"line", 1}, {"error", row.error}}.dump() + '\n', ""}));
     }
+}
+
+TEST(QxpduEncodeLines, MessagesHaveReferencesOfTheirOwn) {
+    const std::string text = Repeated(Repeated("a", 161) + '\n', 300);
+    const Outcome one = Qxpdu({"encode", "--lines", "--jsonl", "-j", "2", "--to", "1"}, text);
+    std::vector<int> references;
+    for (const auto& object : JsonLines(one.out)) {
+        for (const auto& pdu : object["pdus"])
+            references.push_back(pdu["concatenation"]["reference"].get<int>());
+    }
+    ASSERT_EQ(references.size(), 600U);
+    for (std::size_t i = 0; i < references.size(); ++i)
+        EXPECT_EQ(references[i], (references[0] + static_cast<int>(i) / 2) % 256) << i;
+}
+
+TEST(QxpduEncodeLines, CarriageReturnBelongsToTheLineFeed) {
+    const std::string a = "0001000181F100000161\n";
+    EXPECT_EQ(Qxpdu({"encode", "--lines", "--to", "1"}, "a\r\na\na\r"), (Outcome{0, a + a + a, ""}));
+    EXPECT_EQ(Qxpdu({"encode", "--lines", "--to", "1"}, "\ra\r\r\n"),
+              (Outcome{0, "0001000181F10000038D7003\n", ""}));
+    EXPECT_EQ(Qxpdu({"count", "--lines", "--jsonl"}, "a\r\n").Json()["septets"], 1);
 }
 
 TEST(QxpduEncodeLines, WarningsStandInTheObject) {
@@ -396,6 +471,20 @@ TEST(QxpduJoin, LaterMessageUnderTheSameReferenceIsWholeThoughItBeginsAlike) {
     EXPECT_EQ(objects[1]["joined"], (nlohmann::json{3, 4}));
 }
 
+TEST(QxpduJoin, PlaceIsThatOfTheConcatenationWhateverOtherElementsSay) {
+    // Parts 1 and 2 of 2 of message 7 as 8-bit data; an indication of 5 waiting messages stands in the header
+    // too.
+    const std::string start = "0791214365870921440B912143658709F1000421203121436580";
+    const auto objects = JsonLines(
+        Qxpdu({"decode", "--join", "--jsonl"},
+              Joined({start + "0B09000307020101028005" + "41", start + "0B09000307020201028005" + "42"}))
+            .out);
+    ASSERT_EQ(objects.size(), 1U);
+    EXPECT_EQ(objects[0]["text"], "AB");
+    EXPECT_EQ(objects[0]["total"], 2);
+    EXPECT_EQ(objects[0]["reference"], 7);
+}
+
 TEST(QxpduJoin, StatusReportFindsTheMessageByReferenceAndAddress) {
     const auto objects = JsonLines(Qxpdu({"decode", "--join", "--jsonl"}, Joined({c_submit, c_report})).out);
     ASSERT_EQ(objects.size(), 2U);
@@ -408,6 +497,10 @@ TEST(QxpduJoin, StatusReportFindsTheMessageByReferenceAndAddress) {
                      .contains("report_on"));
     EXPECT_TRUE(HasLine(Qxpdu({"decode", "--join"}, Joined({c_submit, c_report})).out, "report on line 1"));
     EXPECT_TRUE(HasLine(Qxpdu({"decode", "--join", c_submit, c_report}).out, "report on argument 1"));
+    const std::string national = "0001070481214300000161"; // the service centre adds the plus sign
+    EXPECT_EQ(JsonLines(Qxpdu({"decode", "--join", "--jsonl"}, Joined({national, c_report})).out)
+                  .at(1)["report_on"],
+              1);
 }
 
 TEST(QxpduJoin, OldestMessageIsGivenUpWhenTooManyPartsWait) {
