@@ -1,4 +1,5 @@
 // qxpdu count
+#include <algorithm>
 #include <iterator>
 #include <map>
 #include <optional>
@@ -161,19 +162,22 @@ TString<wchar_t> Replaced(const std::u32string& text, const Characters& replacea
     return Units(replaced);
 }
 
-/// What the text would cost otherwise: what it would cost, or why it could not be sent.
-struct Alternative {
-    std::variant<Cost, std::string> cost;
-    Characters changes;
-};
+/// What a text costs, or why it cannot be sent.
+using CostOrFault = std::variant<Cost, std::string>;
 
-Alternative AlternativeOf(const TString<wchar_t>& text, bool isGreek, Characters changes) {
+CostOrFault CostOrFaultOf(const TString<wchar_t>& text, bool isGreek) {
     try {
-        return {CostOf(text, isGreek), std::move(changes)};
+        return CostOf(text, isGreek);
     } catch (const InputError& error) {
-        return {error.what(), std::move(changes)};
+        return error.what();
     }
 }
+
+/// What the text would cost otherwise.
+struct Alternative {
+    CostOrFault cost;
+    Characters changes;
+};
 
 std::optional<Alternative> WithReplacements(const std::u32string& text, const Characters& changed,
                                             bool isGreek) {
@@ -181,16 +185,23 @@ std::optional<Alternative> WithReplacements(const std::u32string& text, const Ch
     if (replaceable.empty())
         return std::nullopt;
     const TString<wchar_t> replaced = Replaced(text, replaceable);
-    return AlternativeOf(replaced, isGreek, std::move(replaceable));
+    return Alternative{CostOrFaultOf(replaced, isGreek), std::move(replaceable)};
+}
+
+/// Where the cost is not known, by the rule: a text of which the Greek table changed a letter goes out in
+/// GSM.
+bool GoesOutInGsm(const CostOrFault& cost, const Characters& changed, bool isGreek) {
+    if (const auto* known = std::get_if<Cost>(&cost))
+        return known->alphabet == Encoding::Alphabet::ALPHABET_GSM7;
+    const auto isLetter = [](const auto& character) { return !character.second.becomes->empty(); };
+    return changed.empty() || (isGreek && std::any_of(changed.begin(), changed.end(), isLetter));
 }
 
 /// Nothing where the Greek table changes nothing.
 std::optional<Alternative> WithGreek(const TString<wchar_t>& text, const std::u32string& characters) {
-    Alternative greek = AlternativeOf(text, true, {});
-    if (const auto* cost = std::get_if<Cost>(&greek.cost);
-        cost != nullptr && cost->alphabet != Encoding::Alphabet::ALPHABET_GSM7)
+    Alternative greek{CostOrFaultOf(text, true), Sort(characters, true).changed};
+    if (!GoesOutInGsm(greek.cost, greek.changes, true))
         return std::nullopt;
-    greek.changes = Sort(characters, true).changed;
     return greek;
 }
 
@@ -232,12 +243,16 @@ void AddTo(Json& object, const Cost& cost) {
     }
 }
 
+void AddTo(Json& object, const CostOrFault& cost) {
+    if (const auto* fault = std::get_if<std::string>(&cost))
+        object["error"] = *fault;
+    else
+        AddTo(object, std::get<Cost>(cost));
+}
+
 Json ToJson(const Alternative& alternative, const char* list, const char* becomes) {
     Json object = Json::object();
-    if (const auto* cost = std::get_if<Cost>(&alternative.cost))
-        AddTo(object, *cost);
-    else
-        object["error"] = std::get<std::string>(alternative.cost);
+    AddTo(object, alternative.cost);
     object[list] = ToJson(alternative.changes, becomes);
     return object;
 }
@@ -277,27 +292,29 @@ std::string Shown(const Characters& characters, bool withChange) {
     return text;
 }
 
+std::string Shown(const CostOrFault& cost) {
+    const auto* fault = std::get_if<std::string>(&cost);
+    return fault != nullptr ? *fault : Shown(std::get<Cost>(cost));
+}
+
 std::string Shown(const Alternative& alternative) {
-    const auto* cost = std::get_if<Cost>(&alternative.cost);
-    return (cost != nullptr ? Shown(*cost) : std::get<std::string>(alternative.cost)) + "\n" +
-           Shown(alternative.changes, true);
+    return Shown(alternative.cost) + "\n" + Shown(alternative.changes, true);
 }
 
 /// Everything there is to say about one text.
 struct Report {
-    Cost cost;
+    CostOrFault cost;
     Sorting characters;
+    bool isGsm; ///< characters that are changed do not force UCS2 then
     std::optional<Alternative> replaced;
     std::optional<Alternative> greek;
-
-    /// A GSM text with such characters has been changed by the Greek table.
-    bool IsGsm() const { return cost.alphabet == Encoding::Alphabet::ALPHABET_GSM7; }
 };
 
 Report ReportOn(const std::string& utf8, bool isGreek) {
     const TString<wchar_t> text = FromUtf8(utf8);
     const std::u32string characters = CodePoints(text);
-    Report report{CostOf(text, isGreek), Sort(characters, isGreek), std::nullopt, std::nullopt};
+    Report report{CostOrFaultOf(text, isGreek), Sort(characters, isGreek), false, std::nullopt, std::nullopt};
+    report.isGsm = GoesOutInGsm(report.cost, report.characters.changed, isGreek);
     report.replaced = WithReplacements(characters, report.characters.changed, isGreek);
     if (!report.characters.changed.empty() && !isGreek)
         report.greek = WithGreek(text, characters);
@@ -307,7 +324,7 @@ Report ReportOn(const std::string& utf8, bool isGreek) {
 Json ToJson(const Report& report, Json object) {
     AddTo(object, report.cost);
     const auto& [escaped, changed] = report.characters;
-    if (!changed.empty() && report.IsGsm())
+    if (!changed.empty() && report.isGsm)
         object["changed"] = ToJson(changed, "becomes");
     else if (!changed.empty())
         object["forces_ucs2"] = ToJson(changed, nullptr);
@@ -326,9 +343,9 @@ std::string ToText(const Report& report) {
         if (!meaning.empty())
             entries.push_back({name, {}, std::move(meaning)});
     };
-    add("goes out as", Shown(report.cost));
+    add(std::holds_alternative<Cost>(report.cost) ? "goes out as" : "cannot go out", Shown(report.cost));
     const auto& [escaped, changed] = report.characters;
-    add(report.IsGsm() ? "changed" : "forces UCS2", Shown(changed, report.IsGsm()));
+    add(report.isGsm ? "changed" : "forces UCS2", Shown(changed, report.isGsm));
     add("two septets", Shown(escaped, false));
     if (report.replaced)
         add("replaced", Shown(*report.replaced));
@@ -343,6 +360,13 @@ void Count(const CountOptions& options, const Input& input, Console& console) {
         console.Object(ToJson(report, ObjectFor(input)));
     else
         console.Block(ToText(report));
+    const auto* fault = std::get_if<std::string>(&report.cost);
+    if (fault == nullptr)
+        return;
+    if (console.WantsJsonLines())
+        console.Failed(); // the object says why
+    else
+        console.Error(NameOf(input), *fault);
 }
 
 int Count(const CountOptions& options, const Streams& streams) {

@@ -182,10 +182,27 @@ TEST(QxpduCount, BoundaryThatCutsAPairIsAWarning) {
 
 TEST(QxpduCount, MoreThan255PartsAreRefused) {
     EXPECT_EQ(Qxpdu({"count"}, Repeated("a", 255 * 153 + 1)),
-              (Outcome{1, "", "qxpdu: standard input: the text needs 256 parts, 255 at most\n"}));
+              (Outcome{1, "cannot go out the text needs 256 parts, 255 at most\n",
+                       "qxpdu: standard input: the text needs 256 parts, 255 at most\n"}));
     const json count = CountOf({}, Repeated("…", 255 * 67));
     EXPECT_EQ(count["parts"], 255);
     EXPECT_EQ(count["replaced"]["error"], "the text needs 335 parts, 255 at most");
+}
+
+TEST(QxpduCount, TextThatIsTooLongIsExplainedAllTheSame) {
+    const Outcome run = Qxpdu({"count", "--lines", "--jsonl"}, Repeated("a", 20000) + "’\n");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, "");
+    const json forced = run.Json();
+    EXPECT_EQ(forced["error"], "the text needs 299 parts, 255 at most");
+    EXPECT_EQ(forced["forces_ucs2"][0]["positions"], json{20001});
+    EXPECT_EQ(forced["replaced"]["parts"], 131);
+    EXPECT_FALSE(forced.contains("greek"));
+    const json greek =
+        Qxpdu({"count", "--greek", "--lines", "--jsonl"}, Repeated("α", 40000) + "中\n").Json();
+    EXPECT_EQ(greek["error"], "the text needs 262 parts, 255 at most");
+    EXPECT_EQ(greek["changed"].size(), 2U);
+    EXPECT_FALSE(greek.contains("forces_ucs2"));
 }
 
 TEST(QxpduCount, InvalidUtf8IsAnErrorThatNamesTheByte) {

@@ -26,6 +26,7 @@ CASES = [
     (["count", "--lines"], "\n".join(["a€", "ж", "α’", "…" * 17085, "a" * 152 + "€" * 5, "ж" * 66 + "😀" * 3, "\t",
                                       "a" * 39016]), 8),
     (["count", "--lines", "--greek"], "α’", 1),
+    (["count", "--lines"], "€" + "ж" * 17086 + "’", 1),
     (["inspect"], "\n".join([HELLO, LOWER, SUBMIT, TIMED, REPORT, REPORT + "FF", "0002", "0G", HELLO + "00"]), 9),
     (["cell"], "\n".join([PAGE, FIRST_PAGE, WARNING, "00"]), 4),
     (["cell"], FIRST_PAGE + "\n" + FIRST_PAGE.replace("0112", "0122"), 3),
