@@ -28,7 +28,7 @@ TEST(ByteOrder, IsAskedOnceWithAShareHeld) {
 tests::Bytes CodesOf(const unsigned char* memory, unsigned int length, int endian) {
     s_byteOrder.m_Answer = endian;
     GSMCharSet charSet;
-    s_byteOrder.m_Answer = 0;
+    s_byteOrder = {};
     unsigned int count = 0xEE;
     EXPECT_TRUE(charSet.GetGsmBytes(memory, length, &count, nullptr));
     tests::Bytes codes(count);
@@ -63,7 +63,7 @@ TEST(ByteOrder, HoldsForEightCharactersThatAreReadTogether) {
 TEST(ByteOrder, IsNotLookedAtByTheStringConversion) {
     s_byteOrder.m_Answer = 1;
     const GSMCharSet charSet;
-    s_byteOrder.m_Answer = 0;
+    s_byteOrder = {};
     EXPECT_EQ(charSet.UnicodeToGsmString(tests::Wide({0x41})), "A");
 }
 

@@ -62,7 +62,7 @@ TEST(TextDecoder, TakesTheLastByteOnABigEndianHost) {
         s_byteOrder.m_Answer = row.endian;
         EXPECT_EQ(TextDecoder(text, 0).m_DecodedText, row.decoded) << row.endian;
     }
-    s_byteOrder.m_Answer = 0;
+    s_byteOrder = {};
 }
 
 TEST(Decode, TakesAShareOfTheCharacterSetForSeptetsOnly) {

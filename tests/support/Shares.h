@@ -4,6 +4,7 @@
 #ifndef TESTS_SUPPORT_SHARES_H
 #define TESTS_SUPPORT_SHARES_H
 
+#include <bit>
 #include <limits>
 
 #include "Toolkit/smart_ptr.h"
@@ -12,7 +13,7 @@ namespace tests {
 
 /// How the byte order is told, and how it was asked for. Assigning one begins anew.
 struct ByteOrder {
-    int m_Answer = 0;
+    int m_Answer = std::endian::native == std::endian::big ? 1 : 0; ///< as it is, or as a test has it
     int m_Asked = 0;
     int m_FewestShares = std::numeric_limits<int>::max(); ///< of the system information while it was asked
 };
