@@ -15,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include "support/CapturedStderr.h"
+#include "support/PseudoTerminal.h"
 
 namespace {
 
@@ -44,6 +45,14 @@ int Poll(pollfd* files, nfds_t count, int limit) {
 #undef poll
 
 namespace {
+
+class SendExample : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!tests::HasPseudoTerminals())
+            GTEST_SKIP() << tests::c_noPseudoTerminals;
+    }
+};
 
 long OpenFiles() {
     const std::filesystem::directory_iterator files("/proc/self/fd");
@@ -87,7 +96,7 @@ bool IsQuick(std::chrono::steady_clock::time_point begin) {
     return std::chrono::steady_clock::now() - begin < std::chrono::seconds(8);
 }
 
-TEST(SendExample, ShowsARefusalAtOnce) {
+TEST_F(SendExample, ShowsARefusalAtOnce) {
     const struct {
         std::vector<Step> dialogue;
         std::string errors;
@@ -114,7 +123,7 @@ TEST(SendExample, ShowsARefusalAtOnce) {
     }
 }
 
-TEST(SendExample, PretendedModemRefusesAPduOfAnotherLength) {
+TEST_F(SendExample, PretendedModemRefusesAPduOfAnotherLength) {
     const struct {
         std::string announced;
         std::string answer;
@@ -134,7 +143,7 @@ TEST(SendExample, PretendedModemRefusesAPduOfAnotherLength) {
     }
 }
 
-TEST(SendExample, WaitsAMinuteForTheNetworkAndTenSecondsForTheModem) {
+TEST_F(SendExample, WaitsAMinuteForTheNetworkAndTenSecondsForTheModem) {
     limits.clear();
     testing::internal::CaptureStdout();
     EXPECT_EQ(RunSender(nullptr).status, EXIT_SUCCESS);
@@ -142,7 +151,7 @@ TEST(SendExample, WaitsAMinuteForTheNetworkAndTenSecondsForTheModem) {
     EXPECT_EQ(limits, (std::vector{10'000, 60'000, 10'000, 60'000}));
 }
 
-TEST(SendExample, HangsUpWhenNoAnswerComes) {
+TEST_F(SendExample, HangsUpWhenNoAnswerComes) {
     const auto begin = std::chrono::steady_clock::now();
     waits = false;
     const Outcome outcome = RunSender(nullptr);
@@ -152,13 +161,13 @@ TEST(SendExample, HangsUpWhenNoAnswerComes) {
     EXPECT_TRUE(IsQuick(begin));
 }
 
-TEST(SendExample, LeavesNoFileOpenWhenTheDeviceIsNoTerminal) {
+TEST_F(SendExample, LeavesNoFileOpenWhenTheDeviceIsNoTerminal) {
     const long before = OpenFiles();
     EXPECT_THROW(Line(open("/dev/null", O_RDWR)), std::runtime_error);
     EXPECT_EQ(OpenFiles(), before);
 }
 
-TEST(SendExample, LeavesNoFileOpenWhenThereIsNoPseudoTerminal) {
+TEST_F(SendExample, LeavesNoFileOpenWhenThereIsNoPseudoTerminal) {
     const long before = OpenFiles();
     grants = false;
     const Outcome outcome = RunSender(nullptr);
@@ -168,7 +177,7 @@ TEST(SendExample, LeavesNoFileOpenWhenThereIsNoPseudoTerminal) {
     EXPECT_EQ(OpenFiles(), before);
 }
 
-TEST(SendExample, LeavesNoFileOpenWhenAllIsSent) {
+TEST_F(SendExample, LeavesNoFileOpenWhenAllIsSent) {
     const long before = OpenFiles();
     testing::internal::CaptureStdout();
     EXPECT_EQ(RunSender(nullptr).status, EXIT_SUCCESS);
@@ -176,7 +185,7 @@ TEST(SendExample, LeavesNoFileOpenWhenAllIsSent) {
     EXPECT_EQ(OpenFiles(), before);
 }
 
-TEST(SendExample, NamesADeviceThatIsNone) {
+TEST_F(SendExample, NamesADeviceThatIsNone) {
     for (const char* device : {"/dev/null", "/nowhere"}) {
         const Outcome outcome = RunSender(device);
         EXPECT_EQ(outcome.status, EXIT_FAILURE);

@@ -5,6 +5,7 @@
 
 #include "RunTool.h"
 #include "support/Octets.h"
+#include "support/PseudoTerminal.h"
 
 namespace {
 
@@ -600,6 +601,8 @@ TEST(QxpduInspect, ColoursArePutOnFieldsAndFaults) {
 }
 
 TEST(QxpduInspect, ColoursGoToTerminalsOnlyAndNotAgainstTheUsersWish) {
+    if (!tests::HasPseudoTerminals())
+        GTEST_SKIP() << tests::c_noPseudoTerminals;
     const char escape = '\x1B';
     const auto isColoured = [&](const std::string& script) {
         return Shell(script).out.find(escape) != std::string::npos;

@@ -5,6 +5,7 @@
 
 #include "RunTool.h"
 #include "support/Octets.h"
+#include "support/PseudoTerminal.h"
 
 namespace {
 
@@ -111,6 +112,8 @@ TEST(QxpduStreams, ClosedPipeEndsTheToolQuietly) {
 }
 
 TEST(QxpduStreams, ProgressIsShownOnATerminalUnlessResultsGoThereToo) {
+    if (!tests::HasPseudoTerminals())
+        GTEST_SKIP() << tests::c_noPseudoTerminals;
     const std::string decode = "printf '00\\n' | $QXPDU decode --jsonl";
     const auto onTerminal = [](const std::string& command) {
         return tests::Shell("script -qec \"" + command + "\" /dev/null").out;
