@@ -70,8 +70,6 @@ private:
         switch (m_Transcript.Take(line.text, line.number)) {
         case Transcript::Line::Pdu:
             line.heading = m_Transcript.LastHeading();
-            if (const auto pdu = Transcript::PduIn(line.text); pdu.size() < Trimmed(line.text).size())
-                line.text = std::string(pdu);
             return true;
         case Transcript::Line::Orphan:
             MakeOrphan(line);

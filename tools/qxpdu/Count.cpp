@@ -257,16 +257,12 @@ Json ToJson(const Alternative& alternative, const char* list, const char* become
     return object;
 }
 
-std::string Counted(std::size_t count, std::string_view units) {
-    if (count == 1)
-        units.remove_suffix(1);
-    return fmt::format("{} {}", count, units);
-}
-
 std::string Shown(const Cost& cost) {
+    std::string_view unit = cost.units;
+    unit.remove_suffix(1);
     std::string text =
-        fmt::format("{}, {}, {}, room for {}", AlphabetName(cost.alphabet), Counted(cost.length, cost.units),
-                    Counted(cost.parts, "parts"), Counted(cost.room, cost.units));
+        fmt::format("{}, {}, {}, room for {}", AlphabetName(cost.alphabet), Counted(cost.length, unit),
+                    Counted(cost.parts, "part"), Counted(cost.room, unit));
     for (const Cut& cut : cost.cuts) {
         fmt::format_to(std::back_inserter(text),
                        "\nwarning: the {} pair of {} is cut between parts {} and {}", cut.pair,

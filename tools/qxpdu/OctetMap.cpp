@@ -67,6 +67,7 @@ private:
         return offset < m_Pdu.m_Length ? m_Pdu.m_Bytes[offset] : 0;
     }
     unsigned int Next() const { return Octet(End()); }
+    bool CountsDigits() const { return m_Field->name != "SC address"; } ///< else octets
 
     /// The next octets; the row is changed through the result until the next one is added.
     OctetRow& Add(unsigned int length, std::string part, Json value, std::string meaning) {
@@ -164,11 +165,10 @@ void Mapper::operator()(const DataCodingValue& value) {
 
 void Mapper::operator()(const AddressValue& value) {
     const unsigned int length = Next();
-    const bool countsDigits = m_Field->name != "SC address";
-    OctetRow& row = Add(1, "length", length, Counted(length, countsDigits ? "digit" : "octet"));
-    if (countsDigits && length > c_mostDigits)
+    OctetRow& row = Add(1, "length", length, Counted(length, CountsDigits() ? "digit" : "octet"));
+    if (CountsDigits() && length > c_mostDigits)
         row.unusual.push_back(fmt::format("more than {} digits", c_mostDigits));
-    if (!countsDigits && length > c_mostServiceCentreOctets)
+    if (!CountsDigits() && length > c_mostServiceCentreOctets)
         row.unusual.push_back(fmt::format("more than {} octets", c_mostServiceCentreOctets));
     if (m_Field->length == 1)
         return;
@@ -188,8 +188,7 @@ void Mapper::Digits(const AddressValue& address, unsigned int lengthOctet) {
     if (!isText)
         return DigitFaults(lengthOctet, row);
     row.isText = true;
-    const bool countsDigits = m_Field->name != "SC address";
-    const std::size_t septets = countsDigits ? lengthOctet * 4 / 7 : (lengthOctet - 1) * 8 / 7;
+    const std::size_t septets = CountsDigits() ? lengthOctet * 4 / 7 : (lengthOctet - 1) * 8 / 7;
     const std::string inside = address.number.substr(0, septets);
     const std::string read = ToUtf8(PduDecoder().m_CharSet->GsmToUnicode(
         reinterpret_cast<const unsigned char*>(inside.data()), static_cast<unsigned int>(inside.size())));
@@ -206,13 +205,12 @@ void Mapper::Digits(const AddressValue& address, unsigned int lengthOctet) {
 }
 
 void Mapper::DigitFaults(unsigned int lengthOctet, OctetRow& row) const {
-    const bool countsDigits = m_Field->name != "SC address";
     const unsigned int end = row.offset + row.length;
     for (unsigned int offset = row.offset; offset < end; ++offset) {
         const unsigned int low = Octet(offset) & 0xF;
         const unsigned int high = Octet(offset) >> 4;
         const bool isLast = offset + 1 == end;
-        const bool wantsFiller = isLast && countsDigits && lengthOctet % 2 != 0;
+        const bool wantsFiller = isLast && CountsDigits() && lengthOctet % 2 != 0;
         const auto note = [&row, offset](std::string_view what) {
             row.unusual.push_back(fmt::format("octet {}: {}", offset, what));
         };
@@ -226,7 +224,7 @@ void Mapper::DigitFaults(unsigned int lengthOctet, OctetRow& row) const {
             note("a filler in the low semi-octet, which the decoder shows as ?");
         if (wantsFiller && high != c_fillerSemiOctet)
             note(fmt::format("{:X} instead of the filler F; the decoder takes it for a digit", high));
-        else if (!wantsFiller && high == c_fillerSemiOctet && (!isLast || countsDigits))
+        else if (!wantsFiller && high == c_fillerSemiOctet && (!isLast || CountsDigits()))
             note("a filler where a digit belongs");
         else if (!wantsFiller)
             noteSign(high);
@@ -293,7 +291,7 @@ void Mapper::operator()(const HeaderValue& value) {
         row.unusual.push_back(fmt::format("{} missing; the decoder reads zeros there",
                                           Counted(reach - m_Pdu.m_Length, "octet")));
     const bool isSeptets = m_Alphabet == Alphabet::ALPHABET_GSM7;
-    const unsigned int units = isSeptets ? (8 * m_HeaderOctets + 6) / 7 : m_HeaderOctets;
+    const unsigned int units = isSeptets ? HeaderSeptets(m_HeaderOctets) : m_HeaderOctets;
     if (Octet(m_LengthOffset) < units)
         row.unusual.push_back(
             fmt::format("it takes {}, more than TP-UDL has", Counted(units, isSeptets ? "septet" : "octet")));
@@ -352,9 +350,10 @@ void Mapper::operator()(const UserDataValue& value) {
             rowEnd = std::min(end, rowEnd + 2);
             text = TextOf(value, unitsUpTo(rowEnd));
         }
-        OctetRow& row = Add(rowEnd - End(), "", ToUtf8(text.substr(std::min(shown, text.size()))), "");
+        const std::wstring added = text.substr(std::min(shown, text.size()));
+        OctetRow& row = Add(rowEnd - End(), "", ToUtf8(added), "");
         row.isText = true;
-        if (HasLoneSurrogate(text.substr(std::min(shown, text.size()))))
+        if (HasLoneSurrogate(added))
             row.unusual.emplace_back("half a surrogate pair");
         shown = text.size();
     }
@@ -379,7 +378,7 @@ void Mapper::NoteSeptets(const UserDataValue& value, unsigned int begin) {
         if ((octet & 1) != 0)
             first->unusual.emplace_back("the fill bit is set");
     }
-    const unsigned int headerSeptets = (8 * m_HeaderOctets + 6) / 7;
+    const unsigned int headerSeptets = HeaderSeptets(m_HeaderOctets);
     const unsigned int fillBits = 7 * headerSeptets - 8 * m_HeaderOctets;
     const unsigned int units = Octet(m_LengthOffset) - std::min(Octet(m_LengthOffset), headerSeptets);
     if (fillBits != value.fillBits || units != value.units) {

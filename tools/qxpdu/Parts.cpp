@@ -55,7 +55,7 @@ std::optional<EdgeCodes> EdgeCodesOf(const Encoding::Pdu& pdu, const PduWalk& wa
             count = std::get<NumberValue>(field.value).number;
         }
         if (field.name == "TP-UDH")
-            headerSeptets = (8 * field.length + 6) / 7; // with fill bits
+            headerSeptets = HeaderSeptets(field.length);
     }
     if (count <= headerSeptets)
         return std::nullopt;

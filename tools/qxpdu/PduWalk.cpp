@@ -325,6 +325,10 @@ unsigned int OctetsFor(Alphabet::Encoding alphabet, unsigned int units) {
     return alphabet == Alphabet::ALPHABET_GSM7 ? (units * 7 + 7) / 8 : units;
 }
 
+unsigned int HeaderSeptets(unsigned int octets) {
+    return (8 * octets + 6) / 7;
+}
+
 bool IsConcatenation(const HeaderElement& element) {
     return element.identifier == c_concatenation8 || element.identifier == c_concatenation16;
 }

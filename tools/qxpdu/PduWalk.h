@@ -92,6 +92,9 @@ struct PduWalk {
 /// The octets that hold so many units of the alphabet: septets in GSM 7-bit, else octets.
 unsigned int OctetsFor(Encoding::Alphabet::Encoding alphabet, unsigned int units);
 
+/// Septets that a user-data header of so many octets takes, its length and its fill bits included.
+unsigned int HeaderSeptets(unsigned int octets);
+
 /// Walks over a PDU of at most Pdu::CAPACITY octets in the steps of PduDecoder::Decode. What a field says
 /// comes from the field readers of `decoder`; of its members, only the coding group is written.
 PduWalk WalkPdu(Encoding::PduDecoder& decoder, const Toolkit::smart_ptr<Encoding::Pdu>& pdu, bool noSmsc,

@@ -77,6 +77,17 @@ std::optional<unsigned int> LengthIn(std::string_view line, const HeadingKind& k
     return length;
 }
 
+/// A PDU without the prompt that it was typed behind, and without the end of input; other lines as they are,
+/// but for the latter.
+std::string_view WithoutTyping(std::string_view line) {
+    if (line.ends_with(c_endOfInput))
+        line = Trimmed(line.substr(0, line.size() - 1));
+    if (!line.starts_with(c_prompt))
+        return line;
+    const std::string_view typed = Trimmed(line.substr(1));
+    return !typed.empty() && typed.find_first_not_of(c_digits) == std::string_view::npos ? typed : line;
+}
+
 bool IsUnasked(std::string_view line) {
     return line.empty() || line == c_ring || c_makers.find(line.front()) != std::string_view::npos ||
            !NameOf(line).empty();
@@ -92,20 +103,9 @@ bool IsAnswer(std::string_view line) {
 
 } // namespace
 
-std::string_view Transcript::PduIn(std::string_view line) {
-    std::string_view pdu = Trimmed(line);
-    if (pdu.ends_with(c_endOfInput))
-        pdu = Trimmed(pdu.substr(0, pdu.size() - 1));
-    if (pdu.starts_with(c_prompt)) {
-        const std::string_view typed = Trimmed(pdu.substr(1));
-        if (!typed.empty() && typed.find_first_not_of(c_digits) == std::string_view::npos)
-            pdu = typed;
-    }
-    return pdu;
-}
-
-Transcript::Line Transcript::Take(std::string_view line, std::size_t number) {
-    const std::string_view text = PduIn(line);
+Transcript::Line Transcript::Take(std::string& line, std::size_t number) {
+    const std::string_view trimmed = Trimmed(line);
+    const std::string_view text = WithoutTyping(trimmed);
     std::optional<Heading> heading;
     if (const HeadingKind* kind = KindOf(text)) {
         const std::optional<unsigned int> length = LengthIn(text, *kind);
@@ -115,6 +115,8 @@ Transcript::Line Transcript::Take(std::string_view line, std::size_t number) {
         return Line::Chatter;
     } else if (!IsAnswer(text)) {
         m_Last = std::exchange(m_Open, std::nullopt);
+        if (text.size() < trimmed.size())
+            line = std::string(text);
         return Line::Pdu;
     }
     m_Last = std::exchange(m_Open, std::move(heading));
@@ -133,10 +135,9 @@ void CheckMode(const Heading& heading) {
 }
 
 void CheckLength(const Heading& heading, unsigned int octets) {
-    CheckMode(heading);
-    if (*heading.length != octets)
+    if (heading.length != octets)
         throw InputError(fmt::format("{} announces {}, here are {}", heading.name,
-                                     Counted(*heading.length, "octet"), octets));
+                                     Counted(heading.length.value(), "octet"), octets));
 }
 
 } // namespace qxpdu

@@ -27,15 +27,12 @@ public:
         Orphan   ///< the heading in front lacks its PDU; the line itself is chatter
     };
 
-    /// Takes in the next line, which has this number, from 1.
-    Line Take(std::string_view line, std::size_t number);
+    /// Takes in the next line, which has this number, from 1. Where it is a PDU that was typed, the prompt in
+    /// front of it and the end of input behind it are taken off.
+    Line Take(std::string& line, std::size_t number);
 
     /// The heading of the PDU, or the one that lacks it, that Take() gave last.
     const std::optional<Heading>& LastHeading() const { return m_Last; }
-
-    /// What of a line is the PDU: without blanks, the prompt that it was typed behind, and the end of input
-    /// that was typed after it.
-    static std::string_view PduIn(std::string_view line);
 
     /// At the end of the log; whether its last heading lacks the PDU.
     bool Finish();
@@ -48,7 +45,7 @@ private:
 /// Throws InputError where the modem is in text mode, so that no PDU follows.
 void CheckMode(const Heading& heading);
 
-/// Throws InputError unless the octets are what the heading announced.
+/// Throws InputError unless the octets are what the heading announced, which has passed CheckMode().
 void CheckLength(const Heading& heading, unsigned int octets);
 
 } // namespace qxpdu
