@@ -109,10 +109,11 @@ public:
         for (ReleaseHook* pHook = m_pBlock->m_pHooks; pHook != nullptr; pHook = pHook->m_Next)
             pHook->BeforeRelease();
         Policy::Free(m_pObject);
-        while (ReleaseHook* pHook = m_pBlock->m_pHooks) {
+        while (ReleaseHook* const pHook = m_pBlock->m_pHooks) {
             pHook->AfterRelease();
-            m_pBlock->m_pHooks = pHook->m_Next;
-            delete pHook;
+            ReleaseHook* const pNext = pHook->m_Next;
+            delete pHook; // still the chain's head, as is required
+            m_pBlock->m_pHooks = pNext;
         }
         m_pBlock->m_Mutex.Unlock();
         delete m_pBlock;

@@ -381,25 +381,45 @@ TEST_F(SmartPtr, AttachHookPushesAtTheHeadOfTheChain) {
     EXPECT_EQ(pOld->m_Next, nullptr);
 }
 
-TEST_F(SmartPtr, HookLeavesTheChainBeforeItIsDeleted) {
-    struct Looker : ReleaseHook {
-        ~Looker() override { *m_pSeen = m_pBlock->m_pHooks; }
-        void BeforeRelease() override {}
-        void AfterRelease() override { EXPECT_EQ(m_pBlock->m_pHooks, this); }
-        ReferenceBlock* m_pBlock = nullptr;
-        ReleaseHook** m_pSeen = nullptr;
-    };
-    auto* const pNext = new NotedHook("next");
-    ReleaseHook* seen = nullptr;
+/// Notes whether it is the head of the chain.
+struct ChainLooker : ReleaseHook {
+    ChainLooker(const ReferenceBlock* pBlock, std::string name) : m_pBlock(pBlock), m_Name(std::move(name)) {}
+    ~ChainLooker() override { Note("destroy "); }
+    void BeforeRelease() override {}
+    void AfterRelease() override { Note("after "); }
+    void Note(const std::string& what) const {
+        s_events.push_back(what + m_Name + (m_pBlock->m_pHooks == this ? ", the head" : ""));
+    }
+    const ReferenceBlock* m_pBlock;
+    std::string m_Name;
+};
+
+TEST_F(SmartPtr, HookIsTheHeadOfTheChainUntilItIsDeleted) {
     {
         smart_ptr<Noted> p;
-        auto* const pLooker = new Looker;
-        pLooker->m_pBlock = WordsOf(p).m_pBlock;
-        pLooker->m_pSeen = &seen;
-        p.AttachHook(pNext);
-        p.AttachHook(pLooker);
+        const ReferenceBlock* const pBlock = WordsOf(p).m_pBlock;
+        p.AttachHook(new ChainLooker(pBlock, "second"));
+        p.AttachHook(new ChainLooker(pBlock, "first"));
     }
-    EXPECT_EQ(seen, pNext);
+    EXPECT_EQ(s_events, (Events{"after first, the head", "destroy first, the head", "after second, the head",
+                                "destroy second, the head"}));
+}
+
+TEST_F(SmartPtr, NextHookIsTakenAfterTheHooksCallAndBeforeItsDeletion) {
+    struct Relinker : ReleaseHook {
+        Relinker(ReleaseHook* pAfter, ReleaseHook* pDeleted) : m_pAfter(pAfter), m_pDeleted(pDeleted) {}
+        ~Relinker() override { m_Next = m_pDeleted; }
+        void BeforeRelease() override {}
+        void AfterRelease() override { m_Next = m_pAfter; }
+        ReleaseHook* m_pAfter;
+        ReleaseHook* m_pDeleted;
+    };
+    NotedHook deleted("set while it is deleted");
+    {
+        smart_ptr<Noted> p;
+        p.AttachHook(new Relinker(new NotedHook("set by the call"), &deleted));
+    }
+    EXPECT_EQ(s_events, (Events{"after set by the call", "destroy set by the call"}));
 }
 
 TEST_F(SmartPtr, HooksAndObjectAreReleasedWithTheMutexHeld) {
