@@ -32,7 +32,7 @@ GSMCharSet::~GSMCharSet() {
 
 int GSMCharSet::UnicodeToGsm(unsigned short unicode) const {
     if (unicode <= c_lastDirect)
-        return unicode < c_directCount ? m_UnicodeToGsm[unicode] : UNMAPPABLE;
+        return unicode < c_directCount ? DirectCode(m_UnicodeToGsm.get(), unicode) : UNMAPPABLE;
     if (c_reverseTables.pages[unicode >> 8] == PAGE_WITHOUT_CODES) // spares most scripts the search
         return UNMAPPABLE;
     const GsmUnicodeChar* high = m_ExtUnicodeTable.get();

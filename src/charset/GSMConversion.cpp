@@ -63,7 +63,7 @@ bool HasPlainCodes(const signed char* direct, const unsigned char* block, int en
 template <class UseBlock, class Use>
 void GSMCharSet::ForEachGsm(const unsigned char* src, std::size_t characters, UseBlock&& useBlock,
                             Use&& use) const {
-    const signed char* const direct = m_UnicodeToGsm.get();
+    const signed char* const direct = c_reverseTables.directCodes.data();
     const int endian = m_Endian;
     const auto useEach = [&](const unsigned char* character, std::size_t count) {
         for (; count != 0; --count, character += c_wideSize) {

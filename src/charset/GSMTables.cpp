@@ -134,8 +134,7 @@ constexpr void AddReverse(ReverseTables& tables, unsigned short unicode, int gsm
 }
 
 /// Default codes in rising order, then the extension table, whose codes are negated. The escape position puts
-/// code point zero on the escape code, as is required. The diaeresis, which the alphabet lacks, goes out as a
-/// space.
+/// code point zero on the escape code, as is required.
 constexpr ReverseTables Reverse() {
     ReverseTables tables;
     tables.direct.fill(GSMCharSet::UNMAPPABLE);
@@ -144,10 +143,11 @@ constexpr ReverseTables Reverse() {
         AddReverse(tables, GSMCharSet::m_GsmDefaultTable[gsm], gsm);
     for (const GsmUnicodeChar& row : c_extensionTable)
         AddReverse(tables, row.unicode, -row.gsm);
-    AddReverse(tables, c_diaeresis, c_space);
     for (const UniCodeToGsmChar& row : c_greekTable)
         tables.pages[row.unicode >> 8] = PAGE_WITH_ROWS;
     tables.pages[0] = PAGE_DIRECT;
+    for (unsigned short unicode = 0; unicode < c_directCount; ++unicode)
+        tables.directCodes[unicode] = static_cast<signed char>(DirectCode(tables.direct.data(), unicode));
     return tables;
 }
 

@@ -29,9 +29,16 @@ enum PageKind : unsigned char {
     PAGE_DIRECT = 4     ///< the direct table
 };
 
+/// The code of a character below `c_directCount`. The diaeresis has none in the direct table and goes out as
+/// a space, as is required.
+constexpr int DirectCode(const signed char* direct, unsigned short unicode) {
+    return unicode == c_diaeresis ? c_space : direct[unicode];
+}
+
 /// The way back from code points to codes.
 struct ReverseTables {
     std::array<signed char, c_directCount> direct{};
+    std::array<signed char, c_directCount> directCodes{}; ///< what DirectCode() gives
     std::array<GsmUnicodeChar, c_highCapacity> high{};
     short highCount = 0;
     std::array<PageKind, 0x100> pages{};

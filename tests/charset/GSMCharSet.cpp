@@ -209,6 +209,19 @@ TEST(GSMCharSet, MembersLieInTheirBindingOrder) {
     EXPECT_EQ(members.endian, Toolkit::SystemInfo::GetEndian());
 }
 
+TEST(GSMCharSet, DirectTableHoldsTheAlphabetsCodesAndNoneForTheDiaeresis) {
+    std::map<unsigned int, int> codes = ExpectedCodes();
+    codes.erase(0x00A8);
+    const GSMCharSet charSet;
+    Members members;
+    std::memcpy(&members, static_cast<const void*>(&charSet), sizeof members);
+    for (unsigned int unicode = 0; unicode <= 0xFF; ++unicode) {
+        const auto code = codes.find(unicode);
+        EXPECT_EQ(members.direct[unicode], code == codes.end() ? -1 : code->second)
+            << "U+" << std::hex << unicode;
+    }
+}
+
 TEST(GSMCharSet, FreesTheDirectTableFirstAndThenTheMembersFromTheLastToTheFirst) {
     std::optional<GSMCharSet> charSet(std::in_place);
     charSet->AddTranslateTable(TranslateTable::GREEK);
