@@ -111,7 +111,7 @@ void PlayModem(const Line& line, std::size_t messages) {
     }
 }
 
-/// AT+CMGS wants the octets behind the service-centre address, whose first octet is its length.
+/// AT+CMGS wants the octets after the service-centre address, whose first octet is its length.
 unsigned int TpduLength(const Encoding::Pdu& pdu) {
     return pdu.m_Length - 1U - pdu.m_Bytes[0];
 }

@@ -17,7 +17,7 @@
 
 namespace Encoding {
 
-/// A GSM code beside its code point. In the extension table `gsm` is the code behind 0x1B; in the reverse
+/// A GSM code beside its code point. In the extension table `gsm` is the code after 0x1B; in the reverse
 /// table it is a default code, or a negated extension code.
 struct GsmUnicodeChar {
     signed char gsm = -1;       ///< the code
@@ -66,7 +66,7 @@ public:
     /// What the Greek table puts in the character's place, selected or not; NO_REPLACEMENT without a row.
     unsigned short GreekToUnicode(unsigned short unicode) const;
 
-    /// The character behind 0x1B, `code`; 0 for a code that the extension table does not hold.
+    /// The character of the pair 0x1B, `code`; 0 for a code that the extension table does not hold.
     unsigned short FindUnicodeCharFromEscapeChar(unsigned char code) const;
 
     /// Selects a table, known or not, once more each time. On std::bad_alloc the selection is unchanged.

@@ -8,8 +8,8 @@
 
 namespace Encoding {
 
-/// Up to 512 octets held inside the object: an SMS TPDU, with or without the service-centre address in front,
-/// or a cell broadcast page. It travels as Toolkit::smart_ptr<Pdu>.
+/// Up to 512 octets held inside the object: an SMS TPDU, with or without the service-centre address before
+/// it, or a cell broadcast page. It travels as Toolkit::smart_ptr<Pdu>.
 ///
 /// Threads: one object is used by one thread at a time.
 /// Failure: nothing is reported; a call that does not fit changes nothing. Only GetString() allocates.
@@ -34,7 +34,7 @@ public:
     explicit Pdu(const TString<char>& hex);
 
     /// Replaces the contents by `length` octets, 1 to 512; ignored for null and for any other length. The
-    /// octets behind the new contents keep what they held.
+    /// octets after the new contents keep what they held.
     void SetBytes(const unsigned char* data, unsigned int length);
 
     /// Appends `length` octets; ignored whole for null, for 0, and when the PDU would exceed 511 octets.

@@ -37,7 +37,7 @@ public:
     /// semi-octet 15 as "?"; an alphanumeric address is not looked up in the alphabet and ends at its first
     /// septet 0.
     ///
-    /// Returns the offset behind the field, which may be the length of the PDU, or FIELD_FAILED when the
+    /// Returns the offset after the field, which may be the length of the PDU, or FIELD_FAILED when the
     /// field does not lie within the PDU: `number` is then empty, `npi` 0 and `ton` 1. A null `pdu` fails
     /// without touching them.
     unsigned int ReadNumber(Toolkit::smart_ptr<Pdu> pdu, unsigned int offset, bool semiOctets,
@@ -47,7 +47,7 @@ public:
     /// the one held before. The zone reaches it in whole hours, a remainder is dropped; a zone of 0 or of one
     /// negative quarter counts as none.
     ///
-    /// Returns offset + 7, or FIELD_FAILED, with `time` unchanged, when the PDU does not go on behind the
+    /// Returns offset + 7, or FIELD_FAILED, with `time` unchanged, when the PDU does not go on after the
     /// field. A time out of range (month over 12, day over 31, hour over 24, minute or second over 59) is
     /// skipped: `time` is unchanged, the result offset + 7.
     unsigned int ReadTimeStamp(Toolkit::smart_ptr<Pdu> pdu, unsigned int offset,

@@ -96,7 +96,7 @@ public:
 
     /// `count` characters of the text from `start` on, two octets each, high octet first; of each the low 16
     /// bits count. Returns 1 with 2 × count octets in `*bytes`, an array that the caller frees with delete[];
-    /// two zero octets stand behind them. Characters past the end of the text count as U+0000. Returns 0,
+    /// two zero octets follow them. Characters past the end of the text count as U+0000. Returns 0,
     /// with null and 0, for an empty text, a count of 0, or a start at or past the end.
     int GetSubString(const TString<wchar_t>& text, unsigned int start, unsigned int count,
                      unsigned int* length, unsigned char** bytes);

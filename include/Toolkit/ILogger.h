@@ -45,7 +45,7 @@ public:
     /// own logger, which writes whole lines to standard error, before any user's static construction.
     static smart_ptr<ILogger>* s_pInstance;
 
-    static const TString<wchar_t> c_strLogToken1; ///< behind the severity
+    static const TString<wchar_t> c_strLogToken1; ///< after the severity
     static const TString<wchar_t> c_strLogToken2; ///< between the fields
     static const TString<wchar_t> c_strLogToken3; ///< ends the line
 

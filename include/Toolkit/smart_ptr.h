@@ -52,7 +52,7 @@ struct TOOLKIT_API ReleaseHook {
 struct TOOLKIT_API ReferenceBlock {
     int m_Count = 1;                 ///< shares
     MutexInternal m_Mutex{false};    ///< guards the other two
-    ReleaseHook* m_pHooks = nullptr; ///< owned, the one attached last in front
+    ReleaseHook* m_pHooks = nullptr; ///< owned, the one attached last comes first
 };
 
 /// A counted share of an object. Two words: the object and the reference block; the order is binding.

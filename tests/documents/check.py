@@ -101,7 +101,7 @@ def check_cmake(block, _):
 
 
 def check_text(block, _):
-    check(False, block, "what is shown here is held to nothing: no program stands right in front of it")
+    check(False, block, "what is shown here is held to nothing: no program stands right before it")
 
 
 checks = {"console": check_console, "sh": check_sh, "cmake": check_cmake, "cpp": compile_cpp,

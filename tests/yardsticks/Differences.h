@@ -1,5 +1,5 @@
-// Where our rules require another result than the yardsticks give. Each difference has a name of its own here
-// and in docs/testing.md; whatever is not named must be the same.
+// Where our rules require another result than the yardsticks give. Each difference is named by its row of
+// docs/departures.md; whatever is not named must be the same.
 #ifndef TESTS_YARDSTICKS_DIFFERENCES_H
 #define TESTS_YARDSTICKS_DIFFERENCES_H
 
@@ -27,13 +27,13 @@ inline std::string Shown(const std::u32string& text) {
     return shown;
 }
 
-/// "small c with cedilla": code 0x09 is the small letter here and the capital there.
+/// small-cedilla: code 0x09 is the small letter here and the capital there.
 inline std::u32string WithCapitalCedilla(std::u32string text) {
     std::replace(text.begin(), text.end(), U'\u00E7', U'\u00C7');
     return text;
 }
 
-/// "pair cut at a boundary": an escape at the end of a part is unknown there, and its code at the start of
+/// split-pair: an escape at the end of a part is unknown there, and its code at the start of
 /// the next part is a character by itself.
 inline std::u32string Joined(const std::vector<std::u32string>& parts) {
     static const std::map<char32_t, char32_t> extension = {
@@ -59,9 +59,10 @@ inline bool IsSameReceivedText(const std::u32string& dissected, const std::u32st
     return WithCapitalCedilla(dissected) == WithCapitalCedilla(ours);
 }
 
-/// "letters in an address": the reader goes one octet past the field, so one or two characters more may
-/// follow. "semi-octets above nine": digits 0x0A to 0x0E are the characters behind '9' here, and there those
-/// of TS 23.040. "plus sign": an international number is shown with it.
+/// address-letters: a code is the character of the same number here, so 0x24 the dollar. address-overrun: the
+/// reader goes one octet past the field, so one or two characters more may follow. address-signs: digits 0x0A
+/// to 0x0E are the characters after '9' here, and there those of TS 23.040. address-plus: an international
+/// number is shown with it.
 inline bool IsSameAddress(long type, const std::u32string& dissected, const std::u32string& ours) {
     if (type == 5) {
         std::u32string letters = dissected;
@@ -78,31 +79,31 @@ inline bool IsSameAddress(long type, const std::u32string& dissected, const std:
     return number == shown;
 }
 
-/// "types of number": those that the record has no value for are unknown.
+/// address-type: those that the record has no value for are unknown.
 inline bool IsSameTypeOfNumber(long type, int ours) {
     static const std::map<long, int> types = {{1, 2}, {5, 5}, {7, 7}};
     const auto known = types.find(type);
     return ours == (known == types.end() ? 1 : known->second);
 }
 
-/// "numbering plans": the same, and the rest have numbers of their own.
+/// address-plan: the same, and the rest have numbers of their own.
 inline bool IsSameNumberingPlan(long plan, int ours) {
     static const std::map<long, int> plans = {{1, 1}, {3, 2}, {4, 3}, {8, 4}, {9, 5}, {10, 6}, {15, 7}};
     const auto known = plans.find(plan);
     return ours == (known == plans.end() ? 0 : known->second);
 }
 
-/// "time zones": whole hours here, and quarters there, whose sign is in none of the fields; none where the
-/// quarters are 0 or -1.
+/// zone-hours, zone-zero, zone-minus-quarter: whole hours here, and quarters there, whose sign is in none of
+/// the fields; none where the quarters are 0 or -1.
 inline bool IsSameZone(long quarters, const Toolkit::DateTime& time) {
     if (quarters == 0 || (quarters == 1 && !time.HasOffset()))
         return !time.HasOffset();
     return time.HasOffset() && std::abs(time.GetOffset()) == quarters / 4;
 }
 
-/// "content of 82 septets": a page of 88 octets has 93 septets, of which the decoder reads as many as there
-/// are octets behind the header. "padding": blanks, carriage returns and line feeds around the text are taken
-/// off.
+/// page-characters: a page of 88 octets has 93 septets, of which the decoder reads as many as there
+/// are octets after the header. page-padding: blanks, carriage returns and line feeds around the text are
+/// taken off.
 inline bool IsSamePage(const std::u32string& dissected, const std::u32string& ours) {
     const auto trimmed = [](const std::u32string& text) {
         const std::size_t first = text.find_first_not_of(U" \r\n");
