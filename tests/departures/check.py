@@ -1,4 +1,5 @@
-"""Each row of docs/departures.md has four cells, a clause and a test that shows it, and each test has a row.
+"""Each row of docs/departures.md has four cells, a clause and a test that shows it, and each test has a row. So has each name
+by which another document, or the comparison with other codecs, refers to one.
 
 usage: check.py SOURCE-TREE TEST-PROGRAM
 """
@@ -7,7 +8,8 @@ import re
 import subprocess
 import sys
 
-page = pathlib.Path(sys.argv[1]) / "docs/departures.md"
+source = pathlib.Path(sys.argv[1])
+page = source / "docs/departures.md"
 listed = subprocess.run([sys.argv[2], "--gtest_list_tests"], check=True, capture_output=True, text=True).stdout
 shown = [line.strip() for line in listed.splitlines() if line.startswith("  ")]
 
@@ -36,7 +38,13 @@ faults += [f"{page}: two rows {row}" for row in sorted(set(rows)) if rows.count(
 tests = {test_of(row) for row in rows}
 faults += [f"{page}: no test Departures.{name} shows its row" for name in sorted(tests - set(shown))]
 faults += [f"{page}: no row for Departures.{name}" for name in sorted(set(shown) - tests)]
-if not rows:
-    faults.append(f"{page}: no rows")
+for path in sorted([*source.glob("*.md"), *source.glob("docs/*.md")]):
+    named = re.findall(r"departures\.md#([\w-]+)", path.read_text(encoding="utf-8"))
+    faults += [f"{path}: no row {name}" for name in named if name not in rows]
+path = source / "tests/yardsticks/Differences.h"
+named = re.findall(r"(?<!\S)([a-z]+(?:-[a-z]+)+)(?=[:,] )", "".join(re.findall(r"^///.*\n", path.read_text(encoding="utf-8"), re.M)))
+faults += [f"{path}: no row {name}" for name in named if name not in rows]
+if not rows or not named:
+    faults.append(f"{page}: no rows, or no names of them")
 if faults:
     raise SystemExit("\n".join(faults))
