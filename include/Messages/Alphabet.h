@@ -1,0 +1,74 @@
+/// @file
+/// The GSM 7-bit alphabets: the default alphabet with its extension, and the tables of national languages,
+/// 3GPP TS 23.038 clause 6.2 and annex A.
+#ifndef MESSAGES_ALPHABET_H
+#define MESSAGES_ALPHABET_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "Messages/Export.h"
+#include "Messages/Octets.h"
+
+namespace Messages {
+
+/// National language identifiers, TS 23.038 clause 6.2.1.2.4. Spanish has no locking shift table.
+enum class Language : std::uint8_t {
+    Default = 0,
+    Turkish = 1,
+    Spanish = 2,
+    Portuguese = 3,
+    Bengali = 4,
+    Gujarati = 5,
+    Hindi = 6,
+    Kannada = 7,
+    Malayalam = 8,
+    Oriya = 9,
+    Punjabi = 10,
+    Tamil = 11,
+    Telugu = 12,
+    Urdu = 13
+};
+
+/// The largest language identifier with a table.
+constexpr std::uint8_t c_lastLanguage = 13;
+
+/// Before a septet: it stands for the character of the single shift table.
+constexpr std::uint8_t c_escapeSeptet = 0x1B;
+
+/// The tables that a text in GSM 7-bit is written with.
+struct SeptetTables {
+    Language locking = Language::Default;
+    Language single = Language::Default;
+};
+
+MESSAGES_API bool HasLockingTable(Language language) noexcept;
+MESSAGES_API bool HasSingleShiftTable(Language language) noexcept;
+
+/// The character of a septet in the locking table, 0 where it has none and for the escape. REQUIRES septet <
+/// 128. All characters of these tables lie below U+10000.
+MESSAGES_API char16_t LockingCharacter(Language language, std::uint8_t septet) noexcept;
+
+/// The character of the pair escape, septet in the single shift table; 0 where it has none. REQUIRES septet <
+/// 128.
+MESSAGES_API char16_t SingleShiftCharacter(Language language, std::uint8_t septet) noexcept;
+
+/// Septets one an octet, as `count` of them stand packed from bit `firstBit` (0 to 7) of `packed` on,
+/// TS 23.038 clause 6.1.2.1. Stops where `packed` ends; returns how many were written to `septets`, which has
+/// room for `count`.
+MESSAGES_API std::size_t UnpackSeptets(OctetView packed, unsigned int firstBit, std::size_t count,
+                                       std::uint8_t* septets) noexcept;
+
+/// The text of septets, one an octet, in UTF-8, appended to `text`. A pair of two escapes is a space; a pair
+/// that the single shift table lacks is the second septet's character of the locking table; a septet without
+/// a character is U+FFFD; an escape at the end is nothing. Throws std::bad_alloc alone.
+MESSAGES_API void AppendSeptetText(OctetView septets, SeptetTables tables, std::string& text);
+
+/// UTF-16 with the most significant octet first, in UTF-8, appended to `text`. An unpaired surrogate is
+/// U+FFFD; an odd last octet is passed over. Throws std::bad_alloc alone.
+MESSAGES_API void AppendUcs2Text(OctetView octets, std::string& text);
+
+} // namespace Messages
+
+#endif
