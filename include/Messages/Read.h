@@ -1,10 +1,12 @@
 /// @file
 /// Reads a PDU, 3GPP TS 23.040: Read() is all that most need.
 ///
-///     const Messages::Reading reading =
-///     Messages::ReadHex("0791214365870921040B912143658709F100002120312143658005C8329BFD06"); if (const auto*
-///     deliver = std::get_if<Messages::Deliver>(&reading.tpdu))
-///         std::cout << deliver->originator.ToString() << ": " << deliver->userData.text << '\n';
+/// \code
+/// const std::string_view digits = "0791214365870921040B912143658709F100002120312143658005C8329BFD06";
+/// const Messages::Reading reading = Messages::ReadHex(digits);
+/// if (const auto* deliver = std::get_if<Messages::Deliver>(&reading.tpdu))
+///     std::cout << deliver->originator.ToString() << ": " << deliver->userData.text;
+/// \endcode
 ///
 /// Any octets may be given, of any number. A fault ends the reading, and there is at most one; a remark says
 /// that something is unusual and ends nothing. What was read before a fault is there.
@@ -53,8 +55,8 @@ struct MESSAGES_API Reading {
     bool isServiceCentreGuessed = false;      ///< neither the options nor an announced length told
     Direction direction = Direction::Unknown; ///< as given, or as the type has it
     Tpdu tpdu;
-    std::vector<FieldPlace>
-        places; ///< in the order of the octets; those of the first octet by their bits, from bit 0 on
+    /// In the order of the octets; those of the first octet by their bits, from bit 0 on.
+    std::vector<FieldPlace> places;
     std::vector<Remark> remarks; ///< in the order in which they were met
     std::optional<Fault> fault;
 
