@@ -4,12 +4,12 @@
 
 #include <benchmark/benchmark.h>
 
-#include "pdu/SeptetGroups.h"
 #include "peers/OsmoSeptets.h"
+#include "wire/SeptetGroups.h"
 
 namespace {
 
-using namespace Encoding;
+using namespace Wire;
 
 constexpr unsigned int c_septets = 160;
 constexpr unsigned int c_octets = 140;

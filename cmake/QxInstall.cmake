@@ -31,7 +31,8 @@ else()
 endif()
 qx_install_pc(QX_Encoding)
 
-install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev FILES_MATCHING PATTERN "*.h"
+  PATTERN Messages EXCLUDE)
 install(EXPORT QX_EncodingTargets NAMESPACE QX:: DESTINATION ${QX_PACKAGE_DIR} COMPONENT dev)
 configure_package_config_file(cmake/QX_EncodingConfig.cmake.in QX_EncodingConfig.cmake
   INSTALL_DESTINATION ${QX_PACKAGE_DIR} NO_SET_AND_CHECK_MACRO)

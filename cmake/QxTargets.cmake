@@ -24,20 +24,26 @@ function(qx_compile_options target)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
 endfunction()
 
-# A shared library that shows only what its headers mark, names every symbol it needs, and that dlclose can
-# really unmap.
-function(qx_shared_library target)
-  qx_compile_options(${target})
+# What is linked into a shared library, and shows only what it marks.
+function(qx_hidden target)
   set_target_properties(${target} PROPERTIES
-    VERSION ${PROJECT_VERSION}
-    SOVERSION ${PROJECT_VERSION_MAJOR}
     POSITION_INDEPENDENT_CODE ON
-    INSTALL_RPATH $ORIGIN
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(${target} PRIVATE -fno-gnu-unique -fno-semantic-interposition -fno-plt)
   endif()
+endfunction()
+
+# A shared library that shows only what its headers mark, names every symbol it needs, and that dlclose can
+# really unmap.
+function(qx_shared_library target)
+  qx_compile_options(${target})
+  qx_hidden(${target})
+  set_target_properties(${target} PROPERTIES
+    VERSION ${PROJECT_VERSION}
+    SOVERSION ${PROJECT_VERSION_MAJOR}
+    INSTALL_RPATH $ORIGIN)
   # clang leaves the sanitizers' runtime to the executable, so its symbols stay open there.
   if(NOT (QX_SANITIZE AND CMAKE_CXX_COMPILER_ID MATCHES "Clang"))
     target_link_options(${target} PRIVATE -Wl,-z,defs)

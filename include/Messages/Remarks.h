@@ -65,7 +65,7 @@ enum class Piece : std::uint8_t {
 struct FieldPlace {
     Field field = Field::MessageType;
     Piece piece = Piece::Whole;
-    std::uint8_t mask = 0xFF; ///< its bits, where it is not whole octets
+    std::uint8_t mask = 0xFF; ///< its bits of the first octet, where it is not all of them
     std::uint8_t value = 0;   ///< of the first octet, the masked bits moved to the right
     std::uint32_t octet = 0;  ///< the first one, from 0
     std::uint32_t count = 0;  ///< octets
@@ -75,7 +75,7 @@ struct FieldPlace {
 /// remark's `number` and `other` are, where they are anything but 0.
 enum class RemarkCode : std::uint8_t {
     // the whole
-    TypeGuessed,     ///< without a direction the octets allow another type too
+    TypeGuessed, ///< without a direction: the type is the less likely one of its TP-MTI, as that one is sound
     ReservedType,    ///< TP-MTI 3 towards the mobile, read as an SMS-DELIVER
     LengthDisagrees, ///< number: octets announced for the TPDU; other: octets found
     UnusedBitsSet,   ///< number: the bits of the first octet that the type does not use and that are set

@@ -4,10 +4,15 @@
 #include <cstdint>
 
 #include "pdu/Octets.h"
-#include "pdu/SeptetGroups.h"
+#include "wire/SeptetGroups.h"
 
 namespace Encoding {
 namespace {
+
+using Wire::c_groupOctets;
+using Wire::c_groupReach;
+using Wire::c_groupSeptets;
+using Wire::FastestGroups;
 
 constexpr unsigned int c_septetBits = 7;
 constexpr unsigned int c_octetBits = 8;

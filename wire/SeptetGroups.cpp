@@ -1,4 +1,4 @@
-#include "pdu/SeptetGroups.h"
+#include "wire/SeptetGroups.h"
 
 #include <bit>
 #include <cstring>
@@ -9,7 +9,7 @@
 #include <immintrin.h>
 #endif
 
-namespace Encoding {
+namespace Wire {
 namespace {
 
 constexpr unsigned int c_groupBits = 56;
@@ -45,7 +45,7 @@ std::uint64_t Gather(std::uint64_t octets) {
 // Inlined everywhere, so that each caller's instruction set holds for the loop as well.
 template <auto SpreadGroup>
 [[gnu::always_inline]] inline void Unpack(const unsigned char* octets, unsigned int startBit,
-                                          unsigned int groups, unsigned char* septets) {
+                                          std::size_t groups, unsigned char* septets) {
     for (; groups != 0; --groups) {
         StoreWord(SpreadGroup(LoadWord(octets) >> startBit), septets);
         octets += c_groupOctets;
@@ -54,7 +54,7 @@ template <auto SpreadGroup>
 }
 
 template <auto GatherGroup>
-[[gnu::always_inline]] inline std::uint64_t Pack(const unsigned char* septets, unsigned int groups,
+[[gnu::always_inline]] inline std::uint64_t Pack(const unsigned char* septets, std::size_t groups,
                                                  unsigned int startBit, unsigned char* octets) {
     std::uint64_t pending = 0;
     for (; groups != 0; --groups) {
@@ -67,12 +67,12 @@ template <auto GatherGroup>
     return pending;
 }
 
-void UnpackPortably(const unsigned char* octets, unsigned int startBit, unsigned int groups,
+void UnpackPortably(const unsigned char* octets, unsigned int startBit, std::size_t groups,
                     unsigned char* septets) {
     Unpack<Spread>(octets, startBit, groups, septets);
 }
 
-std::uint64_t PackPortably(const unsigned char* septets, unsigned int groups, unsigned int startBit,
+std::uint64_t PackPortably(const unsigned char* septets, std::size_t groups, unsigned int startBit,
                            unsigned char* octets) {
     return Pack<Gather>(septets, groups, startBit, octets);
 }
@@ -93,12 +93,12 @@ BY_BIT_DEPOSIT inline std::uint64_t Extract(std::uint64_t octets) {
     return _pext_u64(octets, c_septetBits);
 }
 
-BY_BIT_DEPOSIT void UnpackByDeposit(const unsigned char* octets, unsigned int startBit, unsigned int groups,
+BY_BIT_DEPOSIT void UnpackByDeposit(const unsigned char* octets, unsigned int startBit, std::size_t groups,
                                     unsigned char* septets) {
     Unpack<Deposit>(octets, startBit, groups, septets);
 }
 
-BY_BIT_DEPOSIT std::uint64_t PackByExtract(const unsigned char* septets, unsigned int groups,
+BY_BIT_DEPOSIT std::uint64_t PackByExtract(const unsigned char* septets, std::size_t groups,
                                            unsigned int startBit, unsigned char* octets) {
     return Pack<Extract>(septets, groups, startBit, octets);
 }
@@ -148,4 +148,4 @@ const SeptetGroups& FastestGroups() {
     return groups != nullptr ? *groups : c_portableGroups;
 }
 
-} // namespace Encoding
+} // namespace Wire

@@ -1,12 +1,13 @@
 // Groups of eight septets, which fill seven octets: the bulk of every 7-bit text.
 //
 // There is a portable way and, on x86-64, one by the processor's bit-deposit instruction. Both do the same.
-#ifndef PDU_SEPTETGROUPS_H
-#define PDU_SEPTETGROUPS_H
+#ifndef WIRE_SEPTETGROUPS_H
+#define WIRE_SEPTETGROUPS_H
 
+#include <cstddef>
 #include <cstdint>
 
-namespace Encoding {
+namespace Wire {
 
 constexpr unsigned int c_groupSeptets = 8;
 constexpr unsigned int c_groupOctets = 7;
@@ -17,12 +18,12 @@ constexpr unsigned int c_groupReach = 8;
 struct SeptetGroups {
     /// Takes `groups` groups out of octets, one septet an octet. The first septet begins at bit `startBit`,
     /// 0 to 7, of the first octet.
-    void (*unpack)(const unsigned char* octets, unsigned int startBit, unsigned int groups,
+    void (*unpack)(const unsigned char* octets, unsigned int startBit, std::size_t groups,
                    unsigned char* septets);
 
     /// Lays `groups` groups into octets, behind `startBit` bits of zero. Returns the bits that belong to the
     /// octet behind them.
-    std::uint64_t (*pack)(const unsigned char* septets, unsigned int groups, unsigned int startBit,
+    std::uint64_t (*pack)(const unsigned char* septets, std::size_t groups, unsigned int startBit,
                           unsigned char* octets);
 };
 
@@ -34,6 +35,6 @@ const SeptetGroups* BitDepositGroups();
 /// The fastest way that this machine has.
 const SeptetGroups& FastestGroups();
 
-} // namespace Encoding
+} // namespace Wire
 
 #endif

@@ -1,6 +1,6 @@
 // Every way that this machine has to work on groups of eight septets, beside bits moved one by one. The
 // library chooses among them by itself, so this is the one test that looks behind its public headers.
-#include "pdu/SeptetGroups.h"
+#include "wire/SeptetGroups.h"
 
 #include <random>
 
@@ -11,7 +11,7 @@
 
 namespace {
 
-using namespace Encoding;
+using namespace Wire;
 using tests::Bytes;
 using tests::Hex;
 

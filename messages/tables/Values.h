@@ -1,0 +1,204 @@
+// The tables of values, row by row as the standards have them.
+#ifndef TABLES_VALUES_H
+#define TABLES_VALUES_H
+
+#include <string_view>
+
+#include "tables/Cells.h"
+
+namespace Messages::Tables {
+
+struct ProtocolRow {
+    Hexadecimal from;
+    Hexadecimal to;
+    std::string_view group;
+    std::string_view name;
+};
+constexpr ProtocolRow c_protocols[] = {
+#include "rows/protocol-identifiers.inc"
+};
+
+struct CodingRow {
+    Hexadecimal value;
+    std::string_view group;
+    std::string_view alphabet;
+    YesNo isCompressed;
+    Decimal messageClass;
+    std::string_view waiting;
+    std::string_view indication;
+    std::string_view sense;
+    YesNo isReserved;
+};
+constexpr CodingRow c_codings[] = {
+#include "rows/data-coding.inc"
+};
+
+struct StatusRow {
+    Hexadecimal from;
+    Hexadecimal to;
+    std::string_view outcome;
+    std::string_view name;
+};
+constexpr StatusRow c_statuses[] = {
+#include "rows/statuses.inc"
+};
+
+struct CauseRow {
+    Hexadecimal from;
+    Hexadecimal to;
+    std::string_view about;
+    std::string_view name;
+};
+constexpr CauseRow c_failureCauses[] = {
+#include "rows/failure-causes.inc"
+};
+
+struct CommandRow {
+    Hexadecimal from;
+    Hexadecimal to;
+    YesNo isAboutMessage;
+    std::string_view name;
+};
+constexpr CommandRow c_commandTypes[] = {
+#include "rows/command-types.inc"
+};
+
+struct PlanRow {
+    Decimal from;
+    Decimal to;
+    std::string_view name;
+};
+constexpr PlanRow c_numberingPlans[] = {
+#include "rows/numbering-plans.inc"
+};
+
+struct TypeOfNumberRow {
+    Decimal value;
+    std::string_view name;
+};
+constexpr TypeOfNumberRow c_typesOfNumber[] = {
+#include "rows/types-of-number.inc"
+};
+
+struct ElementRow {
+    Hexadecimal from;
+    Hexadecimal to;
+    std::string_view kind;
+    std::string_view times;
+    Decimal least;
+    Decimal most;
+    Hexadecimal excludes;
+    YesNo isReserved;
+    std::string_view name;
+};
+constexpr ElementRow c_headerElements[] = {
+#include "rows/header-elements.inc"
+};
+
+struct RelativeValidityRow {
+    Hexadecimal from;
+    Hexadecimal to;
+    Decimal first;
+    Decimal step;
+};
+constexpr RelativeValidityRow c_relativeValidity[] = {
+#include "rows/relative-validity.inc"
+};
+
+struct ValidityFormatRow {
+    Decimal value;
+    Decimal octets;
+    std::string_view name;
+};
+constexpr ValidityFormatRow c_validityFormats[] = {
+#include "rows/validity-formats.inc"
+};
+
+struct EnhancedValidityRow {
+    Decimal value;
+    Decimal octets;
+    std::string_view name;
+};
+constexpr EnhancedValidityRow c_enhancedValidity[] = {
+#include "rows/enhanced-validity.inc"
+};
+
+struct LanguageRow {
+    Decimal value;
+    std::string_view name;
+    YesNo hasLocking;
+    YesNo hasSingle;
+    std::string_view code;
+};
+constexpr LanguageRow c_languages[] = {
+#include "rows/languages.inc"
+};
+
+struct PortRow {
+    Hexadecimal element;
+    Decimal from;
+    Decimal to;
+    std::string_view name;
+};
+constexpr PortRow c_ports[] = {
+#include "rows/ports.inc"
+};
+
+struct ClassRow {
+    Decimal value;
+    std::string_view name;
+    std::string_view cellName;
+    std::string_view cellUserDefined;
+};
+constexpr ClassRow c_messageClasses[] = {
+#include "rows/message-classes.inc"
+};
+
+struct MessageTypeRow {
+    Decimal value;
+    std::string_view direction;
+    std::string_view name;
+    YesNo isReserved;
+};
+constexpr MessageTypeRow c_messageTypes[] = {
+#include "rows/message-types.inc"
+};
+
+struct FieldsRow {
+    std::string_view type;
+    std::string_view report;
+    std::string_view fields;
+};
+constexpr FieldsRow c_fields[] = {
+#include "rows/fields.inc"
+};
+
+struct FirstOctetRow {
+    std::string_view type;
+    Bits bits;
+    std::string_view field;
+    std::string_view meaning;
+};
+constexpr FirstOctetRow c_firstOctets[] = {
+#include "rows/first-octet.inc"
+};
+
+struct IndicatorRow {
+    Decimal bit;
+    std::string_view name;
+};
+constexpr IndicatorRow c_parameterIndicator[] = {
+#include "rows/parameter-indicator.inc"
+};
+
+constexpr std::string_view c_reserved = "reserved";
+
+/// Whether a row names what the standard reserves.
+template <class Row>
+constexpr bool IsReserved(const Row& row) {
+    return row.name.substr(0, c_reserved.size()) == c_reserved;
+}
+
+} // namespace Messages::Tables
+
+#endif

@@ -1,0 +1,9 @@
+#include "Messages/Address.h"
+
+namespace Messages {
+
+std::string Address::ToString() const {
+    return Type() == TypeOfNumber::International ? '+' + text : text;
+}
+
+} // namespace Messages

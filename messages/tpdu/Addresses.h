@@ -1,0 +1,91 @@
+// Addresses in semi-octets, with a word on whatever is odd in them.
+#ifndef TPDU_ADDRESSES_H
+#define TPDU_ADDRESSES_H
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "Messages/Address.h"
+#include "Messages/Remarks.h"
+#include "alphabet/Text.h"
+
+namespace Messages {
+
+constexpr std::size_t c_mostSemiOctets = 255 * 2; ///< that a length octet can announce
+constexpr std::size_t c_mostDigits = 20;          ///< that an address may have
+constexpr std::uint8_t c_typeExtension = 0x80;    ///< bit 7 of the type of address, always set
+constexpr std::uint8_t c_filler = 0x0F;
+constexpr unsigned int c_semiOctetBits = 4;
+constexpr std::size_t c_semiOctetsOfOctet = 2;
+
+constexpr std::size_t OctetsOfSemiOctets(std::size_t semiOctets) {
+    return (semiOctets + 1) / c_semiOctetsOfOctet;
+}
+
+inline std::uint8_t SemiOctet(OctetView octets, std::size_t place) {
+    return static_cast<std::uint8_t>(octets[place / 2] >> (place % 2 == 0 ? 0U : c_semiOctetBits) & 0x0FU);
+}
+
+/// Writes the digits of `semiOctets` semi-octets behind `out`, which has room for as many. Returns its end.
+/// Calls `odd(code, value, place)`.
+template <class Odd>
+char* WriteDigits(OctetView octets, std::size_t semiOctets, char* out, Odd odd) {
+    constexpr std::string_view digits = "0123456789*#abc";
+    for (std::size_t place = 0; place < semiOctets; ++place) {
+        const std::uint8_t digit = SemiOctet(octets, place);
+        if (digit == c_filler) {
+            if (place + 1 < semiOctets)
+                odd(RemarkCode::FillerInside, place, place);
+            break;
+        }
+        *out++ = digits[digit];
+    }
+    if (semiOctets % c_semiOctetsOfOctet != 0 && SemiOctet(octets, semiOctets) != c_filler)
+        odd(RemarkCode::FillerMissing, SemiOctet(octets, semiOctets), semiOctets);
+    return out;
+}
+
+/// Writes a name in the default alphabet, as WriteDigits() does digits; three octets a septet and
+/// c_utf8Slack. A place is that of a semi-octet.
+template <class Odd>
+char* WriteName(OctetView octets, std::size_t semiOctets, char* out, Odd odd) {
+    constexpr std::size_t septetBits = 7;
+    constexpr std::size_t octetBits = 8;
+    std::array<std::uint8_t, c_mostSemiOctets> septets;
+    const std::size_t count =
+        UnpackSeptets(octets, 0, semiOctets * c_semiOctetBits / septetBits, septets.data());
+    out = WriteSeptetText({septets.data(), count}, {}, out,
+                          [&](RemarkCode code, std::size_t septet, std::size_t place) {
+                              odd(code, septet, place * septetBits / c_semiOctetBits);
+                          });
+    if (count != 0 && count % octetBits == 0 && septets[count - 1] == 0)
+        odd(RemarkCode::PossibleFilling, std::size_t{0}, (count - 1) * septetBits / c_semiOctetBits);
+    const std::size_t bitsUsed = count * septetBits % octetBits;
+    const std::size_t last = count * septetBits / octetBits;
+    if (last < octets.size() && octets[last] >> bitsUsed != 0)
+        odd(RemarkCode::AddressBitsLeft, octets[last] >> bitsUsed, last * c_semiOctetsOfOctet);
+    return out;
+}
+
+/// Room for the text of any address.
+class AddressText {
+public:
+    /// The digits or the name, which stay until the next call. Calls `odd` as WriteDigits() does.
+    template <class Odd>
+    std::string_view Write(TypeOfNumber type, OctetView octets, std::size_t semiOctets, Odd odd) {
+        char* const begin = m_Room.data();
+        const char* const end = type == TypeOfNumber::Alphanumeric
+                                    ? WriteName(octets, semiOctets, begin, odd)
+                                    : WriteDigits(octets, semiOctets, begin, odd);
+        return {begin, static_cast<std::size_t>(end - begin)};
+    }
+
+private:
+    static constexpr std::size_t c_longestName = 255 * c_semiOctetBits / 7 * c_mostUtf8OfUnit + c_utf8Slack;
+    std::array<char, std::max(c_longestName, c_mostSemiOctets)> m_Room;
+};
+
+} // namespace Messages
+
+#endif
