@@ -5,10 +5,10 @@
 
 #include "Encoding/PduDecoder.h"
 #include "Input.h"
-#include "OctetMap.h"
-#include "PduWalk.h"
 #include "Property.h"
-#include "Unicode.h"
+#include "show/CodeUnits.h"
+#include "show/OctetMap.h"
+#include "show/PduWalk.h"
 
 namespace {
 

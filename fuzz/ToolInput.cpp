@@ -9,11 +9,11 @@
 
 #include <nlohmann/json.hpp>
 
-#include "CommandLine.h"
-#include "Console.h"
 #include "Input.h"
 #include "Property.h"
 #include "Toolkit/ILogger.h"
+#include "commands/CommandLine.h"
+#include "stream/Console.h"
 
 namespace {
 

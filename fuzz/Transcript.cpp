@@ -6,10 +6,10 @@
 
 #include <nlohmann/json.hpp>
 
-#include "CommandLine.h"
 #include "Input.h"
 #include "Property.h"
-#include "Transcript.h"
+#include "commands/CommandLine.h"
+#include "log/Transcript.h"
 
 namespace {
 

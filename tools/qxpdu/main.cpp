@@ -3,7 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "CommandLine.h"
+#include "commands/CommandLine.h"
 
 namespace {
 

@@ -1,0 +1,30 @@
+// The codecs' wide text, which holds one UTF-16 code unit a character, and the UTF-8 that is shown of it.
+#ifndef QXPDU_CODEUNITS_H
+#define QXPDU_CODEUNITS_H
+
+#include <string>
+#include <string_view>
+
+#include "Toolkit/TString.h"
+
+namespace qxpdu {
+
+/// The code points of UTF-16 code units, a lone surrogate as itself.
+std::u32string CodePoints(const std::wstring& units);
+
+/// The UTF-16 code units of code points; one above U+FFFF gives two.
+TString<wchar_t> Units(std::u32string_view codePoints);
+
+/// The UTF-8 form of UTF-16 code units: a surrogate pair becomes one character, a lone surrogate U+FFFD.
+std::string ToUtf8(const std::wstring& units);
+
+/// Whether the code units hold half a surrogate pair.
+bool HasLoneSurrogate(const std::wstring& units);
+
+/// The text for a terminal: control characters become "\u001B", so that a message
+/// cannot act on the terminal that shows it, and octets that are no UTF-8 become "\xFB".
+std::string Printable(std::string_view text);
+
+} // namespace qxpdu
+
+#endif

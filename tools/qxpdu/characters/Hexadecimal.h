@@ -1,0 +1,26 @@
+// Octets as hexadecimal text, checked before the codecs see them.
+#ifndef QXPDU_HEXADECIMAL_H
+#define QXPDU_HEXADECIMAL_H
+
+#include <string_view>
+#include <vector>
+
+#include "Encoding/Pdu.h"
+#include "Toolkit/smart_ptr.h"
+
+namespace qxpdu {
+
+/// The text without the blanks, tabs and carriage returns around it.
+std::string_view Trimmed(std::string_view text);
+
+/// The digit pairs of a text without blanks, each of them checked. Throws InputError for a character that is
+/// no hexadecimal digit, which it names with its position from 1 in `text` as given, for an odd number of
+/// digits and for none at all.
+std::vector<unsigned char> ReadHex(std::string_view text);
+
+/// The PDU of a hexadecimal text; throws InputError as ReadHex(), and for more octets than a PDU holds.
+Toolkit::smart_ptr<Encoding::Pdu> ReadPdu(std::string_view text);
+
+} // namespace qxpdu
+
+#endif

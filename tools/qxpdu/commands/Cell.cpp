@@ -1,0 +1,184 @@
+// qxpdu cell
+#include <utility>
+
+#include <fmt/format.h>
+
+#include "Encoding/CBMDecoder.h"
+#include "characters/Hexadecimal.h"
+#include "characters/InputError.h"
+#include "commands/Cell.h"
+#include "commands/CellPages.h"
+#include "commands/Commands.h"
+#include "show/CellMeanings.h"
+#include "show/CodeUnits.h"
+#include "show/Meanings.h"
+#include "show/Plural.h"
+#include "show/Record.h"
+
+namespace qxpdu {
+
+namespace {
+
+using Encoding::CBMDecoder;
+using Encoding::Pdu;
+
+constexpr unsigned int c_headerLength = 6;
+
+Entry SerialNumberEntry(unsigned int serialNumber, unsigned int messageIdentifier) {
+    const SerialNumber serial = SplitSerialNumber(serialNumber);
+    const auto scope = GeographicalScopeMeaning(serial.geographicalScope);
+    std::string meaning =
+        fmt::format("geographical scope {} ({}), message code {}, update number {}", serial.geographicalScope,
+                    scope, serial.messageCode, serial.updateNumber);
+    Json details = {{"geographical_scope", {{"raw", serial.geographicalScope}, {"meaning", scope}}},
+                    {"message_code", serial.messageCode},
+                    {"update_number", serial.updateNumber}};
+    if (IsEtws(messageIdentifier)) {
+        meaning += fmt::format(", {}, {}",
+                               HasEmergencyAlert(serialNumber) ? "emergency alert" : "no emergency alert",
+                               HasPopup(serialNumber) ? "popup" : "no popup");
+        details["emergency_alert"] = HasEmergencyAlert(serialNumber);
+        details["popup"] = HasPopup(serialNumber);
+    }
+    return {"Serial number", RawWord(serialNumber), std::move(meaning), std::move(details)};
+}
+
+Entry MessageIdentifierEntry(unsigned int messageIdentifier) {
+    return {"Message identifier", RawWord(messageIdentifier),
+            std::string(MessageIdentifierMeaning(messageIdentifier))};
+}
+
+Entry DataCodingEntry(unsigned int dcs) {
+    const CellCoding coding = CellCodingOf(dcs);
+    return {"Data coding scheme", RawOctet(dcs),
+            coding.isGsm7 ? coding.meaning : coding.meaning + "; the text is read as GSM 7-bit all the same"};
+}
+
+Entry PageParameterEntry(unsigned int pageParameter) {
+    const PageNumber number = PageNumberOf(pageParameter);
+    return {"Page parameter",
+            RawOctet(pageParameter),
+            fmt::format("page {} of {}", number.page, number.pages),
+            {{"page", number.page}, {"pages", number.pages}}};
+}
+
+void ShowPage(const Input& input, const Pdu& pdu, const CBMDecoder& page, const std::string& text,
+              Console& console) {
+    std::vector<Entry> entries = {SerialNumberEntry(page.m_SerialNumber, page.m_MessageIdentifier),
+                                  MessageIdentifierEntry(page.m_MessageIdentifier),
+                                  DataCodingEntry(page.m_DataCodingScheme),
+                                  PageParameterEntry(page.m_PageParameter)};
+    if (!console.WantsJson()) {
+        entries.push_back({"text", {}, text});
+        return console.Block(ToText(entries));
+    }
+    Json object = ObjectFor(input);
+    object["octets"] = pdu.GetString();
+    for (const Entry& entry : entries)
+        object[KeyOf(entry.name)] = ToJson(entry);
+    object["text"] = text;
+    console.Object(object);
+}
+
+void ShowMessage(const CellMessage& message, Console& console) {
+    std::vector<unsigned int> held;
+    std::vector<unsigned int> missing;
+    for (unsigned int page = 1; page <= message.key.pages; ++page)
+        (message.texts.contains(page) ? held : missing).push_back(page);
+    const Entry serialNumber = SerialNumberEntry(message.key.serialNumber, message.key.messageIdentifier);
+    const Entry messageIdentifier = MessageIdentifierEntry(message.key.messageIdentifier);
+    if (!console.WantsJson()) {
+        std::string pages = fmt::format("{} of {}", fmt::join(held, ", "), message.key.pages);
+        if (!missing.empty())
+            pages += fmt::format("; missing {}", fmt::join(missing, ", "));
+        return console.Block(ToText(
+            {serialNumber, messageIdentifier, {"Pages joined", {}, pages}, {"text", {}, message.Text()}}));
+    }
+    console.Object({{KeyOf(serialNumber.name), ToJson(serialNumber)},
+                    {KeyOf(messageIdentifier.name), ToJson(messageIdentifier)},
+                    {"pages_joined", held},
+                    {"pages_missing", missing},
+                    {"text", message.Text()}});
+}
+
+/// Only what adds to the page itself is shown.
+void ShowJoined(const std::optional<CellMessage>& message, Console& console) {
+    if (message && message->texts.size() > 1)
+        ShowMessage(*message, console);
+}
+
+/// What joining needs to know of a page.
+struct PagePlace {
+    CellMessageKey key;
+    unsigned int page;
+    std::string text;
+};
+
+PagePlace Decode(const Input& input, Console& console) {
+    if (input.heading)
+        CheckMode(*input.heading);
+    const Toolkit::smart_ptr<Pdu> pdu = ReadPdu(input.text);
+    if (input.heading)
+        CheckLength(*input.heading, pdu->m_Length);
+    if (pdu->m_Length < c_headerLength)
+        throw InputError(
+            fmt::format("{}, a page has {} at least", Counted(pdu->m_Length, "octet"), c_headerLength));
+    CBMDecoder decoder;
+    decoder.Decode(pdu);
+    const std::string text = ToUtf8(decoder.m_Text);
+    ShowPage(input, *pdu, decoder, text, console);
+    const PageNumber number = PageNumberOf(decoder.m_PageParameter);
+    return {{decoder.m_SerialNumber, decoder.m_MessageIdentifier, number.pages}, number.page, text};
+}
+
+Afterwards DecodeAndJoin(CellPages& pages, const Input& input, Console& console) {
+    if (input.heading && !input.heading->isCellPage)
+        throw InputError(fmt::format("no cell broadcast page, but the PDU of {}", input.heading->name));
+    PagePlace place = Decode(input, console);
+    if (place.page > place.key.pages)
+        return {};
+    return [&pages, place = std::move(place)](Console& later) {
+        ShowJoined(pages.Take(place.key, place.page, place.text), later);
+    };
+}
+
+} // namespace
+
+void ShowCellPage(const Input& input, Console& console) {
+    Decode(input, console);
+}
+
+void AddCell(CLI::App& parent, Action& action) {
+    CLI::App* command = parent.add_subcommand("cell", "Show the header and the text of cell broadcast pages");
+    auto options = std::make_shared<ConversionOptions>();
+    AddConversion(
+        *command, *options, "PAGE",
+        "Pages in hexadecimal, of 88 octets as a rule; without any, one a line from standard input");
+    AddStreaming(*command, *options);
+    command->footer(
+        "A line for each field of the header: its value on the wire and its meaning by 3GPP TS 23.041. The\n"
+        "text is always read as GSM 7-bit, as many characters as there are octets. The pages of one message\n"
+        "are shown joined once the last of them has come, or in the end with what is missing; of messages\n"
+        "waiting for pages, the oldest is given up when there are more than 256. With --json an object for\n"
+        "each page, and one with \"pages_joined\" and \"pages_missing\" for each joined message.\n"
+        "Standard input may be the log of a modem, with the pages behind +CBM lines.\n"
+        "\n"
+        "Example:\n"
+        "  qxpdu cell 403211120111C8329BFD06");
+    command->callback([options, &action] {
+        action = [options](const Streams& streams) {
+            CellPages pages;
+            return ConvertStream(*options, streams,
+                                 {LineKind::Transcript,
+                                  [&pages](const Input& input, Console& console) {
+                                      return DecodeAndJoin(pages, input, console);
+                                  },
+                                  [&pages](Console& console) {
+                                      while (const auto message = pages.TakeOldest())
+                                          ShowJoined(message, console);
+                                  }});
+        };
+    });
+}
+
+} // namespace qxpdu

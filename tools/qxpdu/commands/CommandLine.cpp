@@ -1,0 +1,138 @@
+#include "commands/CommandLine.h"
+
+#include <algorithm>
+#include <new>
+
+#include "commands/Commands.h"
+#include "show/CodeUnits.h"
+#include "stream/Writer.h"
+
+namespace qxpdu {
+
+namespace {
+
+constexpr const char* c_description =
+    "Short messages and cell broadcast pages between their octets and their text.\n"
+    "\n"
+    "Inputs are the arguments or, without any, the lines of standard input, which the argument - stands for "
+    "as\n"
+    "well. Text is UTF-8. Octets and characters are told by their place: octets from 0, characters from 1.";
+
+constexpr const char* c_footer =
+    "'qxpdu COMMAND --help' tells about one command.\n"
+    "\n"
+    "Results go to standard output, everything else to standard error. With --json the results are one array "
+    "with\n"
+    "an object for each, which names its input as \"line\" or \"argument\". An input that fails is named on\n"
+    "standard error, and the others are still worked on.\n"
+    "\n"
+    "Exit status: 0 all inputs were good, 1 some input failed, 2 the command line was wrong.\n"
+    "\n"
+    "Examples:\n"
+    "  qxpdu decode --join < modem.log    the messages in the log of a modem, its parts put together\n"
+    "  qxpdu encode --to +4179123 hello   the PDU of a text\n"
+    "  qxpdu inspect PDU                  what each octet means, and where a PDU breaks\n"
+    "  qxpdu count 'It’s 5 €'             how a text would go out, and why in UCS2";
+
+/// Put in front of an argument that CLI11 is to leave as it is. It would take "[a,b]" for a list wherever
+/// several values are allowed, and forget that "--" came before as soon as one input was there.
+constexpr char c_shield = '\1';
+
+std::vector<std::string> Shielded(const std::vector<std::string>& arguments) {
+    std::vector<std::string> shielded;
+    bool onlyInputs = false;
+    for (const std::string& argument : arguments) {
+        const bool isList = argument.starts_with('[') && argument.ends_with(']');
+        if (onlyInputs || isList || argument.starts_with(c_shield))
+            shielded.push_back(c_shield + argument);
+        else if (argument == "--")
+            onlyInputs = true;
+        else
+            shielded.push_back(argument);
+    }
+    return shielded;
+}
+
+/// Sets the description apart from the usage line.
+class HelpFormatter : public CLI::Formatter {
+public:
+    std::string make_description(const CLI::App* command) const override {
+        return Formatter::make_description(command) + '\n';
+    }
+};
+
+/// "Usage: qxpdu gsm encode [OPTIONS] [TEXT...]" of the command that was given, as far as it was.
+std::string UsageOf(const CLI::App& tool) {
+    const CLI::App* command = &tool;
+    std::string name = tool.get_name();
+    while (!command->get_subcommands().empty()) {
+        command = command->get_subcommands().front();
+        name += " " + command->get_name();
+    }
+    return CLI::Formatter().make_usage(command, name);
+}
+
+/// What is wrong where the first argument names no command; nothing where it does, or is an option.
+std::string NoCommandIn(const std::vector<std::string>& arguments, const CLI::App& tool) {
+    if (arguments.empty() || arguments.front().starts_with('-'))
+        return {};
+    const auto hasName = [&arguments](const CLI::App* command) {
+        return command->check_name(arguments.front());
+    };
+    if (!tool.get_subcommands(hasName).empty())
+        return {};
+    return arguments.front() + " is no command";
+}
+
+} // namespace
+
+std::string Unshielded(const std::string& argument) {
+    return argument.starts_with(c_shield) ? argument.substr(1) : argument;
+}
+
+std::vector<std::string> ValuesOf(const CLI::Option* option) {
+    std::vector<std::string> values;
+    for (const std::string& value : option->results())
+        values.push_back(Unshielded(value));
+    return values;
+}
+
+int RunTool(const std::vector<std::string>& arguments, const Streams& streams) {
+    CLI::App tool(c_description, "qxpdu");
+    tool.formatter(std::make_shared<HelpFormatter>());
+    tool.footer(c_footer);
+    tool.set_help_flag("-h,--help", "Say how to use the tool or the command, and exit");
+    tool.set_version_flag("--version", "qxpdu " QXPDU_VERSION, "Say which version this is, and exit");
+    tool.require_subcommand(1);
+    Action action;
+    AddEncode(tool, action);
+    AddDecode(tool, action);
+    AddCount(tool, action);
+    AddInspect(tool, action);
+    AddCell(tool, action);
+    AddText(tool, action);
+    AddUcs2(tool, action);
+    AddGsm(tool, action);
+
+    std::vector<std::string> lastFirst = Shielded(arguments);
+    std::reverse(lastFirst.begin(), lastFirst.end());
+    try {
+        tool.parse(std::move(lastFirst));
+        return action(streams);
+    } catch (const CLI::Success& asked) { // --help, --version
+        tool.exit(asked, streams.out, streams.err);
+        return Writer(streams, Format::Text, false).Finish();
+    } catch (const CLI::ParseError& error) {
+        std::string message = NoCommandIn(arguments, tool);
+        if (message.empty())
+            message = error.what();
+        std::erase(message, c_shield);
+        streams.err << "qxpdu: " << Printable(message) << '\n' << UsageOf(tool);
+        return Console::WRONG_COMMAND_LINE;
+    } catch (const std::bad_alloc&) {
+        streams.err << "qxpdu: out of memory\n";
+        return Console::SOME_FAILED;
+    }
+}
+
+} // namespace qxpdu

@@ -1,0 +1,72 @@
+#include "commands/Sending.h"
+
+#include <fmt/format.h>
+
+#include "characters/InputError.h"
+#include "show/CodeUnits.h"
+
+namespace qxpdu {
+
+namespace {
+
+using Encoding::PduDecoder;
+using Encoding::PduEncoder;
+
+constexpr unsigned int c_maxParts = 255; ///< the header counts them in one octet
+
+bool IsGsm(const PduDecoder& part) {
+    return part.m_Alphabet == Encoding::Alphabet::ALPHABET_GSM7;
+}
+
+} // namespace
+
+Pdus EncodeText(PduEncoder& encoder, const TString<wchar_t>& text) {
+    const unsigned int parts = encoder.GetPduCount(text);
+    if (parts > c_maxParts)
+        throw InputError(fmt::format("the text needs {} parts, {} at most", parts, c_maxParts));
+    encoder.SetText(text);
+    Pdus pdus;
+    encoder.Encode(pdus);
+    if (pdus.empty())
+        throw InputError("the text is too long");
+    return pdus;
+}
+
+GsmCharacter ToGsm(char32_t character, Encoding::GSMCharSet& charSet) {
+    constexpr char32_t c_lastUnit = 0xFFFF; // characters above it have no code
+    GsmCharacter gsm;
+    if (character <= c_lastUnit)
+        gsm.codes = charSet.UnicodeToGsmString(Units({&character, 1}));
+    gsm.received = charSet.GsmToUnicode(reinterpret_cast<const unsigned char*>(gsm.codes.data()),
+                                        static_cast<unsigned int>(gsm.codes.size()));
+    return gsm;
+}
+
+std::vector<std::size_t> LostWithGreek(const std::u32string& text) {
+    Encoding::GSMCharSet charSet;
+    charSet.AddTranslateTable(Encoding::TranslateTable::GREEK);
+    std::vector<std::size_t> positions;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const TString<wchar_t> received = ToGsm(text[i], charSet).received;
+        const bool isGreek = text[i] >= 0x370 && text[i] <= 0x3FF;
+        if (received.empty() || (received != Units({&text[i], 1}) && !isGreek))
+            positions.push_back(i + 1);
+    }
+    return positions;
+}
+
+const char* UnitsOf(const PduDecoder& part) {
+    return IsGsm(part) ? "septets" : "characters";
+}
+
+unsigned int TextLength(const PduDecoder& part) {
+    const bool hasHeader = part.m_HasUserDataHeader != 0;
+    if (IsGsm(part)) {
+        const int header = hasHeader ? PduEncoder::_7BITDATA_HEADER_SIZE : 0;
+        return static_cast<unsigned int>(part.m_UserDataLength - header);
+    }
+    const int header = hasHeader ? PduEncoder::USER_DATA_HEADER_SIZE : 0;
+    return static_cast<unsigned int>(part.m_UserDataLength - header) / 2;
+}
+
+} // namespace qxpdu

@@ -1,0 +1,59 @@
+// qxpdu text
+#include "Encoding/TextDecoder.h"
+#include "Toolkit/ILogger.h"
+#include "characters/Unicode.h"
+#include "commands/Commands.h"
+#include "show/CodeUnits.h"
+
+namespace qxpdu {
+
+namespace {
+
+constexpr int c_decoderSeverity = 2; ///< of the line that the text decoder logs
+
+struct TextOptions : ConversionOptions {
+    int alphabet = 0;
+    bool verbose = false;
+};
+
+void Decode(const TextOptions& options, const Input& input, Console& console) {
+    const Encoding::TextDecoder decoder(FromUtf8(input.text), options.alphabet);
+    const std::string text = ToUtf8(decoder.m_DecodedText);
+    if (!console.WantsJson())
+        return console.Line(text);
+    Json object = ObjectFor(input);
+    object["alphabet"] = options.alphabet;
+    object["text"] = text;
+    console.Object(object);
+}
+
+} // namespace
+
+void AddText(CLI::App& parent, Action& action) {
+    CLI::App* command = parent.add_subcommand("text", "Decode texts in GSM codes or in UCS2 hex");
+    auto options = std::make_shared<TextOptions>();
+    AddConversion(*command, *options, "TEXT", "Texts to decode; without any, one a line from standard input");
+    command
+        ->add_option("--alphabet", options->alphabet,
+                     "0 or 4: the low 8 bits of each character are a GSM code; any other number: UCS2 hex")
+        ->required()
+        ->type_name("N");
+    command->add_flag("--verbose", options->verbose, "Show the decoder's log line on standard error");
+    command->footer(
+        "The text decoder rejects nothing: in UCS2 hex a character that is no digit counts as 0, and up\n"
+        "to three characters left over at the end are ignored. 'qxpdu ucs2 decode' is strict.\n"
+        "\n"
+        "Example:\n"
+        "  qxpdu text --alphabet 2 00480069");
+    command->callback([options, &action] {
+        action = [options](const Streams& streams) {
+            if (options->verbose)
+                (*Toolkit::ILogger::s_pInstance)->SetLevel(c_decoderSeverity);
+            return ConvertAll(
+                *options, streams, LineKind::Text,
+                [&options](const Input& input, Console& console) { Decode(*options, input, console); });
+        };
+    });
+}
+
+} // namespace qxpdu

@@ -1,0 +1,34 @@
+// One input: what a command turns into one result.
+#ifndef QXPDU_INPUT_H
+#define QXPDU_INPUT_H
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+#include "log/Transcript.h"
+#include "show/Json.h"
+#include "show/JsonText.h"
+
+namespace qxpdu {
+
+/// One input and where it came from.
+struct Input {
+    enum class Source { Argument, Line, Stream };
+
+    Source source = Source::Argument;
+    std::size_t number = 0; ///< of the argument or of the line, from 1; 0 for the whole stream
+    std::string text;
+    std::optional<Heading> heading = std::nullopt; ///< of the modem, where there is one
+};
+
+/// "line 3", "argument 1" or "standard input".
+std::string NameOf(const Input& input);
+
+/// {"line": 3} or {"argument": 1}: how every object of a result begins.
+Json ObjectFor(const Input& input);
+void Begin(JsonText& object, const Input& input);
+
+} // namespace qxpdu
+
+#endif

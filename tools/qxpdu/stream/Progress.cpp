@@ -1,0 +1,61 @@
+#include "stream/Progress.h"
+
+#include <algorithm>
+
+#include <fmt/format.h>
+
+#include "show/Plural.h"
+
+namespace qxpdu {
+
+namespace {
+
+constexpr auto c_interval = std::chrono::milliseconds(200);
+constexpr double c_shortest = 1e-6; ///< seconds, so that a rate can be given
+constexpr const char* c_clear = "\r\033[K";
+
+} // namespace
+
+Progress::Progress(std::ostream& err, bool isOn, std::optional<std::uint64_t> inSize)
+    : m_Err(err), m_IsOn(isOn), m_InSize(inSize) {}
+
+void Progress::Add(std::uint64_t lines, std::uint64_t bytes, std::uint64_t errors) {
+    m_Lines += lines;
+    m_Bytes += bytes;
+    m_Errors = errors;
+    const Clock::time_point now = Clock::now();
+    if (!m_IsOn || now < m_Next)
+        return;
+    m_Next = now + c_interval;
+    Clear();
+    Show(std::chrono::duration<double>(now - m_Begin).count());
+    m_Err.flush();
+    m_IsShown = true;
+}
+
+void Progress::Clear() {
+    if (m_IsShown)
+        m_Err << c_clear;
+    m_IsShown = false;
+}
+
+void Progress::Finish() {
+    if (!m_IsOn)
+        return;
+    Clear();
+    m_InSize.reset();
+    Show(std::chrono::duration<double>(Clock::now() - m_Begin).count());
+    m_Err << '\n';
+}
+
+void Progress::Show(double seconds) {
+    seconds = std::max(seconds, c_shortest);
+    m_Err << fmt::format("qxpdu: {}, {:.0f} a second, {}", Counted(m_Lines, "line"),
+                         static_cast<double>(m_Lines) / seconds, Counted(m_Errors, "error"));
+    if (!m_InSize || m_Bytes == 0 || *m_InSize == 0)
+        return;
+    const double done = std::min(1.0, static_cast<double>(m_Bytes) / static_cast<double>(*m_InSize));
+    m_Err << fmt::format(", {:.0f} %, {:.0f} s left", 100 * done, seconds * (1 - done) / done);
+}
+
+} // namespace qxpdu
