@@ -25,8 +25,9 @@ public:
     /// blanks and line feeds, once each in this order.
     ///
     /// Returns false, with nothing changed, when `pdu` is null, and true otherwise. A page shorter than six
-    /// octets throws std::bad_alloc, and so does one with over 0x7FFFFFFF content octets: the header members
-    /// have been written by then, `m_Text` has not.
+    /// octets throws std::bad_alloc, and so does one with over 0x7FFFFFFF content octets; on a 32-bit host
+    /// one with 0x10000000 or more may throw std::length_error. The header members have been written by then,
+    /// `m_Text` has not.
     bool Decode(Toolkit::smart_ptr<Pdu> pdu);
 };
 

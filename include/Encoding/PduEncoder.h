@@ -58,7 +58,7 @@ public:
     /// Ends the header: the total becomes 0, the other two values stay.
     void RemoveHeader();
     /// The message, in UTF-16 code units, one in each character; of each the low 16 bits count. An empty text
-    /// is ignored.
+    /// is ignored: the earlier one stays.
     void SetText(const TString<wchar_t>& text);
     /// Replaces a message that is set already, and does nothing on an encoder without one, as is required.
     /// The alphabet is chosen anew by every Encode().
@@ -66,8 +66,8 @@ public:
     /// The service centre, see EncodeNumber() for `lenient`; an empty number is ignored together with the
     /// flag.
     void SetSmsc(const TString<wchar_t>& number, bool lenient);
-    /// The destination, TP-DA; an empty number is ignored. The standard has 20 digits at most
-    /// (clause 9.1.2.5), which is not checked.
+    /// The destination, TP-DA; an empty number is ignored: the earlier one stays. The standard has 20 digits
+    /// at most (clause 9.1.2.5), which is not checked.
     void SetRecipient(const TString<wchar_t>& number);
 
     /// GSMCharSet::FindTable() of this encoder's character set; 1 or 0.

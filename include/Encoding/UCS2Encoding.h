@@ -8,8 +8,9 @@
 
 namespace Encoding {
 
-/// Stateless; any thread may call. No operation reports an error; what the allocator throws passes through.
-/// The overloads that take wide hex text convert it to UTF-8 first.
+/// Stateless; any thread may call. No operation reports an error; what the allocator throws passes through,
+/// and on a 32-bit host std::length_error for a text that no string holds. The overloads that take wide hex
+/// text convert it to UTF-8 first.
 class ENCODING_API UCS2Encoding {
 public:
     /// Whether a string looks like UCS2 hex: at least 8 characters, a multiple of 4, all of them digits '0'
