@@ -157,7 +157,7 @@ std::vector<std::string> ElementFaults(const HeaderElement& element, const Encod
         faults.push_back(
             fmt::format("{} of data, other than the standard has them", Counted(element.length, "octet")));
     if (!isWhole)
-        faults.emplace_back("its data go on behind the PDU; the decoder reads zeros there");
+        faults.emplace_back("its data go on after the PDU; the decoder reads zeros there");
     if (IsConcatenation(element) && isWhole && LayoutOf(element) != nullptr)
         CheckConcatenation(element, pdu, faults);
     if (identifier == c_specialMessage)

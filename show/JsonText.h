@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-// Its stacks add to a null pointer in front of their first allocation, to see that there is no room.
+// Its stacks add to a null pointer before their first allocation, to see that there is no room.
 #ifdef __clang__
 #pragma clang attribute push(__attribute__((no_sanitize("pointer-overflow"))), apply_to = function)
 #endif

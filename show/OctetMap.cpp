@@ -201,7 +201,7 @@ void Mapper::Digits(const AddressValue& address, unsigned int lengthOctet) {
         row.unusual.push_back(
             fmt::format("septet {} is 0, where the decoder ends the text", inside.size() + 1));
     if (address.number.size() > septets)
-        row.unusual.push_back(fmt::format("the decoder adds {} from the bits behind",
+        row.unusual.push_back(fmt::format("the decoder adds {} from the bits after it",
                                           Counted(address.number.size() - septets, "character")));
 }
 
@@ -360,7 +360,7 @@ void Mapper::operator()(const UserDataValue& value) {
     }
     if (const std::size_t all = TextOf(value, value.units).size(); all > shown) {
         m_Rows.back().unusual.push_back(
-            fmt::format("{} more behind the PDU; the decoder reads zeros there",
+            fmt::format("{} more after the PDU; the decoder reads zeros there",
                         Counted(static_cast<unsigned int>(all - shown), "character")));
     }
     if (isSeptets)
@@ -369,7 +369,7 @@ void Mapper::operator()(const UserDataValue& value) {
         m_Rows.back().unusual.emplace_back("an odd number of octets; the decoder takes one more");
 }
 
-/// Fill bits in front of the text, spare bits behind it, and whether the decoder begins where it should.
+/// Fill bits before the text, spare bits after it, and whether the decoder begins where it should.
 void Mapper::NoteSeptets(const UserDataValue& value, unsigned int begin) {
     const auto first = std::find_if(m_Rows.begin(), m_Rows.end(),
                                     [begin](const OctetRow& row) { return row.offset == begin; });
@@ -383,7 +383,7 @@ void Mapper::NoteSeptets(const UserDataValue& value, unsigned int begin) {
     const unsigned int fillBits = 7 * headerSeptets - 8 * m_HeaderOctets;
     const unsigned int units = Octet(m_LengthOffset) - std::min(Octet(m_LengthOffset), headerSeptets);
     if (fillBits != value.fillBits || units != value.units) {
-        first->unusual.push_back(fmt::format("by the standard {} behind {}; the decoder reads {} behind {}",
+        first->unusual.push_back(fmt::format("by the standard {} after {}; the decoder reads {} after {}",
                                              Counted(units, "septet"), Counted(fillBits, "fill bit"),
                                              Counted(value.units, "septet"),
                                              Counted(value.fillBits, "fill bit")));
@@ -393,7 +393,7 @@ void Mapper::NoteSeptets(const UserDataValue& value, unsigned int begin) {
         8 * m_Field->length - std::min(8 * m_Field->length, value.fillBits + 7 * value.units);
     if (spare > 0 && spare < 8 && Octet(End() - 1) >> (8 - spare) != 0)
         m_Rows.back().unusual.push_back(
-            fmt::format("{} behind the last septet not zero", Counted(spare, "bit")));
+            fmt::format("{} after the last septet not zero", Counted(spare, "bit")));
 }
 
 /// What the decoder does not come to.

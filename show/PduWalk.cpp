@@ -38,7 +38,7 @@ private:
     unsigned int Length() const { return m_Pdu->m_Length; }
     unsigned int Left() const { return Length() - std::min(m_Position, Length()); }
 
-    /// An octet of the PDU; one behind its end counts as 0.
+    /// An octet of the PDU; one after its end counts as 0.
     unsigned int Octet(unsigned int offset) const { return offset < Length() ? m_Pdu->m_Bytes[offset] : 0; }
 
     bool Is(MessageTypeIndicator::TP_MTI_Type type) const { return m_Type == type; }
@@ -119,7 +119,7 @@ bool Walker::Tpdu() {
     if (IsStatusReport())
         return Time("TP-SCTS") && Time("TP-DT") && Status();
     if (!IsSubmit() && !IsDeliver())
-        return Expect("octet behind the address");
+        return Expect("octet after the address");
     return Number("TP-PID", ProtocolMeaning) && DataCoding() && (IsSubmit() ? Validity() : Time("TP-SCTS")) &&
            UserData();
 }
@@ -291,7 +291,7 @@ bool Walker::StopAt(const HeaderElement& element, unsigned int headerEnd) {
                             Counted(c_elementHead + element.length, "octet")));
 }
 
-/// Of a header that stops the decoder, the elements in front of that are a field.
+/// Of a header that stops the decoder, the elements before that are a field.
 bool Walker::Header() {
     const unsigned int end = m_Position + 1 + Octet(m_Position);
     HeaderValue header;

@@ -54,10 +54,10 @@ struct HeaderValue {
     bool HasConcatenation() const;
 };
 
-/// The octets of the user data behind the header, as far as the PDU holds them.
+/// The octets of the user data after the header, as far as the PDU holds them.
 struct UserDataValue {
     unsigned int units;    ///< septets in GSM 7-bit, else octets, that the decoder makes text of
-    unsigned int fillBits; ///< in front of the first septet
+    unsigned int fillBits; ///< before the first septet
 };
 
 /// The mask of a field that is no bit field.

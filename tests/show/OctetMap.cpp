@@ -91,7 +91,7 @@ void ExpectText(const Rows& rows, const PduDecoder& decoder) {
             shown += row.value.get<std::string>();
         for (const std::string& fault : row.unusual)
             isWhole = isWhole && fault.find("missing") == std::string::npos &&
-                      fault.find("behind the PDU") == std::string::npos;
+                      fault.find("after the PDU") == std::string::npos;
     }
     const std::string text = qxpdu::ToUtf8(decoder.m_Text);
     if (isWhole) {

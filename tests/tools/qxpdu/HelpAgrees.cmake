@@ -17,7 +17,7 @@ function(commands_in help result)
   set(${result} "${commands}" PARENT_SCOPE)
 endfunction()
 
-# Long options are those behind "--" in the left column.
+# Long options are those after "--" in the left column.
 function(options_in help result)
   string(REGEX MATCHALL "\n  [-][^ \n]*" columns "${help}")
   string(REGEX MATCHALL "--[a-z][a-z0-9-]*" options "${columns}")

@@ -33,7 +33,7 @@ std::string ContentsOf(std::FILE* file) {
     return contents;
 }
 
-/// qxpdu's executable, behind the emulator of the machine that it is built for where that is another one.
+/// qxpdu's executable, after the emulator of the machine that it is built for where that is another one.
 std::vector<std::string> Command() {
     std::vector<std::string> command;
     std::istringstream words(QXPDU_COMMAND);

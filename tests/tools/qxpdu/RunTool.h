@@ -31,7 +31,7 @@ Outcome Shell(const std::string& script);
 /// Runs qxpdu with these arguments and no input, with standard output going to a file.
 int QxpduInto(const std::string& file, const std::vector<std::string>& arguments);
 
-/// Whether the lines of a text hold this one, the blanks in front left out.
+/// Whether the lines of a text hold this one, the blanks before it left out.
 bool HasLine(const std::string& text, const std::string& line);
 
 /// The text as often as that.

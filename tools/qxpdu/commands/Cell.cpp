@@ -161,7 +161,7 @@ void AddCell(CLI::App& parent, Action& action) {
         "are shown joined once the last of them has come, or in the end with what is missing; of messages\n"
         "waiting for pages, the oldest is given up when there are more than 256. With --json an object for\n"
         "each page, and one with \"pages_joined\" and \"pages_missing\" for each joined message.\n"
-        "Standard input may be the log of a modem, with the pages behind +CBM lines.\n"
+        "Standard input may be the log of a modem, with the pages after +CBM lines.\n"
         "\n"
         "Example:\n"
         "  qxpdu cell 403211120111C8329BFD06");

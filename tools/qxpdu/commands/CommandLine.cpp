@@ -34,7 +34,7 @@ constexpr const char* c_footer =
     "  qxpdu inspect PDU                  what each octet means, and where a PDU breaks\n"
     "  qxpdu count 'It’s 5 €'             how a text would go out, and why in UCS2";
 
-/// Put in front of an argument that CLI11 is to leave as it is. It would take "[a,b]" for a list wherever
+/// Put before an argument that CLI11 is to leave as it is. It would take "[a,b]" for a list wherever
 /// several values are allowed, and forget that "--" came before as soon as one input was there.
 constexpr char c_shield = '\1';
 

@@ -113,7 +113,7 @@ struct Decoded {
     PduWalk walk;
 };
 
-/// The octets of a PDU behind the service centre.
+/// The octets of a PDU after the service centre.
 unsigned int TpduLength(const Pdu& pdu, bool noSmsc) {
     return noSmsc ? pdu.m_Length : pdu.m_Length - std::min(pdu.m_Length, pdu.m_Bytes[0] + 1U);
 }
@@ -275,7 +275,7 @@ std::optional<NumberedPart> PartIn(const Input& input, const Decoded& decoded, c
     MessagePart part{NameOf(input), input.number, decoder.m_Text, TimeIn(decoded.walk)};
     if (const auto codes = EdgeCodesOf(*decoded.pdu, decoded.walk)) {
         part.endsInEscape = codes->last == c_escape;
-        part.behindEscape =
+        part.afterEscape =
             static_cast<wchar_t>(decoder.m_CharSet->FindUnicodeCharFromEscapeChar(codes->first));
     }
     return NumberedPart{{decoder.m_SmsType, address, place->hasWideReference, place->reference, place->total},
@@ -343,7 +343,7 @@ void AddDecode(CLI::App& parent, Action& action) {
         "--json an object for each PDU: a member for each field, \"tp_dcs\" and the like, with \"raw\" and\n"
         "\"meaning\", then \"concatenation\" and \"text\" where the PDU holds them.\n"
         "\n"
-        "Standard input may be the log of a modem: the PDUs behind +CMGL, +CMGR, +CMT, +CDS and +CBM lines\n"
+        "Standard input may be the log of a modem: the PDUs after +CMGL, +CMGR, +CMT, +CDS and +CBM lines\n"
         "are decoded, their announced length is checked, and commands and other result codes are skipped.\n"
         "\n"
         "With --join a message is shown once its last part has come, or in the end with what is missing. Of\n"

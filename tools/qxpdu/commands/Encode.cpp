@@ -45,7 +45,7 @@ struct EncodeOptions : ConversionOptions {
     bool strict = false;
     bool at = false;
     bool lines = false;
-    unsigned int references = 0; ///< the concatenation reference in front of those of this run
+    unsigned int references = 0; ///< the concatenation reference before those of this run
 };
 
 /// Gives the messages of a run references of their own, one after the other, as one encoder does.
@@ -57,7 +57,7 @@ public:
     }
 };
 
-/// What goes out of a number: its decimal digits and a plus sign in front.
+/// What goes out of a number: its decimal digits and a plus sign before them.
 std::string SentOf(const std::string& number) {
     std::string sent = number.starts_with('+') ? "+" : "";
     std::copy_if(number.begin(), number.end(), std::back_inserter(sent),
@@ -120,7 +120,7 @@ unsigned int TpduLength(const Pdu& pdu) {
     return pdu.m_Length - 1 - pdu.m_Bytes[0];
 }
 
-/// One part as the decoder reads it back, behind what the object has already.
+/// One part as the decoder reads it back, after what the object has already.
 Json ToJson(Json object, const Toolkit::smart_ptr<Pdu>& pdu, std::size_t part, std::size_t parts) {
     PduDecoder decoder;
     decoder.Decode(pdu, false, false);
@@ -364,7 +364,7 @@ void AddOptions(CLI::App& command, EncodeOptions& options) {
     command.add_flag("--strict", options.strict, "Turn warnings into errors");
     CLI::Option* json = AddJson(command, options);
     AddStreaming(command, options);
-    command.add_flag("--at", options.at, "Put AT+CMGS=LENGTH in front of each PDU, as a modem wants it")
+    command.add_flag("--at", options.at, "Put AT+CMGS=LENGTH before each PDU, as a modem wants it")
         ->excludes(json)
         ->excludes(command.get_option("--jsonl"));
     command.add_flag("--lines", options.lines, "Each line of standard input is a text of its own");
@@ -382,7 +382,7 @@ void AddEncode(CLI::App& parent, Action& action) {
     auto options = std::make_shared<EncodeOptions>();
     AddOptions(*command, *options);
     command->footer(
-        "A line of hexadecimal for each PDU, the service-centre address in front. The text goes out in\n"
+        "A line of hexadecimal for each PDU, the service-centre address first. The text goes out in\n"
         "GSM 7-bit where every character survives that, else in UCS2. With --json an object for each\n"
         "part: \"octets\", \"tpdu_length\" (octets without the service centre, as a modem wants them),\n"
         "\"alphabet\", \"septets\" or \"characters\", \"part\" and \"parts\", and \"concatenation\" where "

@@ -25,9 +25,9 @@ std::wstring ConcatenatedMessage::Text() const {
     std::wstring text;
     int escapedBy = 0; ///< the part that ends in an escape
     for (const auto& [number, part] : parts) {
-        const bool isHealed = escapedBy != 0 && escapedBy + 1 == number && part.behindEscape != 0;
+        const bool isHealed = escapedBy != 0 && escapedBy + 1 == number && part.afterEscape != 0;
         if (isHealed)
-            text += part.behindEscape;
+            text += part.afterEscape;
         text.append(part.text, isHealed ? 1 : 0);
         escapedBy = part.endsInEscape ? number : 0;
     }

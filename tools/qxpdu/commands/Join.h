@@ -35,7 +35,7 @@ struct MessagePart {
     std::wstring text;  ///< UTF-16 code units
     std::string time;   ///< TP-SCTS; empty in a message that goes out
     bool endsInEscape = false;
-    wchar_t behindEscape = 0; ///< what the first code means behind an escape; 0 for nothing
+    wchar_t afterEscape = 0; ///< what the first code means after an escape; 0 for nothing
 };
 
 /// A message of which some parts have come.

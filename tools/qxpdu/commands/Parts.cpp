@@ -4,7 +4,7 @@ namespace qxpdu {
 
 namespace {
 
-/// Octets behind the PDU are 0.
+/// Octets after the PDU are 0.
 unsigned int OctetAt(const Encoding::Pdu& pdu, unsigned int offset) {
     return offset < pdu.m_Length ? pdu.m_Bytes[offset] : 0;
 }
@@ -16,7 +16,7 @@ unsigned char SeptetAt(const Encoding::Pdu& pdu, unsigned int begin, unsigned in
     return static_cast<unsigned char>((OctetAt(pdu, octet) | OctetAt(pdu, octet + 1) << 8) >> bit % 8 & 0x7F);
 }
 
-/// Total and sequence stand behind the reference, which is one octet or two.
+/// Total and sequence stand after the reference, which is one octet or two.
 Concatenation ConcatenationIn(const HeaderElement& element, const Encoding::Pdu& pdu) {
     const bool isWide = element.identifier == c_concatenation16;
     const auto at = [&](unsigned int index) {

@@ -8,7 +8,7 @@
 
 namespace qxpdu {
 
-/// The GSM code that stands in front of one of the extension table.
+/// The GSM code that stands before one of the extension table.
 constexpr unsigned char c_escape = 0x1B;
 
 /// The place of a PDU in its message. The decoder's values may come from other elements as well.

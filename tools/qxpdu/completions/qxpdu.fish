@@ -30,7 +30,7 @@ complete -c qxpdu -n $encode -l reject-duplicates -d 'Have duplicates rejected'
 complete -c qxpdu -n $encode -l reply-path -d 'Set the reply path'
 complete -c qxpdu -n $encode -l reference -x -d 'Message reference, 0 to 255'
 complete -c qxpdu -n $encode -l strict -d 'Turn warnings into errors'
-complete -c qxpdu -n $encode -l at -d 'Put the command for the modem in front'
+complete -c qxpdu -n $encode -l at -d 'Put the command for the modem before each PDU'
 complete -c qxpdu -n '__fish_seen_subcommand_from encode count explain; and not __fish_seen_subcommand_from ucs2 gsm' \
     -l lines -d 'Each line is a text of its own'
 complete -c qxpdu -n '__fish_seen_subcommand_from encode count explain gsm' -l greek -d 'Send Greek letters as capitals'

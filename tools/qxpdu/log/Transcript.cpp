@@ -25,13 +25,13 @@ constexpr std::array<HeadingKind, 5> c_headings = {
     {{"+CMGL", 4}, {"+CMGR", 3}, {"+CMT", 2}, {"+CDS", 1}, {"+CBM", 1}}};
 constexpr std::string_view c_cellPage = "+CBM";
 
-/// What ends the answer to a command, alone in its line or in front of a blank.
+/// What ends the answer to a command, alone in its line or before a blank.
 constexpr std::array<std::string_view, 7> c_answers = {"OK",        "ERROR", "NO CARRIER", "NO DIALTONE",
                                                        "NO ANSWER", "BUSY",  "CONNECT"};
 constexpr std::string_view c_command = "AT";
 constexpr std::string_view c_ring = "RING";
 constexpr std::string_view c_makers = "^%*#$_"; ///< begin what only modems of one maker say
-constexpr char c_prompt = '>';                  ///< the modem's, behind AT+CMGS
+constexpr char c_prompt = '>';                  ///< the modem's, after AT+CMGS
 constexpr std::string_view c_digits = "0123456789ABCDEFabcdef";
 constexpr char c_endOfInput = '\x1A'; ///< what a PDU is sent off with
 
@@ -67,7 +67,7 @@ std::ptrdiff_t ValuesIn(std::string_view line) {
            });
 }
 
-/// The number behind the last comma, or behind the colon where there is no comma; none in text mode.
+/// The number after the last comma, or after the colon where there is no comma; none in text mode.
 std::optional<unsigned int> LengthIn(std::string_view line, const HeadingKind& kind) {
     const std::string_view digits = Trimmed(line.substr(line.find_last_of(",:") + 1));
     unsigned int length = 0;
@@ -77,7 +77,7 @@ std::optional<unsigned int> LengthIn(std::string_view line, const HeadingKind& k
     return length;
 }
 
-/// A PDU without the prompt that it was typed behind, and without the end of input; other lines as they are,
+/// A PDU without the prompt that it was typed after, and without the end of input; other lines as they are,
 /// but for the latter.
 std::string_view WithoutTyping(std::string_view line) {
     if (line.ends_with(c_endOfInput))
@@ -109,7 +109,7 @@ Transcript::Line Transcript::Take(std::string& line, std::size_t number) {
     std::optional<Heading> heading;
     if (const HeadingKind* kind = KindOf(text)) {
         const std::optional<unsigned int> length = LengthIn(text, *kind);
-        if (length != 0U) // else of an empty place, behind which nothing comes
+        if (length != 0U) // else of an empty place, after which nothing comes
             heading = Heading{std::string(kind->name), number, kind->name == c_cellPage, length};
     } else if (IsUnasked(text)) {
         return Line::Chatter;

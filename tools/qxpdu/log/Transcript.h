@@ -9,7 +9,7 @@
 
 namespace qxpdu {
 
-/// What the line in front of a PDU says about it.
+/// What the line before a PDU says about it.
 struct Heading {
     std::string name;                   ///< "+CMGL"
     std::size_t line = 0;               ///< its number
@@ -24,11 +24,11 @@ public:
     enum class Line {
         Pdu,     ///< under a heading, or by itself
         Chatter, ///< nothing to decode
-        Orphan   ///< the heading in front lacks its PDU; the line itself is chatter
+        Orphan   ///< the heading before lacks its PDU; the line itself is chatter
     };
 
-    /// Takes in the next line, which has this number, from 1. Where it is a PDU that was typed, the prompt in
-    /// front of it and the end of input behind it are taken off.
+    /// Takes in the next line, which has this number, from 1. Where it is a PDU that was typed, the prompt
+    /// before it and the end of input after it are taken off.
     Line Take(std::string& line, std::size_t number);
 
     /// The heading of the PDU, or the one that lacks it, that Take() gave last.

@@ -31,7 +31,7 @@ constexpr const char* c_deliverText = "SC address 0791214365870921: +12345678901
                                       "     TP-UD C8329BFD06\n"
                                       "      text Hello\n";
 
-/// Expects that decoding a PDU succeeds and shows this line, the blanks in front of names left out.
+/// Expects that decoding a PDU succeeds and shows this line, the blanks before names left out.
 void ExpectLine(const std::vector<std::string>& arguments, const std::string& line) {
     const Outcome run = Qxpdu(arguments);
     EXPECT_EQ(run.status, 0) << run;
@@ -560,7 +560,7 @@ TEST(QxpduDecode, RejectedPduIsAnErrorThatNamesFieldAndOctet) {
         {"0002000491214321203121436580212031", "TP-DT at octet 14: expected 7 octets, found 3 octets"},
         {"000200049121432120312143658021203121436580",
          "TP-ST at octet 21: expected an octet, found the end of the PDU"},
-        {"000304912143", "octet behind the address at octet 6: expected an octet, found the end of the PDU"},
+        {"000304912143", "octet after the address at octet 6: expected an octet, found the end of the PDU"},
         {"0041000491214300000A0041", "TP-UDH at octet 11: expected at most 0 octets up to the end of the "
                                      "header, found element 0x41 of 2 octets"},
         {"0041000491214300000A0500048E020141", "TP-UDH at octet 11: expected at most 5 octets up to the end "

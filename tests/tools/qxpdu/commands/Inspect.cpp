@@ -137,7 +137,7 @@ TEST(QxpduInspect, HeaderThatOverrunsIsShownUpToTheElement) {
     EXPECT_TRUE(HasLine(run.out, "16  01 41                    TP-UDH: not decoded")) << run;
 }
 
-/// Expects that the map of a PDU has this line, the blanks in front left out.
+/// Expects that the map of a PDU has this line, the blanks before it left out.
 void ExpectLine(const std::string& pdu, const std::string& line) {
     const Outcome run = Qxpdu({"inspect", pdu});
     EXPECT_TRUE(HasLine(run.out, line)) << pdu << ": no " << line << " in\n" << run.out;
@@ -312,9 +312,9 @@ TEST(QxpduInspect, UnusualAddresses) {
         {"02D141", {"an alphanumeric address with a numbering plan"}},
         {"04D04100", {"septet 2 is 0, where the decoder ends the text"}},
         {"03D04100", {}},
-        {"03D04101", {"the decoder adds 1 character from the bits behind"}},
+        {"03D04101", {"the decoder adds 1 character from the bits after it"}},
         {"0ED041E19058341E91", {}},
-        {"11D041E19058341E91494F", {"the decoder adds 2 characters from the bits behind"}},
+        {"11D041E19058341E91494F", {"the decoder adds 2 characters from the bits after it"}},
         {"04D01B19", {"in the GSM default alphabet it is 2; the decoder takes the codes as they are"}},
     };
     for (const auto& row : rows)
@@ -333,9 +333,9 @@ TEST(QxpduInspect, UnusualServiceCentres) {
         {"0291A1", {"octet 2: semi-octet A is * by the standard, which the decoder shows as :"}},
         {"0B9111111111111111111111", {}},
         {"0C911111111111111111111111", {"more than 11 octets"}},
-        // Three and eight characters, behind which the decoder reads the first octet as well.
-        {"04D041E110", {"the decoder adds 1 character from the bits behind"}},
-        {"08D041E19058341E91", {"the decoder adds 1 character from the bits behind"}},
+        // Three and eight characters, after which the decoder reads the first octet as well.
+        {"04D041E110", {"the decoder adds 1 character from the bits after it"}},
+        {"08D041E19058341E91", {"the decoder adds 1 character from the bits after it"}},
     };
     for (const auto& row : rows)
         ExpectUnusual(row.address + std::string("01000491214300") + "0000", row.faults);
@@ -419,10 +419,10 @@ TEST(QxpduInspect, UnusualUserData) {
         {"0005", {"no user data; the decoder gives an empty text"}},
         {"0005C8329BFD",
          {"1 octet missing; the decoder reads zeros instead",
-          "1 character more behind the PDU; the decoder reads zeros there"}},
+          "1 character more after the PDU; the decoder reads zeros there"}},
         {"0005C8329BFD0600", {"1 octet too many"}},
-        {"0005C8329BFD86", {"5 bits behind the last septet not zero"}},
-        {"0005C8329BFD0E", {"5 bits behind the last septet not zero"}},
+        {"0005C8329BFD86", {"5 bits after the last septet not zero"}},
+        {"0005C8329BFD0E", {"5 bits after the last septet not zero"}},
         {"080400480069", {}},
         {"080300480069", {"1 octet too many", "an odd number of octets; the decoder takes one more"}},
         {"0403414243", {}},
@@ -472,8 +472,8 @@ TEST(QxpduInspect, UnusualHeaders) {
     ExpectUnusual("0041000491214300040C0A70082A03",
                   {"7 octets missing; the decoder reads zeros instead",
                    "6 octets missing; the decoder reads zeros there",
-                   "its data go on behind the PDU; the decoder reads zeros there"});
-    // Elements made of the zeros behind the PDU are no further concatenations.
+                   "its data go on after the PDU; the decoder reads zeros there"});
+    // Elements made of the zeros after the PDU are no further concatenations.
     ExpectUnusual("0041000491214300040B0A00032A0302", {"5 octets missing; the decoder reads zeros instead",
                                                        "5 octets missing; the decoder reads zeros there"});
     const std::string language = "the decoder shows the text in the default alphabet";
@@ -489,9 +489,9 @@ TEST(QxpduInspect, TextBehindAHeaderOfAnotherLengthBeginsElsewhereByTheStandard)
     ExpectUnusual(
         "00410004912143000010080A0300041070010341E19058341E",
         {"1 octet too many",
-         "by the standard 5 septets behind 5 fill bits; the decoder reads 6 septets behind 0 fill bits"});
+         "by the standard 5 septets after 5 fill bits; the decoder reads 6 septets after 0 fill bits"});
     ExpectUnusual("0041000491214300000E0500032A0302916536FB0DBA03", {"the fill bit is set"});
-    ExpectUnusual("0041000491214300000B0608041234030141E130", {"3 bits behind the last septet not zero"});
+    ExpectUnusual("0041000491214300000B0608041234030141E130", {"3 bits after the last septet not zero"});
 }
 
 TEST(QxpduInspect, SurrogatePairStaysInOneRow) {
@@ -500,7 +500,7 @@ TEST(QxpduInspect, SurrogatePairStaysInOneRow) {
     EXPECT_TRUE(HasLine(run.out, "10  00 41 00 42 00 43 D8 3D  TP-UD \"ABC\xF0\x9F\x98\x80\"")) << run;
     EXPECT_TRUE(HasLine(run.out, "18  DE 00")) << run;
     EXPECT_TRUE(HasLine(run.out, "20  00 44                    TP-UD \"D\"")) << run;
-    // Where the PDU ends within the second half, the decoder reads a zero behind it.
+    // Where the PDU ends within the second half, the decoder reads a zero after it.
     ExpectLine("0001000491214300080C004100420043D83DDE",
                "10  00 41 00 42 00 43 D8 3D  TP-UD \"ABC\xF0\x9F\x98\x80\"");
     // Where another first half follows, the row ends as any other.
@@ -556,7 +556,7 @@ TEST(QxpduInspect, JsonHasOffsetAndLengthOfEachRow) {
             {"bits":".... ..00","name":"without meaning","value":0}]},
         {"offset":6,"length":1,"octets":"01","field":"TP-UDL","value":1,"meaning":"1 septet"},
         {"offset":7,"length":1,"octets":"E1","field":"TP-UD","value":"a",
-            "unusual":["1 bit behind the last septet not zero"]}]}])"));
+            "unusual":["1 bit after the last septet not zero"]}]}])"));
 }
 
 TEST(QxpduInspect, JsonOfABrokenPduSaysWhatWasExpected) {

@@ -17,7 +17,7 @@ using tests::Shell;
 
 using Arguments = std::vector<std::string>;
 
-// 19 octets of a TPDU stand in front of the user data of the first four.
+// 19 octets of a TPDU stand before the user data of the first four.
 constexpr const char* c_hello = "0791214365870921040B912143658709F100002120312143658005C8329BFD06";
 constexpr const char* c_escapePart = "0791214365870921440B912143658709F100002120312143658009050003050201C21B";
 constexpr const char* c_codePart = "0791214365870921440B912143658709F100002120312143658009050003050202CA62";
