@@ -1,5 +1,6 @@
 #include "Toolkit/ILogger.h"
 
+#include <algorithm>
 #include <chrono>
 
 #include "Digits.h"
@@ -11,6 +12,14 @@ namespace {
 
 LineLock& TheLineLock() {
     return Instances::s_pInstances->m_LineLock;
+}
+
+/// Ends the line after its last piece, written or not.
+template <class CharT>
+void EndAfter(const TString<CharT>& piece) {
+    const TString<wchar_t>& last = ILogger::c_strLogToken3;
+    if (std::equal(piece.begin(), piece.end(), last.begin(), last.end()))
+        TheLineLock().End();
 }
 
 } // namespace
@@ -60,14 +69,14 @@ int ILogger::GetLevel() const {
 ILogger& ILogger::operator<<(const TString<char>& text) {
     if (m_Severity <= m_Level)
         Write(UTF8::ToUNICODE(text));
+    EndAfter(text);
     return **s_pInstance;
 }
 
 ILogger& ILogger::operator<<(const TString<wchar_t>& text) {
     if (m_Severity <= m_Level)
         Write(text);
-    if (&text == &c_strLogToken3)
-        TheLineLock().End();
+    EndAfter(text);
     return **s_pInstance;
 }
 

@@ -1,5 +1,10 @@
 #include "Instances.h"
 
+#include <memory>
+#include <new>
+
+#include <pthread.h>
+
 #include "StderrLogger.h"
 
 namespace Toolkit {
@@ -19,6 +24,21 @@ Instances::Instances()
       m_SystemInfo(new SystemInfo),
       m_LibModuleManager(new LibModuleManager) {}
 
+void Instances::RenewLocks() {
+    std::construct_at(&m_LineLock);
+    if (auto* const pLogger = dynamic_cast<StderrLogger*>(m_Logger.get()))
+        pLogger->StartAnew();
+    RenewLock(m_Logger);
+    RenewLock(m_SystemInfo);
+    RenewLock(m_LibModuleManager);
+}
+
+template <class T>
+void Instances::RenewLock(smart_ptr<T>& shared) {
+    if (shared.m_pBlock != nullptr)
+        std::construct_at(&shared.m_pBlock->m_Mutex, false);
+}
+
 namespace {
 
 [[gnu::constructor]] void MakeInstances() {
@@ -26,10 +46,19 @@ namespace {
     ILogger::s_pInstance = &Instances::s_pInstances->m_Logger;
     SystemInfo::s_pInstance = &Instances::s_pInstances->m_SystemInfo;
     LibModuleManager::s_pInstance = &Instances::s_pInstances->m_LibModuleManager;
+
+    // Forgotten again when this library is unloaded, by itself.
+    const auto renewLocks = [] {
+        if (Instances::s_pInstances != nullptr)
+            Instances::s_pInstances->RenewLocks();
+    };
+    if (pthread_atfork(nullptr, nullptr, renewLocks) != 0)
+        throw std::bad_alloc();
 }
 
 [[gnu::destructor]] void DestroyInstances() {
-    delete Instances::s_pInstances;
+    delete Instances::s_pInstances; // what is destroyed here still logs through the pointer
+    Instances::s_pInstances = nullptr;
 }
 
 } // namespace

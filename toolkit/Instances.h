@@ -22,7 +22,14 @@ struct Instances {
 
     Instances();
 
+    /// In a child of fork(), where one thread goes on alone: what another one held, it would hold for ever.
+    void RenewLocks();
+
     static Instances* s_pInstances;
+
+private:
+    template <class T>
+    static void RenewLock(smart_ptr<T>& shared);
 };
 
 } // namespace Toolkit

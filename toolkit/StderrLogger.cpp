@@ -1,6 +1,7 @@
 #include "StderrLogger.h"
 
 #include <cerrno>
+#include <memory>
 #include <string_view>
 
 #include <unistd.h>
@@ -24,7 +25,7 @@ void WriteWhole(std::string_view octets) {
 } // namespace
 
 // Level 1: the lines of severity 2 that the codecs write cost nothing until a host asks for them.
-StderrLogger::StderrLogger(const LineLock& lineLock) : ILogger(1), m_LineLock(lineLock) {}
+StderrLogger::StderrLogger(LineLock& lineLock) : ILogger(1), m_LineLock(lineLock) {}
 
 StderrLogger::~StderrLogger() {
     if (!m_Line.empty())
@@ -39,10 +40,18 @@ void StderrLogger::Write(const TString<wchar_t>& text) {
     if (number != m_Number && !m_Line.empty())
         EndLine();
     m_Number = number;
-    if (text == c_strLogToken3)
-        EndLine();
-    else
+    if (text != c_strLogToken3) {
         m_Line += text;
+        return;
+    }
+    EndLine();
+    m_LineLock.End(); // also when the piece was no string, of which the insertion knows nothing
+}
+
+void StderrLogger::StartAnew() {
+    std::construct_at(&m_Mutex);
+    std::construct_at(&m_Line); // the old one may have been changing just then
+    m_Number = 0;
 }
 
 void StderrLogger::EndLine() {

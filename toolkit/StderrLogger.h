@@ -13,15 +13,18 @@ namespace Toolkit {
 /// written, ended, before the next one.
 class StderrLogger : public ILogger {
 public:
-    explicit StderrLogger(const LineLock& lineLock);
+    explicit StderrLogger(LineLock& lineLock);
     ~StderrLogger() override;
 
     void Write(const TString<wchar_t>& text) override;
 
+    /// In a child of fork(): what the parent's threads compose is written there.
+    void StartAnew();
+
 private:
     void EndLine();
 
-    const LineLock& m_LineLock;
+    LineLock& m_LineLock;
     std::mutex m_Mutex;         ///< guards the two below against a thread that has lost its line meanwhile
     unsigned long m_Number = 0; ///< of the line being composed
     TString<wchar_t> m_Line;    ///< what it holds so far

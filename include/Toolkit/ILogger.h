@@ -7,12 +7,19 @@
 ///         << ILogger::GetTime().c_str() << ILogger::c_strLogToken2 << line << ILogger::c_strLogToken2
 ///         << "function" << ILogger::c_strLogToken2 << message pieces … << ILogger::c_strLogToken3;
 ///
-/// Threads: inserting a SetSeverity begins a line and inserting c_strLogToken3 ends it; between the two the
-/// logger belongs to the thread that began, so lines come out whole and a severity never leaks into another
-/// thread's line. A thread that begins a line while another one is being composed waits for its end, at most
-/// one second: a line that an exception cut short does not hold up the others for ever. A line that takes
-/// longer is taken over, and what its thread still inserts then may be lost or judged by the other line's
-/// severity.
+/// Threads: inserting a SetSeverity begins a line and inserting c_strLogToken3, or a string equal to it, ends
+/// it; between the two the logger belongs to the thread that began, so lines come out whole and a severity
+/// never leaks into another thread's line. A thread that begins a line while another one is being composed
+/// waits for its end, at most one second: a line that an exception cut short does not hold up the others for
+/// ever. A line that takes longer is taken over, and what its thread still inserts then may be lost or judged
+/// by the other line's severity.
+///
+/// fork: a child begins between two lines, whoever composed one in the parent, and can log and use the codecs
+/// at once; the parent's line is written by the parent alone. What else another thread had locked just then
+/// (an object of the host's, a module being loaded) stays locked in the child.
+///
+/// Loading: the process-wide objects are made when the support library is loaded. Should memory run out
+/// there, the process ends by std::terminate.
 #ifndef TOOLKIT_ILOGGER_H
 #define TOOLKIT_ILOGGER_H
 

@@ -134,6 +134,8 @@ public:
     T* get() const { return m_pObject; }        ///< the object, or null
 
 private:
+    friend struct Instances; // of the default support library, which renews locks in a child of fork()
+
     static ReferenceBlock* MakeBlock(T* pObject) {
         try {
             return new ReferenceBlock;

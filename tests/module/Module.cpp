@@ -145,6 +145,14 @@ TEST(Module, FailedAllocationLeavesLoadAndTheGlobalAsItWas) {
     EXPECT_EQ(ManagerCount(), count);
 }
 
+TEST(ModuleDeathTest, AllocationThatFailsWhileTheLibraryIsLoadedEndsTheProcess) {
+    const auto load = [] {
+        const tests::FailAllocation failure(1);
+        const LoadedLibrary library;
+    };
+    EXPECT_DEATH(load(), "bad_alloc");
+}
+
 TEST(Module, InitializeAndReleaseHaveNoEffect) {
     const LoadedLibrary library;
     LibModule* const pModule = library.Module();

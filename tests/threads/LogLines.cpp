@@ -1,5 +1,6 @@
 // Log lines of several threads.
 #include <chrono>
+#include <functional>
 #include <latch>
 #include <map>
 #include <sstream>
@@ -172,6 +173,79 @@ TEST(LogLines, LevelIsChangedWhenAnotherThreadsLineHasEnded) {
     changer.join();
     EXPECT_EQ(logger->GetLevel(), 0);
     EXPECT_EQ(logger->m_Pieces.size(), 3U);
+}
+
+/// A single wake-up would be the changer's, which waits longest and passes none on.
+TEST(LogLines, EndOfALineWakesEveryoneWhoWaitsForIt) {
+    InstalledLogger logger(1);
+    LineElsewhere elsewhere(1);
+    std::thread changer([&logger] { logger->SetLevel(2); });
+    std::this_thread::sleep_for(milliseconds(50));
+    std::thread writer([] { Logger() << SetSeverity(1) << "next" << ILogger::c_strLogToken3; });
+    std::this_thread::sleep_for(milliseconds(50));
+    const auto start = steady_clock::now();
+    elsewhere.End();
+    changer.join();
+    writer.join();
+    EXPECT_LT(steady_clock::now() - start, milliseconds(700));
+}
+
+/// The thread sanitizer notices an asker that takes no lock.
+TEST(LogLines, LevelIsAskedForWhileAnotherThreadChangesIt) {
+    InstalledLogger logger(1);
+    Together(2, [&logger](std::size_t thread) {
+        for (int round = 0; round < c_lines; ++round) {
+            if (thread == 0)
+                logger->SetLevel(round % 3);
+            else
+                EXPECT_LT(logger->GetLevel(), 3);
+        }
+    });
+}
+
+/// Whatever ends the written line lets the other threads go on, too.
+TEST(LogLines, StringEqualToTheLastTokenEndsTheLineForOtherThreads) {
+    const std::function<void()> ends[] = {
+        [] { Logger() << ILogger::c_strLogToken3; },
+        [] { Logger() << TString<wchar_t>(ILogger::c_strLogToken3); },
+        [] { Logger() << TString<char>("\n"); },
+        [] { Logger() << "\n"; },
+    };
+    for (const auto& end : ends) {
+        const CapturedStderr captured;
+        std::thread([&end] {
+            Logger() << SetSeverity(1) << "elsewhere";
+            end();
+        }).join();
+        const auto start = steady_clock::now();
+        Logger() << SetSeverity(1) << "here" << ILogger::c_strLogToken3;
+        EXPECT_LT(steady_clock::now() - start, milliseconds(900));
+        EXPECT_EQ(captured.Text(), "elsewhere\nhere\n");
+    }
+}
+
+TEST(LogLines, StringEqualToTheLastTokenEndsALineThatIsFilteredOutToo) {
+    std::thread([] { Logger() << SetSeverity(2) << TString<wchar_t>(ILogger::c_strLogToken3); }).join();
+    std::thread([] { Logger() << SetSeverity(2) << TString<char>("\n"); }).join();
+    const CapturedStderr captured;
+    const auto start = steady_clock::now();
+    Logger() << SetSeverity(1) << "here" << ILogger::c_strLogToken3;
+    EXPECT_LT(steady_clock::now() - start, milliseconds(900));
+}
+
+TEST(LogLines, StringThatOnlyBeginsLikeTheLastTokenEndsNothing) {
+    const CapturedStderr captured;
+    LineElsewhere elsewhere(1);
+    std::thread third;
+    {
+        elsewhere.End();
+        Logger() << SetSeverity(1) << TString<wchar_t>() << TString<wchar_t>(L"\n!") << TString<char>("!\n");
+        third = std::thread([] { Logger() << SetSeverity(1) << "third" << ILogger::c_strLogToken3; });
+        std::this_thread::sleep_for(milliseconds(50));
+        Logger() << "here" << ILogger::c_strLogToken3;
+    }
+    third.join();
+    EXPECT_EQ(captured.Text(), "begun elsewhere, ended elsewhere\n\n!!\nhere\nthird\n");
 }
 
 TEST(LogLines, LevelIsChangedInAnOwnLineAtOnce) {

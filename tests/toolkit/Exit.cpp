@@ -17,4 +17,8 @@ TEST(Exit, SupportLibraryThatWasLoadedLateStillServesTheHostsStaticObjects) {
     EXPECT_EQ(outcome.output, "logged by a static object of the host at exit\n");
 }
 
+TEST(Exit, SupportLibraryThatWasUnloadedLeavesForkAlone) {
+    EXPECT_EQ(tests::RunCommand(EXIT_FORK_HOST " " EXIT_TOOLKIT).status, 0);
+}
+
 } // namespace
