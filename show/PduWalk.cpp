@@ -235,7 +235,7 @@ std::string Walker::UserDataLengthMeaning(unsigned int count, unsigned int prese
     return meaning;
 }
 
-/// The octets that the decoder makes so many units of text of. Behind some headers, and for half a character,
+/// The octets that the decoder makes so many units of text of. After some headers, and for half a character,
 /// these reach farther than TP-UDL says.
 unsigned int Walker::TextOctets(unsigned int units) const {
     switch (m_Alphabet) {

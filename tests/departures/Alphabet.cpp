@@ -22,7 +22,7 @@ TString<char> CodesOf(const TString<wchar_t>& text) {
     return GSMCharSet().UnicodeToGsmString(text);
 }
 
-/// TP-DCS and all behind it of the PDU that takes a text to no destination.
+/// TP-DCS and all after it of the PDU that takes a text to no destination.
 std::string SentFor(const TString<wchar_t>& text, int table) {
     OpenEncoder encoder;
     encoder.AddTranslateTable(static_cast<TranslateTable::TT>(table));

@@ -215,7 +215,7 @@ void AddInspect(CLI::App& parent, Action& action) {
     AddStreaming(*command, *options);
     command->footer(
         "Every octet once, in order: its offset, its digits, its field by 3GPP TS 23.040, its value, its\n"
-        "meaning; octets of bits bit by bit. Behind \"!\" stands what is unusual by the standard though "
+        "meaning; octets of bits bit by bit. After \"!\" stands what is unusual by the standard though "
         "it\n"
         "decodes, and how the decoder takes it. A broken PDU is shown as far as it goes. With --json an\n"
         "object for each PDU, with \"map\", an object for each row, and \"error\" and \"stop\" where it is\n"
