@@ -47,18 +47,13 @@ namespace {
     SystemInfo::s_pInstance = &Instances::s_pInstances->m_SystemInfo;
     LibModuleManager::s_pInstance = &Instances::s_pInstances->m_LibModuleManager;
 
-    // Forgotten again when this library is unloaded, by itself.
-    const auto renewLocks = [] {
-        if (Instances::s_pInstances != nullptr)
-            Instances::s_pInstances->RenewLocks();
-    };
-    if (pthread_atfork(nullptr, nullptr, renewLocks) != 0)
+    // Forgotten again, by itself, when this library is unloaded.
+    if (pthread_atfork(nullptr, nullptr, [] { Instances::s_pInstances->RenewLocks(); }) != 0)
         throw std::bad_alloc();
 }
 
 [[gnu::destructor]] void DestroyInstances() {
-    delete Instances::s_pInstances; // what is destroyed here still logs through the pointer
-    Instances::s_pInstances = nullptr;
+    delete Instances::s_pInstances;
 }
 
 } // namespace

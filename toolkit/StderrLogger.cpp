@@ -51,7 +51,6 @@ void StderrLogger::Write(const TString<wchar_t>& text) {
 void StderrLogger::StartAnew() {
     std::construct_at(&m_Mutex);
     std::construct_at(&m_Line); // the old one may have been changing just then
-    m_Number = 0;
 }
 
 void StderrLogger::EndLine() {
