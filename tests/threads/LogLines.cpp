@@ -7,6 +7,8 @@
 #include <string>
 #include <thread>
 
+#include <unistd.h>
+
 #include <gtest/gtest.h>
 
 #include "Toolkit/ILogger.h"
@@ -149,6 +151,34 @@ TEST(LogLines, AnotherThreadsLineIsTakenOverAfterASecondAndItsRestDropped) {
     elsewhere.End();
     Logger() << ", ended here" << ILogger::c_strLogToken3;
     EXPECT_EQ(captured.Text(), "begun elsewhere\nbegun here, ended here\n");
+}
+
+/// Taken over while it is being written, a line still comes out whole.
+TEST(LogLines, LineThatStandardErrorTakesSlowlyIsNotBrokenByTheNextOne) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    const int before = dup(STDERR_FILENO);
+    dup2(ends[1], STDERR_FILENO);
+    const std::string text(1'000'000, 'x'); // more than a pipe holds
+    std::thread slow(
+        [&text] { Logger() << SetSeverity(1) << TString<char>(text) << ILogger::c_strLogToken3; });
+    std::string received(1, '\0');
+    EXPECT_EQ(read(ends[0], received.data(), 1), 1); // so it is in the middle
+    std::thread next([] { Logger() << SetSeverity(1) << "next" << ILogger::c_strLogToken3; });
+    std::this_thread::sleep_for(milliseconds(1200));
+    std::thread reader([&received, from = ends[0]] {
+        char piece[4096];
+        for (ssize_t count = 0; (count = read(from, piece, sizeof piece)) > 0;)
+            received.append(piece, static_cast<std::size_t>(count));
+    });
+    slow.join();
+    next.join();
+    dup2(before, STDERR_FILENO);
+    close(before);
+    close(ends[1]);
+    reader.join();
+    close(ends[0]);
+    EXPECT_EQ(received, text + "\nnext\n");
 }
 
 TEST(LogLines, EndOfALineThatWasTakenOverDoesNotEndTheNewOne) {

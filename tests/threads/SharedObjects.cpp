@@ -1,5 +1,6 @@
 // What several threads may use at once: shares of one object, the empty string, the module manager.
 #include <atomic>
+#include <stdexcept>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -100,6 +101,20 @@ TEST(Threads, ModulesOfSeveralThreadsAreRegisteredAndUnregistered) {
         }
     });
     EXPECT_TRUE(manager.IsRegistered(&kept));
+}
+
+TEST(Threads, ModulesThatCannotBeInitializedAreTakenOutAgain) {
+    struct Failing : LibModule {
+        void Initialize() override { throw std::runtime_error("never"); }
+    };
+    LibModuleManager manager;
+    Together(4, [&](std::size_t) {
+        for (int round = 0; round < 100; ++round) {
+            Failing module;
+            EXPECT_THROW(manager.Register(&module), std::runtime_error);
+            EXPECT_FALSE(manager.IsRegistered(&module));
+        }
+    });
 }
 
 TEST(Threads, OneOfSeveralRegistrationsOfOneModuleWins) {
