@@ -117,6 +117,21 @@ bool HasLine(const std::string& text, const std::string& line) {
     return false;
 }
 
+std::vector<nlohmann::json> JsonLines(const std::string& text) {
+    std::vector<nlohmann::json> objects;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);)
+        objects.push_back(nlohmann::json::parse(line));
+    return objects;
+}
+
+std::string AsLines(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines)
+        text += line + '\n';
+    return text;
+}
+
 std::string Repeated(const std::string& text, std::size_t count) {
     std::string repeated;
     while (count-- > 0)

@@ -34,6 +34,12 @@ int QxpduInto(const std::string& file, const std::vector<std::string>& arguments
 /// Whether the lines of a text hold this one, the blanks before it left out.
 bool HasLine(const std::string& text, const std::string& line);
 
+/// One object a line.
+std::vector<nlohmann::json> JsonLines(const std::string& text);
+
+/// A line each, with its line feed.
+std::string AsLines(const std::vector<std::string>& lines);
+
 /// The text as often as that.
 std::string Repeated(const std::string& text, std::size_t count);
 

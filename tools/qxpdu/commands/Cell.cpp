@@ -9,6 +9,7 @@
 #include "commands/Cell.h"
 #include "commands/CellPages.h"
 #include "commands/Commands.h"
+#include "commands/Options.h"
 #include "show/CellMeanings.h"
 #include "show/CodeUnits.h"
 #include "show/Meanings.h"
@@ -168,7 +169,7 @@ void AddCell(CLI::App& parent, Action& action) {
     command->callback([options, &action] {
         action = [options](const Streams& streams) {
             CellPages pages;
-            return ConvertStream(*options, streams,
+            return ConvertStream(options->Settings(), streams,
                                  {LineKind::Transcript,
                                   [&pages](const Input& input, Console& console) {
                                       return DecodeAndJoin(pages, input, console);

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "commands/Commands.h"
+#include "commands/Options.h"
 #include "show/CodeUnits.h"
 #include "stream/Writer.h"
 
@@ -33,25 +34,6 @@ constexpr const char* c_footer =
     "  qxpdu encode --to +4179123 hello   the PDU of a text\n"
     "  qxpdu inspect PDU                  what each octet means, and where a PDU breaks\n"
     "  qxpdu count 'It’s 5 €'             how a text would go out, and why in UCS2";
-
-/// Put before an argument that CLI11 is to leave as it is. It would take "[a,b]" for a list wherever
-/// several values are allowed, and forget that "--" came before as soon as one input was there.
-constexpr char c_shield = '\1';
-
-std::vector<std::string> Shielded(const std::vector<std::string>& arguments) {
-    std::vector<std::string> shielded;
-    bool onlyInputs = false;
-    for (const std::string& argument : arguments) {
-        const bool isList = argument.starts_with('[') && argument.ends_with(']');
-        if (onlyInputs || isList || argument.starts_with(c_shield))
-            shielded.push_back(c_shield + argument);
-        else if (argument == "--")
-            onlyInputs = true;
-        else
-            shielded.push_back(argument);
-    }
-    return shielded;
-}
 
 /// Sets the description apart from the usage line.
 class HelpFormatter : public CLI::Formatter {
@@ -86,17 +68,6 @@ std::string NoCommandIn(const std::vector<std::string>& arguments, const CLI::Ap
 
 } // namespace
 
-std::string Unshielded(const std::string& argument) {
-    return argument.starts_with(c_shield) ? argument.substr(1) : argument;
-}
-
-std::vector<std::string> ValuesOf(const CLI::Option* option) {
-    std::vector<std::string> values;
-    for (const std::string& value : option->results())
-        values.push_back(Unshielded(value));
-    return values;
-}
-
 int RunTool(const std::vector<std::string>& arguments, const Streams& streams) {
     CLI::App tool(c_description, "qxpdu");
     tool.formatter(std::make_shared<HelpFormatter>());
@@ -126,8 +97,7 @@ int RunTool(const std::vector<std::string>& arguments, const Streams& streams) {
         std::string message = NoCommandIn(arguments, tool);
         if (message.empty())
             message = error.what();
-        std::erase(message, c_shield);
-        streams.err << "qxpdu: " << Printable(message) << '\n' << UsageOf(tool);
+        streams.err << "qxpdu: " << Printable(WithoutShields(std::move(message))) << '\n' << UsageOf(tool);
         return Console::WRONG_COMMAND_LINE;
     } catch (const std::bad_alloc&) {
         streams.err << "qxpdu: out of memory\n";

@@ -7,7 +7,6 @@
 #include <CLI/CLI.hpp>
 
 #include "stream/Console.h"
-#include "stream/Conversion.h"
 
 namespace qxpdu {
 

@@ -14,6 +14,7 @@
 #include "characters/Unicode.h"
 #include "characters/UnicodeNames.h"
 #include "commands/Commands.h"
+#include "commands/Options.h"
 #include "commands/Parts.h"
 #include "commands/Sending.h"
 #include "show/CodeUnits.h"
@@ -368,7 +369,7 @@ void Count(const CountOptions& options, const Input& input, Console& console) {
 }
 
 int Count(const CountOptions& options, const Streams& streams) {
-    return ConvertAll(options, streams, options.lines ? LineKind::Message : LineKind::Whole,
+    return ConvertAll(options.Settings(), streams, options.lines ? LineKind::Message : LineKind::Whole,
                       [&options](const Input& input, Console& console) { Count(options, input, console); });
 }
 

@@ -10,6 +10,7 @@
 #include "commands/Cell.h"
 #include "commands/Commands.h"
 #include "commands/Join.h"
+#include "commands/Options.h"
 #include "commands/Parts.h"
 #include "show/CodeUnits.h"
 #include "show/Hex.h"
@@ -355,7 +356,7 @@ void AddDecode(CLI::App& parent, Action& action) {
     command->callback([options, &action] {
         action = [options](const Streams& streams) {
             Joining joining;
-            return ConvertStream(*options, streams,
+            return ConvertStream(options->Settings(), streams,
                                  {LineKind::Transcript,
                                   [&](const Input& input, Console& console) {
                                       return Convert(joining, *options, input, console);

@@ -13,6 +13,7 @@
 #include "characters/InputError.h"
 #include "characters/Unicode.h"
 #include "commands/Commands.h"
+#include "commands/Options.h"
 #include "commands/Sending.h"
 #include "show/CodeUnits.h"
 #include "show/Meanings.h"
@@ -331,7 +332,7 @@ int Encode(EncodeOptions options, const Streams& streams) {
     options.references = static_cast<unsigned int>(std::time(nullptr));
     const bool hasLines = options.lines || options.jsonLines;
     return ConvertStream(
-        options, streams,
+        options.Settings(), streams,
         {hasLines ? LineKind::Message : LineKind::Whole,
          [&options](const Input& input, Console& console) { return EncodeInput(options, input, console); }});
 }

@@ -6,6 +6,7 @@
 #include "characters/InputError.h"
 #include "characters/Unicode.h"
 #include "commands/Commands.h"
+#include "commands/Options.h"
 #include "show/CodeUnits.h"
 #include "show/Hex.h"
 
@@ -109,7 +110,7 @@ int Convert(const GsmOptions& options, const Operation& operation, const Streams
     GSMCharSet charSet;
     if (options.greek)
         charSet.AddTranslateTable(Encoding::TranslateTable::GREEK);
-    return ConvertAll(options, streams, operation.kind, [&](const Input& input, Console& console) {
+    return ConvertAll(options.Settings(), streams, operation.kind, [&](const Input& input, Console& console) {
         operation.convert(charSet, input, console);
     });
 }

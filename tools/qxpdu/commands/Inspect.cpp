@@ -8,6 +8,7 @@
 
 #include "characters/Hexadecimal.h"
 #include "commands/Commands.h"
+#include "commands/Options.h"
 #include "show/CodeUnits.h"
 #include "show/Hex.h"
 #include "show/OctetMap.h"
@@ -226,9 +227,9 @@ void AddInspect(CLI::App& parent, Action& action) {
     command->callback([options, &action] {
         action = [options](const Streams& streams) {
             const Painter painter(WantsColor(options->color, streams));
-            return ConvertAll(*options, streams, LineKind::Hex, [&](const Input& input, Console& console) {
-                Inspect(*options, input, painter, console);
-            });
+            return ConvertAll(
+                options->Settings(), streams, LineKind::Hex,
+                [&](const Input& input, Console& console) { Inspect(*options, input, painter, console); });
         };
     });
 }

@@ -3,6 +3,7 @@
 #include "Toolkit/ILogger.h"
 #include "characters/Unicode.h"
 #include "commands/Commands.h"
+#include "commands/Options.h"
 #include "show/CodeUnits.h"
 
 namespace qxpdu {
@@ -50,7 +51,7 @@ void AddText(CLI::App& parent, Action& action) {
             if (options->verbose)
                 (*Toolkit::ILogger::s_pInstance)->SetLevel(c_decoderSeverity);
             return ConvertAll(
-                *options, streams, LineKind::Text,
+                options->Settings(), streams, LineKind::Text,
                 [&options](const Input& input, Console& console) { Decode(*options, input, console); });
         };
     });

@@ -6,6 +6,7 @@
 #include "characters/InputError.h"
 #include "characters/Unicode.h"
 #include "commands/Commands.h"
+#include "commands/Options.h"
 #include "show/CodeUnits.h"
 #include "show/Hex.h"
 
@@ -94,7 +95,7 @@ void AddUcs2(CLI::App& parent, Action& action) {
         command->footer(operation.footer);
         command->callback([options, &operation, &action] {
             action = [options, &operation](const Streams& streams) {
-                return ConvertAll(*options, streams, operation.kind, operation.convert);
+                return ConvertAll(options->Settings(), streams, operation.kind, operation.convert);
             };
         });
     }

@@ -18,7 +18,6 @@ namespace {
 
 constexpr std::size_t c_batchInputs = 256;
 constexpr std::size_t c_batchBytes = 1U << 16; ///< reached by the last input of a batch
-constexpr unsigned int c_maxThreads = 256;
 
 /// Inputs that one worker converts at a time.
 struct Batch {
@@ -89,32 +88,32 @@ private:
     Transcript m_Transcript;
 };
 
-struct Converted {
+struct Outcome {
     Console console;
     Afterwards afterwards;
 };
 
-Converted Convert(const Input& input, Format format, const Converter& converter) {
-    Converted converted{Console(format), {}};
+Outcome Convert(const Input& input, Format format, const Converter& converter) {
+    Outcome outcome{Console(format), {}};
     try {
         if (input.source != Input::Source::Argument && input.text.size() > Inputs::MAX_LINE)
             throw InputError(fmt::format("longer than {} bytes", Inputs::MAX_LINE));
         if (input.heading && input.text.empty())
             throw InputError(fmt::format("no PDU follows {}", input.heading->name));
-        converted.afterwards = converter.convert(input, converted.console);
+        outcome.afterwards = converter.convert(input, outcome.console);
     } catch (const InputError& error) {
-        Fail(converted.console, input, error.what());
+        Fail(outcome.console, input, error.what());
     }
-    return converted;
+    return outcome;
 }
 
 /// Passes on what inputs gave, one after the other.
-class Delivering {
+class Output {
 public:
-    Delivering(const ConversionOptions& options, const Streams& streams, bool flushLines)
+    Output(const ConversionSettings& settings, const Streams& streams, bool flushLines)
         : m_OutIsTerminal(streams.outIsTerminal),
-          m_Writer(streams, options.ResultFormat(), flushLines),
-          m_Progress(streams.err, options.progress.value_or(streams.errIsTerminal && !streams.outIsTerminal),
+          m_Writer(streams, settings.format, flushLines),
+          m_Progress(streams.err, settings.progress.value_or(streams.errIsTerminal && !streams.outIsTerminal),
                      streams.inSize) {}
 
     void Write(const Console& console) {
@@ -124,7 +123,7 @@ public:
     }
 
     /// False when nobody wants any more.
-    bool Write(const Batch& batch, std::vector<Converted>& results) {
+    bool Write(const Batch& batch, std::vector<Outcome>& results) {
         for (auto& [console, afterwards] : results) {
             if (afterwards)
                 afterwards(console);
@@ -147,85 +146,41 @@ private:
 
 } // namespace
 
-Format ConversionOptions::ResultFormat() const {
-    if (jsonLines)
-        return Format::JsonLines;
-    return json ? Format::JsonArray : Format::Text;
-}
-
-void AddConversion(CLI::App& command, ConversionOptions& options, const std::string& name,
-                   const std::string& description) {
-    options.inputs =
-        command.add_option(name, description)->expected(CLI::detail::expected_max_vector_size)->type_name("");
-    AddJson(command, options);
-}
-
-CLI::Option* AddJson(CLI::App& command, ConversionOptions& options) {
-    return command.add_flag("--json", options.json, "Write the results as a JSON array");
-}
-
-std::string FaultOfDecimal(const std::string& text) {
-    return text.size() > 1 && text.front() == '0' ? text + " is not decimal without leading zeros" : "";
-}
-
-void AddStreaming(CLI::App& command, ConversionOptions& options) {
-    command
-        .add_flag("--jsonl", options.jsonLines,
-                  "Write the results as JSON Lines, an object for each input, failed ones included")
-        ->excludes(command.get_option("--json"));
-    command.add_option("-j,--threads", options.threads, "Work on N threads; the order stays")
-        ->check(FaultOfDecimal)
-        ->check(CLI::Range(1U, c_maxThreads).description(""))
-        ->type_name("N");
-    command.add_flag("--line-buffered", options.lineBuffered,
-                     "Write each result as soon as it is there, as on a terminal");
-    CLI::Option* progress = command.add_flag_callback(
-        "--progress", [&options] { options.progress = true; },
-        "Show lines, rate and errors on standard error; by themselves they are shown where that is a "
-        "terminal "
-        "and results go elsewhere");
-    command
-        .add_flag_callback(
-            "--no-progress", [&options] { options.progress = false; }, "Do not show them")
-        ->excludes(progress);
-}
-
-int ConvertStream(const ConversionOptions& options, const Streams& streams, const Converter& converter) {
-    const bool flushLines = options.lineBuffered || streams.outIsTerminal;
-    const Format format = options.ResultFormat();
-    Reader reader(ValuesOf(options.inputs), converter.kind, streams);
-    Delivering delivering(options, streams, flushLines);
+int ConvertStream(const ConversionSettings& settings, const Streams& streams, const Converter& converter) {
+    const bool flushLines = settings.lineBuffered || streams.outIsTerminal;
+    Reader reader(settings.arguments, converter.kind, streams);
+    Output output(settings, streams, flushLines);
     const auto convert = [&](const Batch& batch) {
-        std::vector<Converted> results;
+        std::vector<Outcome> results;
         results.reserve(batch.inputs.size());
         for (const Input& input : batch.inputs)
-            results.push_back(Convert(input, format, converter));
+            results.push_back(Convert(input, settings.format, converter));
         return results;
     };
-    const Taking take = [&]() -> BatchWork {
+    const BatchSource take = [&]() -> BatchWork {
         auto batch = std::make_shared<const Batch>(reader.Next(flushLines ? 1 : c_batchInputs));
         if (batch->inputs.empty())
             return nullptr;
         return [&, batch]() -> Delivery {
-            auto results = std::make_shared<std::vector<Converted>>(convert(*batch));
-            return [&, batch, results] { return delivering.Write(*batch, *results); };
+            auto results = std::make_shared<std::vector<Outcome>>(convert(*batch));
+            return [&, batch, results] { return output.Write(*batch, *results); };
         };
     };
-    WorkInOrder(take, options.threads);
-    Console last(format);
+    WorkInOrder(take, settings.threads);
+    Console last(settings.format);
     converter.finish(last);
     if (reader.HasFailed())
         last.Error("standard input", "cannot be read");
-    delivering.Write(last);
-    return delivering.Finish();
+    output.Write(last);
+    return output.Finish();
 }
 
-int ConvertAll(const ConversionOptions& options, const Streams& streams, LineKind kind,
+int ConvertAll(const ConversionSettings& settings, const Streams& streams, LineKind kind,
                const std::function<void(const Input&, Console&)>& convert) {
-    return ConvertStream(options, streams, {kind, [&convert](const Input& input, Console& console) {
-                                                convert(input, console);
-                                                return Afterwards();
-                                            }});
+    return ConvertStream(settings, streams, {kind, [&convert](const Input& input, Console& console) {
+                                                 convert(input, console);
+                                                 return Afterwards();
+                                             }});
 }
 
 void Fail(Console& console, const Input& input, const std::string& message) {

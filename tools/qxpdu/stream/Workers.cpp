@@ -14,7 +14,7 @@ namespace {
 /// What the workers share. A batch is numbered when it is taken and is delivered in its turn.
 class Workers {
 public:
-    explicit Workers(const Taking& take) : m_Take(take) {}
+    explicit Workers(const BatchSource& take) : m_Take(take) {}
 
     void Run(unsigned int threads) {
         std::vector<std::jthread> others;
@@ -76,7 +76,7 @@ private:
         m_TurnChanged.notify_all();
     }
 
-    const Taking& m_Take;
+    const BatchSource& m_Take;
     std::mutex m_Taking; ///< guards m_Take and m_Taken
     std::uint64_t m_Taken = 0;
 
@@ -89,7 +89,7 @@ private:
 
 } // namespace
 
-void WorkInOrder(const Taking& take, unsigned int threads) {
+void WorkInOrder(const BatchSource& take, unsigned int threads) {
     Workers(take).Run(threads);
 }
 

@@ -14,11 +14,11 @@ using Delivery = std::function<bool()>;
 using BatchWork = std::function<Delivery()>;
 
 /// Takes the next batch off the stream, one worker at a time; nothing at the end of the stream.
-using Taking = std::function<BatchWork()>;
+using BatchSource = std::function<BatchWork()>;
 
 /// Works until the stream is at its end; each thread holds one batch at a time. What a step throws ends the
 /// work and is thrown on.
-void WorkInOrder(const Taking& take, unsigned int threads);
+void WorkInOrder(const BatchSource& take, unsigned int threads);
 
 } // namespace qxpdu
 

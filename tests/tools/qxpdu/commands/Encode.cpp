@@ -246,4 +246,9 @@ TEST(QxpduEncode, JsonTellsTheShareOfEachPartAndItsReference) {
     }
 }
 
+TEST(QxpduEncode, AtWritesTheCommandForTheModem) {
+    EXPECT_EQ(Qxpdu({"encode", "--to", "+4179123", "--smsc", "+41", "--at", "hello"}),
+              (Outcome{0, "AT+CMGS=16\n02911401000791149721F3000005E8329BFD06\n", ""}));
+}
+
 } // namespace

@@ -1,0 +1,153 @@
+// qxpdu decode --join
+#include <gtest/gtest.h>
+
+#include "support/Octets.h"
+#include "tools/qxpdu/RunTool.h"
+#include "tools/qxpdu/Samples.h"
+
+namespace {
+
+using tests::AsLines;
+using tests::c_codePart;
+using tests::c_escapePart;
+using tests::c_report;
+using tests::c_submit;
+using tests::HasLine;
+using tests::JsonLines;
+using tests::Outcome;
+using tests::Qxpdu;
+
+constexpr const char* c_highPart = "0791214365870921440B912143658709F100082120312143658008050003060201D83D";
+constexpr const char* c_lowPart = "0791214365870921440B912143658709F100082120312143658008050003060202DE00";
+constexpr const char* c_widePart = "0791214365870921440B912143658709F10008212031214365800906080400060202DE00";
+
+TEST(QxpduJoin, PairsThatWereCutBetweenPartsAreWhole) {
+    struct Row {
+        std::vector<std::string> parts;
+        const char* text;
+    };
+    const Row rows[] = {
+        {{c_escapePart, c_codePart}, "a€b"},
+        {{c_codePart, c_escapePart}, "a€b"},
+        {{c_highPart, c_lowPart}, "😀"},
+    };
+    for (const Row& row : rows) {
+        const Outcome run = Qxpdu({"decode", "--join", "--jsonl"}, AsLines(row.parts));
+        EXPECT_EQ(run.status, 0);
+        const auto objects = JsonLines(run.out);
+        ASSERT_EQ(objects.size(), 1U) << run.out;
+        EXPECT_EQ(objects[0]["text"], row.text);
+        EXPECT_EQ(objects[0]["address"], "+12345678901");
+        EXPECT_EQ(objects[0]["parts_joined"], (nlohmann::json{1, 2}));
+        EXPECT_EQ(objects[0]["parts_missing"], nlohmann::json::array());
+    }
+}
+
+TEST(QxpduJoin, TextNamesThePartsAndWhereTheyCameFrom) {
+    EXPECT_EQ(Qxpdu({"decode", "--join"}, AsLines({c_codePart, c_escapePart, c_lowPart})),
+              (Outcome{0,
+                       "Parts joined 1, 2 of 2\n"
+                       "        from line 2, line 1\n"
+                       "     address +12345678901\n"
+                       "   reference 5\n"
+                       "        text a€b\n"
+                       "\n"
+                       "Parts joined 2 of 2; missing 1\n"
+                       "        from line 3\n"
+                       "     address +12345678901\n"
+                       "   reference 6\n"
+                       "        text \xEF\xBF\xBD\n",
+                       ""}));
+}
+
+TEST(QxpduJoin, ReferencesOf8And16BitsAreDistinct) {
+    const auto objects =
+        JsonLines(Qxpdu({"decode", "--join", "--jsonl"}, AsLines({c_highPart, c_widePart})).out);
+    ASSERT_EQ(objects.size(), 2U);
+    EXPECT_EQ(objects[0]["reference_bits"], 8);
+    EXPECT_EQ(objects[0]["parts_missing"], nlohmann::json{2});
+    EXPECT_EQ(objects[1]["reference_bits"], 16);
+    EXPECT_EQ(objects[1]["parts_missing"], nlohmann::json{1});
+}
+
+TEST(QxpduJoin, PartThatComesAgainIsADuplicateBeforeAndAfterCompletion) {
+    const Outcome run =
+        Qxpdu({"decode", "--join", "--jsonl"}, AsLines({c_escapePart, c_escapePart, c_codePart, c_codePart}));
+    const auto objects = JsonLines(run.out);
+    ASSERT_EQ(objects.size(), 3U) << run.out;
+    EXPECT_EQ(objects[0], (nlohmann::json{{"line", 2}, {"duplicate_of", "line 1"}}));
+    EXPECT_EQ(objects[1]["text"], "a€b");
+    EXPECT_EQ(objects[2], (nlohmann::json{{"line", 4}, {"duplicate_of", "line 3"}}));
+    EXPECT_EQ(Qxpdu({"decode", "--join"}, AsLines({c_escapePart, c_escapePart})).err,
+              "qxpdu: line 2: warning: part 1 of 2 has come before, in line 1\n");
+}
+
+TEST(QxpduJoin, LaterMessageUnderTheSameReferenceIsWholeThoughItBeginsAlike) {
+    const auto later = [](std::string part) {
+        return part.replace(part.find("2120312143"), 10, "2120313143");
+    };
+    const auto objects =
+        JsonLines(Qxpdu({"decode", "--join", "--jsonl"},
+                        AsLines({c_escapePart, c_codePart, later(c_escapePart), later(c_codePart)}))
+                      .out);
+    ASSERT_EQ(objects.size(), 2U);
+    EXPECT_EQ(objects[0]["text"], "a€b");
+    EXPECT_EQ(objects[1]["text"], "a€b");
+    EXPECT_EQ(objects[1]["joined"], (nlohmann::json{3, 4}));
+}
+
+TEST(QxpduJoin, PlaceIsThatOfTheConcatenationWhateverOtherElementsSay) {
+    // Parts 1 and 2 of 2 of message 7 as 8-bit data; an indication of 5 waiting messages stands in the header
+    // too.
+    const std::string start = "0791214365870921440B912143658709F1000421203121436580";
+    const auto objects = JsonLines(
+        Qxpdu({"decode", "--join", "--jsonl"},
+              AsLines({start + "0B09000307020101028005" + "41", start + "0B09000307020201028005" + "42"}))
+            .out);
+    ASSERT_EQ(objects.size(), 1U);
+    EXPECT_EQ(objects[0]["text"], "AB");
+    EXPECT_EQ(objects[0]["total"], 2);
+    EXPECT_EQ(objects[0]["reference"], 7);
+}
+
+TEST(QxpduJoin, StatusReportFindsTheMessageByReferenceAndAddress) {
+    const auto objects = JsonLines(Qxpdu({"decode", "--join", "--jsonl"}, AsLines({c_submit, c_report})).out);
+    ASSERT_EQ(objects.size(), 2U);
+    EXPECT_FALSE(objects[0].contains("report_on"));
+    EXPECT_EQ(objects[1]["report_on"], 1);
+    std::string other = c_report;
+    other[5] = '8'; // TP-MR
+    EXPECT_FALSE(JsonLines(Qxpdu({"decode", "--join", "--jsonl"}, AsLines({c_submit, other})).out)
+                     .at(1)
+                     .contains("report_on"));
+    EXPECT_TRUE(HasLine(Qxpdu({"decode", "--join"}, AsLines({c_submit, c_report})).out, "report on line 1"));
+    EXPECT_TRUE(HasLine(Qxpdu({"decode", "--join", c_submit, c_report}).out, "report on argument 1"));
+    const std::string national = "0001070481214300000161"; // the service centre adds the plus sign
+    EXPECT_EQ(JsonLines(Qxpdu({"decode", "--join", "--jsonl"}, AsLines({national, c_report})).out)
+                  .at(1)["report_on"],
+              1);
+}
+
+TEST(QxpduJoin, OldestMessageIsGivenUpWhenTooManyPartsWait) {
+    // 4,097 first parts, which are one more than wait, and then the second part of the very first message.
+    constexpr int c_waiting = 4096;
+    std::string input;
+    for (int reference = 0; reference <= c_waiting; ++reference) {
+        const unsigned char octets[] = {static_cast<unsigned char>(reference >> 8),
+                                        static_cast<unsigned char>(reference)};
+        input += "0791214365870921440B912143658709F100082120312143658009060804" + tests::Hex(octets, 1) +
+                 tests::Hex(octets + 1, 1) + "02010061\n";
+    }
+    input += "0791214365870921440B912143658709F100082120312143658009060804000002020062\n";
+    const Outcome run = Qxpdu({"decode", "--join", "--jsonl"}, input);
+    EXPECT_EQ(run.status, 0);
+    const auto objects = JsonLines(run.out);
+    ASSERT_EQ(objects.size(), std::size_t{c_waiting} + 2);
+    EXPECT_EQ(objects[0]["joined"], nlohmann::json{1});
+    EXPECT_EQ(objects[0]["parts_missing"], nlohmann::json{2});
+    EXPECT_EQ(objects[1]["joined"], nlohmann::json{2});
+    EXPECT_EQ(objects.back()["joined"], nlohmann::json{c_waiting + 2});
+    EXPECT_EQ(objects.back()["parts_missing"], nlohmann::json{1});
+}
+
+} // namespace

@@ -1,0 +1,147 @@
+// Many inputs: JSON Lines, threads, progress, closed pipes.
+#include <gtest/gtest.h>
+
+#include "support/PseudoTerminal.h"
+#include "tools/qxpdu/RunTool.h"
+#include "tools/qxpdu/Samples.h"
+
+namespace {
+
+using tests::AsLines;
+using tests::c_cellPage;
+using tests::c_codePart;
+using tests::c_escapePart;
+using tests::c_hello;
+using tests::HasLine;
+using tests::JsonLines;
+using tests::Outcome;
+using tests::Qxpdu;
+using tests::Repeated;
+using tests::Shell;
+
+using Arguments = std::vector<std::string>;
+
+TEST(QxpduStreams, JsonLinesGiveAnObjectForEachInputInOrderWithErrorsAmongThem) {
+    const Outcome run = Qxpdu({"decode", "--jsonl"}, AsLines({c_hello, "0G", "", c_hello}));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, "");
+    const auto objects = JsonLines(run.out);
+    ASSERT_EQ(objects.size(), 3U);
+    EXPECT_EQ(objects[0]["line"], 1);
+    EXPECT_EQ(objects[0]["text"], "Hello");
+    EXPECT_EQ(objects[1],
+              (nlohmann::json{{"line", 2}, {"error", "character 2, 'G', is no hexadecimal digit"}}));
+    EXPECT_EQ(objects[2]["line"], 4);
+}
+
+TEST(QxpduStreams, JsonLinesOfArgumentsAreNumbered) {
+    const auto objects = JsonLines(Qxpdu({"cell", "--jsonl", "00", c_cellPage}).out);
+    ASSERT_EQ(objects.size(), 2U);
+    EXPECT_EQ(objects[0], (nlohmann::json{{"argument", 1}, {"error", "1 octet, a page has 6 at least"}}));
+    EXPECT_EQ(objects[1]["argument"], 2);
+    EXPECT_EQ(objects[1]["text"], "Hello");
+}
+
+TEST(QxpduStreams, ThreadsChangeNothingInTheOutput) {
+    const std::string input =
+        Repeated(AsLines({c_hello, "0G", "+CMT: ,27", c_escapePart, "", c_codePart, c_cellPage}), 700);
+    for (const Arguments& command :
+         {Arguments{"decode", "--jsonl"}, Arguments{"decode"}, Arguments{"decode", "--json", "--join"},
+          Arguments{"decode", "--jsonl", "--join"}, Arguments{"cell", "--jsonl"}}) {
+        SCOPED_TRACE(testing::PrintToString(command));
+        const Outcome one = Qxpdu(command, input);
+        EXPECT_FALSE(one.out.empty());
+        for (const char* threads : {"1", "2", "8"}) {
+            Arguments arguments = command;
+            arguments.insert(arguments.end(), {"-j", threads});
+            EXPECT_EQ(Qxpdu(arguments, input), one) << threads;
+        }
+        Arguments arguments = command;
+        arguments.insert(arguments.end(), {"--threads", "3", "--line-buffered"});
+        EXPECT_EQ(Qxpdu(arguments, input), one);
+    }
+}
+
+TEST(QxpduStreams, LineBufferedAnswersEachLineBeforeTheNextIsThere) {
+    // The shell sends the second line only when the answer to the first has come.
+    const Outcome run = tests::Shell("d=$(mktemp -d) && mkfifo $d/in $d/out && "
+                                     "{ $QXPDU decode --jsonl --line-buffered <$d/in >$d/out & } && exec "
+                                     "3>$d/in 4<$d/out && echo 00 >&3 && "
+                                     "read -r first <&4 && echo 0 >&3 && read -r second <&4 && "
+                                     "echo \"$first\" && echo \"$second\"; rm -r $d");
+    EXPECT_EQ(
+        run.out,
+        "{\"line\":1,\"error\":\"first octet at octet 1: expected an octet, found the end of the PDU\"}\n"
+        "{\"line\":2,\"error\":\"odd number of hexadecimal digits, 1\"}\n");
+}
+
+TEST(QxpduStreams, ClosedPipeEndsTheToolQuietly) {
+    const struct {
+        const char* trap;
+        const char* status; ///< of the tool: ended by SIGPIPE, or nothing amiss where that is ignored
+    } rows[] = {{"", "141\n"}, {"trap '' PIPE; ", "0\n"}};
+    for (const auto& row : rows) {
+        const Outcome run =
+            tests::Shell(std::string(row.trap) + "yes " + c_hello +
+                         " 2>/dev/null | { $QXPDU decode --jsonl; echo $? >&2; } | head -n 1");
+        EXPECT_EQ(run.err, row.status);
+        EXPECT_EQ(JsonLines(run.out).size(), 1U) << run.out;
+    }
+}
+
+TEST(QxpduStreams, ProgressIsShownOnATerminalUnlessResultsGoThereToo) {
+    if (!tests::HasPseudoTerminals())
+        GTEST_SKIP() << tests::c_noPseudoTerminals;
+    const std::string decode = "printf '00\\n' | $QXPDU decode --jsonl";
+    const auto onTerminal = [](const std::string& command) {
+        return tests::Shell("script -qec \"" + command + "\" /dev/null").out;
+    };
+    EXPECT_NE(onTerminal(decode + " >/dev/null").find("1 line, "), std::string::npos);
+    EXPECT_EQ(onTerminal(decode + " --no-progress >/dev/null"), "");
+    EXPECT_EQ(onTerminal(decode).find("1 line, "), std::string::npos);
+    EXPECT_NE(onTerminal(decode + " --progress").find("1 line, "), std::string::npos);
+}
+
+TEST(QxpduStreams, ProgressTellsLinesAndErrorsOnStandardError) {
+    const Outcome shown = Qxpdu({"decode", "--jsonl", "--progress"}, AsLines({c_hello, "0G", c_hello}));
+    const std::string start = "qxpdu: 3 lines, ";
+    const std::size_t begin = shown.err.rfind(start);
+    ASSERT_NE(begin, std::string::npos) << shown.err;
+    const std::size_t rate = begin + start.size();
+    const std::size_t end = shown.err.find_first_not_of("0123456789", rate);
+    EXPECT_GT(end, rate) << "a rate";
+    EXPECT_EQ(shown.err.substr(end), " a second, 1 error\n");
+    for (const Arguments& arguments :
+         {Arguments{"decode", "--jsonl"}, {"decode", "--jsonl", "--no-progress"}})
+        EXPECT_EQ(Qxpdu(arguments, AsLines({c_hello})).err, "");
+}
+
+TEST(QxpduStreams, WrongStreamOptionsAreRefused) {
+    struct Row {
+        Arguments arguments;
+        const char* message;
+    };
+    const Row rows[] = {
+        {{"decode", "-j", "0"}, "qxpdu: --threads: Value 0 not in range 1 to 256"},
+        {{"decode", "-j", "257"}, "qxpdu: --threads: Value 257 not in range 1 to 256"},
+        {{"decode", "--progress", "--no-progress"}, "qxpdu: --progress excludes --no-progress"},
+        {{"decode", "--json", "--jsonl"}, "qxpdu: --json excludes --jsonl"},
+        {{"encode", "--to", "1", "--at", "--json", "a"}, "qxpdu: --json excludes --at"},
+        {{"encode", "--to", "1", "--at", "--jsonl", "a"}, "qxpdu: --jsonl excludes --at"},
+    };
+    for (const Row& row : rows) {
+        const Outcome run = Qxpdu(row.arguments);
+        EXPECT_EQ(run.status, 2) << row.message;
+        EXPECT_TRUE(HasLine(run.err, row.message)) << run.err;
+    }
+}
+
+TEST(QxpduStreams, StandardInputThatCannotBeReadIsAnError) {
+    const char* const message = "qxpdu: standard input: cannot be read\n";
+    for (const char* command : {"decode", "encode --to 1", "encode --lines --to 1", "count", "cell -j 2"}) {
+        EXPECT_EQ(Shell(std::string("$QXPDU ") + command + " </"), (Outcome{1, "", message})) << command;
+        EXPECT_EQ(Shell(std::string("$QXPDU ") + command + " <&-"), (Outcome{1, "", message})) << command;
+    }
+}
+
+} // namespace
