@@ -1,6 +1,7 @@
 // What several threads may use at once: shares of one object, the empty string, the module manager.
 #include <atomic>
 #include <stdexcept>
+#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -105,7 +106,10 @@ TEST(Threads, ModulesOfSeveralThreadsAreRegisteredAndUnregistered) {
 
 TEST(Threads, ModulesThatCannotBeInitializedAreTakenOutAgain) {
     struct Failing : LibModule {
-        void Initialize() override { throw std::runtime_error("never"); }
+        void Initialize() override {
+            std::this_thread::yield(); // to a thread that registers another one
+            throw std::runtime_error("never");
+        }
     };
     LibModuleManager manager;
     Together(4, [&](std::size_t) {
