@@ -3,24 +3,36 @@ include(CMakePackageConfigHelpers)
 
 set(QX_ZSH_FOLDER site-functions CACHE STRING "Folder of zsh's that takes the completion; Debian's is another")
 set(QX_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/QX_Encoding)
+set(QX_MESSAGES_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/QX_Messages)
 set(QX_PC_DIR ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 file(RELATIVE_PATH QX_PREFIX_FROM_PC ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 
-function(qx_install_library target component)
-  install(TARGETS ${target} EXPORT QX_EncodingTargets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${component} NAMELINK_COMPONENT dev)
+# qx_install_library(target package component dev): what its development files belong to is `dev`.
+function(qx_install_library target package component dev)
+  install(TARGETS ${target} EXPORT ${package}Targets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${component} NAMELINK_COMPONENT ${dev})
 endfunction()
 
-function(qx_install_pc name)
+function(qx_install_pc name dev)
   configure_file(cmake/${name}.pc.in ${name}.pc @ONLY)
-  install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${QX_PC_DIR} COMPONENT dev)
+  install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${QX_PC_DIR} COMPONENT ${dev})
 endfunction()
 
-qx_install_library(QX_Encoding encoding)
+# qx_install_package(package folder dev): the CMake package, which finds the rest from where it stands.
+function(qx_install_package package folder dev)
+  install(EXPORT ${package}Targets NAMESPACE QX:: DESTINATION ${folder} COMPONENT ${dev})
+  configure_package_config_file(cmake/${package}Config.cmake.in ${package}Config.cmake
+    INSTALL_DESTINATION ${folder} NO_SET_AND_CHECK_MACRO)
+  write_basic_package_version_file(${package}ConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+  install(FILES ${PROJECT_BINARY_DIR}/${package}Config.cmake ${PROJECT_BINARY_DIR}/${package}ConfigVersion.cmake
+    DESTINATION ${folder} COMPONENT ${dev})
+endfunction()
+
+qx_install_library(QX_Encoding QX_Encoding encoding dev)
 if(QX_BUNDLED_TOOLKIT)
-  qx_install_library(QX_Toolkit toolkit)
+  qx_install_library(QX_Toolkit QX_Encoding toolkit dev)
   set(QX_PC_TOOLKIT "Requires: QX_Toolkit = ${PROJECT_VERSION}")
-  qx_install_pc(QX_Toolkit)
+  qx_install_pc(QX_Toolkit dev)
 else()
   get_target_property(is_installed QX::Toolkit IMPORTED)
   if(NOT is_installed)
@@ -29,16 +41,15 @@ else()
   set(QX_PC_TOOLKIT_LIBS " -lQX_Toolkit")
   install(FILES cmake/QxHostToolkit.cmake DESTINATION ${QX_PACKAGE_DIR} COMPONENT dev)
 endif()
-qx_install_pc(QX_Encoding)
+qx_install_pc(QX_Encoding dev)
+install(DIRECTORY include/Encoding include/Toolkit DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev)
+qx_install_package(QX_Encoding ${QX_PACKAGE_DIR} dev)
 
-install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev FILES_MATCHING PATTERN "*.h"
-  PATTERN Messages EXCLUDE)
-install(EXPORT QX_EncodingTargets NAMESPACE QX:: DESTINATION ${QX_PACKAGE_DIR} COMPONENT dev)
-configure_package_config_file(cmake/QX_EncodingConfig.cmake.in QX_EncodingConfig.cmake
-  INSTALL_DESTINATION ${QX_PACKAGE_DIR} NO_SET_AND_CHECK_MACRO)
-write_basic_package_version_file(QX_EncodingConfigVersion.cmake COMPATIBILITY SameMajorVersion)
-install(FILES ${PROJECT_BINARY_DIR}/QX_EncodingConfig.cmake ${PROJECT_BINARY_DIR}/QX_EncodingConfigVersion.cmake
-  DESTINATION ${QX_PACKAGE_DIR} COMPONENT dev)
+# libQX_Messages takes neither of the others, so it has a package of its own, which QX_Encoding's finds as well.
+qx_install_library(QX_Messages QX_Messages messages messages_dev)
+qx_install_pc(QX_Messages messages_dev)
+install(DIRECTORY include/Messages DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT messages_dev)
+qx_install_package(QX_Messages ${QX_MESSAGES_PACKAGE_DIR} messages_dev)
 
 if(QX_BUILD_TOOLS)
   install(TARGETS qxpdu RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tool)

@@ -26,7 +26,8 @@ set(CPACK_DEBIAN_PACKAGE_MAINTAINER "The developers of libQX_Encoding <maintaine
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # What the packages need of one another is said below; the rest is read off the files.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/toolkit ${PROJECT_BINARY_DIR}/src)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/toolkit ${PROJECT_BINARY_DIR}/src
+    ${PROJECT_BINARY_DIR}/messages)
 
 # qx_package(component package section depends description)
 macro(qx_package component package section depends description)
@@ -45,21 +46,21 @@ macro(qx_package component package section depends description)
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package} COMPONENT ${component})
 endmacro()
 
-# qx_library_package(component library package depends description): other packages learn from it what they need, and the
-# loader that there is something new.
-macro(qx_library_package component library package depends description)
+# qx_library_package(component library soversion package depends description): other packages learn from it what they
+# need, and the loader that there is something new.
+macro(qx_library_package component library soversion package depends description)
   qx_package(${component} ${package} libs "${depends}" "${description}")
-  file(WRITE ${debian}/${package}/shlibs "${library} ${PROJECT_VERSION_MAJOR} ${package} (>= ${PROJECT_VERSION})\n")
+  file(WRITE ${debian}/${package}/shlibs "${library} ${soversion} ${package} (>= ${PROJECT_VERSION})\n")
   file(WRITE ${debian}/${package}/triggers "activate-noawait ldconfig\n")
   set(CPACK_DEBIAN_${key}_PACKAGE_CONTROL_EXTRA ${debian}/${package}/shlibs ${debian}/${package}/triggers)
 endmacro()
 
-qx_library_package(toolkit libQX_Toolkit libqx-toolkit1 ""
+qx_library_package(toolkit libQX_Toolkit ${PROJECT_VERSION_MAJOR} libqx-toolkit1 ""
 "support library of libQX_Encoding
 Reference-counted pointers, wide strings, a logger, date and time: what
 libQX_Encoding needs of the application that it runs in. An application
 that brings its own takes that instead.")
-qx_library_package(encoding libQX_Encoding libqx-encoding1 "libqx-toolkit1 (>= ${PROJECT_VERSION})"
+qx_library_package(encoding libQX_Encoding ${PROJECT_VERSION_MAJOR} libqx-encoding1 "libqx-toolkit1 (>= ${PROJECT_VERSION})"
 "short messages to PDUs and PDUs to text
 SMS-SUBMIT encoding, decoding of SMS-DELIVER, SMS-SUBMIT and
 SMS-STATUS-REPORT (3GPP TS 23.040), cell broadcast pages (TS 23.041), the
@@ -70,10 +71,18 @@ qx_package(dev libqx-encoding-dev libdevel
 "short messages to PDUs and PDUs to text - development files
 Headers of libQX_Encoding and of its support library libQX_Toolkit, a CMake
 package and pkg-config files.")
+qx_library_package(messages libQX_Messages ${QX_MESSAGES_SOVERSION} libqx-messages0 ""
+"short messages read by the standards
+All six TPDU types of 3GPP TS 23.040 and the alphabets of TS 23.038 with
+those of national languages: fields, text in UTF-8, where everything stands
+in the octets and what is unusual in it.")
+qx_package(messages_dev libqx-messages-dev libdevel "libqx-messages0 (= ${QX_DEBIAN_VERSION})"
+"short messages read by the standards - development files
+Headers of libQX_Messages, a CMake package and a pkg-config file.")
 qx_package(tool qxpdu comm "libqx-encoding1 (>= ${PROJECT_VERSION}), libqx-toolkit1 (>= ${PROJECT_VERSION})"
 "short messages and cell broadcast pages between octets and text
 Encodes texts to SMS-SUBMIT PDUs, decodes and explains PDUs octet by octet,
 reads the logs of modems and streams of any length, writes JSON.")
 
-set(CPACK_COMPONENTS_ALL toolkit encoding dev tool)
+set(CPACK_COMPONENTS_ALL toolkit encoding dev messages messages_dev tool)
 include(CPack)

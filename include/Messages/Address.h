@@ -46,17 +46,22 @@ struct MESSAGES_API Address {
     /// alphanumeric.
     std::string text;
 
+    /// Bits 6 to 4 of the type-of-address octet.
     TypeOfNumber Type() const noexcept { return static_cast<TypeOfNumber>(typeOfAddress >> 4 & 0x07); }
+    /// Bits 3 to 0 of the type-of-address octet.
     NumberingPlan Plan() const noexcept { return static_cast<NumberingPlan>(typeOfAddress & 0x0F); }
+    /// Whether the text is a name.
     bool IsAlphanumeric() const noexcept { return Type() == TypeOfNumber::Alphanumeric; }
 
     /// The text as people write it: a plus sign before an international number.
     std::string ToString() const;
 
+    /// By all members.
     friend bool operator==(const Address& left, const Address& right) noexcept {
         return left.typeOfAddress == right.typeOfAddress && left.length == right.length &&
                left.text == right.text;
     }
+    /// The opposite.
     friend bool operator!=(const Address& left, const Address& right) noexcept { return !(left == right); }
 };
 

@@ -39,11 +39,13 @@ constexpr std::uint8_t c_escapeSeptet = 0x1B;
 
 /// The tables that a text in GSM 7-bit is written with.
 struct SeptetTables {
-    Language locking = Language::Default;
-    Language single = Language::Default;
+    Language locking = Language::Default; ///< element 25
+    Language single = Language::Default;  ///< element 24
 };
 
+/// Whether a locking shift table is known of the language; so is the default alphabet.
 MESSAGES_API bool HasLockingTable(Language language) noexcept;
+/// Whether a single shift table is known of the language; so is the extension of the default alphabet.
 MESSAGES_API bool HasSingleShiftTable(Language language) noexcept;
 
 /// The character of a septet in the locking table, 0 where it has none and for the escape. REQUIRES septet <

@@ -33,18 +33,18 @@ enum class WaitingType : std::uint8_t { Voice = 0, Fax = 1, Email = 2, Other = 3
 
 /// The indication of a data coding scheme that messages wait.
 struct WaitingIndication {
-    bool isStored = false; ///< the message is kept after the indication is updated
-    bool isActive = false; ///< messages wait; otherwise none do
-    WaitingType type = WaitingType::Voice;
+    bool isStored = false;                 ///< the message is kept after the indication is updated
+    bool isActive = false;                 ///< messages wait; otherwise none do
+    WaitingType type = WaitingType::Voice; ///< what waits
 };
 
 /// One data coding scheme, every value of 0 to 255.
 struct MESSAGES_API DataCoding {
-    std::uint8_t value = 0; ///< TP-DCS
-    CodingGroup group = CodingGroup::General;
-    Alphabet alphabet = Alphabet::Gsm7; ///< of a reserved scheme, the one to assume: GSM 7-bit
+    std::uint8_t value = 0;                   ///< TP-DCS
+    CodingGroup group = CodingGroup::General; ///< by bits 7 to 4
+    Alphabet alphabet = Alphabet::Gsm7;       ///< of a reserved scheme, the one to assume: GSM 7-bit
     std::optional<std::uint8_t> messageClass = std::nullopt; ///< 0 to 3
-    std::optional<WaitingIndication> waiting = std::nullopt;
+    std::optional<WaitingIndication> waiting = std::nullopt; ///< in the groups 1100 to 1110
     bool isCompressed = false; ///< by TS 23.042: TP-UDL counts octets, and no text is made
     bool isReserved = false;   ///< holds reserved bits or values
 
@@ -52,13 +52,16 @@ struct MESSAGES_API DataCoding {
     /// What TP-DCS says, clause 4.
     explicit DataCoding(std::uint8_t dcs) noexcept;
 
+    /// Whether the message is deleted once it is read.
     bool IsAutomaticDeletion() const noexcept { return group == CodingGroup::AutomaticDeletion; }
     /// Whether TP-UDL counts septets.
     bool CountsSeptets() const noexcept { return alphabet == Alphabet::Gsm7 && !isCompressed; }
 
+    /// By their values.
     friend bool operator==(const DataCoding& left, const DataCoding& right) noexcept {
         return left.value == right.value;
     }
+    /// The opposite.
     friend bool operator!=(const DataCoding& left, const DataCoding& right) noexcept {
         return !(left == right);
     }

@@ -38,14 +38,16 @@ enum class ElementId : std::uint8_t {
 /// The place of a message among the parts of a text, elements 00 and 08.
 struct Concatenation {
     bool hasWideReference = false; ///< 16 bits instead of 8
-    std::uint16_t reference = 0;
-    std::uint8_t total = 0; ///< 1 to 255
-    std::uint8_t part = 0;  ///< 1 to total
+    std::uint16_t reference = 0;   ///< the same in all parts of a text
+    std::uint8_t total = 0;        ///< 1 to 255
+    std::uint8_t part = 0;         ///< 1 to total
 
+    /// By all members.
     friend bool operator==(const Concatenation& left, const Concatenation& right) noexcept {
         return left.hasWideReference == right.hasWideReference && left.reference == right.reference &&
                left.total == right.total && left.part == right.part;
     }
+    /// The opposite.
     friend bool operator!=(const Concatenation& left, const Concatenation& right) noexcept {
         return !(left == right);
     }
@@ -53,14 +55,16 @@ struct Concatenation {
 
 /// The applications that a message is from and for, elements 04 and 05.
 struct Ports {
-    bool areWide = false; ///< 16 bits instead of 8
-    std::uint16_t destination = 0;
-    std::uint16_t originator = 0;
+    bool areWide = false;          ///< 16 bits instead of 8
+    std::uint16_t destination = 0; ///< the application that the message is for
+    std::uint16_t originator = 0;  ///< the application that it is from
 
+    /// By all members.
     friend bool operator==(const Ports& left, const Ports& right) noexcept {
         return left.areWide == right.areWide && left.destination == right.destination &&
                left.originator == right.originator;
     }
+    /// The opposite.
     friend bool operator!=(const Ports& left, const Ports& right) noexcept { return !(left == right); }
 };
 
@@ -70,48 +74,50 @@ struct SpecialMessageIndication {
     std::uint8_t profile = 0;      ///< 0 to 3 for profiles 1 to 4
     std::uint8_t type = 0;         ///< 0 voice, 1 fax, 2 e-mail, 3 the extended type
     std::uint8_t extendedType = 0; ///< 1 video; others reserved
-    std::uint8_t count = 0;
+    std::uint8_t count = 0;        ///< messages that wait
 };
 
 /// Element 0A: how a run of characters is shown, clause 9.2.3.24.10.1.1.
 struct TextFormatting {
-    std::uint8_t start = 0;
-    std::uint8_t length = 0;
+    std::uint8_t start = 0;     ///< the first character, from 0
+    std::uint8_t length = 0;    ///< characters
     std::uint8_t alignment = 0; ///< 0 left, 1 centre, 2 right, 3 as the language has it
     std::uint8_t size = 0;      ///< 0 normal, 1 large, 2 small, 3 reserved
-    bool isBold = false;
-    bool isItalic = false;
-    bool isUnderlined = false;
-    bool isStruck = false;
-    std::optional<std::uint8_t> colour = std::nullopt;
+    bool isBold = false;        ///< bit 4 of the mode
+    bool isItalic = false;      ///< bit 5 of the mode
+    bool isUnderlined = false;  ///< bit 6 of the mode
+    bool isStruck = false;      ///< bit 7 of the mode
+    std::optional<std::uint8_t> colour =
+        std::nullopt; ///< foreground in bits 3 to 0, background in bits 7 to 4
 };
 
 /// Elements 0B and 0D: something predefined at a character of the text.
 struct PredefinedObject {
-    std::uint8_t position = 0;
-    std::uint8_t number = 0;
+    std::uint8_t position = 0; ///< the character that it belongs to, from 0
+    std::uint8_t number = 0;   ///< of the sound or animation
 };
 
 /// Element 17: how many objects follow, and whether they may be forwarded.
 struct ObjectDistribution {
-    std::uint8_t count = 0;
-    bool forbidsForwarding = false;
+    std::uint8_t count = 0;         ///< objects
+    bool forbidsForwarding = false; ///< bit 0 of the second octet
 };
 
 /// Element 21: a run of characters is a title, the next a link, clause 9.2.3.24.12.
 struct Hyperlink {
-    std::uint16_t position = 0;
-    std::uint8_t titleLength = 0;
-    std::uint8_t urlLength = 0;
+    std::uint16_t position = 0;   ///< the title's first character, from 0
+    std::uint8_t titleLength = 0; ///< characters
+    std::uint8_t urlLength = 0;   ///< characters, after the title
 };
 
 /// One element: its identifier and where its data stands among the octets of the user data, so that no
 /// element has memory of its own.
 struct MESSAGES_API HeaderElement {
-    std::uint8_t identifier = 0;
-    std::uint8_t length = 0; ///< of the data, in octets
-    std::uint8_t offset = 0; ///< of the data, in UserData::octets
+    std::uint8_t identifier = 0; ///< see ElementId
+    std::uint8_t length = 0;     ///< of the data, in octets
+    std::uint8_t offset = 0;     ///< of the data, in UserData::octets
 
+    /// Whether the identifier is this one.
     bool Is(ElementId id) const noexcept { return identifier == static_cast<std::uint8_t>(id); }
     /// The data, out of the octets of the user data that the element belongs to.
     OctetView Data(OctetView userData) const noexcept { return userData.Sub(offset, length); }
@@ -121,11 +127,17 @@ struct MESSAGES_API HeaderElement {
 /// has; which kind it is, the caller has found out by the identifier.
 /// @{
 MESSAGES_API std::optional<Concatenation> ReadConcatenation(std::uint8_t identifier, OctetView data) noexcept;
+/// Elements 04 and 05.
 MESSAGES_API std::optional<Ports> ReadPorts(std::uint8_t identifier, OctetView data) noexcept;
+/// Element 01.
 MESSAGES_API std::optional<SpecialMessageIndication> ReadSpecialMessageIndication(OctetView data) noexcept;
+/// Element 0A, three octets or four.
 MESSAGES_API std::optional<TextFormatting> ReadTextFormatting(OctetView data) noexcept;
+/// Elements 0B and 0D.
 MESSAGES_API std::optional<PredefinedObject> ReadPredefinedObject(OctetView data) noexcept;
+/// Element 17.
 MESSAGES_API std::optional<ObjectDistribution> ReadObjectDistribution(OctetView data) noexcept;
+/// Element 21.
 MESSAGES_API std::optional<Hyperlink> ReadHyperlink(OctetView data) noexcept;
 /// An address as TP-OA is coded. Throws std::bad_alloc alone.
 MESSAGES_API std::optional<Address> ReadReplyAddress(OctetView data);

@@ -20,13 +20,20 @@ namespace Messages {
 class OctetView {
 public:
     constexpr OctetView() noexcept = default;
+    /// `size` octets from `data` on.
     constexpr OctetView(const std::uint8_t* data, std::size_t size) noexcept : m_Data(data), m_Size(size) {}
+    /// All octets of a vector, until it changes.
     OctetView(const std::vector<std::uint8_t>& octets) noexcept : OctetView(octets.data(), octets.size()) {}
 
+    /// The first octet; may be null where there is none.
     constexpr const std::uint8_t* data() const noexcept { return m_Data; }
+    /// How many octets there are.
     constexpr std::size_t size() const noexcept { return m_Size; }
+    /// Whether there is none.
     constexpr bool empty() const noexcept { return m_Size == 0; }
+    /// The first octet.
     constexpr const std::uint8_t* begin() const noexcept { return m_Data; }
+    /// After the last octet.
     constexpr const std::uint8_t* end() const noexcept { return m_Data + m_Size; }
 
     /// REQUIRES index < size().

@@ -54,12 +54,13 @@ struct MESSAGES_API Reading {
     std::optional<Address> serviceCentre;     ///< there, but empty, where its length is 0
     bool isServiceCentreGuessed = false;      ///< neither the options nor an announced length told
     Direction direction = Direction::Unknown; ///< as given, or as the type has it
-    Tpdu tpdu;
+    Tpdu tpdu;                                ///< as much of it as was read
     /// In the order of the octets; those of the first octet by their bits, from bit 0 on.
     std::vector<FieldPlace> places;
     std::vector<Remark> remarks; ///< in the order in which they were met
-    std::optional<Fault> fault;
+    std::optional<Fault> fault;  ///< that ended the reading
 
+    /// Which type the TPDU has; none where a fault came before it.
     TpduType Type() const noexcept { return TypeOf(tpdu); }
 
     /// Without a fault, nothing missing or left over, every type of address with bit 7 set, no address of
@@ -80,8 +81,11 @@ MESSAGES_API void Read(OctetView pdu, const ReadOptions& options, Reading& readi
 class MESSAGES_API Visitor {
 public:
     virtual ~Visitor();
+    /// A field, or a piece of one, in the order of Reading::places.
     virtual void OnPlace(const FieldPlace& place);
+    /// A remark, in the order of Reading::remarks.
     virtual void OnRemark(const Remark& remark);
+    /// The fault, at most once and last.
     virtual void OnFault(const Fault& fault);
 };
 

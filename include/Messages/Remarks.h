@@ -63,12 +63,12 @@ enum class Piece : std::uint8_t {
 
 /// Where a field, or a piece of one, stands.
 struct FieldPlace {
-    Field field = Field::MessageType;
-    Piece piece = Piece::Whole;
-    std::uint8_t mask = 0xFF; ///< its bits of the first octet, where it is not all of them
-    std::uint8_t value = 0;   ///< of the first octet, the masked bits moved to the right
-    std::uint32_t octet = 0;  ///< the first one, from 0
-    std::uint32_t count = 0;  ///< octets
+    Field field = Field::MessageType; ///< that it is about
+    Piece piece = Piece::Whole;       ///< of the field
+    std::uint8_t mask = 0xFF;         ///< its bits of the first octet, where it is not all of them
+    std::uint8_t value = 0;           ///< of the first octet, the masked bits moved to the right
+    std::uint32_t octet = 0;          ///< the first one, from 0
+    std::uint32_t count = 0;          ///< octets
 };
 
 /// What is unusual in a PDU that can be read. None of them stops the reading. The comment says what the
@@ -138,11 +138,11 @@ enum class RemarkCode : std::uint8_t {
 
 /// One remark.
 struct Remark {
-    RemarkCode code = RemarkCode::TypeGuessed;
-    Field field = Field::MessageType;
-    std::uint32_t octet = 0; ///< of the PDU, from 0, that it is about
-    std::uint32_t number = 0;
-    std::uint32_t other = 0;
+    RemarkCode code = RemarkCode::TypeGuessed; ///< what it is
+    Field field = Field::MessageType;          ///< that it is about
+    std::uint32_t octet = 0;                   ///< of the PDU, from 0, that it is about
+    std::uint32_t number = 0;                  ///< see the code
+    std::uint32_t other = 0;                   ///< see the code
 };
 
 /// What ends the reading.
@@ -155,11 +155,11 @@ enum class FaultCode : std::uint8_t {
 
 /// The fault of a PDU. What was read before it holds.
 struct Fault {
-    FaultCode code = FaultCode::Empty;
-    Field field = Field::MessageType;
-    std::uint32_t octet = 0;    ///< of the PDU, from 0, where the field begins
-    std::uint32_t expected = 0; ///< octets that the field takes
-    std::uint32_t found = 0;    ///< octets of it that are there
+    FaultCode code = FaultCode::Empty; ///< what it is
+    Field field = Field::MessageType;  ///< that it is about
+    std::uint32_t octet = 0;           ///< of the PDU, from 0, where the field begins
+    std::uint32_t expected = 0;        ///< octets that the field takes
+    std::uint32_t found = 0;           ///< octets of it that are there
 };
 
 } // namespace Messages

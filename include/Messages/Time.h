@@ -33,9 +33,11 @@ struct MESSAGES_API Timestamp {
     /// Seconds since 1970-01-01T00:00:00Z; 0 where it is no time.
     std::int64_t UnixSeconds() const noexcept;
 
+    /// By their octets.
     friend bool operator==(const Timestamp& left, const Timestamp& right) noexcept {
         return left.octets == right.octets;
     }
+    /// The opposite.
     friend bool operator!=(const Timestamp& left, const Timestamp& right) noexcept {
         return !(left == right);
     }
@@ -54,7 +56,7 @@ enum class EnhancedValidity : std::uint8_t {
 
 /// How long a message is valid: TP-VP in any of its formats.
 struct MESSAGES_API Validity {
-    ValidityFormat format = ValidityFormat::None;
+    ValidityFormat format = ValidityFormat::None; ///< which the first octet says
     /// TP-VP as it is sent: one octet in the relative format, seven in the others.
     std::array<std::uint8_t, 7> octets{};
 
@@ -71,9 +73,11 @@ struct MESSAGES_API Validity {
     /// The point in time of the absolute format; not valid in the others.
     Timestamp Absolute() const noexcept;
 
+    /// By their formats and octets.
     friend bool operator==(const Validity& left, const Validity& right) noexcept {
         return left.format == right.format && left.octets == right.octets;
     }
+    /// The opposite.
     friend bool operator!=(const Validity& left, const Validity& right) noexcept { return !(left == right); }
 };
 

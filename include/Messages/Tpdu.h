@@ -55,80 +55,81 @@ struct MESSAGES_API UserData {
 
 /// SMS-DELIVER, service centre to mobile, clause 9.2.2.1.
 struct Deliver {
-    bool moreMessages = false; ///< more messages wait: TP-MMS is 0
-    bool loopPrevention = false;
-    bool statusReportIndication = false;
-    bool replyPath = false;
-    Address originator;
-    std::uint8_t protocol = 0;
-    DataCoding coding;
-    Timestamp timestamp;
-    UserData userData;
+    bool moreMessages = false;           ///< more messages wait: TP-MMS is 0
+    bool loopPrevention = false;         ///< TP-LP: forwarded or spawned; stop a loop
+    bool statusReportIndication = false; ///< TP-SRI: the sender gets a status report
+    bool replyPath = false;              ///< TP-RP
+    Address originator;                  ///< TP-OA
+    std::uint8_t protocol = 0;           ///< TP-PID
+    DataCoding coding;                   ///< TP-DCS
+    Timestamp timestamp;                 ///< TP-SCTS
+    UserData userData;                   ///< TP-UDL and TP-UD
 };
 
 /// SMS-DELIVER-REPORT, mobile to service centre, clause 9.2.2.1a. TP-FCS where it reports an error.
 struct DeliverReport {
-    std::optional<std::uint8_t> failureCause;
+    std::optional<std::uint8_t> failureCause;       ///< TP-FCS
     std::optional<std::uint8_t> parameterIndicator; ///< the first octet of TP-PI
-    std::optional<std::uint8_t> protocol;
-    std::optional<DataCoding> coding;
-    std::optional<UserData> userData;
+    std::optional<std::uint8_t> protocol;           ///< TP-PID
+    std::optional<DataCoding> coding;               ///< TP-DCS
+    std::optional<UserData> userData;               ///< TP-UDL and TP-UD
 };
 
 /// SMS-SUBMIT, mobile to service centre, clause 9.2.2.2.
 struct Submit {
-    bool rejectDuplicates = false;
-    bool statusReportRequest = false;
-    bool replyPath = false;
-    std::uint8_t reference = 0;
-    Address destination;
-    std::uint8_t protocol = 0;
-    DataCoding coding;
-    Validity validity;
-    UserData userData;
+    bool rejectDuplicates = false;    ///< TP-RD
+    bool statusReportRequest = false; ///< TP-SRR
+    bool replyPath = false;           ///< TP-RP
+    std::uint8_t reference = 0;       ///< TP-MR
+    Address destination;              ///< TP-DA
+    std::uint8_t protocol = 0;        ///< TP-PID
+    DataCoding coding;                ///< TP-DCS
+    Validity validity;                ///< TP-VPF and TP-VP
+    UserData userData;                ///< TP-UDL and TP-UD
 };
 
 /// SMS-SUBMIT-REPORT, service centre to mobile, clause 9.2.2.2a. TP-FCS where it reports an error.
 struct SubmitReport {
-    std::optional<std::uint8_t> failureCause;
+    std::optional<std::uint8_t> failureCause;       ///< TP-FCS
     std::optional<std::uint8_t> parameterIndicator; ///< the first octet of TP-PI
-    Timestamp timestamp;
-    std::optional<std::uint8_t> protocol;
-    std::optional<DataCoding> coding;
-    std::optional<UserData> userData;
+    Timestamp timestamp;                            ///< TP-SCTS
+    std::optional<std::uint8_t> protocol;           ///< TP-PID
+    std::optional<DataCoding> coding;               ///< TP-DCS
+    std::optional<UserData> userData;               ///< TP-UDL and TP-UD
 };
 
 /// SMS-STATUS-REPORT, service centre to mobile, clause 9.2.2.3.
 struct StatusReport {
-    bool moreMessages = false; ///< more messages wait: TP-MMS is 0
-    bool loopPrevention = false;
-    bool isForCommand = false; ///< the result of an SMS-COMMAND, not of an SMS-SUBMIT: TP-SRQ
-    std::uint8_t reference = 0;
-    Address recipient;
-    Timestamp timestamp; ///< when the service centre received the message
-    Timestamp discharge; ///< when it was delivered, or last tried
-    std::uint8_t status = 0;
+    bool moreMessages = false;   ///< more messages wait: TP-MMS is 0
+    bool loopPrevention = false; ///< TP-LP: forwarded or spawned; stop a loop
+    bool isForCommand = false;   ///< the result of an SMS-COMMAND, not of an SMS-SUBMIT: TP-SRQ
+    std::uint8_t reference = 0;  ///< TP-MR
+    Address recipient;           ///< TP-RA
+    Timestamp timestamp;         ///< when the service centre received the message
+    Timestamp discharge;         ///< when it was delivered, or last tried
+    std::uint8_t status = 0;     ///< TP-ST
     std::optional<std::uint8_t> parameterIndicator; ///< the first octet of TP-PI
-    std::optional<std::uint8_t> protocol;
-    std::optional<DataCoding> coding;
-    std::optional<UserData> userData;
+    std::optional<std::uint8_t> protocol;           ///< TP-PID
+    std::optional<DataCoding> coding;               ///< TP-DCS
+    std::optional<UserData> userData;               ///< TP-UDL and TP-UD
 };
 
 /// SMS-COMMAND, mobile to service centre, clause 9.2.2.4.
 struct Command {
-    bool statusReportRequest = false;
-    std::uint8_t reference = 0;
-    std::uint8_t protocol = 0;
-    std::uint8_t commandType = 0;
-    std::uint8_t messageNumber = 0;
-    Address destination;
-    UserData data; ///< TP-CDL and TP-CD, as 8-bit data, with a header where TP-UDHI is set
+    bool statusReportRequest = false; ///< TP-SRR
+    std::uint8_t reference = 0;       ///< TP-MR
+    std::uint8_t protocol = 0;        ///< TP-PID
+    std::uint8_t commandType = 0;     ///< TP-CT
+    std::uint8_t messageNumber = 0;   ///< TP-MN: the TP-MR of the message that the command is about
+    Address destination;              ///< TP-DA
+    UserData data;                    ///< TP-CDL and TP-CD, as 8-bit data, with a header where TP-UDHI is set
 };
 
 /// One TPDU. The alternatives have the order of TpduType.
 using Tpdu =
     std::variant<std::monostate, Deliver, DeliverReport, Submit, SubmitReport, StatusReport, Command>;
 
+/// Which alternative it is.
 inline TpduType TypeOf(const Tpdu& tpdu) noexcept {
     return static_cast<TpduType>(tpdu.index());
 }
@@ -137,7 +138,9 @@ inline TpduType TypeOf(const Tpdu& tpdu) noexcept {
 /// returned belongs to `tpdu`.
 /// @{
 MESSAGES_API const Address* PartyOf(const Tpdu& tpdu) noexcept; ///< originator, destination or recipient
+/// TP-UD, or a command's data.
 MESSAGES_API const UserData* UserDataOf(const Tpdu& tpdu) noexcept;
+/// TP-DCS.
 MESSAGES_API const DataCoding* CodingOf(const Tpdu& tpdu) noexcept;
 MESSAGES_API const Timestamp* TimestampOf(const Tpdu& tpdu) noexcept; ///< TP-SCTS
 /// @}

@@ -18,40 +18,60 @@
 namespace Messages {
 
 /// All views are of constant text and stay valid for as long as the library is loaded. None of these
-/// operations has state.
+/// operations has state. An enumerator is given as its header names it.
 /// @{
 
-MESSAGES_API std::string_view NameOf(TpduType type) noexcept; ///< "SMS-DELIVER"
-MESSAGES_API std::string_view
-NameOf(Field field) noexcept; ///< "TP-OA"; "user-data header" and the like where there is no TP name
-MESSAGES_API std::string_view DescriptionOf(Field field) noexcept; ///< "originating address"
-MESSAGES_API std::string_view NameOf(Language language) noexcept;  ///< "Turkish"
-MESSAGES_API std::string_view NameOf(Alphabet alphabet) noexcept;  ///< "GSM 7-bit", "8-bit data", "UCS2"
-MESSAGES_API std::string_view NameOf(TypeOfNumber type) noexcept;  ///< "international"
-MESSAGES_API std::string_view
-NameOfNumberingPlan(std::uint8_t plan) noexcept; ///< "ISDN/telephone (E.164)"; 0 to 15
-MESSAGES_API std::string_view MeaningOfProtocol(std::uint8_t pid) noexcept;  ///< TP-PID
-MESSAGES_API std::string_view MeaningOfStatus(std::uint8_t status) noexcept; ///< TP-ST
-MESSAGES_API std::string_view
-ClassOfStatus(std::uint8_t status) noexcept; ///< "completed", "temporary, the service centre tries on", …
-MESSAGES_API std::string_view MeaningOfFailureCause(std::uint8_t cause) noexcept; ///< TP-FCS
-MESSAGES_API std::string_view MeaningOfCommandType(std::uint8_t type) noexcept;   ///< TP-CT
-MESSAGES_API std::string_view NameOfElement(std::uint8_t identifier) noexcept;    ///< of a user-data header
-MESSAGES_API std::string_view MeaningOfPort(const Ports& ports,
-                                            std::uint16_t port) noexcept;         ///< the range that it is in
-MESSAGES_API std::string_view MeaningOfClass(std::uint8_t messageClass) noexcept; ///< 0 to 3
+/// "SMS-DELIVER"; empty for none.
+MESSAGES_API std::string_view NameOf(TpduType type) noexcept;
+/// "TP-OA"; "header element" and the like where the standard has no such name.
+MESSAGES_API std::string_view NameOf(Field field) noexcept;
+/// "originating address".
+MESSAGES_API std::string_view DescriptionOf(Field field) noexcept;
+/// "Turkish"; "default alphabet". REQUIRES a language that has a table.
+MESSAGES_API std::string_view NameOf(Language language) noexcept;
+/// "GSM 7-bit", "8-bit data", "UCS2".
+MESSAGES_API std::string_view NameOf(Alphabet alphabet) noexcept;
+/// "international".
+MESSAGES_API std::string_view NameOf(TypeOfNumber type) noexcept;
+/// "ISDN or telephone (E.164)"; of bits 3 to 0.
+MESSAGES_API std::string_view NameOfNumberingPlan(std::uint8_t plan) noexcept;
+/// Of TP-PID: "internet e-mail".
+MESSAGES_API std::string_view MeaningOfProtocol(std::uint8_t pid) noexcept;
+/// Of TP-ST: "validity period expired".
+MESSAGES_API std::string_view MeaningOfStatus(std::uint8_t status) noexcept;
+/// Of TP-ST: "completed", "temporary error, the service centre tries on", "permanent error", "temporary
+/// error, the service centre tries no more", "reserved".
+MESSAGES_API std::string_view ClassOfStatus(std::uint8_t status) noexcept;
+/// Of TP-FCS: "memory full".
+MESSAGES_API std::string_view MeaningOfFailureCause(std::uint8_t cause) noexcept;
+/// Of TP-CT: "delete a message".
+MESSAGES_API std::string_view MeaningOfCommandType(std::uint8_t type) noexcept;
+/// Of an element of the user-data header: "hyperlink".
+MESSAGES_API std::string_view NameOfElement(std::uint8_t identifier) noexcept;
+/// Who has the port, by the range that it is in: "assigned by IANA". Empty for one that the element cannot
+/// hold.
+MESSAGES_API std::string_view MeaningOfPort(const Ports& ports, std::uint16_t port) noexcept;
+/// Of a message class, 0 to 3: "immediate display".
+MESSAGES_API std::string_view MeaningOfClass(std::uint8_t messageClass) noexcept;
+/// "voice", "fax", "e-mail", "other".
 MESSAGES_API std::string_view NameOf(WaitingType type) noexcept;
 
-/// Stable names for programs, in kebab case: "filler-inside", "field-cut".
+/// The name that programs know a remark by, which stays as it is: "filler-inside" for FillerInside.
 MESSAGES_API std::string_view CodeOf(RemarkCode code) noexcept;
+/// The same of faults: "field-cut".
 MESSAGES_API std::string_view CodeOf(FaultCode code) noexcept;
 /// @}
 
 /// Whole sentences without a full stop. Throw std::bad_alloc alone.
 /// @{
-MESSAGES_API std::string MeaningOf(const DataCoding& coding); ///< "GSM 7-bit, class 0: immediate display"
-MESSAGES_API std::string MeaningOf(const Validity& validity); ///< "relative, 3 hours"
+
+/// "GSM 7-bit, class 0: immediate display".
+MESSAGES_API std::string MeaningOf(const DataCoding& coding);
+/// "relative, 3 hours".
+MESSAGES_API std::string MeaningOf(const Validity& validity);
+/// "2 octets after the TPDU".
 MESSAGES_API std::string MeaningOf(const Remark& remark);
+/// "the octets end in TP-SCTS, which takes 7 octets: 3 are there".
 MESSAGES_API std::string MeaningOf(const Fault& fault);
 /// @}
 

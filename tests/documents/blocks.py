@@ -13,7 +13,8 @@ class Block(NamedTuple):
 
 # What the README's ways to the library are known by; tests/package takes each of them.
 WAYS = {"package": "find_package(QX_Encoding", "subdirectory": "add_subdirectory(", "fetched": "FetchContent_Declare(",
-        "cloned": "FetchContent_Declare(", "pkg-config": "pkg-config"}
+        "cloned": "FetchContent_Declare(", "pkg-config": "--libs QX_Encoding",
+        "messages-package": "find_package(QX_Messages", "messages-pkg-config": "--libs QX_Messages"}
 
 
 def blocks_of(path):

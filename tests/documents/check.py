@@ -41,7 +41,7 @@ def compile_cpp(block, folder):
     (folder / "block.cpp").write_text(text, encoding="utf-8")
     paths = [option for library in libraries for option in (f"-L{library}", f"-Wl,-rpath,{library}")]
     status, output = run([compiler, "-std=c++17", "-Wall", "-Wextra", "-Werror", "-Wno-unused-variable", f"-I{source}/include",
-                          "block.cpp", *paths, "-lQX_Encoding", "-lQX_Toolkit", "-pthread", "-o", "block"], cwd=folder)
+                          "block.cpp", *paths, "-lQX_Encoding", "-lQX_Toolkit", "-lQX_Messages", "-pthread", "-o", "block"], cwd=folder)
     check(status == 0, block, f"does not compile:\n{output}")
 
 

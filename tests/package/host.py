@@ -1,8 +1,9 @@
-"""Builds the README's host program in one of the ways that the README shows, runs it and compares what it prints.
+"""Builds one of the README's host programs in one of the ways that the README shows, runs it and compares what it prints.
 
 usage: host.py WAY SOURCE-TREE PREFIX COMPILER STANDARD WORK-FOLDER
 WAY is package, subdirectory, fetched, cloned or pkg-config; fetched takes the tree as it is in place of the repository, and
-cloned takes PREFIX for the repository.
+cloned takes PREFIX for the repository. messages-package and messages-pkg-config build the second program, that of
+libQX_Messages, which needs no other library.
 """
 import os
 import pathlib
@@ -34,13 +35,14 @@ def build_by_cmake(lists):
     if way == "subdirectory":
         (work / "libQX_Encoding").symlink_to(source)
     where = {"package": [] if prefix in USUAL else [f"-DCMAKE_PREFIX_PATH={prefix}"],
+             "messages-package": [] if prefix in USUAL else [f"-DCMAKE_PREFIX_PATH={prefix}"],
              "subdirectory": [],
              "cloned": [f"-DQX_REPOSITORY={prefix}"],
              "fetched": ["-DQX_REPOSITORY=unused", f"-DFETCHCONTENT_SOURCE_DIR_QX_ENCODING={source}"]}[way]
     run("cmake", "-S", ".", "-B", "build", "-G", "Ninja", f"-DCMAKE_CXX_COMPILER={compiler}",
         f"-DCMAKE_CXX_STANDARD={standard}", *where)
     run("cmake", "--build", "build")
-    if way != "package":  # what a host takes in as sources adds nothing to what the host installs
+    if not way.endswith("package"):  # what a host takes in as sources adds nothing to what the host installs
         run("cmake", "--install", "build", "--prefix", "installed")
         if (work / "installed").exists():
             raise SystemExit("the host's installation holds files of the library")
@@ -58,11 +60,12 @@ def build_by_pkg_config(line):
 
 shutil.rmtree(work, ignore_errors=True)
 work.mkdir(parents=True)
-program, output = next(programs_of(README))
+encoding, messages = list(programs_of(README))[:2]
+program, output = messages if way.startswith("messages") else encoding
 (work / "host.cpp").write_text(program.text, encoding="utf-8")
-language = "sh" if way == "pkg-config" else "cmake"
+language = "sh" if way.endswith("pkg-config") else "cmake"
 (shown,) = [block.text for block in blocks_of(README) if block.language == language and WAYS[way] in block.text]
-host = build_by_pkg_config(shown) if way == "pkg-config" else build_by_cmake(shown)
+host = build_by_pkg_config(shown) if language == "sh" else build_by_cmake(shown)
 printed = run(host)
 if printed != output.text:
     raise SystemExit(f"prints\n{printed}instead of\n{output.text}")

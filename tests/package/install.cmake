@@ -7,7 +7,7 @@ execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${parent}/f
 file(RENAME ${parent}/first ${PREFIX})
 
 file(GLOB_RECURSE installed RELATIVE ${PREFIX} ${PREFIX}/*)
-list(TRANSFORM installed REPLACE "QX_EncodingTargets-[a-z]+[.]cmake" "QX_EncodingTargets-CONFIG.cmake")
+list(TRANSFORM installed REPLACE "Targets-[a-z]+[.]cmake" "Targets-CONFIG.cmake")
 list(JOIN installed "\n" installed)
 file(READ ${MANIFEST} expected)
 if(NOT "${installed}\n" STREQUAL expected)
