@@ -26,6 +26,8 @@ int ManagerCount() {
 }
 
 TEST(Module, IsMadeAndRegisteredWhenTheLibraryIsLoaded) {
+    if (!tests::AreMappedFilesListed())
+        GTEST_SKIP() << tests::c_noMappedFiles;
     ASSERT_FALSE(tests::IsLibraryMapped());
     const LoadedLibrary library;
     ASSERT_NE(library.Module(), nullptr);
@@ -40,6 +42,8 @@ TEST(Module, IsUnregisteredWhenTheLibraryIsUnloaded) {
 }
 
 TEST(Module, LibraryIsReallyUnmapped) {
+    if (!tests::AreMappedFilesListed())
+        GTEST_SKIP() << tests::c_noMappedFiles;
     LoadedLibrary library;
     EXPECT_TRUE(tests::IsLibraryMapped());
     library.Close();
@@ -48,6 +52,8 @@ TEST(Module, LibraryIsReallyUnmapped) {
 }
 
 TEST(Module, LibraryIsUnmappedAlsoAfterItsEmptyStringWasMade) {
+    if (!tests::AreMappedFilesListed())
+        GTEST_SKIP() << tests::c_noMappedFiles;
     LoadedLibrary library;
     const auto empty = library.Symbol<const TString<wchar_t>&()>("_ZN7TStringIwE5EmptyEv");
     ASSERT_NE(empty, nullptr);

@@ -39,6 +39,8 @@ TEST_F(RecordedModule, StaticConstructionIsOneCallOfLoadAndNothingElse) {
 }
 
 TEST_F(RecordedModule, StaticDestructionIsOneCallOfUnloadAndNothingElse) {
+    if (!tests::AreMappedFilesListed())
+        GTEST_SKIP() << tests::c_noMappedFiles;
     LoadedLibrary library;
     Toolkit::LibModule* const pModule = library.Module();
     m_Recording.m_Events.clear();
