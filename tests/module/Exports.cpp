@@ -22,7 +22,8 @@ bool StartsWith(std::string_view text, std::string_view start) {
 }
 
 std::vector<Symbol> Symbols(const std::string& options, const std::string& library = ENCODING_LIBRARY) {
-    const auto outcome = tests::RunCommand(std::string(NM) + " -C " + options + " " + library);
+    const auto outcome =
+        tests::RunCommand(std::string(NM) + " -C " + options + " " + tests::Quoted({library}));
     EXPECT_EQ(outcome.status, 0);
     std::istringstream lines(outcome.output);
     std::vector<Symbol> symbols;
@@ -197,7 +198,8 @@ TEST(Exports, OneObjectOfTheLibraryIsConstructedAtLoadTime) {
 
 #ifndef QX_SANITIZED // sanitizers run constructors of their own
 TEST(Exports, LoadTimeRunsThatConstructorAndTheCompilersOnly) {
-    const auto outcome = tests::RunCommand(std::string(READELF) + " -SW " + ENCODING_LIBRARY);
+    const auto outcome =
+        tests::RunCommand(std::string(READELF) + " -SW " + tests::Quoted({ENCODING_LIBRARY}));
     ASSERT_EQ(outcome.status, 0);
     std::istringstream line(outcome.output.substr(outcome.output.find(".init_array")));
     std::string name, type, address, offset, size;

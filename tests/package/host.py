@@ -10,6 +10,7 @@ import pathlib
 import shutil
 import subprocess
 import sys
+import tempfile
 
 way, source, prefix, compiler, standard, work = sys.argv[1:]
 source, prefix, work = pathlib.Path(source), pathlib.Path(prefix), pathlib.Path(work)
@@ -50,11 +51,14 @@ def build_by_cmake(lists):
 
 
 def build_by_pkg_config(line):
-    if prefix not in USUAL:
-        environment["PKG_CONFIG_PATH"] = str(prefix / "lib/pkgconfig")
-        environment["LD_LIBRARY_PATH"] = str(prefix / "lib")
     written = {"20": "c++20", "23": "c++2b"}.get(standard, f"c++{standard}")
-    run("bash", "-ec", line.replace("g++ ", f"{compiler} ").replace("c++17", written))
+    with tempfile.TemporaryDirectory() as folder:
+        if prefix not in USUAL:
+            installed = pathlib.Path(folder) / "installed"  # the shell would cut what pkg-config says at a blank
+            installed.symlink_to(prefix)
+            environment["PKG_CONFIG_PATH"] = str(installed / "lib/pkgconfig")
+            environment["LD_LIBRARY_PATH"] = str(prefix / "lib")
+        run("bash", "-ec", line.replace("g++ ", f"{compiler} ").replace("c++17", written))
     return work / "host"
 
 

@@ -4,12 +4,35 @@
 
 #include <array>
 #include <cstdio>
+#include <sstream>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include <sys/wait.h>
 
 namespace tests {
+
+/// The words of a command that the build handed over, with bars between them.
+inline std::vector<std::string> WordsOf(const std::string& command) {
+    std::vector<std::string> words;
+    std::istringstream rest(command);
+    for (std::string word; std::getline(rest, word, '|');)
+        words.push_back(word);
+    return words;
+}
+
+/// These words for a command line of the shell, whatever characters are in them.
+inline std::string Quoted(const std::vector<std::string>& words) {
+    std::string line;
+    for (const std::string& word : words) {
+        line += '\'';
+        for (const char character : word)
+            line += character == '\'' ? "'\\''" : std::string(1, character);
+        line += "' ";
+    }
+    return line;
+}
 
 struct CommandOutcome {
     int status;         ///< the exit status, -1 if the program did not exit

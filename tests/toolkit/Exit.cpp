@@ -6,19 +6,19 @@
 namespace {
 
 TEST(Exit, StaticObjectsUseTheSupportLibraryFromFirstToLast) {
-    const auto outcome = tests::RunCommand(EXIT_LINKED_HOST " 2>&1");
+    const auto outcome = tests::RunCommand(tests::Quoted(tests::WordsOf(EXIT_LINKED_HOST)) + "2>&1");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output, "constructor\nmain\ndestructor\ncut short by the end of the process\n");
 }
 
 TEST(Exit, SupportLibraryThatWasLoadedLateStillServesTheHostsStaticObjects) {
-    const auto outcome = tests::RunCommand(EXIT_LATE_HOST " " EXIT_PLUGIN " 2>&1");
+    const auto outcome = tests::RunCommand(tests::Quoted(tests::WordsOf(EXIT_LATE_HOST)) + "2>&1");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output, "logged by a static object of the host at exit\n");
 }
 
 TEST(Exit, SupportLibraryThatWasUnloadedLeavesForkAlone) {
-    EXPECT_EQ(tests::RunCommand(EXIT_FORK_HOST " " EXIT_TOOLKIT).status, 0);
+    EXPECT_EQ(tests::RunCommand(tests::Quoted(tests::WordsOf(EXIT_FORK_HOST))).status, 0);
 }
 
 } // namespace

@@ -6,10 +6,13 @@
 #include <memory>
 #include <sstream>
 #include <stdexcept>
+#include <string_view>
 
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include "support/Command.h"
 
 namespace tests {
 
@@ -35,11 +38,7 @@ std::string ContentsOf(std::FILE* file) {
 
 /// qxpdu's executable, after the emulator of the machine that it is built for where that is another one.
 std::vector<std::string> Command() {
-    std::vector<std::string> command;
-    std::istringstream words(QXPDU_COMMAND);
-    for (std::string word; std::getline(words, word, '|');)
-        command.push_back(word);
-    return command;
+    return WordsOf(QXPDU_COMMAND);
 }
 
 /// The exit status of a command, or 128 and the signal that ended it.
@@ -93,11 +92,13 @@ Outcome Shell(const std::string& script) {
     const File in = TemporaryFile();
     const File out = TemporaryFile();
     const File err = TemporaryFile();
-    std::string command = "QXPDU='";
-    for (const std::string& word : Command())
-        command += word + ' ';
-    const int status = RunWords({"timeout", "60", "sh", "-c", command + "'; " + script}, fileno(in.get()),
-                                fileno(out.get()), fileno(err.get()));
+    constexpr std::string_view c_placeholder = "$QXPDU";
+    const std::string tool = Quoted(Command());
+    std::string command = script;
+    for (std::size_t at = 0; (at = command.find(c_placeholder, at)) != std::string::npos; at += tool.size())
+        command.replace(at, c_placeholder.size(), tool);
+    const int status = RunWords({"timeout", "60", "sh", "-c", command}, fileno(in.get()), fileno(out.get()),
+                                fileno(err.get()));
     return {status, ContentsOf(out.get()), ContentsOf(err.get())};
 }
 

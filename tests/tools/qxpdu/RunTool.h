@@ -25,7 +25,7 @@ std::ostream& operator<<(std::ostream& stream, const Outcome& run);
 /// Runs qxpdu with these arguments and this standard input, and waits for its end.
 Outcome Qxpdu(const std::vector<std::string>& arguments, const std::string& input = "");
 
-/// Runs a script of the shell, in which $QXPDU is the tool.
+/// Runs a script of the shell, in which $QXPDU stands for the tool, quoted as its path needs it.
 Outcome Shell(const std::string& script);
 
 /// Runs qxpdu with these arguments and no input, with standard output going to a file.
