@@ -1,10 +1,32 @@
-# How every target of the project is built: one language level, one set of warnings, hidden visibility.
+# How every target of the project is built: one language level, one set of warnings, hardened, hidden visibility.
+include(CheckCXXCompilerFlag)
 
 set(QX_MESSAGES_SOVERSION 0) # its interface has no promise yet
 set(QX_WARNINGS -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   list(APPEND QX_WARNINGS -Wno-restrict) # g++ 12 sees overlaps inside std::string's operator+ that are not there
 endif()
+
+# What an optimised build is hardened with. A sanitizer looks at more, and would not get along with it.
+set(QX_HARDENING -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -Wformat -Werror=format-security)
+foreach(option IN ITEMS -fstack-clash-protection -fcf-protection) # not for every machine
+  string(MAKE_C_IDENTIFIER "QX_HAS${option}" has)
+  check_cxx_compiler_flag(${option} ${has})
+  if(${has})
+    list(APPEND QX_HARDENING ${option})
+  endif()
+endforeach()
+
+# qx_harden(target): what is no part of a shared library becomes part of a position-independent executable.
+function(qx_harden target)
+  set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
+  set(shared $<BOOL:$<TARGET_PROPERTY:${target},POSITION_INDEPENDENT_CODE>>)
+  set(executable $<STREQUAL:$<TARGET_PROPERTY:${target},TYPE>,EXECUTABLE>)
+  target_compile_options(${target} PRIVATE "$<${optimised}:${QX_HARDENING}>"
+    $<$<AND:${optimised},$<NOT:${shared}>>:-fPIE>)
+  target_link_options(${target} PRIVATE $<${optimised}:-Wl,-z,relro,-z,now>
+    $<$<AND:${optimised},${executable}>:-pie>)
+endfunction()
 
 # qx_compile_options(target [STANDARD 17]): C++20 unless another level is named.
 function(qx_compile_options target)
@@ -21,6 +43,8 @@ function(qx_compile_options target)
     target_compile_options(${target} PRIVATE -fsanitize=${QX_SANITIZE} -fno-sanitize-recover=all
                                              -fno-omit-frame-pointer)
     target_link_options(${target} PRIVATE -fsanitize=${QX_SANITIZE})
+  else()
+    qx_harden(${target})
   endif()
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
 endfunction()

@@ -13,8 +13,9 @@ using WaitClock = std::chrono::system_clock; // the sanitizer does not see locks
 using WaitClock = std::chrono::steady_clock; // a clock that is set does not change the wait
 #endif
 
+// Apart from Lock(), whose usual way needs no guard of the stack: the end of the wait stands there.
 template <class M>
-int LockWithin(M& mutex, unsigned int timeout) {
+[[gnu::noinline]] int LockWithin(M& mutex, unsigned int timeout) {
     if (timeout == 0)
         return mutex.try_lock() ? 1 : 0;
     if (timeout != c_waitForever)
