@@ -18,10 +18,6 @@ source = pathlib.Path(source)
 every_header = "".join(f'#include "{path.relative_to(source / "include")}"\n' for path in sorted((source / "include").rglob("*.h")))
 
 
-# What the commands of a document find in modem.log and pdus.txt.
-RECEIVED = "0791214365870921040B912143658709F100002120312143658005C8329BFD06"
-
-
 def run(command, **options):
     done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, timeout=300, **options)
     return done.returncode, done.stdout
@@ -88,9 +84,7 @@ def check_sh(block, folder):
     check(status == 0, block, output)
     for script in re.findall(r"\b(?:script|bench)/[\w.]+", block.text):
         check((source / script).is_file(), block, f"no {script}")
-    if re.match(r"qxpdu ", block.text):
-        for name in ("modem.log", "pdus.txt"):
-            (folder / name).write_text(f"{RECEIVED}\n")
+    if re.match(r"(script/)?qxpdu \w", block.text):
         status, output = run(["bash", "-ec", block.text], cwd=folder, env=workplace(folder), stdin=subprocess.DEVNULL)
         check(status == 0, block, f"exit status {status}, prints\n{output}")
 

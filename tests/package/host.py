@@ -20,7 +20,8 @@ from blocks import WAYS, blocks_of, programs_of  # noqa: E402
 README = source / "README.md"
 # Here the README's lines must do by themselves.
 USUAL = (pathlib.Path("/usr"), pathlib.Path("/usr/local"))
-environment = {**os.environ, "LC_ALL": "C.UTF-8"}
+environment = {**os.environ, "LC_ALL": "C.UTF-8", "CMAKE_BUILD_PARALLEL_LEVEL": str(os.cpu_count())}
+environment.pop("CMAKE_GENERATOR", None)  # what CMake takes by itself must do
 
 
 def run(*command):
@@ -40,8 +41,7 @@ def build_by_cmake(lists):
              "subdirectory": [],
              "cloned": [f"-DQX_REPOSITORY={prefix}"],
              "fetched": ["-DQX_REPOSITORY=unused", f"-DFETCHCONTENT_SOURCE_DIR_QX_ENCODING={source}"]}[way]
-    run("cmake", "-S", ".", "-B", "build", "-G", "Ninja", f"-DCMAKE_CXX_COMPILER={compiler}",
-        f"-DCMAKE_CXX_STANDARD={standard}", *where)
+    run("cmake", "-S", ".", "-B", "build", f"-DCMAKE_CXX_COMPILER={compiler}", f"-DCMAKE_CXX_STANDARD={standard}", *where)
     run("cmake", "--build", "build")
     if not way.endswith("package"):  # what a host takes in as sources adds nothing to what the host installs
         run("cmake", "--install", "build", "--prefix", "installed")
