@@ -49,7 +49,7 @@ def swap(line, code, _):
 
 
 def statement(_, code, __):
-    if STATEMENT.match(code) and code.count("(") == code.count(")"):
+    if STATEMENT.match(code) and code.count("(") == code.count(")") and not code.endswith("= delete;"):
         yield ""
 
 
