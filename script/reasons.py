@@ -16,6 +16,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 LITERAL = re.compile(r'"(?:[^"\\]|\\.)*"')
 COMMENT = re.compile(r"//.*")
+ATTRIBUTE = re.compile(r"^\[\[[^\]]*\]\] ")
 NO_NAME = re.compile(r"(namespace|using|template|public|private|protected)\b")
 
 
@@ -38,6 +39,7 @@ def functions_of(lines):
     """For each line the function, class or table that it belongs to: the last name that begins a line of its own."""
     name = "-"
     for line in lines:
+        line = ATTRIBUTE.sub("", line)
         if re.match(r"[A-Za-z_]", line) and not NO_NAME.match(line):
             declared = re.split(r"[({;\[]| =\s| =$| : ", line)[0].split()
             name = declared[-1].lstrip("*&") if declared else name
