@@ -32,10 +32,10 @@ enum class Language : std::uint8_t {
 };
 
 /// The largest language identifier with a table.
-constexpr std::uint8_t c_lastLanguage = 13;
+inline constexpr std::uint8_t c_lastLanguage = 13;
 
 /// Before a septet: it stands for the character of the single shift table.
-constexpr std::uint8_t c_escapeSeptet = 0x1B;
+inline constexpr std::uint8_t c_escapeSeptet = 0x1B;
 
 /// The tables that a text in GSM 7-bit is written with.
 struct SeptetTables {
