@@ -111,8 +111,8 @@ enum class RemarkCode : std::uint8_t {
     UserDataMissing, ///< number: septets or octets announced; other: those that are there
     UserDataTooLong, ///< number: octets of TP-UD; other: the most that the type allows
     Compressed,      ///< no text is made
-    SpareBitsSet,    ///< bits after the last septet are set
-    FillBitsSet,     ///< fill bits are not 0
+    SpareBitsSet,    ///< number: the bits after the last septet, which are not 0
+    FillBitsSet,     ///< number: the fill bits, which are not 0
     // user-data header
     HeaderMissing,        ///< TP-UDHI is set and there is no user data
     HeaderBeyondUserData, ///< number: octets of the header; other: octets of the user data that are there. No

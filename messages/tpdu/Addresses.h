@@ -14,6 +14,7 @@ namespace Messages {
 
 constexpr std::size_t c_mostSemiOctets = 255 * 2; ///< that a length octet can announce
 constexpr std::size_t c_mostDigits = 20;          ///< that an address may have
+constexpr std::size_t c_addressHeadOctets = 2;    ///< the length, and the type of address
 constexpr std::uint8_t c_typeExtension = 0x80;    ///< bit 7 of the type of address, always set
 constexpr std::uint8_t c_filler = 0x0F;
 constexpr unsigned int c_semiOctetBits = 4;
@@ -21,6 +22,12 @@ constexpr std::size_t c_semiOctetsOfOctet = 2;
 
 constexpr std::size_t OctetsOfSemiOctets(std::size_t semiOctets) {
     return (semiOctets + 1) / c_semiOctetsOfOctet;
+}
+
+/// Whether these octets are one address: no longer than one may be, and none left over.
+inline bool IsReplyAddress(OctetView data) {
+    return data.size() >= c_addressHeadOctets && data[0] <= c_mostDigits &&
+           data.size() == c_addressHeadOctets + OctetsOfSemiOctets(data[0]);
 }
 
 inline std::uint8_t SemiOctet(OctetView octets, std::size_t place) {
@@ -47,7 +54,7 @@ char* WriteDigits(OctetView octets, std::size_t semiOctets, char* out, Odd odd) 
 }
 
 /// Writes a name in the default alphabet, as WriteDigits() does digits; three octets a septet and
-/// c_utf8Slack. A place is that of a semi-octet.
+/// c_utf8Slack. A place is that of a semi-octet; of a septet `odd` is told its own as well.
 template <class Odd>
 char* WriteName(OctetView octets, std::size_t semiOctets, char* out, Odd odd) {
     constexpr std::size_t septetBits = 7;
@@ -57,14 +64,15 @@ char* WriteName(OctetView octets, std::size_t semiOctets, char* out, Odd odd) {
         UnpackSeptets(octets, 0, semiOctets * c_semiOctetBits / septetBits, septets.data());
     out = WriteSeptetText({septets.data(), count}, {}, out,
                           [&](RemarkCode code, std::size_t septet, std::size_t place) {
-                              odd(code, septet, place * septetBits / c_semiOctetBits);
+                              odd(code, septet, place * septetBits / c_semiOctetBits, place);
                           });
     if (count != 0 && count % octetBits == 0 && septets[count - 1] == 0)
         odd(RemarkCode::PossibleFilling, std::size_t{0}, (count - 1) * septetBits / c_semiOctetBits);
-    const std::size_t bitsUsed = count * septetBits % octetBits;
-    const std::size_t last = count * septetBits / octetBits;
-    if (last < octets.size() && octets[last] >> bitsUsed != 0)
-        odd(RemarkCode::AddressBitsLeft, octets[last] >> bitsUsed, last * c_semiOctetsOfOctet);
+    // Up to ten bits: an odd number of semi-octets leaves four more.
+    const std::size_t bitsUsed = count * septetBits;
+    const OctetView left = octets.Sub(bitsUsed / octetBits);
+    if (!left.empty() && (left[0] >> bitsUsed % octetBits != 0 || (left.size() > 1 && left[1] != 0)))
+        odd(RemarkCode::AddressBitsLeft, std::size_t{0}, bitsUsed / c_semiOctetBits);
     return out;
 }
 

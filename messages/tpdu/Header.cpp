@@ -80,14 +80,13 @@ std::optional<Hyperlink> ReadHyperlink(OctetView data) noexcept {
 }
 
 std::optional<Address> ReadReplyAddress(OctetView data) {
-    constexpr std::size_t head = 2;
-    if (data.size() < head || data.size() != head + OctetsOfSemiOctets(data[0]))
+    if (!IsReplyAddress(data))
         return std::nullopt;
     AddressText text;
     Address address;
     address.length = data[0];
     address.typeOfAddress = data[1];
-    address.text = text.Write(address.Type(), data.Sub(head), data[0], [](auto...) {});
+    address.text = text.Write(address.Type(), data.Sub(c_addressHeadOctets), data[0], [](auto...) {});
     return address;
 }
 

@@ -110,6 +110,14 @@ private:
         m_Sink.OnRemark({code, field, Count(octet), Count(number), Count(other)});
     }
 
+    /// On a septet of a text or a name. A lone escape has no numbers.
+    void NoteText(RemarkCode code, Field field, std::size_t octet, std::size_t septet, std::size_t place) {
+        if (code == RemarkCode::EscapeAtEnd)
+            Note(code, field, octet);
+        else
+            Note(code, field, octet, septet, place);
+    }
+
     /// Whether a field's octets are there; otherwise the reading has ended.
     bool Has(Field field, std::size_t count) {
         if (Left() >= count)
@@ -143,15 +151,14 @@ private:
     }
 
     bool ReadAddress(Field field) {
-        constexpr std::size_t headOctets = 2;
         const std::size_t digitOctets = Left() == 0 ? 0 : OctetsOfSemiOctets(m_Pdu[m_At]);
-        if (!Has(field, headOctets + digitOctets))
+        if (!Has(field, c_addressHeadOctets + digitOctets))
             return false;
         const std::uint8_t length = m_Pdu[m_At];
         const std::uint8_t type = m_Pdu[m_At + 1];
         const std::string_view text = AddressDigits(field, Address{type, length, {}}.Type(), length);
         m_Sink.OnAddress(length, type, text);
-        m_At += headOctets + digitOctets;
+        m_At += c_addressHeadOctets + digitOctets;
         return true;
     }
 
@@ -173,10 +180,11 @@ private:
         if (semiOctets > c_mostDigits)
             Note(RemarkCode::AddressTooLong, field, m_At, semiOctets);
         if constexpr (Sink::c_takesText)
-            return m_Address.Write(readAs, octets, semiOctets,
-                                   [&](RemarkCode code, std::size_t value, std::size_t place) {
-                                       Note(code, field, digitsAt + place / c_semiOctetsOfOctet, value);
-                                   });
+            return m_Address.Write(
+                readAs, octets, semiOctets,
+                [&](RemarkCode code, std::size_t value, std::size_t place, std::size_t septetPlace = 0) {
+                    NoteText(code, field, digitsAt + place / c_semiOctetsOfOctet, value, septetPlace);
+                });
         return {};
     }
 
@@ -347,8 +355,11 @@ private:
             Tables::c_enhancedValidity[static_cast<std::size_t>(validity.Enhanced())];
         if ((indicator & reservedBits) != 0 || Tables::IsReserved(row))
             Note(RemarkCode::ReservedValidity, field, m_At, indicator);
-        if ((indicator & c_validityExtension) != 0)
+        // Of what follows another indicator nothing is known.
+        if ((indicator & c_validityExtension) != 0) {
             Note(RemarkCode::ValidityExtension, field, m_At, indicator);
+            return;
+        }
         if (validity.Enhanced() == EnhancedValidity::Seconds && validity.octets[1] == 0)
             Note(RemarkCode::ValiditySecondsZero, field, m_At + 1);
         if (validity.Enhanced() == EnhancedValidity::Clock)
@@ -356,7 +367,7 @@ private:
         const auto used = static_cast<std::size_t>(1 + static_cast<int>(row.octets));
         const auto* const unused = std::find_if(validity.octets.begin() + used, validity.octets.end(),
                                                 [](std::uint8_t octet) { return octet != 0; });
-        if (unused != validity.octets.end() && (indicator & c_validityExtension) == 0)
+        if (unused != validity.octets.end())
             Note(RemarkCode::ValidityOctetsSet, field,
                  m_At + static_cast<std::size_t>(unused - validity.octets.begin()));
     }
@@ -446,18 +457,19 @@ private:
             Place(Field::HeaderElement, Piece::Length, m_At + at + 1, 1);
             Place(Field::HeaderElement, Piece::Content, m_At + element.offset, element.length);
             m_Sink.OnElement(element);
-            NoteElement(element, m_At + at, seen);
+            NoteElement(element, element.Data(head.octets), m_At + at, seen);
             ReadElement(head, element, m_At + at, coding);
             seen[element.identifier] = true;
             at += elementHead + element.length;
         }
     }
 
-    void NoteElement(const HeaderElement& element, std::size_t octet, const std::array<bool, 256>& seen) {
+    void NoteElement(const HeaderElement& element, OctetView data, std::size_t octet,
+                     const std::array<bool, 256>& seen) {
         const ElementFacts& facts = c_elementFacts[element.identifier];
         if (facts.isReserved)
             Note(RemarkCode::ReservedElement, Field::HeaderElement, octet, element.identifier);
-        if (!facts.Allows(element.length))
+        if (!facts.Allows(element.length) || (element.Is(ElementId::ReplyAddress) && !IsReplyAddress(data)))
             Note(RemarkCode::ElementLength, Field::HeaderElement, octet, element.identifier, element.length);
         if (facts.standsOnce && seen[element.identifier])
             Note(RemarkCode::ElementRepeated, Field::HeaderElement, octet, element.identifier);
@@ -547,10 +559,7 @@ private:
         const char* const end = WriteSeptetText(
             septets, head.tables, m_Text.data(), [&](RemarkCode code, std::size_t septet, std::size_t place) {
                 const std::size_t octet = textAt + (head.fillBits + place * c_septetBits) / c_octetBits;
-                if (code == RemarkCode::EscapeAtEnd)
-                    Note(code, field, octet);
-                else
-                    Note(code, field, octet, septet, place);
+                NoteText(code, field, octet, septet, place);
             });
         m_Sink.OnText({m_Text.data(), static_cast<std::size_t>(end - m_Text.data())});
     }
