@@ -220,6 +220,7 @@ Json ToJson(const Reading& reading) {
         json["text"] = *reading.text;
     if (reading.data)
         json["data"] = Hex(*reading.data);
+    json["sound"] = reading.isSound;
     json["remarks"] = Json::array();
     for (const Remark& remark : reading.remarks)
         json["remarks"].push_back(RemarkJson(remark));

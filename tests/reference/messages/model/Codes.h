@@ -48,8 +48,8 @@ inline constexpr Name EXTENDED_PARAMETER_INDICATOR = "extended-parameter-indicat
 inline constexpr Name USER_DATA_MISSING = "user-data-missing";   ///< septets or octets announced, and there
 inline constexpr Name USER_DATA_TOO_LONG = "user-data-too-long"; ///< octets, and the most of them
 inline constexpr Name COMPRESSED = "compressed";
-inline constexpr Name SPARE_BITS_SET = "spare-bits-set";
-inline constexpr Name FILL_BITS_SET = "fill-bits-set";
+inline constexpr Name SPARE_BITS_SET = "spare-bits-set"; ///< the bits
+inline constexpr Name FILL_BITS_SET = "fill-bits-set";   ///< the bits
 // on its header
 inline constexpr Name HEADER_MISSING = "header-missing";
 inline constexpr Name HEADER_BEYOND_USER_DATA =

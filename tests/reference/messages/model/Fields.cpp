@@ -1,6 +1,7 @@
 #include "model/Fields.h"
 
 #include <algorithm>
+#include <array>
 
 #include "model/Codes.h"
 #include "model/Tables.h"
@@ -76,7 +77,7 @@ std::string Letters(const Octets& octets, int length, Remarks& remarks) {
     }
     for (std::size_t bit = 7 * septets; bit < 8 * octets.size(); ++bit)
         if ((octets[bit / 8] >> bit % 8 & 1) != 0) {
-            remarks(code::ADDRESS_BITS_LEFT, 1 + octets.size());
+            remarks(code::ADDRESS_BITS_LEFT, 2 + 7 * septets / 8);
             break;
         }
     return text;
@@ -124,52 +125,47 @@ int RelativeSeconds(int value) {
 }
 
 void ReadEnhanced(const Octets& field, Validity& validity, Remarks& remarks) {
+    static const std::array<const char*, 8> kinds = {"none",     "relative", "seconds",  "clock",
+                                                     "reserved", "reserved", "reserved", "reserved"};
     const int indicator = field[0], format = indicator & 0x07;
     validity.singleShot = (indicator & 0x40) != 0;
     if ((indicator & 0x38) != 0 || format > 3)
         remarks(code::RESERVED_VALIDITY, 0, static_cast<std::size_t>(indicator));
-    std::size_t at = 1; // of the period
+    validity.kind = kinds.at(static_cast<std::size_t>(format));
+    // What another indicator would say of the octets behind it, the standard leaves to later editions.
     if ((indicator & 0x80) != 0) {
         remarks(code::VALIDITY_EXTENSION, 0, static_cast<std::size_t>(indicator));
-        while (at < field.size() && (field[at] & 0x80) != 0)
-            ++at;
-        ++at;
-    }
-    const std::size_t used = format == 1 || format == 2 ? 1 : format == 3 ? 3 : 0;
-    if (at + used > field.size()) {
-        validity.kind = "none";
         return;
     }
+    std::size_t used = 1;
     switch (format) {
-    case 0:
-        validity.kind = "none";
-        break;
     case 1:
-        validity.kind = "relative";
-        validity.seconds = RelativeSeconds(field[at]);
+        validity.seconds = RelativeSeconds(field[1]);
+        used = 2;
         break;
     case 2:
-        validity.kind = "seconds";
-        if (field[at] == 0)
-            remarks(code::VALIDITY_SECONDS_ZERO, at);
+        if (field[1] == 0)
+            remarks(code::VALIDITY_SECONDS_ZERO, 1);
         else
-            validity.seconds = field[at];
+            validity.seconds = field[1];
+        used = 2;
         break;
     case 3: {
-        const int hour = Decimal(field, at, remarks), minute = Decimal(field, at + 1, remarks),
-                  second = Decimal(field, at + 2, remarks);
-        validity.kind = "clock";
-        const std::size_t wrong = hour > 23 ? at : minute > 59 ? at + 1 : second > 59 ? at + 2 : 0;
-        if (wrong != 0)
-            remarks(code::TIME_OUT_OF_RANGE, wrong, wrong);
-        else
-            validity.seconds = (hour * 60 + minute) * 60 + second;
+        const int hours = Decimal(field, 1, remarks), minutes = Decimal(field, 2, remarks),
+                  seconds = Decimal(field, 3, remarks);
+        if (minutes > 59)
+            remarks(code::TIME_OUT_OF_RANGE, 2, 2);
+        if (seconds > 59)
+            remarks(code::TIME_OUT_OF_RANGE, 3, 3);
+        if (minutes <= 59 && seconds <= 59)
+            validity.seconds = (hours * 60 + minutes) * 60 + seconds;
+        used = 4;
         break;
     }
     default:
-        validity.kind = "reserved";
+        break;
     }
-    for (std::size_t i = at + used; i < field.size(); ++i)
+    for (std::size_t i = used; i < field.size(); ++i)
         if (field[i] != 0) {
             remarks(code::VALIDITY_OCTETS_SET, i);
             break;
@@ -263,6 +259,7 @@ void ReadElement(Element& element, Reading& reading, Remarks remarks) {
         remarks(code::ELEMENT_LENGTH, 0, identifier, size);
         return;
     }
+    std::vector<Remark> unheard;
     element.values = ElementValues(element.identifier, element.octets);
     const auto value = [&element](std::string_view name) { return ValueOf(element.values, name); };
     switch (element.identifier) {
@@ -281,16 +278,18 @@ void ReadElement(Element& element, Reading& reading, Remarks remarks) {
         reading.ports = {value("destination"), value("source"), element.identifier == 4 ? 8 : 16};
         break;
     case 0x22:
-        element.address = ReadAddress(element.octets, remarks.From(2));
+        // Of the address in it there are no remarks.
+        element.address = ReadAddress(element.octets, Remarks(unheard, {}, 0));
         break;
     case 0x24:
     case 0x25: {
         const bool isSingle = element.identifier == 0x24;
         const int language = element.octets[0];
         const auto& tables = isSingle ? TheTables().single : TheTables().locking;
+        const bool inSeptets = reading.coding.alphabet == "gsm7" && !reading.coding.compressed;
         if (language == 0 || !tables.contains(language))
             remarks(code::UNKNOWN_LANGUAGE, 0, static_cast<std::size_t>(language), identifier);
-        else
+        else if (inSeptets)
             (isSingle ? reading.single : reading.locking) = language;
         break;
     }
@@ -342,21 +341,20 @@ Time ReadTime(const Octets& field, Remarks remarks) {
               day = Decimal(field, 2, remarks), hour = Decimal(field, 3, remarks),
               minute = Decimal(field, 4, remarks), second = Decimal(field, 5, remarks);
     const int zone = Zone(field, 6, remarks);
-    std::size_t wrong = 0;
-    if (month < 1 || month > 12)
-        wrong = 1;
-    else if (day < 1 || day > DaysOf(month, year))
-        wrong = 2;
-    else if (hour > 23)
-        wrong = 3;
-    else if (minute > 59)
-        wrong = 4;
-    else if (second > 59)
-        wrong = 5;
-    if (wrong != 0) {
-        remarks(code::TIME_OUT_OF_RANGE, wrong, wrong);
+    bool inRange = true;
+    const auto check = [&](std::size_t octet, int value, int least, int most) {
+        if (value < least || value > most) {
+            remarks(code::TIME_OUT_OF_RANGE, octet, octet);
+            inRange = false;
+        }
+    };
+    check(1, month, 1, 12);
+    check(2, day, 1, DaysOf(month, year));
+    check(3, hour, 0, 23);
+    check(4, minute, 0, 59);
+    check(5, second, 0, 59);
+    if (!inRange)
         return time;
-    }
     return {field, true, year, month, day, hour, minute, second, zone};
 }
 
@@ -381,8 +379,8 @@ void ReadHeader(const Octets& header, Reading& reading, Remarks remarks) {
         reading.places.push_back({field, remarks.Base() + at, count});
     };
     reading.header = header;
-    Remarks onAll = remarks.For(field::IGNORED_HEADER);
-    if (!AddsUp(header, onAll)) {
+    Remarks onElements = remarks.For(field::HEADER_ELEMENT);
+    if (!AddsUp(header, onElements)) {
         reading.ignoresHeader = true;
         place(field::IGNORED_HEADER, 0, header.size());
         return;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <tuple>
+#include <utility>
 
 #include "model/Codes.h"
 #include "model/Fields.h"
@@ -25,6 +26,8 @@ public:
         : m_Input(input), m_Octets(input.octets), m_Reading(reading) {}
 
     void ReadCentre();
+    /// Beside the announced one.
+    void CompareLength();
     void ReadTpdu(const std::string& type);
     /// The fault where TP-MTI names no type, or there is none.
     void FindNoType();
@@ -51,7 +54,8 @@ private:
     void ReadCoding();
     void ReadUserData();
     void ReadCommandData();
-    void ReadContent(std::size_t announced, std::size_t wanted, std::size_t most, std::string_view field);
+    std::size_t MostOctets() const;
+    void ReadContent(std::size_t announced, std::size_t wanted, std::string_view field);
     std::size_t ReadUserDataHeader(const Octets& octets, Remarks remarks);
     void ReadSeptets(const Octets& octets, std::size_t headerOctets, std::size_t announced, Remarks remarks);
     void ReadDeliver();
@@ -68,8 +72,11 @@ private:
 };
 
 Octets Reader::TakeApart(std::string_view field, std::size_t count) {
-    if (Left() < count)
+    if (Left() < count) {
+        if (Left() > 0)
+            m_Reading.places.push_back({field, m_At, Left()});
         throw Cut{{code::FIELD_CUT, field, m_At, count, Left()}};
+    }
     const auto first = m_Octets.begin() + static_cast<std::ptrdiff_t>(m_At);
     m_At += count;
     return {first, first + static_cast<std::ptrdiff_t>(count)};
@@ -92,7 +99,7 @@ int Reader::TakeValue(std::string_view field, std::string_view reserved) {
 
 Address Reader::TakeAddress(std::string_view field) {
     const Remarks remarks = On(field);
-    return ReadAddress(Take(field, Left() == 0 ? 1 : AddressOctets(m_Octets[m_At])), remarks);
+    return ReadAddress(Take(field, AddressOctets(Left() == 0 ? 0 : m_Octets[m_At])), remarks);
 }
 
 Time Reader::TakeTime(std::string_view field) {
@@ -117,8 +124,16 @@ void Reader::ReadFirst(const std::string& type) {
         m_Reading.first.push_back({bits.field, first >> bits.first & mask});
         m_Reading.places.push_back({bits.field, at, 1, mask << bits.first});
     }
-    if (unused != 0)
-        m_Reading.places.push_back({field::UNUSED, at, 1, unused});
+    for (int bit = 0, run = 0; bit < 8; ++bit) {
+        run |= unused & 1 << bit;
+        const bool ends = (unused & 1 << (bit + 1)) == 0;
+        if (run != 0 && ends)
+            m_Reading.places.push_back({field::UNUSED, at, 1, std::exchange(run, 0)});
+    }
+    std::stable_sort(m_Reading.places.begin(), m_Reading.places.end(), [](const Place& a, const Place& b) {
+        const auto lowest = [](int mask) { return mask & -mask; };
+        return std::pair(a.octet, lowest(a.mask)) < std::pair(b.octet, lowest(b.mask));
+    });
     if ((first & unused) != 0)
         remarks(code::UNUSED_BITS_SET, 0, static_cast<std::size_t>(first & unused));
 }
@@ -142,9 +157,13 @@ void Reader::ReadCause() {
 void Reader::ReadIndicator() {
     Remarks remarks = On("TP-PI");
     Octets& indicator = m_Reading.indicator;
-    do {
-        indicator.push_back(static_cast<std::uint8_t>(TakeOctet("TP-PI")));
-    } while ((indicator.back() & 0x80) != 0);
+    std::size_t count = 1; // an octet behind each with the extension bit
+    while (count <= Left() && (m_Octets[m_At + count - 1] & 0x80) != 0)
+        ++count;
+    const std::size_t at = m_At;
+    indicator = TakeApart("TP-PI", count);
+    for (std::size_t i = 0; i < count; ++i)
+        m_Reading.places.push_back({"TP-PI", at + i, 1});
     if ((indicator[0] & 0x78) != 0)
         remarks(code::RESERVED_PARAMETER_BITS, 0, indicator[0] & 0x78);
     if (indicator.size() > 1)
@@ -170,96 +189,103 @@ void Reader::ReadCoding() {
         remarks(code::RESERVED_DATA_CODING, 0, static_cast<std::size_t>(value));
 }
 
-/// The most octets of TP-UD or TP-CD.
-std::size_t MostOctets(const Reading& reading) {
-    const std::size_t error = reading.failureCause ? 1 : 0;
-    if (reading.type == "SMS-DELIVER-REPORT")
+/// The most octets of TP-UD or TP-CD; in a STATUS-REPORT, what is left of the longest TPDU's 164.
+std::size_t Reader::MostOctets() const {
+    const std::size_t error = m_Reading.failureCause ? 1 : 0;
+    if (m_Reading.type == "SMS-DELIVER-REPORT")
         return 159 - error;
-    if (reading.type == "SMS-SUBMIT-REPORT")
+    if (m_Reading.type == "SMS-SUBMIT-REPORT")
         return 152 - error;
-    if (reading.type == "SMS-STATUS-REPORT")
-        return 143;
-    return reading.type == "SMS-COMMAND" ? 156 : 140;
+    if (m_Reading.type == "SMS-STATUS-REPORT")
+        return 164 - std::min<std::size_t>(164, m_At - *m_Reading.tpdu);
+    return m_Reading.type == "SMS-COMMAND" ? 156 : 140;
 }
 
 void Reader::ReadUserData() {
     const bool septets = m_Reading.coding.alphabet == "gsm7" && !m_Reading.coding.compressed;
     m_Reading.length = TakeOctet("TP-UDL");
     const auto announced = static_cast<std::size_t>(*m_Reading.length);
-    ReadContent(announced, septets ? (announced * 7 + 7) / 8 : announced, MostOctets(m_Reading), "TP-UD");
+    ReadContent(announced, septets ? (announced * 7 + 7) / 8 : announced, "TP-UD");
 }
 
 void Reader::ReadCommandData() {
     m_Reading.length = TakeOctet("TP-CDL");
-    m_Reading.coding.alphabet = "octets";
     const auto announced = static_cast<std::size_t>(*m_Reading.length);
-    ReadContent(announced, announced, MostOctets(m_Reading), "TP-CD");
+    ReadContent(announced, announced, "TP-CD");
 }
 
 /// Header and text, or data, of TP-UD or TP-CD: `announced` septets or octets, which take `wanted` octets.
-void Reader::ReadContent(std::size_t announced, std::size_t wanted, std::size_t most,
-                         std::string_view field) {
+void Reader::ReadContent(std::size_t announced, std::size_t wanted, std::string_view field) {
     Remarks remarks = On(field);
-    const std::size_t at = m_At;
+    const std::size_t at = m_At, most = MostOctets();
     const Octets octets = TakeApart(field, std::min(wanted, Left()));
     m_Reading.userData = octets;
     const Coding& coding = m_Reading.coding;
     const bool septets = coding.alphabet == "gsm7" && !coding.compressed;
+    Remarks onLength(m_Reading.remarks, field == "TP-CD" ? "TP-CDL" : "TP-UDL", at - 1);
     if (octets.size() < wanted)
-        remarks(code::USER_DATA_MISSING, 0, announced, septets ? octets.size() * 8 / 7 : octets.size());
-    if (wanted > most)
-        remarks(code::USER_DATA_TOO_LONG, 0, wanted, most);
-    if (coding.compressed)
-        remarks(code::COMPRESSED, 0);
+        onLength(code::USER_DATA_MISSING, 0, announced, septets ? octets.size() * 8 / 7 : octets.size());
+    if (octets.size() > most)
+        onLength(code::USER_DATA_TOO_LONG, 0, octets.size(), most);
 
     const std::size_t headerOctets = ReadUserDataHeader(octets, remarks);
-    if (headerOctets < octets.size())
-        m_Reading.places.push_back({field, at + headerOctets, octets.size() - headerOctets});
-    const bool beyond = headerOctets == 0 && m_Reading.ignoresHeader;
-    if (beyond || coding.compressed || coding.alphabet == "octets")
+    const std::size_t behind = octets.size() - headerOctets;
+    if (coding.compressed)
+        remarks(code::COMPRESSED, headerOctets);
+    if (coding.compressed || coding.alphabet == "octets" || m_Reading.headerIsBeyond) {
         m_Reading.data = Octets(octets.begin() + static_cast<std::ptrdiff_t>(headerOctets), octets.end());
-    else if (septets)
+        m_Reading.units = coding.alphabet == "ucs2" && !coding.compressed ? behind / 2 : behind;
+    } else if (septets) {
         ReadSeptets(octets, headerOctets, announced, remarks);
-    else
+    } else {
         m_Reading.text = UnitText(octets, headerOctets,
                                   [&](std::string_view code, std::size_t bit, std::size_t number,
                                       std::size_t other) { remarks(code, bit / 8, number, other); });
+        m_Reading.units = behind / 2;
+    }
+    if (behind > 0)
+        m_Reading.places.push_back(
+            {field, at + headerOctets, behind, 0xFF & ~((1 << m_Reading.fillBits) - 1)});
 }
 
-/// How many octets the header takes; 0 where there is none, or where it is longer than the user data.
+/// How many octets the header takes, of those that are there; 0 where there is none.
 std::size_t Reader::ReadUserDataHeader(const Octets& octets, Remarks remarks) {
     m_Reading.hasHeader = m_Reading.Flag("TP-UDHI") != 0 && !octets.empty();
     if (!m_Reading.hasHeader)
         return 0;
-    const std::size_t count = std::size_t{1} + octets[0];
-    if (count > octets.size()) {
-        m_Reading.ignoresHeader = true;
-        remarks.For(field::HEADER_LENGTH)(code::HEADER_BEYOND_USER_DATA, 0, count, octets.size());
-        return 0;
-    }
+    const std::size_t count = std::size_t{1} + octets[0], there = std::min(count, octets.size());
+    const Octets header(octets.begin() + 1, octets.begin() + static_cast<std::ptrdiff_t>(there));
     m_Reading.places.push_back({field::HEADER_LENGTH, remarks.Base(), 1});
-    ReadHeader(Octets(octets.begin() + 1, octets.begin() + static_cast<std::ptrdiff_t>(count)), m_Reading,
-               remarks.From(1));
-    return count;
+    if (there == count) {
+        ReadHeader(header, m_Reading, remarks.From(1));
+        return there;
+    }
+    remarks.For(field::HEADER_LENGTH)(code::HEADER_BEYOND_USER_DATA, 0, count, octets.size());
+    m_Reading.header = header;
+    m_Reading.ignoresHeader = m_Reading.headerIsBeyond = true;
+    if (!header.empty())
+        m_Reading.places.push_back({field::IGNORED_HEADER, remarks.Base() + 1, header.size()});
+    return there;
 }
 
 void Reader::ReadSeptets(const Octets& octets, std::size_t headerOctets, std::size_t announced,
                          Remarks remarks) {
     const std::size_t headerSeptets = (8 * headerOctets + 6) / 7;
     const std::size_t start = 7 * headerSeptets, end = 7 * announced, bits = 8 * octets.size();
-    const auto anySet = [&octets](std::size_t first, std::size_t last) {
-        for (std::size_t bit = first; bit < last; ++bit)
-            if ((octets[bit / 8] >> bit % 8 & 1) != 0)
-                return true;
-        return false;
-    };
-    m_Reading.fillBits = static_cast<int>(start - 8 * headerOctets);
-    if (anySet(8 * headerOctets, std::min(start, bits)))
-        remarks.For(field::FILL_BITS)(code::FILL_BITS_SET, headerOctets);
-    if (end >= start && anySet(end, bits))
-        remarks(code::SPARE_BITS_SET, octets.size() - 1);
-    m_Reading.text = SeptetText(octets, start, announced - std::min(announced, headerSeptets),
-                                m_Reading.locking, m_Reading.single,
+    if (headerOctets < octets.size() && start > 8 * headerOctets) {
+        m_Reading.fillBits = static_cast<int>(start - 8 * headerOctets);
+        const int mask = (1 << m_Reading.fillBits) - 1;
+        m_Reading.places.push_back({field::FILL_BITS, remarks.Base() + headerOctets, 1, mask});
+        if ((octets[headerOctets] & mask) != 0)
+            remarks.For(field::FILL_BITS)(code::FILL_BITS_SET, headerOctets,
+                                          octets[headerOctets] & static_cast<unsigned>(mask));
+    }
+    if (headerOctets < octets.size() && end < bits && octets.back() >> (8 - (bits - end)) != 0)
+        remarks(code::SPARE_BITS_SET, octets.size() - 1,
+                static_cast<std::size_t>(octets.back() >> (8 - (bits - end))));
+    m_Reading.units =
+        std::min(announced - std::min(announced, headerSeptets), (bits - std::min(start, bits)) / 7);
+    m_Reading.text = SeptetText(octets, start, m_Reading.units, m_Reading.locking, m_Reading.single,
                                 [&](std::string_view code, std::size_t bit, std::size_t number,
                                     std::size_t other) { remarks(code, bit / 8, number, other); });
 }
@@ -315,20 +341,27 @@ void Reader::ReadCommand() {
     ReadCommandData();
 }
 
+void Reader::CompareLength() {
+    if (m_Input.announced && *m_Input.announced != Left())
+        On("TP-MTI")(code::LENGTH_DISAGREES, 0, *m_Input.announced, Left());
+}
+
 void Reader::FindNoType() {
     const std::size_t at = m_At;
-    TakeApart("TP-MTI", 1);
+    const int first = TakeApart("TP-MTI", 1)[0];
     m_Reading.tpdu = at;
-    m_Reading.fault = {code::RESERVED_TYPE, "TP-MTI", at, 0, 0};
+    m_Reading.first = {{"TP-MTI", first & 3}};
+    m_Reading.places.push_back({"TP-MTI", at, 1, 3});
+    m_Reading.fault = {code::RESERVED_TYPE, "TP-MTI", at, 1, 1};
 }
 
 void Reader::ReadTpdu(const std::string& type) {
-    if (m_Input.announced && *m_Input.announced != Left())
-        On("TP-MTI")(code::LENGTH_DISAGREES, 0, *m_Input.announced, Left());
     const std::size_t at = m_At;
     m_Reading.type = type;
     m_Reading.tpdu = at;
     m_Reading.coding = TheTables().coding[0];
+    if (type == "SMS-COMMAND")
+        m_Reading.coding.alphabet = "octets";
     ReadFirst(type);
     if (type == "SMS-DELIVER")
         ReadDeliver();
@@ -374,6 +407,7 @@ Reading ReadAs(const Input& input, bool centre, const std::string& type) {
     try {
         if (centre)
             reader.ReadCentre();
+        reader.CompareLength();
         if (!type.empty())
             reader.ReadTpdu(type);
         else
@@ -400,11 +434,11 @@ Reading ReadFrom(const Input& input, bool centre) {
         reading = ReadAs(input, centre, likelier);
         if (!IsSound(reading) && !other.empty()) {
             Reading second = ReadAs(input, centre, other);
-            if (IsSound(second))
+            if (IsSound(second)) {
                 reading = std::move(second);
+                reading.remarks.push_back({code::TYPE_GUESSED, "TP-MTI", at});
+            }
         }
-        if (!other.empty())
-            reading.remarks.push_back({code::TYPE_GUESSED, "TP-MTI", at});
     }
     if (mti == 3 && !reading.type.empty())
         reading.remarks.push_back({code::RESERVED_TYPE, "TP-MTI", at});
@@ -425,7 +459,7 @@ Known CentreByLength(const Input& input) {
 Reading Read(const Input& input) {
     if (input.octets.empty()) {
         Reading nothing;
-        nothing.fault = {code::EMPTY, "TP-MTI", 0, 0, 0};
+        nothing.fault = {code::EMPTY, input.centre == Known::NO ? "TP-MTI" : field::CENTRE, 0, 1, 0};
         return nothing;
     }
     const Known centre = input.centre == Known::UNKNOWN ? CentreByLength(input) : input.centre;
@@ -440,6 +474,7 @@ Reading Read(const Input& input) {
     } else {
         reading = ReadFrom(input, centre == Known::YES);
     }
+    reading.isSound = IsSound(reading);
     std::sort(reading.remarks.begin(), reading.remarks.end(), [](const Remark& a, const Remark& b) {
         return std::tuple(a.octet, a.code, a.number) < std::tuple(b.octet, b.code, b.number);
     });

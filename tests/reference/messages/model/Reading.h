@@ -113,19 +113,24 @@ struct Reading {
     std::optional<int> length;      ///< TP-UDL or TP-CDL
     std::optional<Octets> userData; ///< TP-UD or TP-CD, as far as it is there
     bool hasHeader = false;
-    bool ignoresHeader = false; ///< its elements do not add up, or it is longer than the user data
-    Octets header;              ///< without its length
+    bool ignoresHeader = false;  ///< its elements do not add up, or it is longer than the user data
+    bool headerIsBeyond = false; ///< it is longer than the user data
+    Octets header;               ///< without its length
     std::vector<Element> elements;
     std::optional<Concatenation> concatenation;
     std::optional<Ports> ports;
     int locking = 0, single = 0; ///< languages; 0 is the default alphabet
     int fillBits = 0;
+    std::size_t units = 0; ///< septets, UTF-16 units or octets after the header that are there
     std::optional<std::string> text;
     std::optional<Octets> data; ///< what is no text
+    bool isSound =
+        false; ///< nothing is wrong with addresses, times, lengths and header, and there is no fault
     std::vector<Remark> remarks;
     std::optional<Fault> fault;
     std::vector<Place> places;
 
+    bool operator==(const Reading&) const = default;
     int Flag(std::string_view name) const {
         for (const Named& flag : first)
             if (flag.first == name)

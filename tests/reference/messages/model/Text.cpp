@@ -86,6 +86,7 @@ std::string SeptetText(const Octets& octets, std::size_t firstBit, std::size_t c
             Append(text, extension[septet].character);
             break;
         case Cell::ESCAPE:
+            remark(code::UNKNOWN_ESCAPE, escapeBit, septet, i - 1);
             Append(text, U' ');
             break;
         case Cell::CONTROL:
