@@ -53,7 +53,7 @@ struct MESSAGES_API Address {
     /// Whether the text is a name.
     bool IsAlphanumeric() const noexcept { return Type() == TypeOfNumber::Alphanumeric; }
 
-    /// The text as people write it: a plus sign before an international number.
+    /// The text as people write it: a plus sign before an international number that has digits.
     std::string ToString() const;
 
     /// By all members.

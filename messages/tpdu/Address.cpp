@@ -3,7 +3,7 @@
 namespace Messages {
 
 std::string Address::ToString() const {
-    return Type() == TypeOfNumber::International ? '+' + text : text;
+    return Type() == TypeOfNumber::International && !text.empty() ? '+' + text : text;
 }
 
 } // namespace Messages
