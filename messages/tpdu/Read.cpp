@@ -78,7 +78,6 @@ bool Reading::IsSound() const noexcept {
 
 void Read(OctetView pdu, const ReadOptions& options, Reading& reading) {
     constexpr std::size_t usualPlaces = 64;
-    reading.serviceCentre.reset();
     reading.places.clear();
     reading.places.reserve(usualPlaces);
     reading.remarks.clear();
@@ -88,8 +87,7 @@ void Read(OctetView pdu, const ReadOptions& options, Reading& reading) {
     reading.direction = choice.layout.direction;
     Recording recording(reading);
     Walker(pdu, options, recording).Walk(choice.layout);
-    if (!recording.HasType())
-        reading.tpdu.emplace<std::monostate>();
+    recording.Finish();
 }
 
 Reading Read(OctetView pdu, const ReadOptions& options) {

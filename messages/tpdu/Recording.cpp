@@ -58,7 +58,10 @@ void MakeEmpty(TpduType type, Tpdu& tpdu) noexcept {
 } // namespace
 
 void Recording::OnServiceCentre(std::uint8_t length, std::uint8_t typeOfAddress, std::string_view text) {
-    Address& address = m_Reading.serviceCentre.emplace();
+    m_HasServiceCentre = true;
+    if (!m_Reading.serviceCentre)
+        m_Reading.serviceCentre.emplace();
+    Address& address = *m_Reading.serviceCentre;
     address.length = length;
     address.typeOfAddress = typeOfAddress;
     address.text = text;
@@ -85,6 +88,13 @@ void Recording::OnType(TpduType type) {
                 *one = std::move(data);
         },
         m_Reading.tpdu);
+}
+
+void Recording::Finish() {
+    if (!m_HasServiceCentre)
+        m_Reading.serviceCentre.reset();
+    if (!m_HasType)
+        m_Reading.tpdu.emplace<std::monostate>();
 }
 
 // Each sets what a field says in the types that have such a member.

@@ -85,15 +85,16 @@ private:
     Visitor& m_Visitor;
 };
 
-/// Makes a reading. REQUIRES one that is empty but for its TPDU, whose memory is used again.
+/// Makes a reading. REQUIRES one that is empty but for its addresses and its TPDU, whose memory is used
+/// again.
 class Recording {
 public:
     static constexpr bool c_takesText = true;
 
     explicit Recording(Reading& reading) : m_Reading(reading) {}
 
-    /// Whether the TPDU is of this reading, not of the one before.
-    bool HasType() const { return m_HasType; }
+    /// Takes away what is left of the reading before.
+    void Finish();
 
     void OnPlace(const FieldPlace& place) { m_Reading.places.push_back(place); }
     void OnRemark(const Remark& remark) { m_Reading.remarks.push_back(remark); }
@@ -114,6 +115,7 @@ public:
 private:
     Reading& m_Reading;
     UserData* m_UserData = nullptr;
+    bool m_HasServiceCentre = false;
     bool m_HasType = false;
 };
 

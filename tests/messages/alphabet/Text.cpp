@@ -1,4 +1,6 @@
 // Septets out of octets, and text of septets and of UTF-16.
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 #include "Messages/Alphabet.h"
@@ -77,10 +79,10 @@ TEST(SeptetText, IsTheSameWhereverOthersStand) {
 TEST(SeptetText, LongerThanAnyMessage) {
     // A pair at every place of a long text.
     for (std::size_t before = 505; before < 520; ++before) {
-        Octets septets(before, 0x61);
-        septets.insert(septets.end(), {0x1B, 0x65});
-        septets.resize(septets.size() + 1100, 0x1B);
-        septets.resize(septets.size() + 700, 0x62);
+        Octets septets(before + 1802, 0x1B);
+        std::fill_n(septets.begin(), before, std::uint8_t{0x61});
+        septets[before + 1] = 0x65;
+        std::fill(septets.end() - 700, septets.end(), std::uint8_t{0x62});
         EXPECT_EQ(TextOf(septets),
                   std::string(before, 'a') + "€" + std::string(550, ' ') + std::string(700, 'b'));
     }

@@ -197,11 +197,11 @@ TEST(Remarks, OfUserData) {
     } cases[] = {
         {"00", "00", "", ""},
         {"00", "05C8329BFD06", "Hello", ""},
-        {"00", "05C8329BFD0E", "Hello", "spare-bits-set at 23"},
+        {"00", "05C8329BFD0E", "Hello", "spare-bits-set 1 at 23"},
         {"00", "05C8329BFD0600", "Hello", "surplus-octets 1 at 24"},
         {"00", "05C8329B", "Hel", "user-data-missing 5 3 at 18"},
         {"00", "05", "", "user-data-missing 5 at 18"},
-        {"00", "01C1", "A", "spare-bits-set at 19"},
+        {"00", "01C1", "A", "spare-bits-set 1 at 19"},
         {"00", "0141", "A", ""},
         {"00", "02C10D", "A", "escape-at-end at 19"},
         {"00", "04C1CD4608", "A B", "unknown-escape 27 1 at 19"},
@@ -245,7 +245,7 @@ TEST(Remarks, OfHeaders) {
         {"00", "", "header-missing at 0"},
         {"03", "", "user-data-missing 3 at 18, header-missing at 0"},
         {"03004010", "A", ""}, // no elements: six fill bits
-        {"03007F10", "A", "fill-bits-set at 20"},
+        {"03007F10", "A", "fill-bits-set 63 at 20"},
         {"05027000"
          "1004",
          "A", ""},
@@ -276,8 +276,8 @@ TEST(Remarks, OfHeaders) {
         {"0E0A00032A020100032B00030802", "A", "element-repeated at 25, concatenation-invalid 3 at 25"},
         {"070500032A030200", "", ""},
         {"060500032A0302", "", ""}, // no room for a septet is left
-        {"070500032A030201", "", "fill-bits-set at 25"},
-        {"070500032A030202", "", "spare-bits-set at 25"},
+        {"070500032A030201", "", "fill-bits-set 1 at 25"},
+        {"070500032A030202", "", "spare-bits-set 1 at 25"},
     };
     for (const auto& one : cases) {
         const Reading reading = ReadDeliver({.userData = one.userData, .first = "44"});
@@ -440,7 +440,7 @@ TEST(Faults, WhatIsNoHexadecimal) {
         EXPECT_TRUE(reading.places.empty());
     }
     EXPECT_EQ(ReadHex(DeliverOctets().Hex()).Type(), TpduType::Deliver);
-    EXPECT_EQ(RemarksOf(ReadHex("0402812100002120312143658001c1", ToMobile())), "spare-bits-set at 14")
+    EXPECT_EQ(RemarksOf(ReadHex("0402812100002120312143658001c1", ToMobile())), "spare-bits-set 1 at 14")
         << "small letters";
 }
 

@@ -1,0 +1,103 @@
+// Reading by the standards when memory runs out: the n-th allocation fails, for n = 1, 2, 3 … until the
+// operation gets through. Each time it ends with std::bad_alloc, and what it worked on can be used again. And
+// what takes no memory at all.
+#include <functional>
+#include <new>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "Messages/Read.h"
+#include "Messages/Words.h"
+#include "support/Allocations.h"
+
+namespace {
+
+using namespace Messages;
+
+/// A name, a header, and a text longer than a string holds by itself.
+const char* const c_deliver =
+    "0B9121436587092143658709440ED0C2B07B1D140E890000212031214365802A0500032A03029065"
+    "36FB0DBABFE56C320B1476934161361B7447BF41ECB4BD0C4ABB41693A";
+/// A number longer than that, and octets.
+const char* const c_statusReport =
+    "00262A1491214365870921436587092120312143658021203131436580460604051234567890";
+
+const struct Operation {
+    const char* name;
+    std::function<void(Reading&)> use;
+} c_operations[] = {
+    {"Deliver", [](Reading& reading) { reading = ReadHex(c_deliver); }},
+    {"StatusReport", [](Reading& reading) { reading = ReadHex(c_statusReport); }},
+    {"UsedReading",
+     [](Reading& reading) {
+         std::vector<std::uint8_t> octets;
+         FromHex(c_deliver, octets);
+         Read(octets, {}, reading);
+     }},
+    {"SeptetText",
+     [](Reading&) {
+         std::string text;
+         AppendSeptetText(std::vector<std::uint8_t>(99, 0x04), {}, text);
+     }},
+    {"Ucs2Text",
+     [](Reading&) {
+         std::string text;
+         AppendUcs2Text(std::vector<std::uint8_t>(99, 0x04), text);
+     }},
+    {"Hexadecimal", [](Reading&) { ToHex(std::vector<std::uint8_t>(99)); }},
+    {"Words",
+     [](Reading&) {
+         MeaningOf(DataCoding(0xC8));
+         MeaningOf(Validity{ValidityFormat::Relative, {0x90}});
+         MeaningOf(Remark{RemarkCode::ElementsExclusive, Field::HeaderElement, 0, 4, 5});
+         MeaningOf(Fault{FaultCode::FieldCut, Field::ServiceCentreTimestamp, 0, 7, 0});
+     }},
+};
+
+TEST(EveryAllocationOfMessages, Fails) {
+    for (const Operation& operation : c_operations) {
+        SCOPED_TRACE(operation.name);
+        unsigned long points = 0;
+        for (bool isThrough = false; !isThrough; ++points) {
+            const unsigned long open = tests::Allocations() - tests::Deallocations();
+            {
+                Reading reading;
+                bool isRefused = false;
+                {
+                    const tests::FailAllocation fail(points + 1);
+                    try {
+                        operation.use(reading);
+                    } catch (const std::bad_alloc&) {
+                        isRefused = true;
+                    }
+                    ASSERT_EQ(isRefused, fail.Happened()) << "the failure reaches the host";
+                }
+                isThrough = !isRefused;
+                if (isRefused) {
+                    operation.use(reading);
+                    EXPECT_FALSE(reading.fault);
+                }
+            }
+            // The allocation that failed was counted and never given back.
+            ASSERT_EQ(tests::Allocations() - tests::Deallocations(), open + (isThrough ? 0 : 1));
+        }
+        EXPECT_GT(points, 1U) << "an operation that allocates nothing has no place here";
+    }
+}
+
+TEST(NoAllocation, IsMadeByAReadingThatWasUsedOrByAWalk) {
+    std::vector<std::uint8_t> octets;
+    ASSERT_TRUE(FromHex(c_deliver, octets));
+    Reading reading;
+    Read(octets, {}, reading);
+    Visitor visitor;
+    const unsigned long before = tests::Allocations();
+    Read(octets, {}, reading);
+    Walk(octets, {}, visitor);
+    EXPECT_EQ(tests::Allocations(), before);
+    EXPECT_TRUE(reading.remarks.empty());
+    EXPECT_FALSE(reading.fault);
+}
+
+} // namespace
