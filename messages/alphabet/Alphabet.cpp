@@ -94,10 +94,10 @@ void AppendUcs2Text(OctetView octets, std::string& text) {
     constexpr std::size_t unitOctets = 2;
     TextBuffer buffer;
     for (std::size_t at = 0; at + 1 < octets.size();) {
-        // A unit is left for the other half of a pair.
-        OctetView run = octets.Sub(at, (c_unitsAtOnce - 1) * unitOctets);
-        if ((run[(run.size() / unitOctets - 1) * unitOctets] & 0xFC) == 0xD8)
-            run = octets.Sub(at, c_unitsAtOnce * unitOctets);
+        OctetView run = octets.Sub(at, c_unitsAtOnce * unitOctets);
+        // The first half of a pair is left to the next run.
+        if (run.size() == c_unitsAtOnce * unitOctets && (run[run.size() - unitOctets] & 0xFC) == 0xD8)
+            run = run.Sub(0, run.size() - unitOctets);
         text.append(buffer.data(), WriteUcs2Text(run, buffer.data(), c_pass));
         at += run.size();
     }

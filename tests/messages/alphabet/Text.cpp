@@ -119,4 +119,20 @@ TEST(Ucs2Text, LongerThanAnyMessage) {
     }
 }
 
+TEST(Ucs2Text, LongerThanAnyMessageWithAHalfBeforeAPair) {
+    for (std::size_t before = 505; before < 520; ++before) {
+        Octets octets(2 * before);
+        octets.insert(octets.end(), {0xD8, 0x3D, 0xD8, 0x3D, 0xDE, 0x00});
+        EXPECT_EQ(Ucs2TextOf(octets), std::string(before, '\0') + "\xEF\xBF\xBD😀") << before;
+    }
+}
+
+TEST(Ucs2Text, LongerThanAnyMessageThatEndsInAHalf) {
+    for (std::size_t before = 505; before < 520; ++before) {
+        Octets octets(2 * before);
+        octets.insert(octets.end(), {0xD8, 0x3D});
+        EXPECT_EQ(Ucs2TextOf(octets), std::string(before, '\0') + "\xEF\xBF\xBD") << before;
+    }
+}
+
 } // namespace
