@@ -70,13 +70,12 @@ void Recording::OnServiceCentre(std::uint8_t length, std::uint8_t typeOfAddress,
 void Recording::OnType(TpduType type) {
     m_HasType = true;
     Address party;
-    UserData data;
     std::visit(
         [&](auto& used) {
             if (Address* const one = PartyIn(used))
                 party = Renewed(*one);
             if (UserData* const one = UserDataIn(used))
-                data = Renewed(*one);
+                m_FreshUserData = Renewed(*one);
         },
         m_Reading.tpdu);
     MakeEmpty(type, m_Reading.tpdu);
@@ -84,8 +83,6 @@ void Recording::OnType(TpduType type) {
         [&](auto& fresh) {
             if (Address* const one = PartyIn(fresh))
                 *one = std::move(party);
-            if (UserData* const one = UserDataIn(fresh))
-                *one = std::move(data);
         },
         m_Reading.tpdu);
 }
@@ -191,9 +188,11 @@ void Recording::OnValidity(const Validity& validity) {
 
 void Recording::OnUserDataThere() {
     m_UserData = std::visit(
-        [](auto& tpdu) -> UserData* {
-            if constexpr (requires { tpdu.userData.emplace(); })
-                tpdu.userData.emplace();
+        [&](auto& tpdu) -> UserData* {
+            if constexpr (requires { tpdu.userData = std::move(m_FreshUserData); })
+                tpdu.userData = std::move(m_FreshUserData);
+            else if constexpr (requires { tpdu.data = std::move(m_FreshUserData); })
+                tpdu.data = std::move(m_FreshUserData);
             return UserDataIn(tpdu);
         },
         m_Reading.tpdu);

@@ -114,6 +114,7 @@ public:
 
 private:
     Reading& m_Reading;
+    UserData m_FreshUserData; ///< empty, with the memory of the reading before, until user data is there
     UserData* m_UserData = nullptr;
     bool m_HasServiceCentre = false;
     bool m_HasType = false;

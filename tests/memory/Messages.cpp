@@ -87,17 +87,25 @@ TEST(EveryAllocationOfMessages, Fails) {
 }
 
 TEST(NoAllocation, IsMadeByAReadingThatWasUsedOrByAWalk) {
-    std::vector<std::uint8_t> octets;
-    ASSERT_TRUE(FromHex(c_deliver, octets));
-    Reading reading;
-    Read(octets, {}, reading);
-    Visitor visitor;
-    const unsigned long before = tests::Allocations();
-    Read(octets, {}, reading);
-    Walk(octets, {}, visitor);
-    EXPECT_EQ(tests::Allocations(), before);
-    EXPECT_TRUE(reading.remarks.empty());
-    EXPECT_FALSE(reading.fault);
+    // A report has room for user data only where it has some.
+    const char* const c_deliverReport = "0000070000A0C8329BFD06DDDF723619C8329BFD06DDDF723619";
+    for (const char* const digits : {c_deliver, c_statusReport, c_deliverReport}) {
+        SCOPED_TRACE(digits);
+        std::vector<std::uint8_t> octets;
+        ASSERT_TRUE(FromHex(digits, octets));
+        ReadOptions options;
+        options.serviceCentre = Presence::Yes;
+        options.direction = digits == c_deliverReport ? Direction::FromMobile : Direction::ToMobile;
+        Reading reading;
+        Read(octets, options, reading);
+        Visitor visitor;
+        const unsigned long before = tests::Allocations();
+        Read(octets, options, reading);
+        Walk(octets, options, visitor);
+        EXPECT_EQ(tests::Allocations(), before);
+        EXPECT_FALSE(UserDataOf(reading.tpdu)->octets.empty());
+        EXPECT_FALSE(reading.fault);
+    }
 }
 
 } // namespace
