@@ -53,7 +53,7 @@ struct ReadOptions {
 struct MESSAGES_API Reading {
     std::optional<Address> serviceCentre;     ///< there, but empty, where its length is 0
     bool isServiceCentreGuessed = false;      ///< neither the options nor an announced length told
-    Direction direction = Direction::Unknown; ///< as given, or as the type has it
+    Direction direction = Direction::Unknown; ///< as given, or as the type has it where there is one
     Tpdu tpdu;                                ///< as much of it as was read
     /// In the order of the octets; those of the first octet by their bits, from bit 0 on.
     std::vector<FieldPlace> places;

@@ -84,10 +84,10 @@ void Read(OctetView pdu, const ReadOptions& options, Reading& reading) {
     reading.fault.reset();
     const Choice choice = Choose(pdu, options);
     reading.isServiceCentreGuessed = choice.isServiceCentreGuessed;
-    reading.direction = choice.layout.direction;
     Recording recording(reading);
     Walker(pdu, options, recording).Walk(choice.layout);
     recording.Finish();
+    reading.direction = reading.Type() == TpduType::None ? options.direction : choice.layout.direction;
 }
 
 Reading Read(OctetView pdu, const ReadOptions& options) {

@@ -64,6 +64,14 @@ TEST(Guesses, AGivenDirectionHolds) {
     EXPECT_EQ(RemarksOf(ReadHex(c_centre + c_command, fromMobile)), "") << "nothing is guessed";
 }
 
+TEST(Guesses, NoDirectionWhereNoTypeIsThere) {
+    for (const char* const octets : {"", "0791"}) {
+        EXPECT_EQ(ReadHex(octets).direction, Direction::Unknown) << octets;
+        const ReadOptions fromMobile{Presence::Yes, Direction::FromMobile, Presence::Unknown, std::nullopt};
+        EXPECT_EQ(ReadHex(octets, fromMobile).direction, Direction::FromMobile) << octets;
+    }
+}
+
 TEST(Guesses, TheSoundOneOfWithAndWithoutAServiceCentre) {
     const Reading without = ReadHex(DeliverOctets().Hex());
     EXPECT_FALSE(without.serviceCentre);
