@@ -21,7 +21,8 @@ std::size_t TpduOffset(OctetView pdu, bool hasServiceCentre) {
 Presence ServiceCentreTold(OctetView pdu, const ReadOptions& options) {
     if (options.serviceCentre != Presence::Unknown || !options.announcedLength || pdu.empty())
         return options.serviceCentre;
-    if (TpduOffset(pdu, true) + *options.announcedLength == pdu.size())
+    const std::size_t offset = TpduOffset(pdu, true);
+    if (offset <= pdu.size() && *options.announcedLength == pdu.size() - offset)
         return Presence::Yes;
     return *options.announcedLength == pdu.size() ? Presence::No : Presence::Unknown;
 }

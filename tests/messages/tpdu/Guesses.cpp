@@ -105,6 +105,13 @@ TEST(Guesses, AnAnnouncedLengthDecides) {
     EXPECT_TRUE(other.isServiceCentreGuessed);
 }
 
+TEST(Guesses, AnAnnouncedLengthBeyondAllOctetsTellsNothing) {
+    // In 32 bits, the service centre's eight octets and the announced ones make the seven that are there.
+    ReadOptions options;
+    options.announcedLength = 0xFFFFFFFF;
+    EXPECT_TRUE(ReadHex("07912143658709", options).isServiceCentreGuessed);
+}
+
 TEST(Guesses, WhatTheCallerSaysOfAServiceCentreHolds) {
     const std::string tpdu = DeliverOctets().Hex();
     ReadOptions options;
