@@ -49,22 +49,24 @@ MESSAGES_API bool HasLockingTable(Language language) noexcept;
 MESSAGES_API bool HasSingleShiftTable(Language language) noexcept;
 
 /// The character of a septet in the locking table, 0 where it has none and for the escape. REQUIRES septet <
-/// 128. All characters of these tables lie below U+10000.
+/// 128, and a named language; of one without a locking table it is the default alphabet. All characters of
+/// these tables lie below U+10000.
 MESSAGES_API char16_t LockingCharacter(Language language, std::uint8_t septet) noexcept;
 
 /// The character of the pair escape, septet in the single shift table; 0 where it has none. REQUIRES septet <
-/// 128.
+/// 128, and a named language.
 MESSAGES_API char16_t SingleShiftCharacter(Language language, std::uint8_t septet) noexcept;
 
 /// Septets one an octet, as `count` of them stand packed from bit `firstBit` (0 to 7) of `packed` on,
-/// TS 23.038 clause 6.1.2.1. Stops where `packed` ends; returns how many were written to `septets`, which has
-/// room for `count`.
+/// TS 23.038 clause 6.1.2.1. Stops where `packed` ends; returns how many were written to `septets`. REQUIRES
+/// firstBit < 8, and room for `count`.
 MESSAGES_API std::size_t UnpackSeptets(OctetView packed, unsigned int firstBit, std::size_t count,
                                        std::uint8_t* septets) noexcept;
 
 /// The text of septets, one an octet, in UTF-8, appended to `text`. A pair of two escapes is a space; a pair
 /// that the single shift table lacks is the second septet's character of the locking table; a septet without
-/// a character is U+FFFD; an escape at the end is nothing. Throws std::bad_alloc alone.
+/// a character is U+FFFD; escape, 0D and an escape at the end are nothing. REQUIRES septets < 128, and named
+/// languages. Throws std::bad_alloc alone.
 MESSAGES_API void AppendSeptetText(OctetView septets, SeptetTables tables, std::string& text);
 
 /// UTF-16 with the most significant octet first, in UTF-8, appended to `text`. An unpaired surrogate is

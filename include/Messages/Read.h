@@ -51,11 +51,13 @@ struct ReadOptions {
 
 /// What a PDU says.
 struct MESSAGES_API Reading {
-    std::optional<Address> serviceCentre;     ///< there, but empty, where its length is 0
+    /// There, but empty, where its length is 0. Its text is digits, whatever its type.
+    std::optional<Address> serviceCentre;
     bool isServiceCentreGuessed = false;      ///< neither the options nor an announced length told
     Direction direction = Direction::Unknown; ///< as given, or as the type has it where there is one
     Tpdu tpdu;                                ///< as much of it as was read
-    /// In the order of the octets; those of the first octet by their bits, from bit 0 on.
+    /// In the order of the octets; those of the first octet by their bits, from bit 0 on. Each bit of each
+    /// octet is in one of them; but what comes after a reserved type is in none.
     std::vector<FieldPlace> places;
     std::vector<Remark> remarks; ///< in the order in which they were met
     std::optional<Fault> fault;  ///< that ended the reading

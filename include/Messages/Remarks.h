@@ -65,8 +65,8 @@ enum class Piece : std::uint8_t {
 struct FieldPlace {
     Field field = Field::MessageType; ///< that it is about
     Piece piece = Piece::Whole;       ///< of the field
-    std::uint8_t mask = 0xFF;         ///< its bits of the first octet, where it is not all of them
-    std::uint8_t value = 0;           ///< of the first octet, the masked bits moved to the right
+    std::uint8_t mask = 0xFF;         ///< its bits of `octet`, where it is not all of them
+    std::uint8_t value = 0;           ///< of a field in the TPDU's first octet: its bits, moved to the right
     std::uint32_t octet = 0;          ///< the first one, from 0
     std::uint32_t count = 0;          ///< octets
 };
@@ -90,8 +90,8 @@ enum class RemarkCode : std::uint8_t {
     PossibleFilling, ///< the last septet of a name is 0: "@", or filling
     AddressBitsLeft, ///< bits after the last septet of a name are set
     // times
-    TimeSemiOctet,  ///< number: the octet of the time, from 0, that has a semi-octet above 9
-    TimeOutOfRange, ///< number: the octet of the time, from 0, whose part is out of range
+    TimeSemiOctet,  ///< number: the octet of the field, from 0, that has a semi-octet above 9
+    TimeOutOfRange, ///< number: the octet of the field, from 0, whose part is out of range
     TimeAllZero,    ///< all octets of the time are 0
     // validity
     ReservedValidity,  ///< number: the first octet of the enhanced format, with a reserved format or reserved

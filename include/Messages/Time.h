@@ -67,8 +67,8 @@ struct MESSAGES_API Validity {
         return format == ValidityFormat::Enhanced && (octets[0] & 0x40) != 0;
     }
 
-    /// The period in seconds; nothing where there is none, where it is a point in time, and where its coding
-    /// is reserved.
+    /// The period in seconds; nothing where there is none, where it is a point in time, and where its format
+    /// is reserved, its seconds are 0, a part of its clock is out of range or another indicator follows.
     std::optional<std::uint32_t> Seconds() const noexcept;
     /// The point in time of the absolute format; not valid in the others.
     Timestamp Absolute() const noexcept;
