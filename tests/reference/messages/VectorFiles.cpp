@@ -33,12 +33,15 @@ std::vector<Json> VectorsOf(const std::string& file) {
     return vectors;
 }
 
-std::vector<Json> AllVectors() {
-    std::vector<Json> vectors = VectorsOf("by-hand");
-    for (const VectorFile& file : WrittenFiles())
-        for (Json& vector : VectorsOf(file.name))
-            vectors.push_back(std::move(vector));
-    return vectors;
+const std::vector<Json>& AllVectors() {
+    static const std::vector<Json> all = [] {
+        std::vector<Json> vectors = VectorsOf("by-hand");
+        for (const VectorFile& file : WrittenFiles())
+            for (Json& vector : VectorsOf(file.name))
+                vectors.push_back(std::move(vector));
+        return vectors;
+    }();
+    return all;
 }
 
 /// Members in any order, as JSON has them.
@@ -106,6 +109,54 @@ TEST(Vectors, HaveEveryRowOfTheTablesOfValues) {
     ExpectEnds("header-elements", elements);
     for (int format = 0; format < 8; ++format)
         EXPECT_TRUE(values["enhanced"].contains(format)) << format;
+}
+
+/// The values of a member of the elements with an identifier.
+std::set<int> ElementValues(int identifier, const char* member) {
+    std::set<int> values;
+    for (const Json& vector : AllVectors())
+        if (vector.at("means").contains("header"))
+            for (const Json& element : vector.at("means").at("header").at("elements"))
+                if (element.at("iei") == identifier && element.contains(member))
+                    values.insert(element.at(member).get<int>());
+    return values;
+}
+
+TEST(Vectors, HaveEveryRowOfTheTablesOfElements) {
+    const std::set<int> narrow = ElementValues(0x04, "destination"),
+                        wide = ElementValues(0x05, "destination");
+    for (Row& row : ReadTable("ports"))
+        for (const char* end : {"from", "to"})
+            EXPECT_TRUE((row["element"] == "04" ? narrow : wide).contains(std::stoi(row[end]))) << row[end];
+    ExpectEnds("header-sources", ElementValues(0x07, "source"));
+    const std::set<int> control = ElementValues(0x06, "control");
+    for (int bit = 0; bit < 8; ++bit)
+        EXPECT_TRUE(control.contains(1 << bit)) << bit;
+    EXPECT_EQ(ElementValues(0x01, "store"), (std::set<int>{0, 1}));
+    EXPECT_EQ(ElementValues(0x01, "profile"), (std::set<int>{1, 2, 3, 4}));
+    EXPECT_EQ(ElementValues(0x01, "extended"), (std::set<int>{0, 1, 2, 3, 4, 5, 6, 7}));
+    EXPECT_EQ(ElementValues(0x01, "kind"), (std::set<int>{0, 1, 2, 3}));
+    EXPECT_EQ(ElementValues(0x0A, "alignment"), (std::set<int>{0, 1, 2, 3}));
+    EXPECT_EQ(ElementValues(0x0A, "size"), (std::set<int>{0, 1, 2, 3}));
+    for (const char* flag : {"bold", "italic", "underlined", "struck"})
+        EXPECT_EQ(ElementValues(0x0A, flag), (std::set<int>{0, 1})) << flag;
+}
+
+TEST(Vectors, HaveEveryFieldOfTheFirstOctetWithEveryValue) {
+    std::map<std::string, std::set<int>> values; // by type and field
+    for (const Json& vector : AllVectors()) {
+        const Json& means = vector.at("means");
+        for (const auto& [type, fields] : TheTables().first)
+            for (const Bits& bits : fields)
+                if (means.value("type", "") == type)
+                    values[type + " " + bits.field].insert(means.at(bits.field).get<int>());
+    }
+    for (const auto& [type, fields] : TheTables().first)
+        for (const Bits& bits : fields)
+            if (bits.field != "TP-MTI") {
+                EXPECT_EQ(values[type + " " + bits.field].size(), std::size_t{2} << (bits.last - bits.first))
+                    << type << " " << bits.field;
+            }
 }
 
 TEST(Vectors, HaveEveryTypeOfNumberAndNumberingPlan) {
