@@ -1,11 +1,22 @@
 #include <iostream>
+#include <new>
+#include <string_view>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "commands/CommandLine.h"
+#include "stream/DescriptorBuffer.h"
+#include "stream/StopSignals.h"
 
 namespace {
+
+/// Thrown, the failure could come out of a destructor, and no message would tell.
+void EndOutOfMemory() {
+    constexpr std::string_view c_message = "qxpdu: out of memory\n";
+    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, c_message.data(), c_message.size());
+    _exit(qxpdu::Console::SOME_FAILED);
+}
 
 std::optional<std::uint64_t> SizeOfInput() {
     struct stat status;
@@ -17,9 +28,14 @@ std::optional<std::uint64_t> SizeOfInput() {
 } // namespace
 
 int main(int argc, char** argv) {
+    std::set_new_handler(EndOutOfMemory);
     std::ios::sync_with_stdio(false);
-    std::cin.tie(nullptr);
-    return qxpdu::RunTool({argv + 1, argv + argc},
-                          {std::cin, std::cout, std::cerr, isatty(STDOUT_FILENO) != 0,
-                           isatty(STDERR_FILENO) != 0, SizeOfInput()});
+    const qxpdu::StopSignals signals;
+    qxpdu::DescriptorBuffer buffer(STDIN_FILENO, signals.Descriptor());
+    std::istream in(&buffer);
+    const int status = qxpdu::RunTool({argv + 1, argv + argc},
+                                      {in, std::cout, std::cerr, isatty(STDOUT_FILENO) != 0,
+                                       isatty(STDERR_FILENO) != 0, SizeOfInput(), [&] { signals.Catch(); }});
+    qxpdu::StopSignals::Follow();
+    return status;
 }

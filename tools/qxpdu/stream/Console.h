@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <istream>
 #include <optional>
 #include <ostream>
@@ -23,6 +24,8 @@ struct Streams {
     bool outIsTerminal = false; ///< results are shown as soon as they are there
     bool errIsTerminal = false; ///< the progress is shown unless results go to the same place
     std::optional<std::uint64_t> inSize = std::nullopt; ///< in bytes, where it is known
+    std::function<void()> endInputOnSignal =
+        nullptr; ///< from now on, what asks the process to end only ends `in`
 };
 
 enum class Format {

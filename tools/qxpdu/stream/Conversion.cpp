@@ -8,6 +8,7 @@
 #include "characters/Hexadecimal.h"
 #include "characters/InputError.h"
 #include "log/Transcript.h"
+#include "show/Plural.h"
 #include "stream/Progress.h"
 #include "stream/Workers.h"
 #include "stream/Writer.h"
@@ -24,6 +25,7 @@ struct Batch {
     std::vector<Input> inputs;
     std::uint64_t lines = 0; ///< read for them, chatter included
     std::uint64_t bytes = 0;
+    bool isFollowed = true; ///< by input that need not be waited for, or by the end
 };
 
 /// Finds the inputs in what the user gave.
@@ -32,27 +34,40 @@ public:
     Reader(std::vector<std::string> arguments, LineKind kind, const Streams& streams)
         : m_Inputs(std::move(arguments), streams.in, kind == LineKind::Whole), m_Kind(kind) {}
 
+    /// Waits for input only where the results of all that came before are out; then it may be a batch of
+    /// none.
     Batch Next(std::size_t mostInputs) {
         const std::uint64_t lines = m_Inputs.Lines();
         const std::uint64_t bytes = m_Inputs.Bytes();
         Batch batch;
-        for (Input input;
-             batch.inputs.size() < mostInputs && m_Inputs.Bytes() - bytes < c_batchBytes && NextInput(input);)
+        for (Input input; batch.inputs.size() < mostInputs && m_Inputs.Bytes() - bytes < c_batchBytes &&
+                          NextInput(input, m_MayWait && batch.inputs.empty());)
             batch.inputs.push_back(std::move(input));
         batch.lines = m_Inputs.Lines() - lines;
         batch.bytes = m_Inputs.Bytes() - bytes;
+        batch.isFollowed = m_HasEnded || m_Inputs.IsReady();
+        m_MayWait = !batch.isFollowed;
         return batch;
     }
 
+    bool HasEnded() const { return m_HasEnded; }
     bool HasFailed() const { return m_Inputs.HasFailed(); }
 
 private:
-    bool NextInput(Input& input) {
-        while (m_Inputs.Next(input)) {
-            if (input.source != Input::Source::Line || IsInput(input))
-                return true;
-        }
-        if (!m_Transcript.Finish())
+    bool NextInput(Input& input, bool mayWait) {
+        do {
+            if (!mayWait && !m_Inputs.IsReady())
+                return false;
+            if (!m_Inputs.Next(input))
+                return NextOrphan(input);
+        } while (input.source == Input::Source::Line && !IsInput(input));
+        return true;
+    }
+
+    /// At the end.
+    bool NextOrphan(Input& input) {
+        m_HasEnded = !m_Transcript.Finish();
+        if (m_HasEnded)
             return false;
         MakeOrphan(input);
         return true;
@@ -86,6 +101,8 @@ private:
     Inputs m_Inputs;
     LineKind m_Kind;
     Transcript m_Transcript;
+    bool m_MayWait = false; ///< nothing has been kept back
+    bool m_HasEnded = false;
 };
 
 struct Outcome {
@@ -129,6 +146,8 @@ public:
                 afterwards(console);
             Write(console);
         }
+        if (!batch.isFollowed)
+            m_Writer.Flush();
         m_Progress.Add(batch.lines, batch.bytes, m_Writer.Errors());
         return !m_Writer.IsBroken();
     }
@@ -159,14 +178,21 @@ int ConvertStream(const ConversionSettings& settings, const Streams& streams, co
     };
     const BatchSource take = [&]() -> BatchWork {
         auto batch = std::make_shared<const Batch>(reader.Next(flushLines ? 1 : c_batchInputs));
-        if (batch->inputs.empty())
+        if (batch->inputs.empty() && reader.HasEnded())
             return nullptr;
         return [&, batch]() -> Delivery {
             auto results = std::make_shared<std::vector<Outcome>>(convert(*batch));
             return [&, batch, results] { return output.Write(*batch, *results); };
         };
     };
-    WorkInOrder(take, settings.threads);
+    if (streams.endInputOnSignal && converter.kind != LineKind::Whole)
+        streams.endInputOnSignal(); // the half of a text is none
+    WorkInOrder(take, settings.threads, [&](unsigned int threads) {
+        Console console(settings.format);
+        console.Warning("--threads", fmt::format("{} could be started, {} asked for",
+                                                 Counted(threads, "thread"), settings.threads));
+        output.Write(console);
+    });
     Console last(settings.format);
     converter.finish(last);
     if (reader.HasFailed())

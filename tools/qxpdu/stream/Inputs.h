@@ -24,6 +24,9 @@ public:
     /// Reads the next input; false when there is none. A line comes without its line feed.
     bool Next(Input& input);
 
+    /// Whether the next input, or that there is none, can be told without waiting for it.
+    bool IsReady() const { return !m_InStream || m_In.rdbuf()->in_avail() != 0; }
+
     /// Whether standard input could not be read to its end.
     bool HasFailed() const { return m_In.bad(); }
 

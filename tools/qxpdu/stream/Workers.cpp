@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <exception>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -16,10 +17,16 @@ class Workers {
 public:
     explicit Workers(const BatchSource& take) : m_Take(take) {}
 
-    void Run(unsigned int threads) {
+    void Run(unsigned int threads, const FewerThreads& whenFewer) {
         std::vector<std::jthread> others;
-        for (unsigned int i = 1; i < threads; ++i)
-            others.emplace_back([this] { Work(); });
+        others.reserve(threads);
+        try {
+            while (others.size() + 1 < threads)
+                others.emplace_back([this] { Work(); });
+        } catch (const std::system_error&) {
+            const std::lock_guard lock(m_Delivering);
+            whenFewer(static_cast<unsigned int>(others.size()) + 1);
+        }
         Work();
         others.clear(); // waits for them
         if (m_Failure)
@@ -89,8 +96,8 @@ private:
 
 } // namespace
 
-void WorkInOrder(const BatchSource& take, unsigned int threads) {
-    Workers(take).Run(threads);
+void WorkInOrder(const BatchSource& take, unsigned int threads, const FewerThreads& whenFewer) {
+    Workers(take).Run(threads, whenFewer);
 }
 
 } // namespace qxpdu

@@ -16,9 +16,13 @@ using BatchWork = std::function<Delivery()>;
 /// Takes the next batch off the stream, one worker at a time; nothing at the end of the stream.
 using BatchSource = std::function<BatchWork()>;
 
+/// Is told how many threads there are, before any of them delivers what comes next.
+using FewerThreads = std::function<void(unsigned int)>;
+
 /// Works until the stream is at its end; each thread holds one batch at a time. What a step throws ends the
-/// work and is thrown on.
-void WorkInOrder(const BatchSource& take, unsigned int threads);
+/// work and is thrown on. Where the system grants fewer threads, those do the work, and `whenFewer` is
+/// called.
+void WorkInOrder(const BatchSource& take, unsigned int threads, const FewerThreads& whenFewer);
 
 } // namespace qxpdu
 

@@ -1,17 +1,20 @@
 #include "stream/Writer.h"
 
 #include <cerrno>
+#include <system_error>
+
+#include <fmt/format.h>
 
 namespace qxpdu {
 
 Writer::Writer(const Streams& streams, Format format, bool flushLines)
     : m_Streams(streams), m_Format(format), m_FlushLines(flushLines) {}
 
-/// A pipe without a reader is told by the call that wrote last; where the process is told by a signal, that
+/// The call that wrote last tells why. Where the process is told by a signal that a pipe has no reader, that
 /// has ended it.
 void Writer::CheckOutput() {
-    if (IsBroken() && errno == EPIPE)
-        m_Unread = true;
+    if (IsBroken())
+        m_Failure = errno;
 }
 
 void Writer::WriteResults(const Console& console) {
@@ -34,15 +37,22 @@ void Writer::Write(const Console& console) {
         m_Streams.err << console.Messages();
 }
 
+void Writer::Flush() {
+    if (IsBroken())
+        return;
+    m_Streams.out.flush();
+    CheckOutput();
+}
+
 int Writer::Finish() {
     if (!IsBroken()) {
         if (m_Format == Format::JsonArray)
             m_Streams.out << (m_Any ? "\n]\n" : "[]\n");
-        m_Streams.out.flush();
-        CheckOutput();
+        Flush();
     }
-    if (IsBroken() && !m_Unread) {
-        m_Streams.err << "qxpdu: standard output: cannot be written\n";
+    if (IsBroken() && m_Failure != EPIPE) {
+        m_Streams.err << fmt::format("qxpdu: standard output: cannot be written: {}\n",
+                                     std::generic_category().message(m_Failure));
         ++m_Errors;
     }
     return m_Errors == 0 ? Console::ALL_GOOD : Console::SOME_FAILED;

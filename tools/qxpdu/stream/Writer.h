@@ -16,6 +16,9 @@ public:
 
     void Write(const Console& console);
 
+    /// Results written so far are out.
+    void Flush();
+
     /// Whether standard output takes no more, so that further work is in vain.
     bool IsBroken() const { return !m_Streams.out; }
 
@@ -33,8 +36,8 @@ private:
     Streams m_Streams;
     Format m_Format;
     bool m_FlushLines;
-    bool m_Any = false;    ///< a result has been written
-    bool m_Unread = false; ///< the reader of standard output has gone
+    bool m_Any = false; ///< a result has been written
+    int m_Failure = 0;  ///< why standard output takes no more
     std::size_t m_Errors = 0;
 };
 

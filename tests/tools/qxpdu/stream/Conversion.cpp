@@ -75,6 +75,68 @@ TEST(QxpduStreams, LineBufferedAnswersEachLineBeforeTheNextIsThere) {
         "{\"line\":2,\"error\":\"odd number of hexadecimal digits, 1\"}\n");
 }
 
+/// Runs qxpdu between two pipes, $d/in as 3 and $d/out as 4, and the script beside it.
+Outcome Beside(const std::string& arguments, const std::string& script) {
+    return Shell("d=$(mktemp -d) && mkfifo $d/in $d/out && { $QXPDU " + arguments +
+                 " <$d/in >$d/out & } && exec 3>$d/in 4<$d/out && " + script + "; rm -r $d");
+}
+
+TEST(QxpduStreams, ResultIsWrittenAsSoonAsNoInputWaits) {
+    const std::string first = "read -r result <&4 && echo \"$result\"";
+    const char* const odd = "{\"line\":1,\"error\":\"odd number of hexadecimal digits, 1\"}\n";
+    for (const char* threads : {"1", "3"}) {
+        const std::string decode = std::string("decode --jsonl -j ") + threads;
+        EXPECT_EQ(Beside(decode, "echo 0 >&3 && " + first).out, odd);
+        EXPECT_EQ(Beside(decode, "printf '0\\n0' >&3 && " + first).out, odd) << "a piece of a line waits";
+        EXPECT_EQ(Beside(decode, "printf '0\\nOK\\n' >&3 && " + first).out, odd)
+            << "a line without a PDU waits";
+        EXPECT_EQ(Beside(decode, "{ yes OK | head -n 40000; echo 0; } >&3 && " + first).out,
+                  "{\"line\":40001,\"error\":\"odd number of hexadecimal digits, 1\"}\n");
+        EXPECT_EQ(Beside(decode, "{ yes 0 | head -n 256; echo OK; } >&3 && head -n 256 <&4 | tail -n 1").out,
+                  "{\"line\":256,\"error\":\"odd number of hexadecimal digits, 1\"}\n")
+            << "a full batch, and a line without a PDU";
+    }
+}
+
+TEST(QxpduStreams, SignalEndsTheInputAndThenTheToolWhenWhatWasReadIsWritten) {
+    const struct {
+        const char* signal;
+        const char* status;
+    } rows[] = {{"INT", "130"}, {"TERM", "143"}, {"HUP", "129"}};
+    for (const auto& row : rows) {
+        // The shell starts what stands in the background with SIGINT ignored; env undoes that.
+        const Outcome run =
+            Shell("d=$(mktemp -d) && mkfifo $d/in && { env --default-signal=INT $QXPDU decode --join --jsonl "
+                  "<$d/in >$d/out & } && exec 3>$d/in && printf '0\\n" +
+                  std::string(c_escapePart) +
+                  "\\n000' >&3 && while ! [ -s $d/out ]; do sleep 0.01; done && kill -" + row.signal +
+                  " $! ; wait $!; echo $?; cat $d/out; rm -r $d");
+        const std::size_t end = run.out.find('\n');
+        EXPECT_EQ(run.out.substr(0, end), row.status);
+        const auto objects = JsonLines(run.out.substr(end + 1));
+        ASSERT_EQ(objects.size(), 3U) << run;
+        EXPECT_EQ(objects[0]["line"], 1);
+        EXPECT_EQ(objects[1]["error"], "odd number of hexadecimal digits, 3") << "the piece of a line";
+        EXPECT_EQ(objects[2]["parts_missing"], nlohmann::json{2}) << "the part that waited";
+    }
+}
+
+TEST(QxpduStreams, SignalWhileATextIsReadEndsTheToolWithoutAResult) {
+    const Outcome run =
+        Shell("d=$(mktemp -d) && mkfifo $d/in && { $QXPDU encode --to 1 <$d/in & } && exec 3>$d/in && "
+              "echo hello >&3 && kill -TERM $!; wait $!; echo $?; rm -r $d");
+    EXPECT_EQ(run.out, "143\n");
+}
+
+TEST(QxpduStreams, OutputThatCannotBeWrittenIsAnErrorWithItsReason) {
+    if (!Shell("test -c /dev/full").status) {
+        EXPECT_EQ(Shell(std::string("$QXPDU decode ") + c_hello + " >/dev/full"),
+                  (Outcome{1, "", "qxpdu: standard output: cannot be written: No space left on device\n"}));
+    }
+    EXPECT_EQ(Shell(std::string("$QXPDU decode ") + c_hello + " >&-"),
+              (Outcome{1, "", "qxpdu: standard output: cannot be written: Bad file descriptor\n"}));
+}
+
 TEST(QxpduStreams, ClosedPipeEndsTheToolQuietly) {
     const struct {
         const char* trap;

@@ -8,6 +8,9 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -18,6 +21,7 @@ using qxpdu::Delivery;
 struct Stream {
     unsigned int taken = 0;
     std::vector<unsigned int> delivered{};
+    unsigned int told = 0; ///< how many threads there are
 
     template <class Convert, class Deliver>
     void Work(unsigned int threads, Convert convert, Deliver deliver) {
@@ -33,7 +37,7 @@ struct Stream {
                     };
                 };
             },
-            threads);
+            threads, [this](unsigned int granted) { told = granted; });
     }
 };
 
@@ -54,7 +58,37 @@ TEST(WorkInOrder, DeliversInTheOrderOfTaking) {
         Stream stream;
         stream.Work(threads, Linger, [](unsigned int) { return true; });
         EXPECT_EQ(stream.delivered, UpTo(1000)) << threads;
+        EXPECT_EQ(stream.told, 0U) << "none is missing";
     }
+}
+
+constexpr int c_asExpected = 0;
+constexpr int c_otherwise = 1;
+constexpr int c_notToBeTried = 2;
+
+/// What a process gives in which no second thread is to be had. The limit does not hold for the superuser.
+int WorkAlone() {
+    constexpr uid_t c_nobody = 65534;
+    const rlimit one = {1, 1};
+    if (setrlimit(RLIMIT_NPROC, &one) != 0 ||
+        (geteuid() == 0 && setresuid(c_nobody, c_nobody, c_nobody) != 0))
+        return c_notToBeTried;
+    Stream stream;
+    stream.Work(8, Linger, [](unsigned int) { return true; });
+    return stream.told == 1 && stream.delivered == UpTo(1000) ? c_asExpected : c_otherwise;
+}
+
+TEST(WorkInOrder, GoesOnWithTheThreadsThatAreToBeHadAndTellsHowMany) {
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0)
+        _exit(WorkAlone());
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    if (WEXITSTATUS(status) == c_notToBeTried)
+        GTEST_SKIP() << "threads cannot be limited here";
+    EXPECT_EQ(WEXITSTATUS(status), c_asExpected);
 }
 
 TEST(WorkInOrder, EndsWhenADeliveryIsTheLastOneWanted) {
@@ -85,7 +119,8 @@ TEST(WorkInOrder, ThrowsOnWhatAStepThrows) {
                                      }),
                      std::runtime_error);
         EXPECT_EQ(delivering.delivered, UpTo(21));
-        EXPECT_THROW(qxpdu::WorkInOrder([]() -> BatchWork { throw std::runtime_error("taking"); }, threads),
+        EXPECT_THROW(qxpdu::WorkInOrder([]() -> BatchWork { throw std::runtime_error("taking"); }, threads,
+                                        [](unsigned int) {}),
                      std::runtime_error);
     }
 }
