@@ -61,6 +61,8 @@ if(QX_BUILD_TOOLS)
     string(APPEND man_page .gz)
   endif()
   install(FILES ${man_page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool)
+  install(FILES docs/qxpdu-json.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/qxpdu COMPONENT tool)
+  install(DIRECTORY docs/schema DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/qxpdu COMPONENT tool)
   install(FILES tools/qxpdu/completions/qxpdu.bash RENAME qxpdu
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tool)
   install(FILES tools/qxpdu/completions/_qxpdu

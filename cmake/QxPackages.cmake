@@ -79,7 +79,8 @@ in the octets and what is unusual in it.")
 qx_package(messages_dev libqx-messages-dev libdevel "libqx-messages0 (= ${QX_DEBIAN_VERSION})"
 "short messages read by the standards - development files
 Headers of libQX_Messages, a CMake package and a pkg-config file.")
-qx_package(tool qxpdu comm "libqx-encoding1 (>= ${PROJECT_VERSION}), libqx-toolkit1 (>= ${PROJECT_VERSION})"
+qx_package(tool qxpdu comm
+"libqx-encoding1 (>= ${PROJECT_VERSION}), libqx-messages0 (= ${QX_DEBIAN_VERSION}), libqx-toolkit1 (>= ${PROJECT_VERSION})"
 "short messages and cell broadcast pages between octets and text
 Encodes texts to SMS-SUBMIT PDUs, decodes and explains PDUs octet by octet,
 reads the logs of modems and streams of any length, writes JSON.")

@@ -1,89 +1,44 @@
-// The tool's walk over a PDU and its map of the octets, against PduDecoder::Decode. Input: flags (1 the TPDU
-// alone, 2 times without zone), the PDU.
-#include <bit>
-#include <map>
+// The tool's map of the octets of a PDU, and the two readings side by side. Input: flags (1 the TPDU alone,
+// 2 times without zone, 4 and 8 the direction), the PDU.
+#include <nlohmann/json.hpp>
 
-#include "Encoding/PduDecoder.h"
 #include "Input.h"
 #include "Property.h"
-#include "show/CodeUnits.h"
-#include "show/OctetMap.h"
-#include "show/PduWalk.h"
+#include "show/MapProperties.h"
+#include "show/MessageJson.h"
+#include "show/MessageText.h"
 
 namespace {
 
-using namespace Encoding;
 using namespace fuzz;
 
-/// Each octet up to the end of the last field belongs to one field, or its bits to one each.
-void RequireCoveredOnce(const qxpdu::PduWalk& walk, unsigned int length) {
-    unsigned int covered = 0;
-    std::map<unsigned int, unsigned int> bits; // by octet
-    for (const qxpdu::PduField& field : walk.fields) {
-        Require(field.length > 0, "a field has octets");
-        if (field.mask != qxpdu::c_wholeOctet) {
-            Require(field.length == 1 && (bits[field.offset] & field.mask) == 0,
-                    "a bit belongs to one field");
-            bits[field.offset] |= field.mask;
-            Require(field.offset == covered || field.offset + 1 == covered,
-                    "bit fields stand in their place");
-            covered = field.offset + 1;
-            continue;
-        }
-        Require(field.offset == covered, "a field begins where the one before it ends");
-        covered += field.length;
-    }
-    Require(covered <= length, "fields lie within the PDU");
-    if (walk.stop)
-        Require(walk.stop->offset <= length && !walk.stop->expected.empty() && !walk.stop->found.empty(),
-                "a stop has a place and a reason");
+qxpdu::Message ReadMessage(unsigned int flags, const Encoding::Pdu& pdu) {
+    constexpr Messages::Direction directions[] = {Messages::Direction::Unknown, Messages::Direction::ToMobile,
+                                                  Messages::Direction::FromMobile,
+                                                  Messages::Direction::Unknown};
+    qxpdu::Message message;
+    message.octets.assign(pdu.m_Bytes, pdu.m_Bytes + pdu.m_Length);
+    message.hasServiceCentre = (flags & 1) == 0;
+    message.isZoneIgnored = (flags & 2) != 0;
+    message.reading = Messages::Read(
+        message.octets, {message.hasServiceCentre ? Messages::Presence::Yes : Messages::Presence::No,
+                         directions[flags >> 2 & 3]});
+    return message;
 }
 
-/// The numbers of a walk are those that the decoder read.
-void RequireSameValues(const qxpdu::PduWalk& walk, const PduDecoder& decoder) {
-    const std::map<std::string_view, int> numbers = {{"TP-MR", decoder.m_MessageReference},
-                                                     {"TP-PID", decoder.m_ProtocolId},
-                                                     {"TP-UDL", decoder.m_UserDataLength}};
-    for (const qxpdu::PduField& field : walk.fields) {
-        if (const auto number = numbers.find(field.name); number != numbers.end())
-            Require(std::get<qxpdu::NumberValue>(field.value).number ==
-                        static_cast<unsigned int>(number->second),
-                    "walk and decoder read the same numbers");
-        if (const auto* coding = std::get_if<qxpdu::DataCodingValue>(&field.value))
-            Require(coding->number == static_cast<unsigned int>(decoder.m_DataCoding) &&
-                        (walk.stop ||
-                         (coding->alphabet == decoder.m_Alphabet && coding->messageClass == decoder.m_Class)),
-                    "walk and decoder read the same data coding");
-    }
+void RequireMapped(const qxpdu::Message& message) {
+    const std::vector<qxpdu::OctetRow> rows = qxpdu::MapOctets(message);
+    Require(tests::HasEveryOctetOnce(rows, message.octets.size()), "the rows hold the whole PDU");
+    const bool isWhole = !message.reading.fault;
+    for (const qxpdu::OctetRow& row : rows)
+        Require(tests::HasEveryBitOnce(row, message.octets[row.octet], isWhole), "the bits make the octet");
+    const Messages::UserData* const userData = Messages::UserDataOf(message.reading.tpdu);
+    if (userData != nullptr && isWhole)
+        Require(tests::TextOf(rows) == userData->text, "map and reading have the same text");
 }
 
-/// Each octet belongs to one row, and of an octet of bits, each bit to one entry.
-void RequireMappedOnce(const std::vector<qxpdu::OctetRow>& rows, const Pdu& pdu) {
-    unsigned int end = 0;
-    for (const qxpdu::OctetRow& row : rows) {
-        Require(row.offset == end && row.length > 0, "a row begins where the one before it ends");
-        end += row.length;
-        unsigned int masks = 0;
-        unsigned int octet = 0;
-        for (const qxpdu::OctetBits& bits : row.bits) {
-            Require((masks & bits.mask) == 0, "a bit has one entry");
-            masks |= bits.mask;
-            octet |= bits.value << std::countr_zero(bits.mask);
-        }
-        Require(row.bits.empty() || (masks == 0xFF && octet == pdu.m_Bytes[row.offset]),
-                "the bits make the octet");
-    }
-    Require(end == pdu.m_Length, "the rows hold the whole PDU");
-}
-
-/// The text of the rows is where the decoder's begins.
-void RequireSameText(const std::vector<qxpdu::OctetRow>& rows, const PduDecoder& decoder) {
-    std::string text;
-    for (const qxpdu::OctetRow& row : rows) {
-        if (row.isText && row.field == "TP-UD")
-            text += row.value.get<std::string>();
-    }
-    Require(qxpdu::ToUtf8(decoder.m_Text).starts_with(text), "map and decoder read the same text");
+void RequireJson(qxpdu::JsonText& object) {
+    Require(nlohmann::json::accept(object.Finish()), "an object is JSON");
 }
 
 } // namespace
@@ -91,21 +46,23 @@ void RequireSameText(const std::vector<qxpdu::OctetRow>& rows, const PduDecoder&
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Input input(data, size);
     const unsigned int flags = input.Octet();
-    const bool noSmsc = (flags & 1) != 0;
-    const bool ignoreTimeZone = (flags & 2) != 0;
-    const Toolkit::smart_ptr<Pdu> pdu = input.Pdu();
+    const Toolkit::smart_ptr<Encoding::Pdu> pdu = input.Pdu();
+    const qxpdu::Message message = ReadMessage(flags, *pdu);
+    RequireMapped(message);
 
-    PduDecoder walker;
-    const qxpdu::PduWalk walk = qxpdu::WalkPdu(walker, pdu, noSmsc, ignoreTimeZone);
-    PduDecoder decoder;
-    Require((decoder.Decode(pdu, noSmsc, ignoreTimeZone) == 0) == walk.stop.has_value(),
-            "a walk stops exactly where the decoder rejects the PDU");
-    RequireCoveredOnce(walk, pdu->m_Length);
-    RequireSameValues(walk, decoder);
-
-    const std::vector<qxpdu::OctetRow> rows = qxpdu::MapOctets(*pdu, walk, noSmsc);
-    RequireMappedOnce(rows, *pdu);
-    if (!walk.stop)
-        RequireSameText(rows, decoder);
+    const qxpdu::HostReading host = CompareWithHost(message);
+    Require(!host.isRejected || host.members.empty(), "what is rejected has no members that differ");
+    Require(ReadAsHost(message).isRejected == host.isRejected, "both readings of the host are the same");
+    qxpdu::JsonText map;
+    WriteMap(message, host, map);
+    RequireJson(map);
+    Require(!MapText(message, host, qxpdu::Painter(false)).empty() || message.octets.empty(),
+            "octets have rows");
+    if (message.reading.fault)
+        return 0;
+    qxpdu::JsonText object;
+    Write(message, host, std::nullopt, object);
+    RequireJson(object);
+    Require(!ToText(message, host, "").empty(), "a message has lines");
     return 0;
 }

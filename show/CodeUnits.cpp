@@ -1,5 +1,6 @@
 #include "show/CodeUnits.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include <fmt/format.h>
@@ -49,10 +50,21 @@ void Append(char32_t codePoint, std::wstring& units) {
     units += static_cast<wchar_t>(codePoint);
 }
 
-/// C0, DEL and C1.
-bool IsControl(char32_t codePoint) {
-    return codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
+/// DEL, C1, the separators of lines and paragraphs, and what embeds, overrides or isolates a direction.
+bool IsMark(char32_t codePoint) {
+    const auto isBetween = [codePoint](char32_t first, char32_t last) {
+        return codePoint >= first && codePoint <= last;
+    };
+    return isBetween(0x7F, 0x9F) || isBetween(0x2028, 0x202E) || isBetween(0x2066, 0x2069);
 }
+
+/// C0 as well.
+bool IsControl(char32_t codePoint) {
+    return codePoint < 0x20 || IsMark(codePoint);
+}
+
+/// The bytes that a mark can begin with in UTF-8.
+constexpr std::string_view c_beginMarks = "\x7F\xC2\xE2";
 
 } // namespace
 
@@ -85,7 +97,37 @@ bool HasLoneSurrogate(const std::wstring& units) {
     return hasOne;
 }
 
+std::string WithoutMarks(std::string_view json) {
+    std::string shown;
+    shown.reserve(json.size());
+    while (!json.empty()) {
+        const std::size_t plain = std::min(json.find_first_of(c_beginMarks), json.size());
+        shown += json.substr(0, plain);
+        json.remove_prefix(plain);
+        if (json.empty())
+            break;
+        auto next = json.begin();
+        const auto codePoint = static_cast<char32_t>(utf8::unchecked::next(next));
+        const auto length = static_cast<std::size_t>(next - json.begin());
+        if (IsMark(codePoint))
+            fmt::format_to(std::back_inserter(shown), "\\u{:04X}", static_cast<unsigned int>(codePoint));
+        else
+            shown += json.substr(0, length);
+        json.remove_prefix(length);
+    }
+    return shown;
+}
+
+/// By the library's search for one byte, which looks at many together.
+bool HasMarks(std::string_view json) {
+    return std::any_of(c_beginMarks.begin(), c_beginMarks.end(),
+                       [json](char byte) { return json.find(byte) != std::string_view::npos; });
+}
+
 std::string Printable(std::string_view text) {
+    const auto isPlain = [](char byte) { return byte >= 0x20 && byte < 0x7F; };
+    if (std::all_of(text.begin(), text.end(), isPlain))
+        return std::string(text);
     std::string shown;
     shown.reserve(text.size());
     auto invalid = utf8::find_invalid(text.begin(), text.end());

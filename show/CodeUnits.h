@@ -21,7 +21,14 @@ std::string ToUtf8(const std::wstring& units);
 /// Whether the code units hold half a surrogate pair.
 bool HasLoneSurrogate(const std::wstring& units);
 
-/// The text for a terminal: control characters become "\u001B", so that a message
+/// Valid JSON in which DEL, C1, U+2028 to U+202E and U+2066 to U+2069 stand as "\u0085", so that no text in
+/// it acts on what shows it.
+std::string WithoutMarks(std::string_view json);
+
+/// Whether WithoutMarks() may change something; quick.
+bool HasMarks(std::string_view json);
+
+/// The text for a terminal: control characters and direction marks become "\u001B", so that a message
 /// cannot act on the terminal that shows it, and octets that are no UTF-8 become "\xFB".
 std::string Printable(std::string_view text);
 

@@ -1,4 +1,5 @@
-// JSON as a tree of values, for results that are put together piece by piece.
+// JSON as a tree of values, for what is read, and for results that are put together piece by piece. Those
+// that come by the million are not: see JsonText.h.
 #ifndef QXPDU_JSON_H
 #define QXPDU_JSON_H
 

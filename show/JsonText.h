@@ -1,4 +1,5 @@
-// A JSON object written straight as text, for results that come by the million.
+// A JSON object written straight as text, for results that come by the million: a tree of each, as Json.h has
+// it, would be made of hundreds of allocations and be thrown away at once.
 #ifndef QXPDU_JSONTEXT_H
 #define QXPDU_JSONTEXT_H
 
@@ -7,6 +8,7 @@
 #include <cstdint>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 // Its stacks add to a null pointer before their first allocation, to see that there is no room.
 #ifdef __clang__
@@ -18,12 +20,20 @@
 #pragma clang attribute pop
 #endif
 
+#include "show/Hex.h"
+
 namespace qxpdu {
 
-/// The members go into the text in the order of the calls. Strings are UTF-8.
+/// Of every object that is a result; another number where a reader would be misled.
+constexpr int c_jsonFormat = 2;
+
+/// A result. The members go into the text in the order of the calls. Strings are UTF-8.
 class JsonText {
 public:
-    JsonText() : m_Buffer(nullptr, c_usualSize), m_Writer(m_Buffer) { m_Writer.StartObject(); }
+    JsonText() : m_Buffer(nullptr, c_usualSize), m_Writer(m_Buffer) {
+        m_Writer.StartObject();
+        Member("format", c_jsonFormat);
+    }
 
     void Member(std::string_view name, std::string_view value) {
         String(name);
@@ -33,6 +43,30 @@ public:
     void Member(std::string_view name, std::integral auto value) {
         String(name);
         m_Writer.Int64(static_cast<std::int64_t>(value));
+    }
+
+    /// A member that is octets as hexadecimal digits, in which there is nothing to escape.
+    void Octets(std::string_view name, const unsigned char* octets, std::size_t count) {
+        String(name);
+        const std::string text = '"' + Hex(octets, count) + '"';
+        m_Writer.RawValue(text.data(), text.size(), rapidjson::kStringType);
+    }
+
+    void Bool(std::string_view name, bool value) {
+        String(name);
+        m_Writer.Bool(value);
+    }
+
+    void Null(std::string_view name) {
+        String(name);
+        m_Writer.Null();
+    }
+
+    void Numbers(std::string_view name, const std::vector<int>& values) {
+        Array(name, [&] {
+            for (const int value : values)
+                m_Writer.Int(value);
+        });
     }
 
     /// A member that is an object; `fill` adds its members.

@@ -1,4 +1,5 @@
 """Validates what qxpdu writes against the JSON Schemas: schema.py SCHEMA_FOLDER COMMAND..."""
+import functools
 import json
 import subprocess
 import sys
@@ -12,6 +13,15 @@ UPPER = "0791214365870921440B912143658709F100082120312143658008050003060201D83D"
 SUBMIT = "0001070491214300000161"
 TIMED = "001907049121430000212031214365800161"
 REPORT = "00060704912143212031214365802120312143658000"
+# What each kind of field adds, and what differs from libQX_Encoding.
+KINDS = [
+    "0041070491214300040C0B05040B8423F024010107" + "00", "0041070491214300000B062401012501019BE901",
+    "0041070491214300040403240501", "00010704912143002000", "00010704912143006000", "00010704912143008400",
+    "0001070491214300E800", "000907049121430000421E0000000000" + "00", "001107049121430000A7017F7F",
+    "00010704912143000C0141", "000404912143000021203121436522" + "00", "00140491214300002120312143658000",
+    "00060704912143212031214365802120312143658007000401" + "41", REPORT + "FF", "00040491214300402120312143658000",
+]
+REPORTS = ["0000D0020400", "00020100020704912143" + "0141", "000000"]
 CLASSED = "0001070491214300100161"
 PAGE = "403211120111C8329BFD06"
 FIRST_PAGE = "403211120112C8329BFD06"
@@ -23,6 +33,12 @@ LOG = "\n".join(["+CMT: ,24", HELLO, "+CMT: ,9", "OK", UPPER, UPPER, LOWER, LOWE
 CASES = [
     (["decode"], LOG, 13),
     (["decode", "--join"], LOG, 12),
+    (["decode"], "\n".join(KINDS), len(KINDS)),
+    (["decode", "--direction", "from-mobile"], "\n".join(REPORTS), len(REPORTS)),
+    (["decode", "--as", "libQX_Encoding"], HELLO, 1),
+    (["decode", "--join"], UPPER, 1),
+    (["inspect"], "\n".join(KINDS), len(KINDS)),
+    (["inspect", "--as", "libQX_Encoding"], HELLO + "\n0002", 2),
     (["count", "--lines"], "\n".join(["a€", "ж", "α’", "…" * 17085, "a" * 152 + "€" * 5, "ж" * 66 + "😀" * 3, "\t",
                                       "a" * 39016]), 8),
     (["count", "--lines", "--greek"], "α’", 1),
@@ -39,6 +55,7 @@ def objects_of(arguments, text):
     return run.stdout
 
 
+@functools.cache
 def schema_of(command):
     with open(f"{FOLDER}/{command}.schema.json", encoding="utf-8") as file:
         schema = json.load(file)

@@ -50,10 +50,15 @@ std::vector<unsigned char> ReadHex(std::string_view text) {
     return octets;
 }
 
-Toolkit::smart_ptr<Encoding::Pdu> ReadPdu(std::string_view text) {
-    const std::vector<unsigned char> octets = ReadHex(text);
+std::vector<unsigned char> ReadPduOctets(std::string_view text) {
+    std::vector<unsigned char> octets = ReadHex(text);
     if (octets.size() > Encoding::Pdu::CAPACITY)
         throw InputError(fmt::format("{} octets, {} at most", octets.size(), +Encoding::Pdu::CAPACITY));
+    return octets;
+}
+
+Toolkit::smart_ptr<Encoding::Pdu> ReadPdu(std::string_view text) {
+    const std::vector<unsigned char> octets = ReadPduOctets(text);
     return new Encoding::Pdu(octets.data(), static_cast<unsigned int>(octets.size()));
 }
 

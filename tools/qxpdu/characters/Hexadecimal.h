@@ -18,7 +18,8 @@ std::string_view Trimmed(std::string_view text);
 /// digits and for none at all.
 std::vector<unsigned char> ReadHex(std::string_view text);
 
-/// The PDU of a hexadecimal text; throws InputError as ReadHex(), and for more octets than a PDU holds.
+/// The same of a PDU; throws InputError also for more octets than a PDU of libQX_Encoding holds.
+std::vector<unsigned char> ReadPduOctets(std::string_view text);
 Toolkit::smart_ptr<Encoding::Pdu> ReadPdu(std::string_view text);
 
 } // namespace qxpdu

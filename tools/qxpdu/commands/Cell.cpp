@@ -12,7 +12,6 @@
 #include "commands/Options.h"
 #include "show/CellMeanings.h"
 #include "show/CodeUnits.h"
-#include "show/Meanings.h"
 #include "show/Plural.h"
 #include "show/Record.h"
 
@@ -95,7 +94,8 @@ void ShowMessage(const CellMessage& message, Console& console) {
         return console.Block(ToText(
             {serialNumber, messageIdentifier, {"Pages joined", {}, pages}, {"text", {}, message.Text()}}));
     }
-    console.Object({{KeyOf(serialNumber.name), ToJson(serialNumber)},
+    console.Object({{"format", c_jsonFormat},
+                    {KeyOf(serialNumber.name), ToJson(serialNumber)},
                     {KeyOf(messageIdentifier.name), ToJson(messageIdentifier)},
                     {"pages_joined", held},
                     {"pages_missing", missing},

@@ -9,6 +9,7 @@
 #include <fmt/ranges.h>
 
 #include "Encoding/GSMCharSet.h"
+#include "Messages/Read.h"
 #include "characters/InputError.h"
 #include "characters/Replacements.h"
 #include "characters/Unicode.h"
@@ -18,7 +19,6 @@
 #include "commands/Parts.h"
 #include "commands/Sending.h"
 #include "show/CodeUnits.h"
-#include "show/Meanings.h"
 #include "show/Plural.h"
 #include "show/Record.h"
 
@@ -73,25 +73,29 @@ unsigned int Capacity(Encoding::Alphabet::Encoding alphabet, std::size_t parts) 
 struct Part {
     Encoding::Alphabet::Encoding alphabet;
     const char* units;
-    unsigned int length;            ///< in units
-    std::optional<EdgeCodes> edges; ///< in GSM 7-bit
+    unsigned int length;               ///< in units
+    std::vector<std::uint8_t> septets; ///< none in UCS2
     std::wstring text;
 };
 
 Part PartOf(const Toolkit::smart_ptr<Encoding::Pdu>& pdu) {
     PduDecoder decoder;
     decoder.Decode(pdu, false, false);
-    const PduWalk walk = WalkPdu(decoder, pdu, false, false);
-    return {decoder.m_Alphabet, UnitsOf(decoder), TextLength(decoder), EdgeCodesOf(*pdu, walk),
+    const Messages::Reading reading = Messages::Read(
+        {pdu->m_Bytes, pdu->m_Length}, {Messages::Presence::Yes, Messages::Direction::FromMobile});
+    PartContent content = ContentOf(reading.tpdu);
+    if (content.alphabet != Messages::Alphabet::Gsm7)
+        content.units.clear();
+    return {decoder.m_Alphabet, UnitsOf(decoder), TextLength(decoder), std::move(content.units),
             decoder.m_Text};
 }
 
 /// The character that the boundary between the two parts cuts; `number` is that of the first.
 std::optional<Cut> CutBetween(const Part& first, const Part& second, std::size_t number) {
-    if (first.edges && second.edges) {
-        if (first.edges->last != c_escape)
+    if (!first.septets.empty() && !second.septets.empty()) {
+        if (first.septets.back() != Messages::c_escapeSeptet)
             return std::nullopt;
-        return Cut{number, "escape", GSMCharSet().FindUnicodeCharFromEscapeChar(second.edges->first)};
+        return Cut{number, "escape", GSMCharSet().FindUnicodeCharFromEscapeChar(second.septets.front())};
     }
     if (first.text.empty() || second.text.empty())
         return std::nullopt;

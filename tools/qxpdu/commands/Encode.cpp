@@ -16,7 +16,6 @@
 #include "commands/Options.h"
 #include "commands/Sending.h"
 #include "show/CodeUnits.h"
-#include "show/Meanings.h"
 #include "show/Plural.h"
 #include "show/Record.h"
 

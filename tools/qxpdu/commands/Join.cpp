@@ -1,5 +1,6 @@
 #include "commands/Join.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace qxpdu {
@@ -10,28 +11,82 @@ std::string DigitsOf(const std::string& address) {
     return address.starts_with('+') ? address.substr(1) : address;
 }
 
+/// Puts parts together in their order.
+class Joiner {
+public:
+    void Add(const PartContent& part) {
+        if (!m_Run.units.empty() && !m_Run.IsAlike(part))
+            EndRun();
+        if (m_Run.units.empty())
+            m_Run = {part.alphabet, part.tables, {}};
+        if (EndsInEscape(m_Run) && BeginsWithEscape(part))
+            m_Run.units.pop_back(); // networks send the escape in both
+        m_Run.units.insert(m_Run.units.end(), part.units.begin(), part.units.end());
+    }
+
+    /// The part has not come.
+    void Skip(int number) {
+        EndRun();
+        const std::size_t position =
+            m_Content.IsData() ? m_Content.data.size() : CharactersIn(m_Content.text);
+        if (m_Content.gaps.empty() || m_Content.gaps.back().position != position)
+            m_Content.gaps.push_back({position, {}});
+        m_Content.gaps.back().missing.push_back(number);
+    }
+
+    JoinedContent Finish() {
+        EndRun();
+        return std::move(m_Content);
+    }
+
+private:
+    static bool BeginsWithEscape(const PartContent& part) {
+        return part.alphabet == Messages::Alphabet::Gsm7 && !part.units.empty() &&
+               part.units.front() == Messages::c_escapeSeptet;
+    }
+
+    /// Two escapes are a character, and end.
+    static bool EndsInEscape(const PartContent& part) {
+        if (part.alphabet != Messages::Alphabet::Gsm7)
+            return false;
+        const auto end = std::find_if(part.units.rbegin(), part.units.rend(),
+                                      [](std::uint8_t septet) { return septet != Messages::c_escapeSeptet; });
+        return (end - part.units.rbegin()) % 2 != 0;
+    }
+
+    void EndRun() {
+        if (m_Run.alphabet == Messages::Alphabet::Gsm7)
+            Messages::AppendSeptetText(m_Run.units, m_Run.tables, m_Content.text);
+        else if (m_Run.alphabet == Messages::Alphabet::Ucs2)
+            Messages::AppendUcs2Text(m_Run.units, m_Content.text);
+        else
+            m_Content.data.insert(m_Content.data.end(), m_Run.units.begin(), m_Run.units.end());
+        m_Run.units.clear();
+    }
+
+    PartContent m_Run; ///< parts side by side
+    JoinedContent m_Content;
+};
+
 } // namespace
 
-std::vector<int> ConcatenatedMessage::Missing() const {
-    std::vector<int> missing;
+JoinedContent ConcatenatedMessage::Content() const {
+    Joiner joiner;
     for (int number = 1; number <= key.total; ++number) {
-        if (!parts.contains(number))
-            missing.push_back(number);
+        const auto part = parts.find(number);
+        if (part == parts.end())
+            joiner.Skip(number);
+        else
+            joiner.Add(part->second.content);
     }
-    return missing;
+    return joiner.Finish();
 }
 
-std::wstring ConcatenatedMessage::Text() const {
-    std::wstring text;
-    int escapedBy = 0; ///< the part that ends in an escape
-    for (const auto& [number, part] : parts) {
-        const bool isHealed = escapedBy != 0 && escapedBy + 1 == number && part.afterEscape != 0;
-        if (isHealed)
-            text += part.afterEscape;
-        text.append(part.text, isHealed ? 1 : 0);
-        escapedBy = part.endsInEscape ? number : 0;
-    }
-    return text;
+JoinedMessage ConcatenatedMessage::Joined() const {
+    JoinedMessage joined{key.hasWideReference, key.reference, key.total, {}, Content()};
+    for (const auto& [number, part] : parts)
+        joined.parts.push_back({number, part.source, part.isArgument, part.number, part.message});
+    return joined;
 }
 
 ConcatenatedMessage* Concatenations::Store::Find(const ConcatenationKey& key) {
@@ -68,7 +123,7 @@ Concatenations::Taken Concatenations::Take(const ConcatenationKey& key, int numb
         if (message == nullptr || !message->parts.contains(number))
             continue;
         const MessagePart& before = message->parts.at(number);
-        if (before.text == part.text && (store == &m_Open || before.time == part.time)) {
+        if (before.content == part.content && (store == &m_Open || before.time == part.time)) {
             taken.duplicateOf = before.source;
             return taken;
         }

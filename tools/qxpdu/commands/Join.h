@@ -5,11 +5,15 @@
 #include <cstddef>
 #include <list>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <tuple>
 #include <utility>
 #include <vector>
+
+#include "commands/Parts.h"
+#include "show/JoinedMessage.h"
 
 namespace qxpdu {
 
@@ -28,14 +32,14 @@ struct ConcatenationKey {
     }
 };
 
-/// One part. An extension character whose two codes stand in two parts needs what both begin and end with.
+/// One part.
 struct MessagePart {
     std::string source; ///< "line 3"
     std::size_t number; ///< of the line or argument
-    std::wstring text;  ///< UTF-16 code units
-    std::string time;   ///< TP-SCTS; empty in a message that goes out
-    bool endsInEscape = false;
-    wchar_t afterEscape = 0; ///< what the first code means after an escape; 0 for nothing
+    PartContent content;
+    std::string time; ///< TP-SCTS; empty in a message that goes out
+    std::shared_ptr<const ComparedMessage> message = nullptr;
+    bool isArgument = false;
 };
 
 /// A message of which some parts have come.
@@ -44,10 +48,12 @@ struct ConcatenatedMessage {
     std::map<int, MessagePart> parts; ///< by their number, from 1
 
     bool IsComplete() const { return parts.size() == static_cast<std::size_t>(key.total); }
-    std::vector<int> Missing() const;
 
-    /// The texts of the parts that have come; pairs that were cut between two of them are whole.
-    std::wstring Text() const;
+    /// What the parts that have come say, those that stand side by side as one text.
+    JoinedContent Content() const;
+
+    /// For a person or a program.
+    JoinedMessage Joined() const;
 };
 
 /// Holds messages whose parts have not all come yet, and the last complete ones, whose parts may come again.

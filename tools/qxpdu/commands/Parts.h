@@ -1,35 +1,30 @@
-// What a PDU tells about the message that it is a part of.
+// What the parts of a message are written with, so that it can be read across their boundaries.
 #ifndef QXPDU_PARTS_H
 #define QXPDU_PARTS_H
 
-#include <optional>
+#include <cstdint>
+#include <vector>
 
-#include "show/PduWalk.h"
+#include "Messages/Alphabet.h"
+#include "Messages/DataCoding.h"
+#include "Messages/Tpdu.h"
 
 namespace qxpdu {
 
-/// The GSM code that stands before one of the extension table.
-constexpr unsigned char c_escape = 0x1B;
+/// The text of a part before it is decoded: septets one an octet, or octets.
+struct PartContent {
+    Messages::Alphabet alphabet = Messages::Alphabet::Gsm7; ///< data also where it is compressed
+    Messages::SeptetTables tables;
+    std::vector<std::uint8_t> units;
 
-/// The place of a PDU in its message. The decoder's values may come from other elements as well.
-struct Concatenation {
-    bool hasWideReference; ///< 16 bits
-    int reference;
-    int total;
-    int sequence; ///< from 1
+    bool operator==(const PartContent& other) const;
+
+    /// Whether the text of both is read with the same alphabet and tables.
+    bool IsAlike(const PartContent& other) const;
 };
 
-/// By the last concatenation in the user-data header; nothing where there is none.
-std::optional<Concatenation> ConcatenationOf(const Encoding::Pdu& pdu, const PduWalk& walk);
-
-/// The codes that a text begins and ends with.
-struct EdgeCodes {
-    unsigned char first;
-    unsigned char last;
-};
-
-/// Nothing where the text is not in GSM 7-bit, or empty.
-std::optional<EdgeCodes> EdgeCodesOf(const Encoding::Pdu& pdu, const PduWalk& walk);
+/// Nothing but GSM 7-bit without septets where the TPDU has no user data.
+PartContent ContentOf(const Messages::Tpdu& tpdu);
 
 } // namespace qxpdu
 

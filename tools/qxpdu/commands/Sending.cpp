@@ -1,5 +1,7 @@
 #include "commands/Sending.h"
 
+#include <array>
+
 #include <fmt/format.h>
 
 #include "characters/InputError.h"
@@ -53,6 +55,12 @@ std::vector<std::size_t> LostWithGreek(const std::u32string& text) {
             positions.push_back(i + 1);
     }
     return positions;
+}
+
+std::string_view AlphabetName(Encoding::Alphabet::Encoding alphabet) {
+    constexpr std::array<std::string_view, 4> c_names = {"GSM 7-bit", "8-bit data", "UCS2",
+                                                         "reserved alphabet"};
+    return c_names[static_cast<unsigned int>(alphabet) & 3];
 }
 
 const char* UnitsOf(const PduDecoder& part) {

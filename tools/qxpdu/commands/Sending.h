@@ -3,6 +3,7 @@
 #define QXPDU_SENDING_H
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Encoding/GSMCharSet.h"
@@ -26,6 +27,8 @@ GsmCharacter ToGsm(char32_t character, Encoding::GSMCharSet& charSet);
 /// Positions, from 1, of the characters that the receiver of a text in GSM 7-bit with the Greek table does
 /// not read, but for the Greek letters in place of which capitals stand.
 std::vector<std::size_t> LostWithGreek(const std::u32string& text);
+
+std::string_view AlphabetName(Encoding::Alphabet::Encoding alphabet);
 
 /// "septets" or "characters": what the text of this part is counted in.
 const char* UnitsOf(const Encoding::PduDecoder& part);

@@ -12,6 +12,8 @@ _qxpdu() {
         --validity) words="1h 2h 6h 12h 1d 1w max" ;;
         --alphabet) words="0 2" ;;
         --color) words="auto always never" ;;
+        --direction) words="to-mobile from-mobile" ;;
+        --as) words="libQX_Encoding" ;;
         --to | --smsc | --reference | -j | --threads) return ;;
         *)
             case $command in
@@ -21,8 +23,8 @@ _qxpdu() {
                     words="$words --reference --greek --strict --at --lines $stream"
                     ;;
                 count | explain) words="--greek --lines $stream" ;;
-                decode) words="--no-smsc --ignore-time-zone --join $stream" ;;
-                inspect) words="--no-smsc --color $stream" ;;
+                decode) words="--no-smsc --direction --as --strict --ignore-time-zone --join $stream" ;;
+                inspect) words="--no-smsc --direction --as --strict --color $stream" ;;
                 cell) words="$stream" ;;
                 text) words="--alphabet --verbose --json" ;;
                 ucs2) words="encode decode check" ;;

@@ -37,6 +37,9 @@ complete -c qxpdu -n '__fish_seen_subcommand_from encode count explain gsm' -l g
 
 set -l decode '__fish_seen_subcommand_from decode; and not __fish_seen_subcommand_from ucs2 gsm'
 complete -c qxpdu -n '__fish_seen_subcommand_from decode inspect; and not __fish_seen_subcommand_from ucs2 gsm' -l no-smsc -d 'The PDUs begin with the TPDU'
+complete -c qxpdu -n '__fish_seen_subcommand_from decode inspect; and not __fish_seen_subcommand_from ucs2 gsm' -l direction -x -a 'to-mobile from-mobile' -d 'Which way the PDUs go'
+complete -c qxpdu -n '__fish_seen_subcommand_from decode inspect; and not __fish_seen_subcommand_from ucs2 gsm' -l as -x -a libQX_Encoding -d 'Show the reading of libQX_Encoding alone'
+complete -c qxpdu -n '__fish_seen_subcommand_from decode inspect; and not __fish_seen_subcommand_from ucs2 gsm' -l strict -d 'Turn warnings into errors'
 complete -c qxpdu -n $decode -l ignore-time-zone -d 'Show times without their zone'
 complete -c qxpdu -n $decode -l join -d 'Put the parts of messages together'
 

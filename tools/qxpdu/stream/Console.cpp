@@ -4,6 +4,8 @@
 
 #include <fmt/format.h>
 
+#include "show/CodeUnits.h"
+
 namespace qxpdu {
 
 namespace {
@@ -40,18 +42,18 @@ void Console::Block(std::string_view text) {
 
 void Console::Object(const Json& object) {
     if (WantsJsonLines())
-        return Line(Dumped(object, -1));
+        return Line(WithoutMarks(Dumped(object, -1)));
     if (m_Out.empty())
         m_Separator = c_betweenObjects.size();
     m_Out += c_betweenObjects;
-    m_Out += Indented(object);
+    m_Out += WithoutMarks(Indented(object));
 }
 
 /// An array is indented and thus for persons, who have time.
 void Console::Object(JsonText& object) {
     const std::string_view text = object.Finish();
     if (WantsJsonLines())
-        return Line(text);
+        return Line(HasMarks(text) ? WithoutMarks(text) : text);
     Object(Json::parse(text));
 }
 

@@ -34,7 +34,7 @@ std::string NameOf(const Input& input) {
 }
 
 Json ObjectFor(const Input& input) {
-    Json object = Json::object();
+    Json object = {{"format", c_jsonFormat}};
     if (const std::string_view member = MemberFor(input); !member.empty())
         object[std::string(member)] = input.number;
     return object;

@@ -262,6 +262,7 @@ TEST(QxpduCell, PageBelowSixOctetsIsAnErrorAndTheOthersAreShown) {
 
 TEST(QxpduCell, JsonHasRawValuesAndMeanings) {
     EXPECT_EQ(Qxpdu({"cell", "--json", "212311004811C8329BFD06"}).Json(), nlohmann::json::parse(R"([{
+        "format": 2,
         "argument": 1,
         "octets": "212311004811C8329BFD06",
         "serial_number": {
@@ -284,6 +285,7 @@ TEST(QxpduCell, JsonHasJoinedMessages) {
     const auto json = Qxpdu({"cell", "--json", "432100320113E8329BFD06", "432100320133C8329BFD06"}).Json();
     ASSERT_EQ(json.size(), 3U);
     EXPECT_EQ(json[2], nlohmann::json::parse(R"({
+        "format": 2,
         "serial_number": {
             "raw": 17185,
             "meaning": "geographical scope 1 (PLMN wide), message code 50, update number 1",

@@ -171,13 +171,16 @@ TEST(QxpduCommandLine, NoInputGivesAnEmptyArray) {
 }
 
 TEST(QxpduCommandLine, JsonObjectsNameTheirInput) {
-    EXPECT_EQ(Qxpdu({"ucs2", "encode", "--json", "A", "-"}, "\xFF\nB\n"),
-              (Outcome{1,
-                       "[\n"
-                       "  {\n    \"argument\": 1,\n    \"text\": \"A\",\n    \"ucs2\": \"0041\"\n  },\n"
-                       "  {\n    \"line\": 2,\n    \"text\": \"B\",\n    \"ucs2\": \"0042\"\n  }\n"
-                       "]\n",
-                       "qxpdu: line 1: byte 1 (0xFF) is not valid UTF-8\n"}));
+    EXPECT_EQ(
+        Qxpdu({"ucs2", "encode", "--json", "A", "-"}, "\xFF\nB\n"),
+        (Outcome{
+            1,
+            "[\n"
+            "  {\n    \"format\": 2,\n    \"argument\": 1,\n    \"text\": \"A\",\n    \"ucs2\": \"0041\"\n  "
+            "},\n"
+            "  {\n    \"format\": 2,\n    \"line\": 2,\n    \"text\": \"B\",\n    \"ucs2\": \"0042\"\n  }\n"
+            "]\n",
+            "qxpdu: line 1: byte 1 (0xFF) is not valid UTF-8\n"}));
 }
 
 TEST(QxpduCommandLine, ResultsThatCannotBeWrittenAreAnError) {

@@ -88,7 +88,7 @@ TEST(QxpduCount, CharactersAreNamedWithTheirPositionsAndReplacements) {
 
 TEST(QxpduCount, JsonHasTheSame) {
     EXPECT_EQ(CountOf({"[€’ α]"}, ""), json::parse(R"({
-        "argument": 1, "alphabet": "UCS2", "characters": 6, "parts": 1, "room": 64,
+        "format": 2, "argument": 1, "alphabet": "UCS2", "characters": 6, "parts": 1, "room": 64,
         "forces_ucs2": [
             {"code_point": "U+03B1", "name": "GREEK SMALL LETTER ALPHA", "positions": [5]},
             {"code_point": "U+2019", "name": "RIGHT SINGLE QUOTATION MARK", "positions": [3]}],
@@ -112,7 +112,7 @@ TEST(QxpduCount, JsonHasTheSame) {
 
 TEST(QxpduCount, GreekIsCountedAsItGoesOut) {
     EXPECT_EQ(CountOf({"--greek", "αж–"}, ""), json::parse(R"({
-        "argument": 1, "alphabet": "GSM 7-bit", "septets": 1, "parts": 1, "room": 159,
+        "format": 2, "argument": 1, "alphabet": "GSM 7-bit", "septets": 1, "parts": 1, "room": 159,
         "changed": [
             {"code_point": "U+03B1", "name": "GREEK SMALL LETTER ALPHA", "positions": [1], "becomes": "A"},
             {"code_point": "U+0436", "name": "CYRILLIC SMALL LETTER ZHE", "positions": [2], "becomes": ""},
@@ -212,9 +212,9 @@ TEST(QxpduCount, InvalidUtf8IsAnErrorThatNamesTheByte) {
 
 TEST(QxpduCount, LinesAreTextsOfTheirOwnInTheirOrder) {
     const std::string lines =
-        "{\"line\":1,\"alphabet\":\"GSM 7-bit\",\"septets\":1,\"parts\":1,\"room\":159}\n"
-        "{\"line\":2,\"error\":\"byte 1 (0xFF) is not valid UTF-8\"}\n"
-        "{\"line\":3,\"alphabet\":\"UCS2\",\"characters\":0,\"parts\":1,\"room\":70}\n";
+        "{\"format\":2,\"line\":1,\"alphabet\":\"GSM 7-bit\",\"septets\":1,\"parts\":1,\"room\":159}\n"
+        "{\"format\":2,\"line\":2,\"error\":\"byte 1 (0xFF) is not valid UTF-8\"}\n"
+        "{\"format\":2,\"line\":3,\"alphabet\":\"UCS2\",\"characters\":0,\"parts\":1,\"room\":70}\n";
     EXPECT_EQ(Qxpdu({"count", "--lines", "--jsonl"}, "a\n\xFF\n\n"), (Outcome{1, lines, ""}));
     EXPECT_EQ(Qxpdu({"count", "--lines", "--jsonl", "-j", "4", "--line-buffered"}, "a\n\xFF\n\n"),
               (Outcome{1, lines, ""}));

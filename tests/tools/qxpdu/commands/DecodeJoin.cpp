@@ -21,6 +21,14 @@ constexpr const char* c_highPart = "0791214365870921440B912143658709F10008212031
 constexpr const char* c_lowPart = "0791214365870921440B912143658709F100082120312143658008050003060202DE00";
 constexpr const char* c_widePart = "0791214365870921440B912143658709F10008212031214365800906080400060202DE00";
 
+/// The lines that a message was put together from.
+std::vector<int> InputsOf(const nlohmann::json& joined) {
+    std::vector<int> lines;
+    for (const nlohmann::json& part : joined["joined"])
+        lines.push_back(part["line"].get<int>());
+    return lines;
+}
+
 TEST(QxpduJoin, PairsThatWereCutBetweenPartsAreWhole) {
     struct Row {
         std::vector<std::string> parts;
@@ -37,27 +45,38 @@ TEST(QxpduJoin, PairsThatWereCutBetweenPartsAreWhole) {
         const auto objects = JsonLines(run.out);
         ASSERT_EQ(objects.size(), 1U) << run.out;
         EXPECT_EQ(objects[0]["text"], row.text);
-        EXPECT_EQ(objects[0]["address"], "+12345678901");
-        EXPECT_EQ(objects[0]["parts_joined"], (nlohmann::json{1, 2}));
+        EXPECT_EQ(objects[0]["format"], 2);
+        EXPECT_EQ(objects[0]["type"], "SMS-DELIVER");
+        EXPECT_EQ(objects[0]["direction"], "to-mobile");
+        EXPECT_EQ(objects[0]["time"], "2012-02-13T12:34:56+02:00");
+        EXPECT_EQ(objects[0]["address"]["number"], "+12345678901");
+        EXPECT_EQ(InputsOf(objects[0]).size(), 2U);
+        EXPECT_EQ(objects[0]["joined"][0]["part"], 1);
         EXPECT_EQ(objects[0]["parts_missing"], nlohmann::json::array());
+        EXPECT_FALSE(objects[0].contains("gaps"));
     }
 }
 
 TEST(QxpduJoin, TextNamesThePartsAndWhereTheyCameFrom) {
-    EXPECT_EQ(Qxpdu({"decode", "--join"}, AsLines({c_codePart, c_escapePart, c_lowPart})),
-              (Outcome{0,
-                       "Parts joined 1, 2 of 2\n"
-                       "        from line 2, line 1\n"
-                       "     address +12345678901\n"
-                       "   reference 5\n"
-                       "        text a€b\n"
-                       "\n"
-                       "Parts joined 2 of 2; missing 1\n"
-                       "        from line 3\n"
-                       "     address +12345678901\n"
-                       "   reference 6\n"
-                       "        text \xEF\xBF\xBD\n",
-                       ""}));
+    EXPECT_EQ(
+        Qxpdu({"decode", "--join"}, AsLines({c_codePart, c_escapePart, c_lowPart})),
+        (Outcome{
+            0,
+            "Parts joined 1, 2 of 2\n"
+            "        from line 2, line 1\n"
+            "     address +12345678901, international, ISDN or telephone (E.164)\n"
+            "        time 2012-02-13T12:34:56+02:00\n"
+            "   reference 5\n"
+            "        text a€b\n"
+            "\n"
+            "Parts joined 2 of 2; missing 1\n"
+            "        from line 3\n"
+            "     address +12345678901, international, ISDN or telephone (E.164)\n"
+            "        time 2012-02-13T12:34:56+02:00\n"
+            "   reference 6\n"
+            "        text [part 1 missing]\xEF\xBF\xBD\n"
+            "             ! line 3: TP-UD at octet 33: DE00 is half of a character, without the other half\n",
+            ""}));
 }
 
 TEST(QxpduJoin, ReferencesOf8And16BitsAreDistinct) {
@@ -70,14 +89,29 @@ TEST(QxpduJoin, ReferencesOf8And16BitsAreDistinct) {
     EXPECT_EQ(objects[1]["parts_missing"], nlohmann::json{1});
 }
 
+TEST(QxpduJoin, GapsSayWhereTheTextLacksParts) {
+    const auto part = [](int number, const std::string& unit) {
+        return "0791214365870921440B912143658709F10008212031214365800805000307050" + std::to_string(number) +
+               unit;
+    };
+    const std::string input = AsLines({part(2, "0416"), part(5, "0436")});
+    const auto object = Qxpdu({"decode", "--join", "--jsonl"}, input).Json();
+    EXPECT_EQ(object["text"], "Жж");
+    EXPECT_EQ(object["parts_missing"], (nlohmann::json{1, 3, 4}));
+    EXPECT_EQ(object["gaps"], nlohmann::json::parse(R"([{"position": 0, "parts_missing": [1]},
+                                                        {"position": 1, "parts_missing": [3, 4]}])"));
+    EXPECT_TRUE(
+        HasLine(Qxpdu({"decode", "--join"}, input).out, "text [part 1 missing]Ж[parts 3, 4 missing]ж"));
+}
+
 TEST(QxpduJoin, PartThatComesAgainIsADuplicateBeforeAndAfterCompletion) {
     const Outcome run =
         Qxpdu({"decode", "--join", "--jsonl"}, AsLines({c_escapePart, c_escapePart, c_codePart, c_codePart}));
     const auto objects = JsonLines(run.out);
     ASSERT_EQ(objects.size(), 3U) << run.out;
-    EXPECT_EQ(objects[0], (nlohmann::json{{"line", 2}, {"duplicate_of", "line 1"}}));
+    EXPECT_EQ(objects[0], (nlohmann::json{{"format", 2}, {"line", 2}, {"duplicate_of", "line 1"}}));
     EXPECT_EQ(objects[1]["text"], "a€b");
-    EXPECT_EQ(objects[2], (nlohmann::json{{"line", 4}, {"duplicate_of", "line 3"}}));
+    EXPECT_EQ(objects[2], (nlohmann::json{{"format", 2}, {"line", 4}, {"duplicate_of", "line 3"}}));
     EXPECT_EQ(Qxpdu({"decode", "--join"}, AsLines({c_escapePart, c_escapePart})).err,
               "qxpdu: line 2: warning: part 1 of 2 has come before, in line 1\n");
 }
@@ -93,7 +127,7 @@ TEST(QxpduJoin, LaterMessageUnderTheSameReferenceIsWholeThoughItBeginsAlike) {
     ASSERT_EQ(objects.size(), 2U);
     EXPECT_EQ(objects[0]["text"], "a€b");
     EXPECT_EQ(objects[1]["text"], "a€b");
-    EXPECT_EQ(objects[1]["joined"], (nlohmann::json{3, 4}));
+    EXPECT_EQ(InputsOf(objects[1]), (std::vector<int>{3, 4}));
 }
 
 TEST(QxpduJoin, PlaceIsThatOfTheConcatenationWhateverOtherElementsSay) {
@@ -105,7 +139,7 @@ TEST(QxpduJoin, PlaceIsThatOfTheConcatenationWhateverOtherElementsSay) {
               AsLines({start + "0B09000307020101028005" + "41", start + "0B09000307020201028005" + "42"}))
             .out);
     ASSERT_EQ(objects.size(), 1U);
-    EXPECT_EQ(objects[0]["text"], "AB");
+    EXPECT_EQ(objects[0]["data"], "4142");
     EXPECT_EQ(objects[0]["total"], 2);
     EXPECT_EQ(objects[0]["reference"], 7);
 }
@@ -143,10 +177,10 @@ TEST(QxpduJoin, OldestMessageIsGivenUpWhenTooManyPartsWait) {
     EXPECT_EQ(run.status, 0);
     const auto objects = JsonLines(run.out);
     ASSERT_EQ(objects.size(), std::size_t{c_waiting} + 2);
-    EXPECT_EQ(objects[0]["joined"], nlohmann::json{1});
+    EXPECT_EQ(InputsOf(objects[0]), (std::vector<int>{1}));
     EXPECT_EQ(objects[0]["parts_missing"], nlohmann::json{2});
-    EXPECT_EQ(objects[1]["joined"], nlohmann::json{2});
-    EXPECT_EQ(objects.back()["joined"], nlohmann::json{c_waiting + 2});
+    EXPECT_EQ(InputsOf(objects[1]), (std::vector<int>{2}));
+    EXPECT_EQ(InputsOf(objects.back()), (std::vector<int>{c_waiting + 2}));
     EXPECT_EQ(objects.back()["parts_missing"], nlohmann::json{1});
 }
 

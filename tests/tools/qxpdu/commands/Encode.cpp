@@ -205,6 +205,7 @@ TEST(QxpduEncode, InvalidUtf8IsAnErrorThatNamesTheByte) {
 TEST(QxpduEncode, JsonTellsAboutEachPart) {
     const nlohmann::json one = Encode({"--json", "--smsc", "+123456789012", "hello"}).Json();
     EXPECT_EQ(one, nlohmann::json::parse(R"([{
+        "format": 2,
         "argument": 1,
         "octets": "079121436587092101000791149721F3000005E8329BFD06",
         "tpdu_length": 16,
@@ -215,6 +216,7 @@ TEST(QxpduEncode, JsonTellsAboutEachPart) {
     }])"));
     const nlohmann::json ucs2 = Encode({"--json"}, "😀я").Json();
     EXPECT_EQ(ucs2, nlohmann::json::parse(R"([{
+        "format": 2,
         "octets": "0001000791149721F3000806D83DDE00044F",
         "tpdu_length": 17,
         "alphabet": "UCS2",

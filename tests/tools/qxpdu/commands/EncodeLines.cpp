@@ -63,8 +63,11 @@ TEST(QxpduEncodeLines, ObjectsThatAreWrongGiveErrors) {
     };
     for (const Row& row : rows) {
         const Outcome run = Qxpdu({"encode", "--jsonl"}, row.line);
-        EXPECT_EQ(run,
-                  (Outcome{1, nlohmann::ordered_json{{"line", 1}, {"error", row.error}}.dump() + '\n', ""}));
+        EXPECT_EQ(
+            run,
+            (Outcome{1,
+                     nlohmann::ordered_json{{"format", 2}, {"line", 1}, {"error", row.error}}.dump() + '\n',
+                     ""}));
     }
 }
 
@@ -98,7 +101,7 @@ TEST(QxpduEncodeLines, WarningsStandInTheObject) {
     EXPECT_EQ(JsonLines(Qxpdu({"encode", "--jsonl", "--to", "1"}, "{\"text\":\"\"}\n").out).at(0)["warnings"],
               nlohmann::json::array({empty}));
     EXPECT_EQ(JsonLines(Qxpdu({"encode", "--jsonl", "--strict", "--to", "1"}, "{\"text\":\"\"}\n").out).at(0),
-              (nlohmann::json{{"line", 1}, {"error", empty}}));
+              (nlohmann::json{{"format", 2}, {"line", 1}, {"error", empty}}));
 }
 
 } // namespace

@@ -40,13 +40,13 @@ TEST(QxpduGsm, DecodeChecksItsInput) {
 
 TEST(QxpduGsm, JsonHasBothFormsAndWhatWasDropped) {
     EXPECT_EQ(Qxpdu({"gsm", "encode", "--json", "a€"}).Json(), nlohmann::json::parse(R"([{
-        "argument": 1, "text": "a€", "gsm": "611B65", "septets": 3, "dropped": []
+        "format": 2, "argument": 1, "text": "a€", "gsm": "611B65", "septets": 3, "dropped": []
     }])"));
     EXPECT_EQ(Qxpdu({"gsm", "encode", "--json", "aÇ😀"}).Json()[0]["dropped"], nlohmann::json::parse(R"([
         {"position": 2, "code_point": "U+00C7"}, {"position": 3, "code_point": "U+1F600"}
     ])"));
     EXPECT_EQ(Qxpdu({"gsm", "decode", "--json", "1b65"}).Json(),
-              nlohmann::json::parse(R"([{"argument": 1, "gsm": "1B65", "text": "€"}])"));
+              nlohmann::json::parse(R"([{"format": 2, "argument": 1, "gsm": "1B65", "text": "€"}])"));
 }
 
 } // namespace

@@ -8,17 +8,23 @@ namespace {
 using qxpdu::ConcatenationKey;
 using qxpdu::Concatenations;
 using qxpdu::MessagePart;
+using qxpdu::PartContent;
 using qxpdu::SentMessages;
 
 ConcatenationKey Key(int reference) {
     return {0, "+1", true, reference, 2};
 }
 
+/// In the default alphabet, where letters are their own codes.
+PartContent Septets(std::string_view text) {
+    return {Messages::Alphabet::Gsm7, {}, {text.begin(), text.end()}};
+}
+
 TEST(Concatenations, OldestMessageGoesWhenTooManyPartsWait) {
     Concatenations concatenations;
     for (int i = 0; i < 4096; ++i)
-        EXPECT_TRUE(concatenations.Take(Key(i), 1, {"line", 1, L"a", ""}).messages.empty());
-    const auto taken = concatenations.Take(Key(4096), 1, {"line", 1, L"a", ""});
+        EXPECT_TRUE(concatenations.Take(Key(i), 1, {"line", 1, Septets("a"), ""}).messages.empty());
+    const auto taken = concatenations.Take(Key(4096), 1, {"line", 1, Septets("a"), ""});
     ASSERT_EQ(taken.messages.size(), 1U);
     EXPECT_EQ(taken.messages[0].key.reference, 0);
     EXPECT_EQ(concatenations.TakeOldest()->key.reference, 1);
@@ -27,39 +33,76 @@ TEST(Concatenations, OldestMessageGoesWhenTooManyPartsWait) {
 TEST(Concatenations, PartsOfCompleteMessagesNoLongerWait) {
     Concatenations concatenations;
     for (int i = 0; i < 5000; ++i) {
-        EXPECT_TRUE(concatenations.Take(Key(i), 2, {"line", 1, L"b", ""}).messages.empty());
-        EXPECT_EQ(concatenations.Take(Key(i), 1, {"line", 1, L"a", ""}).messages.at(0).Text(), L"ab");
+        EXPECT_TRUE(concatenations.Take(Key(i), 2, {"line", 1, Septets("b"), ""}).messages.empty());
+        EXPECT_EQ(concatenations.Take(Key(i), 1, {"line", 1, Septets("a"), ""}).messages.at(0).Content().text,
+                  "ab");
     }
     EXPECT_FALSE(concatenations.TakeOldest());
 }
 
 TEST(Concatenations, OtherTextUnderTheSameNumberBeginsANewMessage) {
     Concatenations concatenations;
-    concatenations.Take(Key(1), 1, {"line 1", 1, L"a", ""});
-    const auto taken = concatenations.Take(Key(1), 1, {"line 2", 2, L"b", ""});
+    concatenations.Take(Key(1), 1, {"line 1", 1, Septets("a"), ""});
+    const auto taken = concatenations.Take(Key(1), 1, {"line 2", 2, Septets("b"), ""});
     EXPECT_FALSE(taken.duplicateOf);
     ASSERT_EQ(taken.messages.size(), 1U);
-    EXPECT_EQ(taken.messages[0].Text(), L"a");
-    EXPECT_EQ(concatenations.TakeOldest()->Text(), L"b");
+    EXPECT_EQ(taken.messages[0].Content().text, "a");
+    EXPECT_EQ(concatenations.TakeOldest()->Content().text, "b");
 }
 
 TEST(Concatenations, SameTextOfAnotherTimeBeginsANewMessageOnceTheOldOneIsComplete) {
     Concatenations concatenations;
-    concatenations.Take(Key(1), 1, {"line 1", 1, L"a", "10:00"});
-    EXPECT_EQ(concatenations.Take(Key(1), 1, {"line 2", 2, L"a", "10:01"}).duplicateOf, "line 1");
-    EXPECT_EQ(concatenations.Take(Key(1), 2, {"line 3", 3, L"b", "10:00"}).messages.at(0).Text(), L"ab");
-    EXPECT_EQ(concatenations.Take(Key(1), 1, {"line 4", 4, L"a", "10:00"}).duplicateOf, "line 1");
-    EXPECT_FALSE(concatenations.Take(Key(1), 1, {"line 5", 5, L"a", "12:00"}).duplicateOf);
-    EXPECT_EQ(concatenations.Take(Key(1), 2, {"line 6", 6, L"c", "12:00"}).messages.at(0).Text(), L"ac");
+    concatenations.Take(Key(1), 1, {"line 1", 1, Septets("a"), "10:00"});
+    EXPECT_EQ(concatenations.Take(Key(1), 1, {"line 2", 2, Septets("a"), "10:01"}).duplicateOf, "line 1");
+    EXPECT_EQ(
+        concatenations.Take(Key(1), 2, {"line 3", 3, Septets("b"), "10:00"}).messages.at(0).Content().text,
+        "ab");
+    EXPECT_EQ(concatenations.Take(Key(1), 1, {"line 4", 4, Septets("a"), "10:00"}).duplicateOf, "line 1");
+    EXPECT_FALSE(concatenations.Take(Key(1), 1, {"line 5", 5, Septets("a"), "12:00"}).duplicateOf);
+    EXPECT_EQ(
+        concatenations.Take(Key(1), 2, {"line 6", 6, Septets("c"), "12:00"}).messages.at(0).Content().text,
+        "ac");
+}
+
+/// The text of three parts, of which those that are empty have not come.
+std::string JoinedText(const std::vector<PartContent>& contents) {
+    Concatenations concatenations;
+    ConcatenationKey key = Key(1);
+    key.total = 4; // so that it stays incomplete
+    for (std::size_t i = 0; i < contents.size(); ++i) {
+        if (!contents[i].units.empty())
+            concatenations.Take(key, static_cast<int>(i) + 1, {"line", 1, contents[i], ""});
+    }
+    return concatenations.TakeOldest()->Content().text;
 }
 
 TEST(Concatenations, EscapeOfAPartIsHealedOnlyByTheNextPart) {
-    Concatenations concatenations;
-    ConcatenationKey key = Key(1);
-    key.total = 3;
-    concatenations.Take(key, 1, {"", 1, L"a", "", true, 0});
-    concatenations.Take(key, 3, {"", 1, L"e", "", false, L'\u20AC'});
-    EXPECT_EQ(concatenations.TakeOldest()->Text(), L"ae");
+    EXPECT_EQ(JoinedText({Septets("a\x1B"), Septets("e")}), "a\u20AC");
+    EXPECT_EQ(JoinedText({Septets("a\x1B"), {}, Septets("e")}), "ae");
+    EXPECT_EQ(JoinedText({Septets("a\x1B"), Septets("\x1B"
+                                                    "e")}),
+              "a\u20AC")
+        << "networks send it twice";
+    EXPECT_EQ(JoinedText({Septets("a\x1B\x1B"), Septets("e")}), "a e") << "two escapes are a space";
+}
+
+TEST(Concatenations, PartsOfOtherTablesAreReadWithTheirOwn) {
+    PartContent turkish = Septets("\x1B");
+    turkish.tables.single = Messages::Language::Turkish;
+    PartContent more = Septets("S");
+    EXPECT_EQ(JoinedText({turkish, more}), "S");
+    more.tables.single = Messages::Language::Turkish;
+    EXPECT_EQ(JoinedText({turkish, more}), "\u015E");
+}
+
+TEST(Concatenations, HalvesOfACharacterAreJoinedAcrossParts) {
+    const PartContent high{Messages::Alphabet::Ucs2, {}, {0xD8, 0x3D}};
+    const PartContent low{Messages::Alphabet::Ucs2, {}, {0xDE, 0x00}};
+    EXPECT_EQ(JoinedText({high, low}), "\U0001F600");
+    EXPECT_EQ(JoinedText({high, {}, low}), "\uFFFD\uFFFD");
+    EXPECT_EQ(JoinedText({high, Septets("a"), low}), "\uFFFD"
+                                                     "a"
+                                                     "\uFFFD");
 }
 
 TEST(SentMessages, LastMessageUnderAReferenceIsFound) {

@@ -56,7 +56,7 @@ TEST(QxpduText, VerboseShowsTheLogLineOnStandardError) {
 
 TEST(QxpduText, JsonHasAlphabetAndText) {
     EXPECT_EQ(Qxpdu({"text", "--alphabet", "2", "--json", "0048"}).Json(),
-              nlohmann::json::parse(R"([{"argument": 1, "alphabet": 2, "text": "H"}])"));
+              nlohmann::json::parse(R"([{"format": 2, "argument": 1, "alphabet": 2, "text": "H"}])"));
 }
 
 } // namespace

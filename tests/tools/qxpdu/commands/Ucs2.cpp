@@ -48,11 +48,13 @@ TEST(QxpduUcs2, CheckAnswersAndTellsByItsStatus) {
 
 TEST(QxpduUcs2, JsonHasBothForms) {
     EXPECT_EQ(Qxpdu({"ucs2", "encode", "--json", "A"}).Json(),
-              nlohmann::json::parse(R"([{"argument": 1, "text": "A", "ucs2": "0041"}])"));
+              nlohmann::json::parse(R"([{"format": 2, "argument": 1, "text": "A", "ucs2": "0041"}])"));
     EXPECT_EQ(Qxpdu({"ucs2", "decode", "--json", "00e9"}).Json(),
-              nlohmann::json::parse(R"([{"argument": 1, "ucs2": "00E9", "text": "é"}])"));
-    EXPECT_EQ(Qxpdu({"ucs2", "check", "--json"}, "00410042\n0041\n").Json(),
-              nlohmann::json::parse(R"([{"line": 1, "is_ucs2": true}, {"line": 2, "is_ucs2": false}])"));
+              nlohmann::json::parse(R"([{"format": 2, "argument": 1, "ucs2": "00E9", "text": "é"}])"));
+    EXPECT_EQ(
+        Qxpdu({"ucs2", "check", "--json"}, "00410042\n0041\n").Json(),
+        nlohmann::json::parse(
+            R"([{"format": 2, "line": 1, "is_ucs2": true}, {"format": 2, "line": 2, "is_ucs2": false}])"));
 }
 
 } // namespace

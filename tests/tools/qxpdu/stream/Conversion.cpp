@@ -29,15 +29,17 @@ TEST(QxpduStreams, JsonLinesGiveAnObjectForEachInputInOrderWithErrorsAmongThem) 
     ASSERT_EQ(objects.size(), 3U);
     EXPECT_EQ(objects[0]["line"], 1);
     EXPECT_EQ(objects[0]["text"], "Hello");
-    EXPECT_EQ(objects[1],
-              (nlohmann::json{{"line", 2}, {"error", "character 2, 'G', is no hexadecimal digit"}}));
+    EXPECT_EQ(
+        objects[1],
+        (nlohmann::json{{"format", 2}, {"line", 2}, {"error", "character 2, 'G', is no hexadecimal digit"}}));
     EXPECT_EQ(objects[2]["line"], 4);
 }
 
 TEST(QxpduStreams, JsonLinesOfArgumentsAreNumbered) {
     const auto objects = JsonLines(Qxpdu({"cell", "--jsonl", "00", c_cellPage}).out);
     ASSERT_EQ(objects.size(), 2U);
-    EXPECT_EQ(objects[0], (nlohmann::json{{"argument", 1}, {"error", "1 octet, a page has 6 at least"}}));
+    EXPECT_EQ(objects[0],
+              (nlohmann::json{{"format", 2}, {"argument", 1}, {"error", "1 octet, a page has 6 at least"}}));
     EXPECT_EQ(objects[1]["argument"], 2);
     EXPECT_EQ(objects[1]["text"], "Hello");
 }
@@ -71,8 +73,10 @@ TEST(QxpduStreams, LineBufferedAnswersEachLineBeforeTheNextIsThere) {
                                      "echo \"$first\" && echo \"$second\"; rm -r $d");
     EXPECT_EQ(
         run.out,
-        "{\"line\":1,\"error\":\"first octet at octet 1: expected an octet, found the end of the PDU\"}\n"
-        "{\"line\":2,\"error\":\"odd number of hexadecimal digits, 1\"}\n");
+        "{\"format\":2,\"line\":1,\"error\":\"octet 1: the octets end in TP-MTI, which takes 1 octet: 0 are "
+        "there\","
+        "\"fault\":{\"code\":\"field-cut\",\"octet\":1,\"field\":\"TP-MTI\",\"expected\":1,\"found\":0}}\n"
+        "{\"format\":2,\"line\":2,\"error\":\"odd number of hexadecimal digits, 1\"}\n");
 }
 
 /// Runs qxpdu between two pipes, $d/in as 3 and $d/out as 4, and the script beside it.
@@ -83,7 +87,7 @@ Outcome Beside(const std::string& arguments, const std::string& script) {
 
 TEST(QxpduStreams, ResultIsWrittenAsSoonAsNoInputWaits) {
     const std::string first = "read -r result <&4 && echo \"$result\"";
-    const char* const odd = "{\"line\":1,\"error\":\"odd number of hexadecimal digits, 1\"}\n";
+    const char* const odd = "{\"format\":2,\"line\":1,\"error\":\"odd number of hexadecimal digits, 1\"}\n";
     for (const char* threads : {"1", "3"}) {
         const std::string decode = std::string("decode --jsonl -j ") + threads;
         EXPECT_EQ(Beside(decode, "echo 0 >&3 && " + first).out, odd);
@@ -91,9 +95,9 @@ TEST(QxpduStreams, ResultIsWrittenAsSoonAsNoInputWaits) {
         EXPECT_EQ(Beside(decode, "printf '0\\nOK\\n' >&3 && " + first).out, odd)
             << "a line without a PDU waits";
         EXPECT_EQ(Beside(decode, "{ yes OK | head -n 40000; echo 0; } >&3 && " + first).out,
-                  "{\"line\":40001,\"error\":\"odd number of hexadecimal digits, 1\"}\n");
+                  "{\"format\":2,\"line\":40001,\"error\":\"odd number of hexadecimal digits, 1\"}\n");
         EXPECT_EQ(Beside(decode, "{ yes 0 | head -n 256; echo OK; } >&3 && head -n 256 <&4 | tail -n 1").out,
-                  "{\"line\":256,\"error\":\"odd number of hexadecimal digits, 1\"}\n")
+                  "{\"format\":2,\"line\":256,\"error\":\"odd number of hexadecimal digits, 1\"}\n")
             << "a full batch, and a line without a PDU";
     }
 }

@@ -1,0 +1,166 @@
+#include "show/ElementParts.h"
+
+#include <array>
+#include <iterator>
+
+#include <fmt/format.h>
+
+#include "Messages/Words.h"
+#include "show/Message.h"
+
+namespace qxpdu {
+
+namespace {
+
+using Messages::ElementId;
+using Messages::OctetView;
+
+using Parts = std::vector<ElementPart>;
+
+Parts ConcatenationParts(std::uint8_t identifier, OctetView data) {
+    const auto place = Messages::ReadConcatenation(identifier, data);
+    if (!place)
+        return {};
+    const std::uint8_t width = place->hasWideReference ? 2 : 1;
+    return {{"reference", width, place->reference}, {"total", 1, place->total}, {"part", 1, place->part}};
+}
+
+Parts PortParts(std::uint8_t identifier, OctetView data) {
+    const auto ports = Messages::ReadPorts(identifier, data);
+    if (!ports)
+        return {};
+    const std::uint8_t width = ports->areWide ? 2 : 1;
+    return {
+        {"destination port", width, ports->destination, Messages::MeaningOfPort(*ports, ports->destination)},
+        {"originator port", width, ports->originator, Messages::MeaningOfPort(*ports, ports->originator)}};
+}
+
+Parts SpecialMessageParts(OctetView data) {
+    const auto indication = Messages::ReadSpecialMessageIndication(data);
+    if (!indication)
+        return {};
+    return {{"message kind", 1, data[0], {}, SpecialMessageBits(data[0])},
+            {"message count", 1, indication->count}};
+}
+
+Parts FormattingParts(OctetView data) {
+    const auto formatting = Messages::ReadTextFormatting(data);
+    if (!formatting)
+        return {};
+    Parts parts = {{"start", 1, formatting->start},
+                   {"characters", 1, formatting->length},
+                   {"style", 1, data[2], {}, TextFormattingBits(data[2])}};
+    if (formatting->colour)
+        parts.push_back({"colour", 1, *formatting->colour});
+    return parts;
+}
+
+Parts PredefinedObjectParts(OctetView data) {
+    const auto object = Messages::ReadPredefinedObject(data);
+    return object ? Parts{{"position", 1, object->position}, {"number", 1, object->number}} : Parts{};
+}
+
+Parts ObjectDistributionParts(OctetView data) {
+    const auto objects = Messages::ReadObjectDistribution(data);
+    if (!objects)
+        return {};
+    return {{"objects", 1, objects->count},
+            {"distribution", 1, data[1], {}, ObjectDistributionBits(data[1])}};
+}
+
+Parts HyperlinkParts(OctetView data) {
+    const auto link = Messages::ReadHyperlink(data);
+    if (!link)
+        return {};
+    return {{"position", 2, link->position},
+            {"characters of the title", 1, link->titleLength},
+            {"characters of the link", 1, link->urlLength}};
+}
+
+std::string_view SourceMeaning(unsigned int source) {
+    constexpr std::array<std::string_view, 4> c_sources = {"reserved", "sender", "receiver",
+                                                           "service centre"};
+    return c_sources[source < c_sources.size() ? source : 0];
+}
+
+std::string_view LanguageMeaning(unsigned int language) {
+    const bool isKnown = language > 0 && language <= Messages::c_lastLanguage;
+    return isKnown ? Messages::NameOf(static_cast<Messages::Language>(language)) : "reserved";
+}
+
+Parts SingleOctetParts(ElementId identifier, OctetView data) {
+    const auto octet = Messages::ReadSingleOctet(data);
+    if (!octet)
+        return {};
+    switch (identifier) {
+    case ElementId::ServiceCentreControl:
+        return {{"control", 1, *octet, {}, ServiceCentreControlBits(*octet)}};
+    case ElementId::HeaderSource:
+        return {{"source", 1, *octet, SourceMeaning(*octet)}};
+    case ElementId::ReusedExtendedObject:
+        return {{"reference", 1, *octet}};
+    case ElementId::EmailHeader:
+        return {{"characters of the header", 1, *octet}};
+    case ElementId::SingleShift:
+    case ElementId::LockingShift:
+        return {{"language", 1, *octet, LanguageMeaning(*octet)}};
+    default:
+        return {};
+    }
+}
+
+/// "part 2", "language Turkish", "storage store, kind fax".
+void AppendWords(const ElementPart& part, std::string& words) {
+    const auto add = [&words](std::string_view name, unsigned int value, std::string_view meaning) {
+        const std::string_view separator = words.empty() ? "" : ", ";
+        if (meaning.empty())
+            fmt::format_to(std::back_inserter(words), "{}{} {}", separator, name, value);
+        else
+            fmt::format_to(std::back_inserter(words), "{}{} {} ({})", separator, name, value, meaning);
+    };
+    for (const OctetBits& bits : part.bits)
+        add(bits.name, bits.value, bits.meaning);
+    if (part.bits.empty())
+        add(part.name, part.value, part.meaning);
+}
+
+} // namespace
+
+std::vector<ElementPart> PartsOf(const Messages::HeaderElement& element, OctetView data) {
+    const auto identifier = static_cast<ElementId>(element.identifier);
+    switch (identifier) {
+    case ElementId::Concatenation8:
+    case ElementId::Concatenation16:
+        return ConcatenationParts(element.identifier, data);
+    case ElementId::Ports8:
+    case ElementId::Ports16:
+        return PortParts(element.identifier, data);
+    case ElementId::SpecialMessageIndication:
+        return SpecialMessageParts(data);
+    case ElementId::TextFormatting:
+        return FormattingParts(data);
+    case ElementId::PredefinedSound:
+    case ElementId::PredefinedAnimation:
+        return PredefinedObjectParts(data);
+    case ElementId::ObjectDistribution:
+        return ObjectDistributionParts(data);
+    case ElementId::Hyperlink:
+        return HyperlinkParts(data);
+    default:
+        return SingleOctetParts(identifier, data);
+    }
+}
+
+std::string MeaningOf(const Messages::HeaderElement& element, OctetView data) {
+    std::string words;
+    for (const ElementPart& part : PartsOf(element, data))
+        AppendWords(part, words);
+    if (element.Is(ElementId::ReplyAddress)) {
+        if (const auto address = Messages::ReadReplyAddress(data))
+            words = MeaningOf(*address);
+    }
+    return fmt::format("{}{}{}", Messages::NameOfElement(element.identifier), words.empty() ? "" : ": ",
+                       words);
+}
+
+} // namespace qxpdu

@@ -1,0 +1,184 @@
+#include "show/JoinedMessage.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include "Messages/Words.h"
+#include "show/Lines.h"
+#include "show/MessageJson.h"
+#include "show/MessageText.h"
+
+namespace qxpdu {
+
+namespace {
+
+/// What the first part that has come says for all.
+const Message& FirstOf(const JoinedMessage& joined) {
+    return joined.parts.front().message->message;
+}
+
+std::vector<int> MissingOf(const JoinedMessage& joined) {
+    std::vector<int> missing;
+    for (const Gap& gap : joined.content.gaps)
+        missing.insert(missing.end(), gap.missing.begin(), gap.missing.end());
+    return missing;
+}
+
+/// The byte at which a character of a text in UTF-8 begins.
+std::size_t ByteAt(std::string_view text, std::size_t character) {
+    std::size_t byte = 0;
+    for (; byte < text.size(); ++byte) {
+        const bool begins = (static_cast<unsigned char>(text[byte]) & 0xC0) != 0x80;
+        if (begins && character-- == 0)
+            break;
+    }
+    return byte;
+}
+
+/// The text with a word for each gap.
+std::string TextWithGaps(const JoinedContent& content) {
+    std::string text = content.text;
+    for (auto gap = content.gaps.rbegin(); gap != content.gaps.rend(); ++gap) {
+        text.insert(ByteAt(text, gap->position),
+                    fmt::format("[{} {} missing]", gap->missing.size() == 1 ? "part" : "parts",
+                                fmt::join(gap->missing, ", ")));
+    }
+    return text;
+}
+
+std::string PartsText(const JoinedMessage& joined) {
+    std::vector<int> numbers;
+    for (const JoinedPart& part : joined.parts)
+        numbers.push_back(part.number);
+    const std::vector<int> missing = MissingOf(joined);
+    return fmt::format("{} of {}{}{}", fmt::join(numbers, ", "), joined.total,
+                       missing.empty() ? "" : "; missing ", fmt::join(missing, ", "));
+}
+
+const Messages::UserData& UserDataOf(const JoinedPart& part) {
+    return *Messages::UserDataOf(part.message->message.reading.tpdu);
+}
+
+/// Whether half a character stands at that place of the part's text.
+bool HasHalfAt(const JoinedPart* part, std::size_t place) {
+    if (part == nullptr)
+        return false;
+    const auto& remarks = part->message->message.reading.remarks;
+    return std::any_of(remarks.begin(), remarks.end(), [place](const Messages::Remark& remark) {
+        return remark.code == Messages::RemarkCode::UnpairedSurrogate && remark.other == place;
+    });
+}
+
+const JoinedPart* PartOf(const JoinedMessage& joined, int number) {
+    const auto part = std::find_if(joined.parts.begin(), joined.parts.end(),
+                                   [number](const JoinedPart& each) { return each.number == number; });
+    return part == joined.parts.end() ? nullptr : &*part;
+}
+
+/// Whether a character that the part lacks the rest of is whole in the message.
+bool IsHealed(const JoinedMessage& joined, const JoinedPart& part, const Messages::Remark& remark) {
+    const JoinedPart* const before = PartOf(joined, part.number - 1);
+    const JoinedPart* const after = PartOf(joined, part.number + 1);
+    if (remark.code == Messages::RemarkCode::EscapeAtEnd)
+        return after != nullptr;
+    if (remark.code != Messages::RemarkCode::UnpairedSurrogate)
+        return false;
+    const bool isFirst = remark.other == 0;
+    const bool isLast = remark.other + 1U == UserDataOf(part).textUnits;
+    return (isFirst && before != nullptr && HasHalfAt(before, UserDataOf(*before).textUnits - 1U)) ||
+           (isLast && HasHalfAt(after, 0));
+}
+
+std::vector<Messages::Remark> RemarksOn(const JoinedMessage& joined, const JoinedPart& part) {
+    std::vector<Messages::Remark> remarks = part.message->message.reading.remarks;
+    std::erase_if(remarks, [&](const Messages::Remark& remark) { return IsHealed(joined, part, remark); });
+    return remarks;
+}
+
+/// What is unusual in the text of the parts, and where a host of libQX_Encoding gets another.
+std::vector<std::string> NotesOf(const JoinedMessage& joined) {
+    std::vector<std::string> notes;
+    for (const JoinedPart& part : joined.parts) {
+        const HostReading& host = part.message->host;
+        for (const Messages::Remark& remark : RemarksOn(joined, part))
+            notes.push_back(fmt::format("! {}: {}", part.source, ToText(remark)));
+        for (const RecordMember& member : host.members)
+            notes.push_back(fmt::format("~ {}: {}", part.source, DifferenceText(member)));
+        if (host.isRejected)
+            notes.push_back(fmt::format("~ {}: {}", part.source, c_rejectedText));
+    }
+    return notes;
+}
+
+} // namespace
+
+std::size_t CharactersIn(std::string_view text) {
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) {
+        return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+    }));
+}
+
+std::string ToText(const JoinedMessage& joined) {
+    const Message& first = FirstOf(joined);
+    std::vector<std::string_view> sources;
+    for (const JoinedPart& part : joined.parts)
+        sources.push_back(part.source);
+    std::vector<Line> lines = {{"Parts joined", "", PartsText(joined), {}},
+                               {"from", "", fmt::format("{}", fmt::join(sources, ", ")), {}}};
+    if (const Messages::Address* address = Messages::PartyOf(first.reading.tpdu))
+        lines.push_back({"address", "", MeaningOf(*address), {}});
+    if (const Messages::Timestamp* time = Messages::TimestampOf(first.reading.tpdu);
+        time != nullptr && time->isValid)
+        lines.push_back({"time", "", TimeOf(*time, first), {}});
+    lines.push_back({"reference", "", fmt::format("{}", joined.reference), {}});
+    if (joined.content.IsData())
+        lines.push_back({"data", Messages::ToHex(joined.content.data), DataText(joined.content.data), {}});
+    else
+        lines.push_back({"text", "", TextWithGaps(joined.content), {}});
+    lines.back().notes = NotesOf(joined);
+    return Aligned(lines);
+}
+
+void Write(const JoinedMessage& joined, JsonText& object) {
+    const Message& first = FirstOf(joined);
+    object.Array("joined", [&] {
+        for (const JoinedPart& part : joined.parts) {
+            object.Element([&] {
+                object.Member("part", part.number);
+                object.Member(part.isArgument ? "argument" : "line", part.input);
+                WriteRemarks(RemarksOn(joined, part), object);
+                WriteDifferences(part.message->host, false, object);
+            });
+        }
+    });
+    object.Member("type", Messages::NameOf(first.reading.Type()));
+    WriteDirection(first.reading.direction, object);
+    if (const Messages::Address* address = Messages::PartyOf(first.reading.tpdu))
+        object.Object("address", [&] { WriteAddress(*address, object); });
+    if (const Messages::Timestamp* time = Messages::TimestampOf(first.reading.tpdu);
+        time != nullptr && time->isValid)
+        object.Member("time", std::string_view(TimeOf(*time, first)));
+    object.Member("reference", joined.reference);
+    object.Member("reference_bits", joined.hasWideReference ? 16 : 8);
+    object.Member("total", joined.total);
+    object.Numbers("parts_missing", MissingOf(joined));
+    if (!joined.content.gaps.empty()) {
+        object.Array("gaps", [&] {
+            for (const Gap& gap : joined.content.gaps) {
+                object.Element([&] {
+                    object.Member("position", gap.position);
+                    object.Numbers("parts_missing", gap.missing);
+                });
+            }
+        });
+    }
+    if (joined.content.IsData())
+        object.Octets("data", joined.content.data.data(), joined.content.data.size());
+    else
+        object.Member("text", std::string_view(joined.content.text));
+}
+
+} // namespace qxpdu

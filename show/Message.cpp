@@ -1,0 +1,284 @@
+#include "show/Message.h"
+
+#include <array>
+
+#include <fmt/format.h>
+
+#include "Messages/Words.h"
+#include "show/ElementParts.h"
+#include "show/OctetBits.h"
+#include "show/Plural.h"
+
+namespace qxpdu {
+
+namespace {
+
+using Messages::Field;
+using Messages::FieldPlace;
+using Messages::RemarkCode;
+using Messages::Tpdu;
+
+/// All of these are one field to a person: the header.
+bool IsOfHeader(Field field) {
+    return field == Field::HeaderLength || field == Field::HeaderElement || field == Field::IgnoredHeader;
+}
+
+Messages::Timestamp DischargeOf(const Tpdu& tpdu) {
+    const auto* report = std::get_if<Messages::StatusReport>(&tpdu);
+    return report != nullptr ? report->discharge : Messages::Timestamp();
+}
+
+const Messages::Validity* ValidityOf(const Tpdu& tpdu) {
+    const auto* submit = std::get_if<Messages::Submit>(&tpdu);
+    return submit != nullptr ? &submit->validity : nullptr;
+}
+
+template <class T>
+MessageField::Value ValueAt(const T* value) {
+    return value != nullptr ? MessageField::Value(value) : MessageField::Value(PlainOctets());
+}
+
+MessageField::Value ValueOf(const MessageField& field, const Message& message) {
+    const Tpdu& tpdu = message.reading.tpdu;
+    switch (field.field) {
+    case Field::ServiceCentre:
+        return ValueAt(message.reading.serviceCentre ? &*message.reading.serviceCentre : nullptr);
+    case Field::OriginatingAddress:
+    case Field::DestinationAddress:
+    case Field::RecipientAddress:
+        return ValueAt(Messages::PartyOf(tpdu));
+    case Field::DataCodingScheme:
+        return ValueAt(Messages::CodingOf(tpdu));
+    case Field::ServiceCentreTimestamp:
+        return *Messages::TimestampOf(tpdu);
+    case Field::DischargeTime:
+        return DischargeOf(tpdu);
+    case Field::ValidityPeriod:
+        return ValueAt(ValidityOf(tpdu));
+    case Field::HeaderLength:
+        return ValueAt(Messages::UserDataOf(tpdu));
+    case Field::UserData:
+    case Field::CommandData:
+    case Field::Surplus:
+        return PlainOctets();
+    default:
+        return static_cast<unsigned int>(message.octets[field.octet]);
+    }
+}
+
+/// TP-PI has a bit for each field that may follow.
+std::string MeaningOfParameterIndicator(unsigned int octet) {
+    constexpr std::array<Field, 3> c_announced = {Field::ProtocolIdentifier, Field::DataCodingScheme,
+                                                  Field::UserDataLength};
+    std::string names;
+    for (std::size_t bit = 0; bit < c_announced.size(); ++bit) {
+        if ((octet >> bit & 1) != 0)
+            names += fmt::format("{}{}", names.empty() ? "" : ", ", ShownNameOf(c_announced[bit]));
+    }
+    return names.empty() ? "nothing announced" : names + " announced";
+}
+
+std::string MeaningOfStatusOctet(unsigned int octet) {
+    const auto status = static_cast<std::uint8_t>(octet);
+    const std::string_view meaning = Messages::MeaningOfStatus(status);
+    const std::string_view outcome = Messages::ClassOfStatus(status);
+    return meaning == outcome ? std::string(meaning) : fmt::format("{} ({})", meaning, outcome);
+}
+
+std::string MeaningOfLength(unsigned int length, const Message& message) {
+    const Messages::DataCoding* coding = Messages::CodingOf(message.reading.tpdu);
+    const bool isSeptets = coding == nullptr || coding->CountsSeptets();
+    return Counted(length, isSeptets ? "septet" : "octet");
+}
+
+std::string MeaningOfOctet(Field field, unsigned int octet, const Message& message) {
+    const auto value = static_cast<std::uint8_t>(octet);
+    switch (field) {
+    case Field::ProtocolIdentifier:
+        return std::string(Messages::MeaningOfProtocol(value));
+    case Field::Status:
+        return MeaningOfStatusOctet(octet);
+    case Field::FailureCause:
+        return std::string(Messages::MeaningOfFailureCause(value));
+    case Field::CommandType:
+        return std::string(Messages::MeaningOfCommandType(value));
+    case Field::ParameterIndicator:
+        return MeaningOfParameterIndicator(octet);
+    case Field::UserDataLength:
+        return MeaningOfLength(octet, message);
+    case Field::CommandDataLength:
+        return Counted(octet, "octet");
+    default:
+        return fmt::format("{}", octet);
+    }
+}
+
+/// TP-MTI says what the type is together with the direction.
+std::string MeaningOfType(unsigned int value, const Message& message) {
+    constexpr unsigned int c_reserved = 3;
+    const std::string_view type = Messages::NameOf(message.reading.Type());
+    return value == c_reserved ? fmt::format("reserved, read as {}", type) : std::string(type);
+}
+
+struct MeaningMaker {
+    const MessageField& field;
+    const Message& message;
+
+    std::string operator()(PlainOctets) const { return {}; }
+    std::string operator()(unsigned int value) const {
+        if (field.field == Field::MessageType)
+            return MeaningOfType(value, message);
+        if (IsFlag(field.field))
+            return std::string(MeaningOfFlag(field.field, value));
+        return MeaningOfOctet(field.field, value, message);
+    }
+    std::string operator()(const Messages::Address* address) const {
+        return field.IsAbsent() ? "none" : MeaningOf(*address);
+    }
+    std::string operator()(const Messages::Timestamp& time) const {
+        return time.isValid ? TimeOf(time, message) : "no time";
+    }
+    std::string operator()(const Messages::Validity* validity) const {
+        const Messages::Timestamp time = validity->Absolute();
+        return time.isValid ? TimeOf(time, message) : Messages::MeaningOf(*validity);
+    }
+    std::string operator()(const Messages::DataCoding* coding) const { return Messages::MeaningOf(*coding); }
+    std::string operator()(const Messages::UserData* userData) const {
+        if (userData->isHeaderIgnored)
+            return "ignored";
+        std::string lines;
+        for (const Messages::HeaderElement& element : userData->elements) {
+            lines += lines.empty() ? "" : "\n";
+            lines += MeaningOf(element, element.Data(userData->octets));
+        }
+        return lines;
+    }
+};
+
+} // namespace
+
+std::vector<MessageField> FieldsOf(const Message& message) {
+    std::vector<MessageField> fields;
+    fields.reserve(message.reading.places.size());
+    for (const FieldPlace& place : message.reading.places) {
+        const bool isFlag = IsFlag(place.field);
+        if (place.count == 0 || place.field == Field::FillBits ||
+            (place.field == Field::UnusedBits && place.value == 0))
+            continue;
+        if (!isFlag && !fields.empty() && AreOneField(fields.back().field, place.field)) {
+            fields.back().count += place.count;
+            continue;
+        }
+        MessageField field{place.field, place.octet, place.count, {}};
+        if (isFlag)
+            field.value = unsigned{place.value};
+        else if (!IsCut(place, message))
+            field.value = ValueOf(field, message);
+        fields.push_back(std::move(field));
+    }
+    return fields;
+}
+
+std::string MeaningOf(const MessageField& field, const Message& message) {
+    return std::visit(MeaningMaker{field, message}, field.value);
+}
+
+bool IsCut(const FieldPlace& place, const Message& message) {
+    const auto& fault = message.reading.fault;
+    return fault && fault->code == Messages::FaultCode::FieldCut && fault->field == place.field &&
+           fault->octet == place.octet;
+}
+
+bool AreOneField(Field one, Field other) {
+    return one == other || (IsOfHeader(one) && IsOfHeader(other));
+}
+
+std::string_view ShownNameOf(Field field) {
+    return IsOfHeader(field) ? "TP-UDH" : Messages::NameOf(field);
+}
+
+std::string_view MeaningOfFlag(Field field, unsigned int value) {
+    constexpr std::array<std::string_view, 4> c_formats = {"no validity period", "enhanced validity period",
+                                                           "relative validity period",
+                                                           "absolute validity period"};
+    switch (field) {
+    case Field::MoreMessages:
+        return value == 0 ? "more messages are waiting" : "no more messages are waiting";
+    case Field::LoopPrevention:
+        return value == 0 ? "not forwarded or spawned" : "forwarded or spawned";
+    case Field::RejectDuplicates:
+        return value == 0 ? "duplicates accepted" : "duplicates rejected";
+    case Field::ValidityFormat:
+        return c_formats[value & 3];
+    case Field::StatusReportIndication:
+        return value == 0 ? "no status report to the sender" : "status report to the sender";
+    case Field::StatusReportRequest:
+        return value == 0 ? "no status report requested" : "status report requested";
+    case Field::StatusReportQualifier:
+        return value == 0 ? "on an SMS-SUBMIT" : "on an SMS-COMMAND";
+    case Field::UserDataHeaderIndicator:
+        return value == 0 ? "no user-data header" : "user-data header";
+    case Field::ReplyPath:
+        return value == 0 ? "no reply path" : "reply path";
+    default:
+        return {};
+    }
+}
+
+std::string MeaningOf(const Messages::Address& address) {
+    const std::string text = address.ToString();
+    const bool isUnknown = address.Type() == Messages::TypeOfNumber::Unknown;
+    const bool isTelephone = address.Plan() == Messages::NumberingPlan::Isdn;
+    return fmt::format("{}{}{}{}, {}{}", text, text.empty() ? "" : ", ", isUnknown ? "type " : "",
+                       Messages::NameOf(address.Type()), isTelephone ? "" : "plan ",
+                       Messages::NameOfNumberingPlan(static_cast<std::uint8_t>(address.Plan())));
+}
+
+std::string TimeOf(const Messages::Timestamp& time, const Message& message) {
+    constexpr std::size_t c_zone = 6; ///< characters of "+02:00"
+    std::string text = time.ToString();
+    if (message.isZoneIgnored && time.isValid)
+        text.resize(text.size() - c_zone);
+    return text;
+}
+
+bool IsData(const Message& message) {
+    const Messages::DataCoding* coding = Messages::CodingOf(message.reading.tpdu);
+    if (coding == nullptr)
+        return message.reading.Type() == Messages::TpduType::Command;
+    return coding->isCompressed || coding->alphabet == Messages::Alphabet::Data;
+}
+
+std::string DataText(Messages::OctetView data) {
+    std::string text;
+    for (const std::uint8_t octet : data)
+        text += octet >= 0x20 && octet < 0x7F ? static_cast<char>(octet) : '.';
+    return text;
+}
+
+bool ConcernsText(const Messages::Remark& remark) {
+    switch (remark.code) {
+    case RemarkCode::UserDataMissing:
+    case RemarkCode::Compressed:
+    case RemarkCode::HeaderMissing:
+    case RemarkCode::HeaderBeyondUserData:
+    case RemarkCode::EscapeAtEnd:
+    case RemarkCode::NoCharacter:
+    case RemarkCode::UnpairedSurrogate:
+    case RemarkCode::OddOctet:
+        return true;
+    default:
+        return false;
+    }
+}
+
+std::string ToText(const Messages::Remark& remark) {
+    return fmt::format("{} at octet {}: {}", ShownNameOf(remark.field), remark.octet,
+                       Messages::MeaningOf(remark));
+}
+
+std::string ToText(const Messages::Fault& fault) {
+    return fmt::format("octet {}: {}", fault.octet, Messages::MeaningOf(fault));
+}
+
+} // namespace qxpdu

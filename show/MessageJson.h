@@ -1,0 +1,35 @@
+// A short message for a program.
+#ifndef QXPDU_MESSAGEJSON_H
+#define QXPDU_MESSAGEJSON_H
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+#include "show/JsonText.h"
+#include "show/Message.h"
+#include "show/compare/Comparison.h"
+
+namespace qxpdu {
+
+/// The members of a message: its type, a member for each field, text or data, remarks, and what a host of
+/// libQX_Encoding gets instead. `reportOn` is the number of the message that a status report is about.
+void Write(const Message& message, const HostReading& host, std::optional<std::size_t> reportOn,
+           JsonText& object);
+
+/// The record of libQX_Encoding, as the member of that name.
+void Write(const HostReading& record, JsonText& object);
+
+/// The member "fault" of a message that has one.
+void WriteFault(const Messages::Fault& fault, JsonText& object);
+
+/// The array "remarks"; none where nothing is unusual.
+void WriteRemarks(const std::vector<Messages::Remark>& remarks, JsonText& object);
+
+/// Members that messages and joined messages have alike.
+void WriteDirection(Messages::Direction direction, JsonText& object);
+void WriteAddress(const Messages::Address& address, JsonText& object);
+
+} // namespace qxpdu
+
+#endif

@@ -1,0 +1,32 @@
+// A short message for a person.
+#ifndef QXPDU_MESSAGETEXT_H
+#define QXPDU_MESSAGETEXT_H
+
+#include <string>
+#include <string_view>
+
+#include "show/Message.h"
+#include "show/compare/Comparison.h"
+
+namespace qxpdu {
+
+/// A line for each field, the names right-aligned: name, value on the wire, meaning; below it what is unusual
+/// there, "! …", and what a host of libQX_Encoding gets instead, "~ …". Then the text. `reportOn` names the
+/// message that a status report is about; empty where it is none or not known.
+std::string ToText(const Message& message, const HostReading& host, std::string_view reportOn);
+
+/// The record of libQX_Encoding, a line for each member.
+std::string ToText(const HostReading& record);
+
+/// "libQX_Encoding m_Text: \"Hello\""
+std::string DifferenceText(const RecordMember& member);
+constexpr std::string_view c_rejectedText = "libQX_Encoding rejects this PDU";
+constexpr std::string_view c_acceptedText =
+    "libQX_Encoding decodes this PDU"; ///< which the standard does not
+
+/// Whether the member says something about the field.
+bool IsAbout(const RecordMember& member, Messages::Field field);
+
+} // namespace qxpdu
+
+#endif

@@ -1,0 +1,146 @@
+// Where a host of libQX_Encoding gets something else than the standard says.
+#include "show/compare/Comparison.h"
+
+#include <gtest/gtest.h>
+
+#include "support/Octets.h"
+
+namespace {
+
+using qxpdu::HostReading;
+using qxpdu::Message;
+using qxpdu::RecordMember;
+
+Message Read(const std::string& pdu, Messages::Direction direction = Messages::Direction::Unknown) {
+    Message message;
+    message.octets = tests::Octets(pdu);
+    message.reading = Messages::Read(message.octets, {Messages::Presence::No, direction});
+    message.hasServiceCentre = false;
+    return message;
+}
+
+/// "m_Status 7: ST_…; m_Text \"\"", or "rejected".
+std::string DifferencesOf(const Message& message) {
+    const HostReading host = CompareWithHost(message);
+    if (host.isRejected)
+        return "rejected";
+    std::string text;
+    for (const RecordMember& member : host.members)
+        text += (text.empty() ? "" : "; ") + std::string(member.name) + ' ' + ValueText(member);
+    return text;
+}
+
+const std::string c_time = "21203121436580";
+const std::string c_hello = "05C8329BFD06";
+
+std::string Deliver(const std::string& first, const std::string& address, const std::string& coding,
+                    const std::string& rest) {
+    return first + address + "00" + coding + c_time + rest;
+}
+
+TEST(Comparison, NothingDiffersInWhatBothReadAlike) {
+    for (const std::string& pdu : {
+             Deliver("04", "0B912143658709F1", "00", c_hello),
+             Deliver("84", "04812143", "08", "0400480069"),
+             Deliver("44", "04812143", "04", "080500032A02014142"),
+             Deliver("44", "04812143", "00", "080500032A0201C2"),
+             Deliver("44", "04812143", "00", "080608041234020141"),
+             std::string("B52A049121430019A70400480069"),
+             std::string("19070491214300F221203121436580") + c_hello,
+             "062A04912143" + c_time + c_time + "00",
+             "062A04912143" + c_time + c_time + "49",
+         }) {
+        EXPECT_EQ(DifferencesOf(Read(pdu)), "") << pdu;
+    }
+}
+
+TEST(Comparison, EachMemberThatDiffersIsTold) {
+    const struct {
+        std::string pdu;
+        const char* differences;
+    } rows[] = {
+        {Deliver("04", "04812A43", "00", c_hello), "m_Originator \":234\""},
+        {Deliver("04", "04A12143", "00", c_hello), "m_NumberTon 1: TON_UNKNOWN"},
+        {Deliver("04", "04852143", "00", c_hello), "m_NumberNpi 0: NPI_UNKNOWN"},
+        {"0404812143000021203121436500" + c_hello, "m_ServiceCentreTime \"2012-02-13T12:34:56\""},
+        {"0404812143000021203121436522" + c_hello, "m_ServiceCentreTime \"2012-02-13T12:34:56+05:00\""},
+        {"0404812143000021200321436580" + c_hello, "m_ServiceCentreTime \"2012-02-30T12:34:56+02:00\""},
+        {"0404812143000021203142436580" + c_hello, "m_ServiceCentreTime \"2012-02-13T24:34:56+02:00\""},
+        {"062A0491214321203121436500" + c_time + "00", "m_ServiceCentreTime \"2012-02-13T12:34:56\""},
+        {"062A04912143" + c_time + "2120312143650000", "m_DischargeTime \"2012-02-13T12:34:56\""},
+        {"19070481214300002120312143650000", "m_ValidityTime \"2012-02-13T12:34:56\""},
+        {"062A04912143" + c_time + c_time + "44", "m_Status 7: ST_QUALITY_OF_SERVICE_UNAVAILABLE"},
+        {"062A04912143" + c_time + c_time + "60", "m_Status 18: ST_UNKNOWN"},
+        {"062A04912143" + c_time + c_time + "00" + "07" + "39" + "04" + "0141",
+         "m_ProtocolId 0; m_DataCoding 0; m_UserDataLength 0; m_Alphabet 0: ALPHABET_GSM7; m_Text \"\""},
+        {Deliver("04", "04812143", "40", c_hello), "m_CodingGroup 0"},
+        {Deliver("04", "04812143", "20", c_hello), "m_Text \"Hello\""},
+        {Deliver("04", "04812143", "00", "0141C2"), ""},
+        {Deliver("04", "04812143", "00", "0109"), "m_Text \"\xC3\xA7\""},
+        {Deliver("44", "04812143", "04",
+                 "060401028005"
+                 "48"),
+         "m_ConcatTotal 5"},
+        {Deliver("44", "04812143", "04", "070500032A020348"),
+         "m_ConcatReference 42; m_ConcatTotal 2; m_ConcatSequence 3"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(DifferencesOf(Read(row.pdu, Messages::Direction::Unknown)), row.differences) << row.pdu;
+}
+
+TEST(Comparison, RejectedIsToldAlone) {
+    EXPECT_EQ(DifferencesOf(Read(Deliver("44", "04812143", "04", "03004869"))), "rejected");
+    EXPECT_EQ(DifferencesOf(Read("0000", Messages::Direction::FromMobile)), "rejected");
+}
+
+TEST(Comparison, OtherTypesAreNoneOfTheRecords) {
+    EXPECT_EQ(DifferencesOf(Read(Deliver("07", "04812143", "00", c_hello), Messages::Direction::ToMobile))
+                  .substr(0, 11),
+              "m_SmsType 0");
+}
+
+TEST(Comparison, IgnoredZonesDoNotDiffer) {
+    Message message = Read("0404812143000021203121436522" + c_hello);
+    message.isZoneIgnored = true;
+    EXPECT_EQ(DifferencesOf(message), "");
+}
+
+TEST(Comparison, RecordHasEveryMemberInTheOrderOfTheHeader) {
+    const HostReading record = ReadAsHost(Read(Deliver("04", "0B912143658709F1", "00", c_hello)));
+    EXPECT_FALSE(record.isRejected);
+    std::string text;
+    for (const RecordMember& member : record.members)
+        text += std::string(member.name) + ' ' + ValueText(member) + '\n';
+    EXPECT_EQ(text, "m_Smsc \"\"\n"
+                    "m_Originator \"+12345678901\"\n"
+                    "m_Recipient \"\"\n"
+                    "m_SmscNpi 0: NPI_UNKNOWN\n"
+                    "m_SmscTon 1: TON_UNKNOWN\n"
+                    "m_NumberNpi 1: NPI_ISDN\n"
+                    "m_NumberTon 2: TON_INTERNATIONAL\n"
+                    "m_SmsType 2: TP_MTI_SMS_DELIVER\n"
+                    "m_ReplyPath 0\n"
+                    "m_HasUserDataHeader 0\n"
+                    "m_StatusReport 0\n"
+                    "m_ValidityFormat 0\n"
+                    "m_RejectDuplicates 0\n"
+                    "m_MessageReference 0\n"
+                    "m_ProtocolId 0\n"
+                    "m_DataCoding 0\n"
+                    "m_ValidityPeriod 0\n"
+                    "m_ValidityTime null\n"
+                    "m_DischargeTime null\n"
+                    "m_ServiceCentreTime \"2012-02-13T12:34:56+02:00\"\n"
+                    "m_UserDataLength 5\n"
+                    "m_Status 0: ST_RECEIVED\n"
+                    "m_CodingGroup 0\n"
+                    "m_Class 4: CLASS_NONE\n"
+                    "m_Alphabet 0: ALPHABET_GSM7\n"
+                    "m_Text \"Hello\"\n"
+                    "m_WorkText \"\"\n"
+                    "m_ConcatReference 0\n"
+                    "m_ConcatTotal 0\n"
+                    "m_ConcatSequence 0\n");
+}
+
+} // namespace

@@ -1,0 +1,39 @@
+// How the commands decode and inspect read a PDU.
+#ifndef QXPDU_READING_H
+#define QXPDU_READING_H
+
+#include <string>
+
+#include "commands/Options.h"
+#include "show/compare/Comparison.h"
+#include "stream/Conversion.h"
+
+namespace qxpdu {
+
+/// What the user says of the PDUs.
+struct ReadingOptions : ConversionOptions {
+    bool noSmsc = false;
+    bool ignoreTimeZone = false;
+    std::string direction; ///< "to-mobile", "from-mobile", or empty where the octets tell
+    bool asHost = false;   ///< by libQX_Encoding instead
+    bool isStrict = false;
+};
+
+/// Adds the options of both commands; --ignore-time-zone is none of them.
+void AddReading(CLI::App& command, ReadingOptions& options);
+
+/// Reads a PDU by the standard. Throws InputError where it is no hexadecimal text, or not what its heading
+/// announces.
+Message ReadMessage(const ReadingOptions& options, const Input& input);
+
+/// Shows the record of libQX_Encoding.
+void ShowRecord(const Message& message, const Input& input, Console& console);
+
+/// Of what concerns the text: warnings, or an InputError where the user is strict. In JSON Lines the remarks
+/// of the object say so. Characters that a part of a message has half of are left to the joined message.
+void WarnOfText(const ReadingOptions& options, const Message& message, bool isPart, const Input& input,
+                Console& console);
+
+} // namespace qxpdu
+
+#endif
