@@ -97,7 +97,7 @@ Parts SingleOctetParts(ElementId identifier, OctetView data) {
         return {{"control", 1, *octet, {}, ServiceCentreControlBits(*octet)}};
     case ElementId::HeaderSource:
         return {{"source", 1, *octet, SourceMeaning(*octet)}};
-    case ElementId::ReusedExtendedObject:
+    case ElementId::UserPrompt:
         return {{"reference", 1, *octet}};
     case ElementId::EmailHeader:
         return {{"characters of the header", 1, *octet}};

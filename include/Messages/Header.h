@@ -25,7 +25,7 @@ enum class ElementId : std::uint8_t {
     TextFormatting = 0x0A,
     PredefinedSound = 0x0B,
     PredefinedAnimation = 0x0D,
-    ReusedExtendedObject = 0x13,
+    UserPrompt = 0x13,
     ObjectDistribution = 0x17,
     EmailHeader = 0x20,
     Hyperlink = 0x21,

@@ -195,7 +195,7 @@ void DecodeElement(Element& element, Messages::OctetView data) {
     case ElementId::HeaderSource:
         single("source");
         break;
-    case ElementId::ReusedExtendedObject:
+    case ElementId::UserPrompt:
         single("count");
         break;
     case ElementId::EmailHeader:
