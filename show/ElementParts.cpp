@@ -98,7 +98,7 @@ Parts SingleOctetParts(ElementId identifier, OctetView data) {
     case ElementId::HeaderSource:
         return {{"source", 1, *octet, SourceMeaning(*octet)}};
     case ElementId::UserPrompt:
-        return {{"reference", 1, *octet}};
+        return {{"objects", 1, *octet}};
     case ElementId::EmailHeader:
         return {{"characters of the header", 1, *octet}};
     case ElementId::SingleShift:
