@@ -253,7 +253,7 @@ TEST(QxpduInspect, ElementsOfTheHeaderAreShownByTheirParts) {
         {"0325010D", {"TP-UDH language 13: Urdu"}},
         {"0325010E", {"TP-UDH language 14: reserved"}},
         {"040B020307", {"TP-UDH position 3", "TP-UDH number 7"}},
-        {"03130105", {"TP-UDH reference 5"}},
+        {"03130105", {"TP-UDH objects 5"}},
         {"0417020301",
          {"TP-UDH objects 3", "TP-UDH distribution 0x01", "0000 000.                  reserved 0",
           ".... ...1                  forwarding 1: forbidden"}},
