@@ -143,9 +143,9 @@ constexpr std::array<TpduRow, std::size(Tables::c_fields)> c_rows = MakeRows();
 
 /// REQUIRES a type other than None. Only reports have a row with TP-FCS.
 constexpr const TpduRow& RowOf(TpduType type, bool hasFailureCause) {
-    const TpduRow* found = nullptr;
+    const TpduRow* found = c_rows.data();
     for (const TpduRow& row : c_rows)
-        if (row.type == type && (found == nullptr || row.hasFailureCause == hasFailureCause))
+        if (row.type == type && (found->type != type || row.hasFailureCause == hasFailureCause))
             found = &row;
     return *found;
 }
