@@ -1,4 +1,5 @@
-// The log of a modem. Input: the log, which the reader takes line by line and the tool decodes as a whole.
+// The log of a modem, or a list of PDUs. Input: the log, which the reader takes line by line and the tool
+// decodes as a whole.
 #include <algorithm>
 #include <sstream>
 #include <string>
@@ -9,47 +10,64 @@
 #include "Input.h"
 #include "Property.h"
 #include "commands/CommandLine.h"
-#include "log/Transcript.h"
+#include "log/LogReader.h"
 
 namespace {
 
 using namespace fuzz;
-using qxpdu::Transcript;
+using qxpdu::Heading;
+using qxpdu::LogEntry;
+using qxpdu::LogReader;
 
 constexpr std::size_t c_longest = 4096;
 
-/// The numbers of the lines that have to be answered.
+void CheckEntry(const LogEntry& entry, std::size_t lines) {
+    Require(entry.line >= 1 && entry.line <= lines, "an entry stands in a line");
+    if (!entry.heading)
+        return;
+    Require(entry.heading->line <= entry.line, "a heading stands before its PDU");
+    Require(std::all_of(entry.text.begin(), entry.text.end(),
+                        [](char digit) {
+                            return std::string_view("0123456789ABCDEFabcdef").find(digit) !=
+                                   std::string_view::npos;
+                        }),
+            "an entry of a log is made of digits");
+}
+
+/// The lines of the entries that have to be answered. Every line is accounted for once.
 std::vector<std::size_t> AnsweredLines(const std::string& log) {
-    Transcript transcript;
+    LogReader reader;
     std::vector<std::size_t> answered;
     std::istringstream lines(log);
     std::size_t number = 0;
-    for (std::string line; std::getline(lines, line);) {
-        const Transcript::Line kind = transcript.Take(line, ++number);
-        const auto& heading = transcript.LastHeading();
-        Require(kind != Transcript::Line::Orphan || heading.has_value(), "an orphan has its heading");
-        Require(!heading || kind == Transcript::Line::Chatter || heading->line < number,
-                "a heading stands in front of its PDU");
-        Require(kind == Transcript::Line::Pdu ||
-                    line.find_first_not_of("0123456789ABCDEFabcdef") != std::string::npos || line.empty(),
-                "digits are a PDU");
-        if (kind == Transcript::Line::Pdu)
-            answered.push_back(number);
-        else if (kind == Transcript::Line::Orphan)
-            answered.push_back(heading->line);
-    }
-    if (transcript.Finish())
-        answered.push_back(transcript.LastHeading()->line);
+    const auto take = [&] {
+        while (const auto entry = reader.Next()) {
+            CheckEntry(*entry, number);
+            if (!entry->heading || entry->heading->kind != Heading::Kind::Reference)
+                answered.push_back(entry->line);
+        }
+    };
+    for (std::string line; std::getline(lines, line); take())
+        reader.Take(line, ++number);
+    reader.Finish();
+    take();
+    const auto& counts = reader.Counts();
+    Require(counts.lines == number, "every line is counted");
+    Require(counts.lines == counts.entries + counts.textModes + counts.passedOver, "and counted once");
+    Require(counts.strayDigits <= counts.passedOver, "stray digits are passed over");
+    Require(reader.IsLog() || answered.size() == counts.entries, "a list has an entry a line");
     return answered;
 }
 
-/// What the tool writes, and nothing on standard error.
+/// What the tool writes. On standard error stands no more than warnings.
 std::string Decoded(const std::string& log, const std::vector<std::string>& arguments) {
     std::istringstream in(log);
     std::ostringstream out;
     std::ostringstream err;
     qxpdu::RunTool(arguments, {in, out, err});
-    Require(err.str().empty(), "JSON Lines hold the errors");
+    std::istringstream messages(err.str());
+    for (std::string message; std::getline(messages, message);)
+        Require(message.starts_with("qxpdu: standard input: warning: "), "JSON Lines hold the errors");
     return out.str();
 }
 
@@ -64,11 +82,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const nlohmann::json object = nlohmann::json::parse(line, nullptr, false);
         Require(object.is_object(), "each line is an object");
         Require(count < answered.size() && object["line"] == answered[count],
-                "each line with a PDU has its object, in order");
+                "each entry has its object, in order");
     }
-    Require(count == answered.size(), "no line is left without its object");
+    Require(count == answered.size(), "no entry is left without its object");
     const std::string joined = Decoded(log, {"decode", "--jsonl", "--join"});
     Require(static_cast<std::size_t>(std::count(joined.begin(), joined.end(), '\n')) <= answered.size(),
-            "joining does not make more of the lines");
+            "joining does not make more of the entries");
     return 0;
 }

@@ -148,7 +148,10 @@ void Write(const JoinedMessage& joined, JsonText& object) {
         for (const JoinedPart& part : joined.parts) {
             object.Element([&] {
                 object.Member("part", part.number);
+                if (!part.file.empty())
+                    object.Member("file", part.file);
                 object.Member(part.isArgument ? "argument" : "line", part.input);
+                WriteWarnings(part.message->message, object);
                 WriteRemarks(RemarksOn(joined, part), object);
                 WriteDifferences(part.message->host, false, object);
             });

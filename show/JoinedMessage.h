@@ -38,6 +38,7 @@ struct JoinedPart {
     bool isArgument;    ///< or a line
     std::size_t input;  ///< its number
     std::shared_ptr<const ComparedMessage> message;
+    std::string_view file = {}; ///< that the line stands in
 };
 
 struct JoinedMessage {

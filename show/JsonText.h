@@ -6,6 +6,7 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -66,6 +67,13 @@ public:
         Array(name, [&] {
             for (const int value : values)
                 m_Writer.Int(value);
+        });
+    }
+
+    void Texts(std::string_view name, const std::vector<std::string>& values) {
+        Array(name, [&] {
+            for (const std::string& value : values)
+                String(value);
         });
     }
 

@@ -49,6 +49,7 @@ void WriteMap(const Message& message, const HostReading& host, JsonText& object)
         for (const OctetRow& row : MapOctets(message))
             object.Element([&] { WriteRow(row, message, object); });
     });
+    WriteWarnings(message, object);
     WriteRemarks(message.reading.remarks, object);
     if (message.reading.fault) {
         object.Member("error", std::string_view(ToText(*message.reading.fault)));

@@ -16,8 +16,9 @@ namespace qxpdu {
 struct Message {
     std::vector<std::uint8_t> octets;
     Messages::Reading reading;
-    bool hasServiceCentre = true; ///< before the TPDU
-    bool isZoneIgnored = false;   ///< times are shown without their zone
+    bool hasServiceCentre = true;      ///< before the TPDU
+    bool isZoneIgnored = false;        ///< times are shown without their zone
+    std::vector<std::string> warnings; ///< of what had to be assumed to read it
 
     Messages::OctetView Octets(std::uint32_t octet, std::uint32_t count) const {
         return Messages::OctetView(octets).Sub(octet, count);

@@ -239,6 +239,7 @@ void Write(const Message& message, const HostReading& host, std::optional<std::s
         WriteUserData(message, *userData, object);
     if (reportOn)
         object.Member("report_on", *reportOn);
+    WriteWarnings(message, object);
     WriteRemarks(message.reading.remarks, object);
     WriteDifferences(host, message.reading.fault.has_value(), object);
 }
@@ -259,6 +260,11 @@ void WriteFault(const Messages::Fault& fault, JsonText& object) {
         object.Member("expected", fault.expected);
         object.Member("found", fault.found);
     });
+}
+
+void WriteWarnings(const Message& message, JsonText& object) {
+    if (!message.warnings.empty())
+        object.Texts("warnings", message.warnings);
 }
 
 void WriteRemarks(const std::vector<Messages::Remark>& remarks, JsonText& object) {

@@ -23,6 +23,9 @@ void Write(const HostReading& record, JsonText& object);
 /// The member "fault" of a message that has one.
 void WriteFault(const Messages::Fault& fault, JsonText& object);
 
+/// The array "warnings"; none where nothing had to be assumed.
+void WriteWarnings(const Message& message, JsonText& object);
+
 /// The array "remarks"; none where nothing is unusual.
 void WriteRemarks(const std::vector<Messages::Remark>& remarks, JsonText& object);
 

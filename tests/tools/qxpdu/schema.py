@@ -26,13 +26,19 @@ CLASSED = "0001070491214300100161"
 PAGE = "403211120111C8329BFD06"
 FIRST_PAGE = "403211120112C8329BFD06"
 WARNING = "403211000111C8329BFD06"
-LOG = "\n".join(["+CMT: ,24", HELLO, "+CMT: ,9", "OK", UPPER, UPPER, LOWER, LOWER, SUBMIT, TIMED, REPORT, "0G", "+CBM: 11",
-                 PAGE, "+CBM: 11", WARNING, CLASSED, ""])
+LIST = "\n".join([HELLO, UPPER, UPPER, LOWER, LOWER, SUBMIT, TIMED, REPORT, "0G", CLASSED, REPORT[2:], REPORT[2:10]])
+LOG = "\n".join(["+CMT: ,24", HELLO, "+CMT: ,9", "OK", "+CBM: 11", PAGE, "+CBM: 88", WARNING, "+CMT: ,26", UPPER,
+                 "+CMT: ,25", LOWER, "+CMT: ,9", REPORT[:8], "AT+CMGS=10", SUBMIT, '+CMGS: 7,"010021203121436580"',
+                 "+CDS: 21", REPORT, ""])
 
 # The command, standard input, and how many objects come of it.
 CASES = [
-    (["decode"], LOG, 13),
-    (["decode", "--join"], LOG, 12),
+    (["decode"], LIST, 12),
+    (["decode", "--join"], LIST, 11),
+    (["decode", "--file", "/dev/stdin"], LOG, 10),
+    (["decode", "--join", "--file", "/dev/stdin"], LOG, 9),
+    (["inspect", "--file", "/dev/stdin"], LOG, 8),
+    (["cell", "--file", "/dev/stdin"], LOG, 3),
     (["decode"], "\n".join(KINDS), len(KINDS)),
     (["decode", "--direction", "from-mobile"], "\n".join(REPORTS), len(REPORTS)),
     (["decode", "--as", "libQX_Encoding"], HELLO, 1),

@@ -1,8 +1,13 @@
 #include "characters/Hexadecimal.h"
 
+#include <algorithm>
+#include <array>
+#include <span>
+
 #include <fmt/format.h>
 
 #include "characters/InputError.h"
+#include "characters/Letters.h"
 #include "characters/Unicode.h"
 
 namespace qxpdu {
@@ -11,13 +16,136 @@ namespace {
 
 constexpr std::string_view c_blanks = " \t\r";
 
+/// What may stand anywhere among the digits.
+constexpr std::array<std::string_view, 25> c_beside = {" ",
+                                                       "\t",
+                                                       "\r",
+                                                       "\n",
+                                                       "'",
+                                                       "\"",
+                                                       "`",
+                                                       "(",
+                                                       ")",
+                                                       "[",
+                                                       "]",
+                                                       "{",
+                                                       "}",
+                                                       "<",
+                                                       ">",
+                                                       "\x1A", // ends what is typed at a modem's prompt
+                                                       "\xEF\xBB\xBF", // the byte-order mark
+                                                       "\xC2\xA0",     // U+00A0 and U+200B, blanks
+                                                       "\xE2\x80\x8B",
+                                                       "\xE2\x80\x98", // U+2018 and so on, quotation marks
+                                                       "\xE2\x80\x99",
+                                                       "\xE2\x80\x9C",
+                                                       "\xE2\x80\x9D",
+                                                       "\xC2\xAB",
+                                                       "\xC2\xBB"};
+
+/// What may stand between octets, but not inside one: "7:91" might be two octets or three digits.
+constexpr std::array<std::string_view, 8> c_between = {",", ";", ":", "-", "0x", "0X", "\\x", "\\X"};
+
+/// What begins a string of octets in a program, before its quotation mark.
+constexpr std::string_view c_stringMarks = "bBxX";
+
+constexpr std::string_view c_labelEnds = ":=";
+
 /// The value of a hexadecimal digit of either case, or -1.
 int DigitValue(char character) {
-    if (character >= '0' && character <= '9')
+    if (IsDecimal(character))
         return character - '0';
-    const char lower = static_cast<char>(character | 0x20);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+    return IsHexDigit(character) ? Upper(character) - 'A' + 10 : -1;
 }
+
+/// Characters of the first of these that the text begins with; 0 where it begins with none.
+std::size_t LengthOfAny(std::string_view text, std::span<const std::string_view> candidates) {
+    const auto found = std::find_if(candidates.begin(), candidates.end(),
+                                    [text](std::string_view each) { return text.starts_with(each); });
+    return found == candidates.end() ? 0 : found->size();
+}
+
+/// Characters of a label, "PDU: " or "pdu=": a word that cannot be digits, and what ends it.
+std::size_t LabelIn(std::string_view text) {
+    const std::size_t end = text.find_first_of(c_labelEnds);
+    if (end == std::string_view::npos)
+        return 0;
+    const std::string_view label = text.substr(0, end);
+    const bool isWord = std::all_of(label.begin(), label.end(), [](char character) {
+        return IsAlphanumeric(character) || character == ' ' || character == '_' || character == '"' ||
+               character == '\'';
+    });
+    const bool isNoDigits = std::any_of(label.begin(), label.end(), [](char character) {
+        return IsAlphanumeric(character) && !IsHexDigit(character) && Upper(character) != 'X';
+    });
+    return isWord && isNoDigits ? end + 1 : 0;
+}
+
+/// Takes the digits out of what was pasted with them.
+class HexReader {
+public:
+    explicit HexReader(std::string_view text) : m_Text(text) {}
+
+    std::vector<unsigned char> Read() {
+        m_At = LabelIn(m_Text);
+        m_Octets.reserve((m_Text.size() + 1) / 2);
+        SkipStringMark();
+        while (m_At < m_Text.size())
+            ReadNext();
+        if (m_Digits == 0)
+            throw InputError("no hexadecimal digits");
+        if (m_Digits % 2 != 0)
+            throw InputError(fmt::format("odd number of hexadecimal digits, {}", m_Digits));
+        return std::move(m_Octets);
+    }
+
+private:
+    std::string_view Rest() const { return m_Text.substr(m_At); }
+
+    void SkipStringMark() {
+        while (m_At < m_Text.size() && m_Text[m_At] == ' ')
+            ++m_At;
+        const std::string_view rest = Rest();
+        if (rest.size() > 1 && c_stringMarks.find(rest[0]) != std::string_view::npos &&
+            (rest[1] == '\'' || rest[1] == '"'))
+            ++m_At;
+    }
+
+    void ReadNext() {
+        const int value = DigitValue(m_Text[m_At]);
+        if (value >= 0 && (m_InRun || LengthOfAny(Rest(), c_between) == 0)) {
+            Take(value);
+            m_InRun = true;
+            ++m_At;
+            return;
+        }
+        m_InRun = false;
+        const std::size_t between = LengthOfAny(Rest(), c_between);
+        if (between != 0 && m_Digits % 2 != 0)
+            Refuse("stands inside an octet");
+        const std::size_t length = between != 0 ? between : LengthOfAny(Rest(), c_beside);
+        if (length == 0)
+            Refuse("is no hexadecimal digit");
+        m_At += length;
+    }
+
+    void Take(int value) {
+        if (m_Digits++ % 2 == 0)
+            m_Octets.push_back(static_cast<unsigned char>(value << 4));
+        else
+            m_Octets.back() = static_cast<unsigned char>(m_Octets.back() | value);
+    }
+
+    [[noreturn]] void Refuse(std::string_view why) const {
+        throw InputError(fmt::format("character {}, {}, {}", m_At + 1, FirstCharacter(Rest()), why));
+    }
+
+    std::string_view m_Text;
+    std::size_t m_At = 0;
+    std::size_t m_Digits = 0;
+    bool m_InRun = false; ///< a digit stands right before
+    std::vector<unsigned char> m_Octets;
+};
 
 } // namespace
 
@@ -28,26 +156,7 @@ std::string_view Trimmed(std::string_view text) {
 }
 
 std::vector<unsigned char> ReadHex(std::string_view text) {
-    const std::string_view digits = Trimmed(text);
-    if (digits.empty())
-        throw InputError("no hexadecimal digits");
-    std::vector<unsigned char> octets;
-    octets.reserve((digits.size() + 1) / 2);
-    for (std::size_t i = 0; i < digits.size(); ++i) {
-        const int value = DigitValue(digits[i]);
-        if (value < 0) {
-            throw InputError(fmt::format("character {}, {}, is no hexadecimal digit",
-                                         digits.data() - text.data() + static_cast<std::ptrdiff_t>(i) + 1,
-                                         FirstCharacter(digits.substr(i))));
-        }
-        if (i % 2 == 0)
-            octets.push_back(static_cast<unsigned char>(value << 4));
-        else
-            octets.back() = static_cast<unsigned char>(octets.back() | value);
-    }
-    if (digits.size() % 2 != 0)
-        throw InputError(fmt::format("odd number of hexadecimal digits, {}", digits.size()));
-    return octets;
+    return HexReader(text).Read();
 }
 
 std::vector<unsigned char> ReadPduOctets(std::string_view text) {

@@ -13,8 +13,9 @@ namespace qxpdu {
 /// The text without the blanks, tabs and carriage returns around it.
 std::string_view Trimmed(std::string_view text);
 
-/// The digit pairs of a text without blanks, each of them checked. Throws InputError for a character that is
-/// no hexadecimal digit, which it names with its position from 1 in `text` as given, for an odd number of
+/// The octets of hexadecimal digits as they are pasted: blanks, quotation marks and brackets may stand
+/// anywhere among them, `0x`, `\x` and `, ; : -` between octets, a label before them. Throws InputError for
+/// any other character, which it names with its position from 1 in `text` as given, for an odd number of
 /// digits and for none at all.
 std::vector<unsigned char> ReadHex(std::string_view text);
 

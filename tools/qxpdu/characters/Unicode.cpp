@@ -31,7 +31,8 @@ std::string FirstCharacter(std::string_view text) {
     const auto first = static_cast<unsigned char>(text.front());
     if (character.empty() || first < 0x20 || first == 0x7F)
         return fmt::format("0x{:02X}", first);
-    return fmt::format("'{}'", Printable(character));
+    const char quote = first == '\'' ? '"' : '\'';
+    return fmt::format("{}{}{}", quote, Printable(character), quote);
 }
 
 std::string CodePointName(char32_t codePoint) {

@@ -63,7 +63,7 @@ Entry PageParameterEntry(unsigned int pageParameter) {
 }
 
 void ShowPage(const Input& input, const Pdu& pdu, const CBMDecoder& page, const std::string& text,
-              Console& console) {
+              const std::string& warning, Console& console) {
     std::vector<Entry> entries = {SerialNumberEntry(page.m_SerialNumber, page.m_MessageIdentifier),
                                   MessageIdentifierEntry(page.m_MessageIdentifier),
                                   DataCodingEntry(page.m_DataCodingScheme),
@@ -76,6 +76,8 @@ void ShowPage(const Input& input, const Pdu& pdu, const CBMDecoder& page, const 
     object["octets"] = pdu.GetString();
     for (const Entry& entry : entries)
         object[KeyOf(entry.name)] = ToJson(entry);
+    if (!warning.empty())
+        object["warnings"] = {warning};
     object["text"] = text;
     console.Object(object);
 }
@@ -115,26 +117,33 @@ struct PagePlace {
     std::string text;
 };
 
+/// Empty where the length is as announced.
+std::string WarningOfLength(const Input& input, unsigned int octets) {
+    if (!input.heading || input.heading->length == octets)
+        return {};
+    return fmt::format("{} announces {}, here are {}", input.heading->name,
+                       Counted(input.heading->length.value_or(0), "octet"), octets);
+}
+
 PagePlace Decode(const Input& input, Console& console) {
-    if (input.heading)
-        CheckMode(*input.heading);
     const Toolkit::smart_ptr<Pdu> pdu = ReadPdu(input.text);
-    if (input.heading)
-        CheckLength(*input.heading, pdu->m_Length);
     if (pdu->m_Length < c_headerLength)
         throw InputError(
             fmt::format("{}, a page has {} at least", Counted(pdu->m_Length, "octet"), c_headerLength));
     CBMDecoder decoder;
     decoder.Decode(pdu);
     const std::string text = ToUtf8(decoder.m_Text);
-    ShowPage(input, *pdu, decoder, text, console);
+    const std::string warning = WarningOfLength(input, pdu->m_Length);
+    if (!warning.empty() && !console.WantsJsonLines())
+        console.Warning(NameOf(input), warning);
+    ShowPage(input, *pdu, decoder, text, warning, console);
     const PageNumber number = PageNumberOf(decoder.m_PageParameter);
     return {{decoder.m_SerialNumber, decoder.m_MessageIdentifier, number.pages}, number.page, text};
 }
 
 Afterwards DecodeAndJoin(CellPages& pages, const Input& input, Console& console) {
-    if (input.heading && !input.heading->isCellPage)
-        throw InputError(fmt::format("no cell broadcast page, but the PDU of {}", input.heading->name));
+    if (input.heading && input.heading->kind != Heading::Kind::Page)
+        return {}; // another message of the log
     PagePlace place = Decode(input, console);
     if (place.page > place.key.pages)
         return {};
@@ -155,6 +164,7 @@ void AddCell(CLI::App& parent, Action& action) {
     AddConversion(
         *command, *options, "PAGE",
         "Pages in hexadecimal, of 88 octets as a rule; without any, one a line from standard input");
+    AddFiles(*command, *options);
     AddStreaming(*command, *options);
     command->footer(
         "A line for each field of the header: its value on the wire and its meaning by 3GPP TS 23.041. The\n"

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "commands/Commands.h"
+#include "commands/Help.h"
 #include "commands/Options.h"
 #include "show/CodeUnits.h"
 #include "stream/Writer.h"
@@ -20,28 +21,20 @@ constexpr const char* c_description =
     "well. Text is UTF-8. Octets and characters are told by their place: octets from 0, characters from 1.";
 
 constexpr const char* c_footer =
-    "'qxpdu COMMAND --help' tells about one command.\n"
+    "'qxpdu help COMMAND' tells about one command.\n"
     "\n"
     "Results go to standard output, everything else to standard error. With --json the results are one array "
     "with\n"
     "an object for each, which names its input as \"line\" or \"argument\". An input that fails is named on\n"
     "standard error, and the others are still worked on.\n"
     "\n"
-    "Exit status: 0 all inputs were good, 1 some input failed, 2 the command line was wrong.\n"
+    "Exit status: 0 all inputs good, 1 some input failed, 2 command line wrong.\n"
     "\n"
     "Examples:\n"
     "  qxpdu decode --join < modem.log    the messages in the log of a modem, its parts put together\n"
     "  qxpdu encode --to +4179123 hello   the PDU of a text\n"
     "  qxpdu inspect PDU                  what each octet means, and where a PDU breaks\n"
     "  qxpdu count 'It’s 5 €'             how a text would go out, and why in UCS2";
-
-/// Sets the description apart from the usage line.
-class HelpFormatter : public CLI::Formatter {
-public:
-    std::string make_description(const CLI::App* command) const override {
-        return Formatter::make_description(command) + '\n';
-    }
-};
 
 /// "Usage: qxpdu gsm encode [OPTIONS] [TEXT...]" of the command that was given, as far as it was.
 std::string UsageOf(const CLI::App& tool) {
@@ -63,12 +56,26 @@ std::string NoCommandIn(const std::vector<std::string>& arguments, const CLI::Ap
     };
     if (!tool.get_subcommands(hasName).empty())
         return {};
-    return arguments.front() + " is no command";
+    std::vector<std::string> commands;
+    for (const CLI::App* command : tool.get_subcommands([](const CLI::App*) { return true; }))
+        commands.push_back(command->get_name());
+    const std::string nearest = Nearest(arguments.front(), commands);
+    return arguments.front() + " is no command" + (nearest.empty() ? "" : "; did you mean " + nearest + "?");
+}
+
+/// "help decode" asks for what "decode --help" does.
+std::vector<std::string> WithHelpAsOption(std::vector<std::string> arguments) {
+    if (!arguments.empty() && arguments.front() == "help") {
+        arguments.erase(arguments.begin());
+        arguments.emplace_back("--help");
+    }
+    return arguments;
 }
 
 } // namespace
 
-int RunTool(const std::vector<std::string>& arguments, const Streams& streams) {
+int RunTool(const std::vector<std::string>& given, const Streams& streams) {
+    const std::vector<std::string> arguments = WithHelpAsOption(given);
     CLI::App tool(c_description, "qxpdu");
     tool.formatter(std::make_shared<HelpFormatter>());
     tool.footer(c_footer);

@@ -17,6 +17,7 @@ namespace {
 
 struct DecodeOptions : ReadingOptions {
     bool join = false;
+    bool each = false;
 };
 
 /// By both readings. A fault is shown by itself.
@@ -25,17 +26,21 @@ ComparedMessage Compared(Message message) {
     return {std::move(message), std::move(host)};
 }
 
-/// `reportOn` is the number of the message that a status report is about.
-void Show(const Input& input, const ComparedMessage& compared, std::optional<std::size_t> reportOn,
+/// `reportOn` is the message that a status report is about.
+void Show(const Input& input, const ComparedMessage& compared, const std::optional<SentMessage>& reportOn,
           Console& console) {
     const auto& [message, host] = compared;
     if (!console.WantsJson()) {
-        const std::string about = reportOn ? NameOf({input.source, *reportOn, {}}) : std::string();
+        const std::string about =
+            reportOn ? NameOf({input.source, reportOn->number, {}, std::nullopt, reportOn->file})
+                     : std::string();
         return console.Block(ToText(message, host, about));
     }
     JsonText object;
     Begin(object, input);
-    Write(message, host, reportOn, object);
+    Write(message, host, reportOn ? std::optional(reportOn->number) : std::nullopt, object);
+    if (reportOn && !reportOn->file.empty())
+        object.Member("report_on_file", reportOn->file);
     console.Object(object);
 }
 
@@ -48,6 +53,7 @@ void ShowFault(const Input& input, const ComparedMessage& compared, Console& con
     JsonText object;
     Begin(object, input);
     object.Member("error", std::string_view(fault));
+    WriteWarnings(message, object);
     WriteFault(*message.reading.fault, object);
     WriteDifferences(host, true, object);
     console.Object(object);
@@ -67,6 +73,22 @@ void ShowJoined(const ConcatenatedMessage& message, Console& console) {
 struct Joining {
     Concatenations concatenations;
     SentMessages sent;
+    Input lastSent;        ///< the message that a command of the log sent last
+    std::string recipient; ///< of it
+
+    void TakeSent(const Input& input, const std::string& party, int reference) {
+        sent.Add(party, reference, {input.number, input.file});
+        if (!input.heading || !input.heading->isSent)
+            return;
+        lastSent = input;
+        recipient = party;
+    }
+
+    /// The modem tells the reference that it gave the message.
+    void TakeReference(const Input& input) {
+        if (lastSent.heading && input.heading->sentLine == lastSent.number && input.file == lastSent.file)
+            sent.Add(recipient, static_cast<int>(input.heading->reference), {lastSent.number, lastSent.file});
+    }
 
     void TakePart(const Input& input, const ConcatenationKey& key, int number, const MessagePart& part,
                   Console& console) {
@@ -113,15 +135,16 @@ std::optional<NumberedPart> PartIn(const Input& input, std::shared_ptr<const Com
                      ContentOf(message.reading.tpdu),
                      time != nullptr ? time->ToString() : std::string(),
                      std::move(compared),
-                     input.source == Input::Source::Argument};
+                     input.source == Input::Source::Argument,
+                     input.file};
     return NumberedPart{{static_cast<int>(message.reading.Type()), PartyIn(message), place.hasWideReference,
                          place.reference, place.total},
                         place.part,
                         std::move(part)};
 }
 
-Afterwards Join(Joining& joining, const Input& input, std::shared_ptr<const ComparedMessage> compared,
-                Console& console) {
+Afterwards Join(Joining& joining, const DecodeOptions& options, const Input& input,
+                std::shared_ptr<const ComparedMessage> compared, Console& console) {
     const Messages::Tpdu& tpdu = compared->message.reading.tpdu;
     std::string party = PartyIn(compared->message);
     if (const auto* report = std::get_if<Messages::StatusReport>(&tpdu)) {
@@ -130,22 +153,24 @@ Afterwards Join(Joining& joining, const Input& input, std::shared_ptr<const Comp
         };
     }
     const auto part = PartIn(input, compared);
-    if (!part)
+    if (!part || options.each)
         Show(input, *compared, std::nullopt, console);
     return [&joining, input, party, compared, part](Console& later) {
         if (const auto* submit = std::get_if<Messages::Submit>(&compared->message.reading.tpdu))
-            joining.sent.Add(party, submit->reference, input.number);
+            joining.TakeSent(input, party, submit->reference);
         if (part)
             joining.TakePart(input, part->key, part->number, part->part, later);
     };
 }
 
 Afterwards Convert(Joining& joining, const DecodeOptions& options, const Input& input, Console& console) {
-    if (input.heading && input.heading->isCellPage) {
+    if (input.heading && input.heading->kind == Heading::Kind::Reference)
+        return [&joining, input](Console&) { joining.TakeReference(input); };
+    if (input.heading && input.heading->kind == Heading::Kind::Page) {
         ShowCellPage(input, console);
         return {};
     }
-    Message message = ReadMessage(options, input);
+    Message message = ReadMessage(options, input, console);
     if (options.asHost) {
         ShowRecord(message, input, console);
         return {};
@@ -156,8 +181,8 @@ Afterwards Convert(Joining& joining, const DecodeOptions& options, const Input& 
     }
     WarnOfText(options, message, options.join && IsPart(message), input, console);
     if (options.join)
-        return Join(joining, input, std::make_shared<const ComparedMessage>(Compared(std::move(message))),
-                    console);
+        return Join(joining, options, input,
+                    std::make_shared<const ComparedMessage>(Compared(std::move(message))), console);
     Show(input, Compared(std::move(message)), std::nullopt, console);
     return {};
 }
@@ -176,9 +201,11 @@ void AddDecode(CLI::App& parent, Action& action) {
                   "PDUs in hexadecimal; without any, one a line from standard input");
     AddReading(*command, *options);
     command->add_flag("--ignore-time-zone", options->ignoreTimeZone, "Show times without their zone");
-    command->add_flag(
+    CLI::Option* join = command->add_flag(
         "--join", options->join,
         "Put the parts of concatenated messages together, and match status reports to messages");
+    command->add_flag("--each", options->each, "With --join, show each part by itself as well")->needs(join);
+    AddFiles(*command, *options);
     AddStreaming(*command, *options);
     command->footer(
         "A line for each field: its name by 3GPP TS 23.040, its value on the wire, its meaning. Below it\n"
@@ -187,8 +214,8 @@ void AddDecode(CLI::App& parent, Action& action) {
         "with\n"
         "\"raw\" and \"meaning\", then \"text\" or \"data\", \"remarks\" and \"libQX_Encoding\".\n"
         "\n"
-        "Standard input may be the log of a modem: the PDUs behind +CMGL, +CMGR, +CMT, +CDS and +CBM lines\n"
-        "are decoded, their announced length is checked, and commands and other result codes are skipped.\n"
+        "Standard input and files may be logs of modems: what a program writes around the PDUs is passed "
+        "over.\n"
         "\n"
         "With --join a message is shown once its last part has come, or in the end with what is missing. Of\n"
         "messages waiting for parts, the oldest is given up when there are more than 4096 parts.\n"

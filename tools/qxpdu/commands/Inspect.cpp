@@ -17,7 +17,11 @@ struct InspectOptions : ReadingOptions {
 };
 
 void Inspect(const InspectOptions& options, const Input& input, const Painter& painter, Console& console) {
-    const Message message = ReadMessage(options, input);
+    if (input.heading && input.heading->kind == Heading::Kind::Reference)
+        return;
+    if (input.heading && input.heading->kind == Heading::Kind::Page)
+        return console.Warning(NameOf(input), "a cell broadcast page, which qxpdu cell shows");
+    const Message message = ReadMessage(options, input, console);
     if (options.asHost)
         return ShowRecord(message, input, console);
     WarnOfText(options, message, false, input, console);
@@ -69,6 +73,7 @@ void AddInspect(CLI::App& parent, Action& action) {
             "NO_COLOR is set or TERM is dumb")
         ->check(FaultOfColor)
         ->type_name("WHEN");
+    AddFiles(*command, *options);
     AddStreaming(*command, *options);
     command->footer(
         "Every octet once, in order: its offset, its digits, its field by 3GPP TS 23.040, its value, its\n"
@@ -83,7 +88,7 @@ void AddInspect(CLI::App& parent, Action& action) {
         action = [options](const Streams& streams) {
             const Painter painter(WantsColor(options->color, streams));
             return ConvertAll(
-                options->Settings(), streams, LineKind::Hex,
+                options->Settings(), streams, LineKind::Transcript,
                 [&](const Input& input, Console& console) { Inspect(*options, input, painter, console); });
         };
     });

@@ -85,7 +85,7 @@ JoinedContent ConcatenatedMessage::Content() const {
 JoinedMessage ConcatenatedMessage::Joined() const {
     JoinedMessage joined{key.hasWideReference, key.reference, key.total, {}, Content()};
     for (const auto& [number, part] : parts)
-        joined.parts.push_back({number, part.source, part.isArgument, part.number, part.message});
+        joined.parts.push_back({number, part.source, part.isArgument, part.number, part.message, part.file});
     return joined;
 }
 
@@ -152,23 +152,23 @@ void Concatenations::Complete(const ConcatenationKey& key, Taken& taken) {
         m_Complete.TakeOldest();
 }
 
-void SentMessages::Add(const std::string& address, int reference, std::size_t number) {
+void SentMessages::Add(const std::string& address, int reference, SentMessage message) {
     const Key key(DigitsOf(address), reference);
     if (const auto old = m_Sent.find(key); old != m_Sent.end()) {
         m_Order.erase(old->second.place);
         m_Sent.erase(old);
     }
     m_Order.push_back(key);
-    m_Sent.emplace(key, Sent{number, std::prev(m_Order.end())});
+    m_Sent.emplace(key, Sent{message, std::prev(m_Order.end())});
     if (m_Sent.size() > MAX_MESSAGES) {
         m_Sent.erase(m_Order.front());
         m_Order.pop_front();
     }
 }
 
-std::optional<std::size_t> SentMessages::Find(const std::string& address, int reference) const {
+std::optional<SentMessage> SentMessages::Find(const std::string& address, int reference) const {
     const auto found = m_Sent.find({DigitsOf(address), reference});
-    return found == m_Sent.end() ? std::nullopt : std::optional(found->second.number);
+    return found == m_Sent.end() ? std::nullopt : std::optional(found->second.message);
 }
 
 } // namespace qxpdu

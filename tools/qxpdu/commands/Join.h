@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -40,6 +41,7 @@ struct MessagePart {
     std::string time; ///< TP-SCTS; empty in a message that goes out
     std::shared_ptr<const ComparedMessage> message = nullptr;
     bool isArgument = false;
+    std::string_view file = {}; ///< that the line stands in
 };
 
 /// A message of which some parts have come.
@@ -98,21 +100,27 @@ private:
     Store m_Complete;
 };
 
+/// Where a message that went out stands.
+struct SentMessage {
+    std::size_t number = 0; ///< of the line or argument
+    std::string_view file;  ///< that the line stands in
+};
+
 /// Remembers which messages went out, so that status reports find theirs: the last MAX_MESSAGES. A plus sign
 /// makes no difference between addresses, as a service centre may add it.
 class SentMessages {
 public:
     static constexpr std::size_t MAX_MESSAGES = 4096;
 
-    void Add(const std::string& address, int reference, std::size_t number);
+    void Add(const std::string& address, int reference, SentMessage message);
 
-    /// The number of the last line or argument that went out so.
-    std::optional<std::size_t> Find(const std::string& address, int reference) const;
+    /// The last message that went out so.
+    std::optional<SentMessage> Find(const std::string& address, int reference) const;
 
 private:
     using Key = std::pair<std::string, int>;
     struct Sent {
-        std::size_t number;
+        SentMessage message;
         std::list<Key>::iterator place;
     };
 

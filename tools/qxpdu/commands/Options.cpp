@@ -12,11 +12,14 @@ constexpr unsigned int c_maxThreads = 256;
 /// several values are allowed, and forget that "--" came before as soon as one input was there.
 constexpr char c_shield = '\1';
 
+constexpr const char* c_fileOption = "--file";
+
 } // namespace
 
 ConversionSettings ConversionOptions::Settings() const {
     const Format format = jsonLines ? Format::JsonLines : json ? Format::JsonArray : Format::Text;
-    return {ValuesOf(inputs), format, lineBuffered, progress, threads};
+    std::vector<std::string> names = files == nullptr ? std::vector<std::string>() : ValuesOf(files);
+    return {ValuesOf(inputs), std::move(names), files != nullptr, format, lineBuffered, progress, threads};
 }
 
 void AddConversion(CLI::App& command, ConversionOptions& options, const std::string& name,
@@ -28,6 +31,13 @@ void AddConversion(CLI::App& command, ConversionOptions& options, const std::str
 
 CLI::Option* AddJson(CLI::App& command, ConversionOptions& options) {
     return command.add_flag("--json", options.json, "Write the results as a JSON array");
+}
+
+void AddFiles(CLI::App& command, ConversionOptions& options) {
+    options.files =
+        command.add_option(c_fileOption, "Read the lines of these files too; - stands for standard input")
+            ->expected(1, CLI::detail::expected_max_vector_size)
+            ->type_name("FILE");
 }
 
 void AddStreaming(CLI::App& command, ConversionOptions& options) {
@@ -55,7 +65,12 @@ void AddStreaming(CLI::App& command, ConversionOptions& options) {
 std::vector<std::string> Shielded(const std::vector<std::string>& arguments) {
     std::vector<std::string> shielded;
     bool onlyInputs = false;
+    bool areFiles = false;
     for (const std::string& argument : arguments) {
+        const bool isOption = argument.starts_with('-') && argument != "-";
+        if (areFiles && !onlyInputs && !isOption && shielded.back() != c_fileOption)
+            shielded.emplace_back(c_fileOption);
+        areFiles = !onlyInputs && (isOption ? argument == c_fileOption : areFiles);
         const bool isList = argument.starts_with('[') && argument.ends_with(']');
         if (onlyInputs || isList || argument.starts_with(c_shield))
             shielded.push_back(c_shield + argument);

@@ -20,6 +20,7 @@ struct ConversionOptions {
     std::optional<bool> progress;
     unsigned int threads = 1;
     const CLI::Option* inputs = nullptr; ///< the arguments to convert
+    const CLI::Option* files = nullptr;  ///< where the command takes any
 
     ConversionSettings Settings() const;
 };
@@ -31,11 +32,14 @@ void AddConversion(CLI::App& command, ConversionOptions& options, const std::str
 /// Adds --json.
 CLI::Option* AddJson(CLI::App& command, ConversionOptions& options);
 
+/// Adds --file.
+void AddFiles(CLI::App& command, ConversionOptions& options);
+
 /// Adds --jsonl, --line-buffered, --progress, --no-progress, and -j; --json is there already.
 void AddStreaming(CLI::App& command, ConversionOptions& options);
 
 /// The arguments, as the command line is to be given them: what it would take for a list, or for an option
-/// though "--" came before, is put under a shield.
+/// though "--" came before, is put under a shield. Each file gets an option of its own.
 std::vector<std::string> Shielded(const std::vector<std::string>& arguments);
 
 /// A message about them without the shields.

@@ -1,11 +1,12 @@
 #include "commands/Reading.h"
 
-#include <algorithm>
+#include <utility>
 
 #include <fmt/format.h>
 
 #include "characters/Hexadecimal.h"
 #include "characters/InputError.h"
+#include "log/Pasted.h"
 #include "show/MessageJson.h"
 #include "show/MessageText.h"
 
@@ -15,6 +16,8 @@ namespace {
 
 constexpr const char* c_toMobile = "to-mobile";
 constexpr const char* c_fromMobile = "from-mobile";
+constexpr const char* c_yes = "yes";
+constexpr const char* c_no = "no";
 constexpr const char* c_host = "libQX_Encoding";
 
 std::string FaultOfDirection(const std::string& direction) {
@@ -32,17 +35,27 @@ Messages::Direction DirectionOf(const ReadingOptions& options) {
     return options.direction == c_toMobile ? Messages::Direction::ToMobile : Messages::Direction::FromMobile;
 }
 
-/// The octets of a PDU after the service centre.
-unsigned int TpduLength(const std::vector<std::uint8_t>& octets, bool noSmsc) {
-    const std::size_t serviceCentre = noSmsc || octets.empty() ? 0 : octets[0] + std::size_t{1};
-    return static_cast<unsigned int>(octets.size() - std::min(octets.size(), serviceCentre));
+std::string FaultOfPresence(const std::string& presence) {
+    const bool isKnown = presence == c_yes || presence == c_no;
+    return isKnown ? "" : fmt::format("{} is neither {} nor {}", presence, c_yes, c_no);
+}
+
+Messages::Presence ServiceCentreOf(const ReadingOptions& options) {
+    if (options.noSmsc || options.smsc == c_no)
+        return Messages::Presence::No;
+    return options.smsc == c_yes ? Messages::Presence::Yes : Messages::Presence::Unknown;
 }
 
 } // namespace
 
 void AddReading(CLI::App& command, ReadingOptions& options) {
-    command.add_flag("--no-smsc", options.noSmsc,
-                     "The PDUs begin with the TPDU, not with the service centre");
+    CLI::Option* noSmsc = command.add_flag("--no-smsc", options.noSmsc, "The same as --smsc no");
+    command
+        .add_option("--smsc", options.smsc,
+                    "Whether the PDUs begin with a service centre, yes or no; without it, what makes sense")
+        ->check(FaultOfPresence)
+        ->excludes(noSmsc)
+        ->type_name("yes|no");
     command
         .add_option("--direction", options.direction,
                     "Which way the PDUs go, to-mobile or from-mobile; without it, what the octets allow")
@@ -58,19 +71,20 @@ void AddReading(CLI::App& command, ReadingOptions& options) {
                      "Turn warnings into errors: a text of which something is missing, cut or compressed");
 }
 
-Message ReadMessage(const ReadingOptions& options, const Input& input) {
-    if (input.heading)
-        CheckMode(*input.heading);
+Message ReadMessage(const ReadingOptions& options, const Input& input, Console& console) {
+    const Told told{ServiceCentreOf(options), DirectionOf(options),
+                    input.heading ? &*input.heading : nullptr};
+    PastedPdu pdu = ReadPasted(ReadPduOctets(input.text), told);
     Message message;
-    message.octets = ReadPduOctets(input.text);
-    if (input.heading)
-        CheckLength(*input.heading, TpduLength(message.octets, options.noSmsc));
-    Messages::ReadOptions known;
-    known.serviceCentre = options.noSmsc ? Messages::Presence::No : Messages::Presence::Yes;
-    known.direction = DirectionOf(options);
-    message.reading = Messages::Read(message.octets, known);
-    message.hasServiceCentre = !options.noSmsc;
+    message.octets = std::move(pdu.octets);
+    message.reading = std::move(pdu.reading);
+    message.hasServiceCentre = pdu.hasServiceCentre;
     message.isZoneIgnored = options.ignoreTimeZone;
+    message.warnings = std::move(pdu.warnings);
+    if (!console.WantsJsonLines()) {
+        for (const std::string& warning : message.warnings)
+            console.Warning(NameOf(input), warning);
+    }
     return message;
 }
 

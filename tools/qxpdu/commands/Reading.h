@@ -13,6 +13,7 @@ namespace qxpdu {
 /// What the user says of the PDUs.
 struct ReadingOptions : ConversionOptions {
     bool noSmsc = false;
+    std::string smsc; ///< "yes", "no", or empty where the octets tell
     bool ignoreTimeZone = false;
     std::string direction; ///< "to-mobile", "from-mobile", or empty where the octets tell
     bool asHost = false;   ///< by libQX_Encoding instead
@@ -22,9 +23,9 @@ struct ReadingOptions : ConversionOptions {
 /// Adds the options of both commands; --ignore-time-zone is none of them.
 void AddReading(CLI::App& command, ReadingOptions& options);
 
-/// Reads a PDU by the standard. Throws InputError where it is no hexadecimal text, or not what its heading
-/// announces.
-Message ReadMessage(const ReadingOptions& options, const Input& input);
+/// Reads a PDU by the standard, as it makes sense. What had to be assumed is warned of; in JSON Lines the
+/// object says so. Throws InputError where it is no hexadecimal text.
+Message ReadMessage(const ReadingOptions& options, const Input& input, Console& console);
 
 /// Shows the record of libQX_Encoding.
 void ShowRecord(const Message& message, const Input& input, Console& console);

@@ -1,4 +1,6 @@
 // qxpdu text
+#include <map>
+
 #include "Encoding/TextDecoder.h"
 #include "Toolkit/ILogger.h"
 #include "characters/Unicode.h"
@@ -36,7 +38,11 @@ void AddText(CLI::App& parent, Action& action) {
     AddConversion(*command, *options, "TEXT", "Texts to decode; without any, one a line from standard input");
     command
         ->add_option("--alphabet", options->alphabet,
-                     "0 or 4: the low 8 bits of each character are a GSM code; any other number: UCS2 hex")
+                     "gsm, 0 or 4: the low 8 bits of each character are a GSM code; ucs2 or any other "
+                     "number: UCS2 hex")
+        ->transform(CLI::Transformer(std::map<std::string, std::string>{{"gsm", "0"}, {"ucs2", "2"}},
+                                     CLI::ignore_case)
+                        .description(""))
         ->required()
         ->type_name("N");
     command->add_flag("--verbose", options->verbose, "Show the decoder's log line on standard error");
@@ -45,7 +51,7 @@ void AddText(CLI::App& parent, Action& action) {
         "to three characters left over at the end are ignored. 'qxpdu ucs2 decode' is strict.\n"
         "\n"
         "Example:\n"
-        "  qxpdu text --alphabet 2 00480069");
+        "  qxpdu text --alphabet ucs2 00480069");
     command->callback([options, &action] {
         action = [options](const Streams& streams) {
             if (options->verbose)

@@ -14,7 +14,15 @@ _qxpdu() {
         --color) words="auto always never" ;;
         --direction) words="to-mobile from-mobile" ;;
         --as) words="libQX_Encoding" ;;
-        --to | --smsc | --reference | -j | --threads) return ;;
+        --file)
+            mapfile -t COMPREPLY < <(compgen -f -- "$current")
+            return
+            ;;
+        --smsc)
+            [[ $command == encode ]] && return
+            words="yes no"
+            ;;
+        --to | --reference | -j | --threads) return ;;
         *)
             case $command in
                 "") words="encode count explain decode inspect cell text ucs2 gsm --version" ;;
@@ -23,9 +31,9 @@ _qxpdu() {
                     words="$words --reference --greek --strict --at --lines $stream"
                     ;;
                 count | explain) words="--greek --lines $stream" ;;
-                decode) words="--no-smsc --direction --as --strict --ignore-time-zone --join $stream" ;;
-                inspect) words="--no-smsc --direction --as --strict --color $stream" ;;
-                cell) words="$stream" ;;
+                decode) words="--file --smsc --no-smsc --direction --as --strict --ignore-time-zone --join --each $stream" ;;
+                inspect) words="--file --smsc --no-smsc --direction --as --strict --color $stream" ;;
+                cell) words="--file $stream" ;;
                 text) words="--alphabet --verbose --json" ;;
                 ucs2) words="encode decode check" ;;
                 gsm) words="encode decode" ;;

@@ -20,8 +20,12 @@ complete -c qxpdu -n $stream -l line-buffered -d 'Write each result as soon as i
 complete -c qxpdu -n $stream -l progress -d 'Show the progress'
 complete -c qxpdu -n $stream -l no-progress -d 'Do not show the progress'
 
+complete -c qxpdu -n '__fish_seen_subcommand_from decode inspect cell; and not __fish_seen_subcommand_from ucs2 gsm' \
+    -l file -r -F -d 'Read the lines of this file'
+
 set -l encode '__fish_seen_subcommand_from encode; and not __fish_seen_subcommand_from ucs2 gsm'
 complete -c qxpdu -n $encode -l to -x -d 'Destination number'
+complete -c qxpdu -n '__fish_seen_subcommand_from decode inspect' -l smsc -x -a 'yes no' -d 'Whether a service centre stands before the TPDU'
 complete -c qxpdu -n $encode -l smsc -x -d 'Service-centre number'
 complete -c qxpdu -n $encode -l class -x -a '0 1 2 3' -d 'Message class'
 complete -c qxpdu -n $encode -l validity -x -a '1h 2h 6h 12h 1d 1w max' -d 'Validity period'
@@ -42,6 +46,7 @@ complete -c qxpdu -n '__fish_seen_subcommand_from decode inspect; and not __fish
 complete -c qxpdu -n '__fish_seen_subcommand_from decode inspect; and not __fish_seen_subcommand_from ucs2 gsm' -l strict -d 'Turn warnings into errors'
 complete -c qxpdu -n $decode -l ignore-time-zone -d 'Show times without their zone'
 complete -c qxpdu -n $decode -l join -d 'Put the parts of messages together'
+complete -c qxpdu -n $decode -l each -d 'Show each part by itself as well'
 
 complete -c qxpdu -n '__fish_seen_subcommand_from inspect' -l color -x -a 'auto always never' -d 'Colours per field'
 

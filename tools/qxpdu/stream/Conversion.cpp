@@ -1,13 +1,13 @@
 #include "stream/Conversion.h"
 
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 #include <fmt/format.h>
 
-#include "characters/Hexadecimal.h"
 #include "characters/InputError.h"
-#include "log/Transcript.h"
 #include "show/Plural.h"
 #include "stream/Progress.h"
 #include "stream/Workers.h"
@@ -28,98 +28,53 @@ struct Batch {
     bool isFollowed = true; ///< by input that need not be waited for, or by the end
 };
 
-/// Finds the inputs in what the user gave.
-class Reader {
-public:
-    Reader(std::vector<std::string> arguments, LineKind kind, const Streams& streams)
-        : m_Inputs(std::move(arguments), streams.in, kind == LineKind::Whole), m_Kind(kind) {}
+/// Waits for input only where the results of all that came before are out, `mayWait`; then it may be a batch
+/// of none.
+Batch ReadBatch(InputReader& reader, std::size_t mostInputs, bool mayWait) {
+    const std::uint64_t lines = reader.Lines();
+    const std::uint64_t bytes = reader.Bytes();
+    Batch batch;
+    for (Input input; batch.inputs.size() < mostInputs && reader.Bytes() - bytes < c_batchBytes &&
+                      reader.Next(input, mayWait && batch.inputs.empty());)
+        batch.inputs.push_back(std::move(input));
+    batch.lines = reader.Lines() - lines;
+    batch.bytes = reader.Bytes() - bytes;
+    batch.isFollowed = reader.IsReady();
+    return batch;
+}
 
-    /// Waits for input only where the results of all that came before are out; then it may be a batch of
-    /// none.
-    Batch Next(std::size_t mostInputs) {
-        const std::uint64_t lines = m_Inputs.Lines();
-        const std::uint64_t bytes = m_Inputs.Bytes();
-        Batch batch;
-        for (Input input; batch.inputs.size() < mostInputs && m_Inputs.Bytes() - bytes < c_batchBytes &&
-                          NextInput(input, m_MayWait && batch.inputs.empty());)
-            batch.inputs.push_back(std::move(input));
-        batch.lines = m_Inputs.Lines() - lines;
-        batch.bytes = m_Inputs.Bytes() - bytes;
-        batch.isFollowed = m_HasEnded || m_Inputs.IsReady();
-        m_MayWait = !batch.isFollowed;
-        return batch;
-    }
+Inputs::Cut CutOf(LineKind kind) {
+    if (kind == LineKind::Whole)
+        return Inputs::Cut::Whole;
+    return kind == LineKind::Transcript ? Inputs::Cut::LogLines : Inputs::Cut::Lines;
+}
 
-    bool HasEnded() const { return m_HasEnded; }
-    bool HasFailed() const { return m_Inputs.HasFailed(); }
-
-private:
-    bool NextInput(Input& input, bool mayWait) {
-        do {
-            if (!mayWait && !m_Inputs.IsReady())
-                return false;
-            if (!m_Inputs.Next(input))
-                return NextOrphan(input);
-        } while (input.source == Input::Source::Line && !IsInput(input));
-        return true;
-    }
-
-    /// At the end.
-    bool NextOrphan(Input& input) {
-        m_HasEnded = !m_Transcript.Finish();
-        if (m_HasEnded)
-            return false;
-        MakeOrphan(input);
-        return true;
-    }
-
-    bool IsInput(Input& line) {
-        if (m_Kind == LineKind::Hex)
-            return !Trimmed(line.text).empty();
-        if (m_Kind == LineKind::Message && line.text.ends_with('\r'))
-            line.text.pop_back();
-        if (m_Kind != LineKind::Transcript)
-            return true;
-        switch (m_Transcript.Take(line.text, line.number)) {
-        case Transcript::Line::Pdu:
-            line.heading = m_Transcript.LastHeading();
-            return true;
-        case Transcript::Line::Orphan:
-            MakeOrphan(line);
-            return true;
-        case Transcript::Line::Chatter:
-            break;
-        }
-        return false;
-    }
-
-    /// The heading stands for the PDU that is missing.
-    void MakeOrphan(Input& input) const {
-        input = {Input::Source::Line, m_Transcript.LastHeading()->line, {}, m_Transcript.LastHeading()};
-    }
-
-    Inputs m_Inputs;
-    LineKind m_Kind;
-    Transcript m_Transcript;
-    bool m_MayWait = false; ///< nothing has been kept back
-    bool m_HasEnded = false;
-};
+bool IsFile(const Input& input) {
+    std::error_code failure;
+    return input.source == Input::Source::Argument && std::filesystem::is_regular_file(input.text, failure);
+}
 
 struct Outcome {
     Console console;
     Afterwards afterwards;
 };
 
-Outcome Convert(const Input& input, Format format, const Converter& converter) {
-    Outcome outcome{Console(format), {}};
+void CheckInput(const Input& input) {
+    if (input.source != Input::Source::Argument && input.text.size() > Inputs::MAX_LINE)
+        throw InputError(fmt::format("longer than {} bytes", Inputs::MAX_LINE));
+    if (input.heading && input.text.empty() && input.heading->kind != Heading::Kind::Reference)
+        throw InputError(fmt::format("no PDU follows {}", input.heading->name));
+}
+
+Outcome Convert(const Input& input, const ConversionSettings& settings, const Converter& converter) {
+    Outcome outcome{Console(settings.format), {}};
     try {
-        if (input.source != Input::Source::Argument && input.text.size() > Inputs::MAX_LINE)
-            throw InputError(fmt::format("longer than {} bytes", Inputs::MAX_LINE));
-        if (input.heading && input.text.empty())
-            throw InputError(fmt::format("no PDU follows {}", input.heading->name));
+        CheckInput(input);
         outcome.afterwards = converter.convert(input, outcome.console);
     } catch (const InputError& error) {
-        Fail(outcome.console, input, error.what());
+        const bool isFileMeant = settings.takesFiles && IsFile(input);
+        Fail(outcome.console, input,
+             isFileMeant ? fmt::format("{}; did you mean --file?", error.what()) : error.what());
     }
     return outcome;
 }
@@ -131,7 +86,8 @@ public:
         : m_OutIsTerminal(streams.outIsTerminal),
           m_Writer(streams, settings.format, flushLines),
           m_Progress(streams.err, settings.progress.value_or(streams.errIsTerminal && !streams.outIsTerminal),
-                     streams.inSize) {}
+                     settings.arguments.empty() ? streams.inSize : std::nullopt,
+                     settings.arguments.empty() ? "line" : "input") {}
 
     void Write(const Console& console) {
         if (m_OutIsTerminal || console.HasMessages())
@@ -167,17 +123,21 @@ private:
 
 int ConvertStream(const ConversionSettings& settings, const Streams& streams, const Converter& converter) {
     const bool flushLines = settings.lineBuffered || streams.outIsTerminal;
-    Reader reader(settings.arguments, converter.kind, streams);
+    InputReader reader(Inputs({settings.arguments, settings.files, streams.in}, CutOf(converter.kind)),
+                       converter.kind);
+    bool mayWait = false; // nothing has been kept back
     Output output(settings, streams, flushLines);
     const auto convert = [&](const Batch& batch) {
         std::vector<Outcome> results;
         results.reserve(batch.inputs.size());
         for (const Input& input : batch.inputs)
-            results.push_back(Convert(input, settings.format, converter));
+            results.push_back(Convert(input, settings, converter));
         return results;
     };
     const BatchSource take = [&]() -> BatchWork {
-        auto batch = std::make_shared<const Batch>(reader.Next(flushLines ? 1 : c_batchInputs));
+        auto batch =
+            std::make_shared<const Batch>(ReadBatch(reader, flushLines ? 1 : c_batchInputs, mayWait));
+        mayWait = !batch->isFollowed;
         if (batch->inputs.empty() && reader.HasEnded())
             return nullptr;
         return [&, batch]() -> Delivery {
@@ -195,8 +155,10 @@ int ConvertStream(const ConversionSettings& settings, const Streams& streams, co
     });
     Console last(settings.format);
     converter.finish(last);
-    if (reader.HasFailed())
-        last.Error("standard input", "cannot be read");
+    for (const SourceNote& note : reader.Notes())
+        last.Warning(note.source, note.text);
+    for (const std::string& source : reader.Unreadable())
+        last.Error(source, "cannot be read");
     output.Write(last);
     return output.Finish();
 }

@@ -8,26 +8,19 @@
 #include <vector>
 
 #include "stream/Console.h"
-#include "stream/Inputs.h"
+#include "stream/InputReader.h"
 
 namespace qxpdu {
 
 /// What the user wants of a conversion, whatever the command.
 struct ConversionSettings {
     std::vector<std::string> arguments;
+    std::vector<std::string> files;
+    bool takesFiles = false; ///< so that a file may be meant where an argument names one
     Format format = Format::Text;
     bool lineBuffered = false;
     std::optional<bool> progress; ///< without it, as the streams suggest
     unsigned int threads = 1;
-};
-
-/// What standard input is.
-enum class LineKind {
-    Hex,        ///< an input a line; blank lines are skipped
-    Text,       ///< an input a line, every line as it stands
-    Message,    ///< an input a line, a text to be sent; a carriage return belongs to the line feed
-    Transcript, ///< PDUs, a line each, as they stand in the log of a modem
-    Whole       ///< one input
 };
 
 /// What is left to do on an input in the order of the inputs; may be empty.

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "show/CodeUnits.h"
+
 namespace qxpdu {
 
 namespace {
@@ -26,7 +28,8 @@ std::string NameOf(const Input& input) {
     case Input::Source::Argument:
         return fmt::format("argument {}", input.number);
     case Input::Source::Line:
-        return fmt::format("line {}", input.number);
+        return input.file.empty() ? fmt::format("line {}", input.number)
+                                  : fmt::format("{}: line {}", Printable(input.file), input.number);
     case Input::Source::Stream:
         break;
     }
@@ -35,12 +38,16 @@ std::string NameOf(const Input& input) {
 
 Json ObjectFor(const Input& input) {
     Json object = {{"format", c_jsonFormat}};
+    if (!input.file.empty())
+        object["file"] = Printable(input.file);
     if (const std::string_view member = MemberFor(input); !member.empty())
         object[std::string(member)] = input.number;
     return object;
 }
 
 void Begin(JsonText& object, const Input& input) {
+    if (!input.file.empty())
+        object.Member("file", input.file);
     if (const std::string_view member = MemberFor(input); !member.empty())
         object.Member(member, input.number);
 }

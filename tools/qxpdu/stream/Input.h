@@ -5,8 +5,9 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 
-#include "log/Transcript.h"
+#include "log/Headings.h"
 #include "show/Json.h"
 #include "show/JsonText.h"
 
@@ -20,12 +21,13 @@ struct Input {
     std::size_t number = 0; ///< of the argument or of the line, from 1; 0 for the whole stream
     std::string text;
     std::optional<Heading> heading = std::nullopt; ///< of the modem, where there is one
+    std::string_view file = {}; ///< that the line stands in; none where that is standard input
 };
 
-/// "line 3", "argument 1" or "standard input".
+/// "line 3", "modem.log: line 3", "argument 1" or "standard input".
 std::string NameOf(const Input& input);
 
-/// {"line": 3} or {"argument": 1}: how every object of a result begins.
+/// {"line": 3}, {"file": "modem.log", "line": 3} or {"argument": 1}: how every object of a result begins.
 Json ObjectFor(const Input& input);
 void Begin(JsonText& object, const Input& input);
 

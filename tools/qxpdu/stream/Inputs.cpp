@@ -5,33 +5,16 @@
 #include <limits>
 #include <utility>
 
+#include "show/CodeUnits.h"
+
 namespace qxpdu {
 
 namespace {
 
 constexpr const char* c_standardInput = "-";
 
-/// Reads up to the next line feed, or the end, and keeps at most one byte more than MAX_LINE. Returns false
-/// when nothing was left.
-bool ReadLine(std::istream& in, std::string& line) {
-    std::array<char, 4096> piece;
-    line.clear();
-    while (in.getline(piece.data(), piece.size()) || in.gcount() > 0) {
-        const auto read = static_cast<std::size_t>(in.gcount());
-        const bool isCut = in.fail();             // the piece was full before a line feed came
-        const bool hasFeed = !isCut && !in.eof(); // counted, but not stored
-        line.append(piece.data(), hasFeed ? read - 1 : read);
-        if (!isCut)
-            return true;
-        in.clear(in.rdstate() & ~std::ios::failbit);
-        if (line.size() > Inputs::MAX_LINE) {
-            line.resize(Inputs::MAX_LINE + 1);
-            in.ignore(std::numeric_limits<std::streamsize>::max(), '\n');
-            return true;
-        }
-    }
-    return !line.empty();
-}
+/// A line of a log that is longer is looked through for carriage returns.
+constexpr std::size_t c_longLine = 1U << 16;
 
 /// Reads up to the end, keeps at most one byte more than MAX_LINE, and leaves the last line feed out.
 std::string ReadAll(std::istream& in) {
@@ -45,39 +28,107 @@ std::string ReadAll(std::istream& in) {
 
 } // namespace
 
-Inputs::Inputs(std::vector<std::string> arguments, std::istream& in, bool isWhole)
-    : m_Arguments(std::move(arguments)), m_In(in), m_IsWhole(isWhole), m_InStream(m_Arguments.empty()) {}
+Inputs::Inputs(const InputSources& sources, Cut cut) : m_Sources(sources), m_Cut(cut) {
+    if (m_Sources.arguments.empty() && m_Sources.files.empty())
+        Open(m_Sources.in, {});
+}
+
+void Inputs::Open(std::istream& stream, std::string_view file) {
+    m_Stream = &stream;
+    m_FileName = file;
+    m_IsGiven = false;
+    m_LineFeeds = 0;
+    ++m_StreamsOpened;
+}
+
+void Inputs::OpenFile(const std::string& name) {
+    if (name == c_standardInput)
+        return Open(m_Sources.in, {});
+    m_OpenFile = std::make_unique<std::ifstream>(name, std::ios::binary);
+    if (m_OpenFile->is_open())
+        Open(*m_OpenFile, name);
+    else
+        m_Unreadable.push_back(Printable(name));
+}
+
+void Inputs::CloseStream() {
+    if (m_Stream->bad())
+        m_Unreadable.push_back(m_FileName.empty() ? "standard input" : Printable(m_FileName));
+    m_Stream = nullptr;
+    m_OpenFile.reset();
+}
+
+/// Reads up to the next line feed, or the end, and keeps at most one byte more than MAX_LINE. Returns false
+/// when nothing was left.
+bool Inputs::ReadLine(std::string& line) {
+    std::array<char, 4096> piece;
+    line = std::exchange(m_Rest, {});
+    while (m_Stream->getline(piece.data(), piece.size()) || m_Stream->gcount() > 0) {
+        const auto read = static_cast<std::size_t>(m_Stream->gcount());
+        const bool isCut = m_Stream->fail();             // the piece was full before a line feed came
+        const bool hasFeed = !isCut && !m_Stream->eof(); // counted, but not stored
+        line.append(piece.data(), hasFeed ? read - 1 : read);
+        if (!isCut)
+            return true;
+        m_Stream->clear(m_Stream->rdstate() & ~std::ios::failbit);
+        const std::size_t returned =
+            m_Cut == Cut::LogLines && line.size() > c_longLine ? line.rfind('\r') : std::string::npos;
+        if (returned != std::string::npos) {
+            m_Rest = line.substr(returned + 1);
+            line.resize(returned);
+            return true;
+        }
+        if (line.size() > MAX_LINE) {
+            line.resize(MAX_LINE + 1);
+            m_Stream->ignore(std::numeric_limits<std::streamsize>::max(), '\n');
+            return true;
+        }
+    }
+    return !line.empty();
+}
 
 bool Inputs::NextLine(Input& input) {
     std::string line;
-    if (!ReadLine(m_In, line))
+    const bool isContinued = !m_Rest.empty();
+    if (!ReadLine(line))
         return false;
     m_Bytes += line.size() + 1;
-    input = {Input::Source::Line, ++m_Line, std::move(line)};
+    if (!isContinued)
+        ++m_LineFeeds;
+    ++m_Lines;
+    input = {Input::Source::Line, m_LineFeeds, std::move(line), std::nullopt, m_FileName};
     return true;
 }
 
 bool Inputs::NextOfStream(Input& input) {
-    if (!m_IsWhole)
+    if (m_Cut != Cut::Whole)
         return NextLine(input);
-    m_InStream = false;
-    input = {Input::Source::Stream, 0, ReadAll(m_In)};
-    return !HasFailed();
+    if (std::exchange(m_IsGiven, true))
+        return false;
+    input = {Input::Source::Stream, 0, ReadAll(*m_Stream)};
+    return !m_Stream->bad();
 }
 
 bool Inputs::Next(Input& input) {
     for (;;) {
-        if (m_InStream && NextOfStream(input))
-            return true;
-        m_InStream = false;
-        if (m_Argument == m_Arguments.size())
-            return false;
-        const std::string& argument = m_Arguments[m_Argument++];
-        if (argument != c_standardInput) {
-            input = {Input::Source::Argument, m_Argument, argument};
-            return true;
+        if (m_Stream != nullptr) {
+            if (NextOfStream(input))
+                return true;
+            CloseStream();
         }
-        m_InStream = true;
+        if (m_Argument < m_Sources.arguments.size()) {
+            const std::string& argument = m_Sources.arguments[m_Argument++];
+            if (argument != c_standardInput) {
+                ++m_Lines;
+                input = {Input::Source::Argument, m_Argument, argument};
+                return true;
+            }
+            Open(m_Sources.in, {});
+        } else if (m_File < m_Sources.files.size()) {
+            OpenFile(m_Sources.files[m_File++]);
+        } else {
+            return false;
+        }
     }
 }
 

@@ -4,47 +4,80 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <fstream>
 #include <istream>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "stream/Input.h"
 
 namespace qxpdu {
 
+/// Where the inputs come from.
+struct InputSources {
+    const std::vector<std::string>& arguments;
+    const std::vector<std::string>& files; ///< read after the arguments
+    std::istream& in;
+};
+
 /// Gives the inputs one after the other, in memory bounded by the longest line allowed.
 class Inputs {
 public:
     static constexpr std::size_t MAX_LINE = 1U << 20; ///< bytes; of a longer line, one more is kept
 
-    /// Without arguments the inputs are the lines of `in`, and an argument "-" stands for those as well. With
-    /// `isWhole`, the whole of `in` is one input, without its last line feed.
-    Inputs(std::vector<std::string> arguments, std::istream& in, bool isWhole = false);
+    /// How a stream is cut into inputs.
+    enum class Cut {
+        Lines,
+        LogLines, ///< carriage returns alone end lines as well where no line feed comes
+        Whole     ///< the whole stream is one input, without its last line feed
+    };
+
+    /// Without arguments and files the inputs are those of `in`, and an argument or a file "-" stands for it
+    /// as well. The sources outlive the inputs.
+    Inputs(const InputSources& sources, Cut cut);
 
     /// Reads the next input; false when there is none. A line comes without its line feed.
     bool Next(Input& input);
 
     /// Whether the next input, or that there is none, can be told without waiting for it.
-    bool IsReady() const { return !m_InStream || m_In.rdbuf()->in_avail() != 0; }
+    bool IsReady() const { return m_Stream != &m_Sources.in || m_Stream->rdbuf()->in_avail() != 0; }
 
-    /// Whether standard input could not be read to its end.
-    bool HasFailed() const { return m_In.bad(); }
+    /// Sources that could not be read to their end.
+    const std::vector<std::string>& Unreadable() const { return m_Unreadable; }
 
-    /// Lines given so far, and what they took.
-    std::size_t Lines() const { return m_Line; }
+    /// Streams that inputs have come from.
+    std::size_t StreamsOpened() const { return m_StreamsOpened; }
+
+    /// Lines and arguments given so far, and what the lines took.
+    std::uint64_t Lines() const { return m_Lines; }
     std::uint64_t Bytes() const { return m_Bytes; }
 
 private:
+    void Open(std::istream& stream, std::string_view file);
+    void OpenFile(const std::string& name);
+    void CloseStream();
     bool NextLine(Input& input);
     bool NextOfStream(Input& input);
+    bool ReadLine(std::string& line);
 
-    std::vector<std::string> m_Arguments;
-    std::istream& m_In;
+    InputSources m_Sources;
+    Cut m_Cut;
     std::size_t m_Argument = 0; ///< arguments given so far
-    std::size_t m_Line = 0;     ///< lines given so far
-    std::uint64_t m_Bytes = 0;  ///< of these lines
-    bool m_IsWhole;
-    bool m_InStream; ///< `m_In` is being read
+    std::size_t m_File = 0;     ///< files opened so far
+
+    std::istream* m_Stream = nullptr; ///< that is being read
+    std::unique_ptr<std::ifstream> m_OpenFile;
+    std::string_view m_FileName;
+    bool m_IsGiven = false;      ///< the whole of it
+    std::string m_Rest;          ///< of the stream, after a carriage return that ended a line
+    std::size_t m_LineFeeds = 0; ///< lines of the stream
+
+    std::size_t m_StreamsOpened = 0;
+    std::uint64_t m_Lines = 0;
+    std::uint64_t m_Bytes = 0;
+    std::vector<std::string> m_Unreadable;
 };
 
 } // namespace qxpdu

@@ -16,8 +16,8 @@ constexpr const char* c_clear = "\r\033[K";
 
 } // namespace
 
-Progress::Progress(std::ostream& err, bool isOn, std::optional<std::uint64_t> inSize)
-    : m_Err(err), m_IsOn(isOn), m_InSize(inSize) {}
+Progress::Progress(std::ostream& err, bool isOn, std::optional<std::uint64_t> inSize, std::string_view unit)
+    : m_Err(err), m_IsOn(isOn), m_InSize(inSize), m_Unit(unit) {}
 
 void Progress::Add(std::uint64_t lines, std::uint64_t bytes, std::uint64_t errors) {
     m_Lines += lines;
@@ -50,7 +50,7 @@ void Progress::Finish() {
 
 void Progress::Show(double seconds) {
     seconds = std::max(seconds, c_shortest);
-    m_Err << fmt::format("qxpdu: {}, {:.0f} a second, {}", Counted(m_Lines, "line"),
+    m_Err << fmt::format("qxpdu: {}, {:.0f} a second, {}", Counted(m_Lines, m_Unit),
                          static_cast<double>(m_Lines) / seconds, Counted(m_Errors, "error"));
     if (!m_InSize || m_Bytes == 0 || *m_InSize == 0)
         return;

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <ostream>
+#include <string_view>
 
 namespace qxpdu {
 
@@ -13,8 +14,9 @@ namespace qxpdu {
 /// thread at a time.
 class Progress {
 public:
-    /// Shown only if `isOn`; `inSize` is in bytes.
-    Progress(std::ostream& err, bool isOn, std::optional<std::uint64_t> inSize);
+    /// Shown only if `isOn`; `inSize` is in bytes, `unit` what is counted.
+    Progress(std::ostream& err, bool isOn, std::optional<std::uint64_t> inSize,
+             std::string_view unit = "line");
 
     /// So much more has been worked on; `errors` counts from the beginning.
     void Add(std::uint64_t lines, std::uint64_t bytes, std::uint64_t errors);
@@ -33,6 +35,7 @@ private:
     std::ostream& m_Err;
     bool m_IsOn;
     std::optional<std::uint64_t> m_InSize;
+    std::string_view m_Unit;
     Clock::time_point m_Begin = Clock::now();
     Clock::time_point m_Next = m_Begin; ///< when the line is due again
     bool m_IsShown = false;

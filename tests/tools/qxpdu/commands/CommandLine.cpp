@@ -1,5 +1,8 @@
 // What all commands of qxpdu have in common: the reading of arguments and standard input, help, and exit
 // statuses.
+#include <algorithm>
+#include <sstream>
+
 #include <gtest/gtest.h>
 
 #include "tools/qxpdu/RunTool.h"
@@ -33,7 +36,7 @@ TEST(QxpduCommandLine, EveryCommandHasHelpWithUsageAndExample) {
          "Example:\n  qxpdu cell 403211120111C8329BFD06\n"},
         {{"text"},
          "Usage: qxpdu text [OPTIONS] [TEXT...]\n",
-         "Example:\n  qxpdu text --alphabet 2 00480069\n"},
+         "Example:\n  qxpdu text --alphabet ucs2 00480069\n"},
         {{"ucs2", "encode"},
          "Usage: qxpdu ucs2 encode [OPTIONS] [TEXT...]\n",
          "Example:\n  qxpdu ucs2 encode 'Hi €'\n"},
@@ -62,14 +65,33 @@ TEST(QxpduCommandLine, EveryCommandHasHelpWithUsageAndExample) {
     }
 }
 
+TEST(QxpduCommandLine, HelpIsACommandToo) {
+    EXPECT_EQ(Qxpdu({"help"}), Qxpdu({"--help"}));
+    EXPECT_EQ(Qxpdu({"help", "decode"}), Qxpdu({"decode", "--help"}));
+    EXPECT_EQ(Qxpdu({"help", "gsm", "encode"}), Qxpdu({"gsm", "encode", "--help"}));
+    EXPECT_EQ(Qxpdu({"ucs2", "encode", "help"}).out, "00680065006C0070\n") << "a text";
+}
+
+TEST(QxpduCommandLine, HelpFitsInto80Columns) {
+    for (const char* command :
+         {"--help", "encode", "decode", "count", "inspect", "cell", "text", "ucs2", "gsm"}) {
+        std::istringstream lines(Qxpdu({"help", command}).out);
+        for (std::string line; std::getline(lines, line);) {
+            const auto columns = std::count_if(line.begin(), line.end(), [](char octet) {
+                return (static_cast<unsigned char>(octet) & 0xC0) != 0x80;
+            });
+            EXPECT_LE(columns, 80) << command << ": " << line;
+        }
+    }
+}
+
 TEST(QxpduCommandLine, HelpOfTheToolNamesTheCommandsAndTheExitStatuses) {
     const Outcome run = Qxpdu({"--help"});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.err, "");
-    for (const char* piece :
-         {"Usage: qxpdu [OPTIONS] SUBCOMMAND\n", "\n  encode ", "\n  count, explain ", "\n  decode ",
-          "\n  cell ", "\n  text ", "\n  ucs2 ", "\n  gsm ",
-          "Exit status: 0 all inputs were good, 1 some input failed, 2 the command line was wrong.\n"})
+    for (const char* piece : {"Usage: qxpdu [OPTIONS] SUBCOMMAND\n", "\n  encode ", "\n  count, explain ",
+                              "\n  decode ", "\n  cell ", "\n  text ", "\n  ucs2 ", "\n  gsm ",
+                              "Exit status: 0 all inputs good, 1 some input failed, 2 command line wrong.\n"})
         EXPECT_NE(run.out.find(piece), std::string::npos) << piece << " in\n" << run.out;
 }
 
@@ -82,7 +104,10 @@ TEST(QxpduCommandLine, WrongCommandLineGivesStatus2AndUsage) {
     const Row rows[] = {
         {{}, "qxpdu: A subcommand is required\nUsage: qxpdu [OPTIONS] SUBCOMMAND\n"},
         {{"frob"}, "qxpdu: frob is no command\nUsage: qxpdu [OPTIONS] SUBCOMMAND\n"},
+        {{"decod"}, "qxpdu: decod is no command; did you mean decode?\nUsage: qxpdu [OPTIONS] SUBCOMMAND\n"},
         {{"\x1B[2J"}, "qxpdu: \\u001B[2J is no command\nUsage: qxpdu [OPTIONS] SUBCOMMAND\n"},
+        {{"\xFF\xFE"}, "qxpdu: \\xFF\\xFE is no command\nUsage: qxpdu [OPTIONS] SUBCOMMAND\n"},
+        {{"a\u009F😀"}, "qxpdu: a\\u009F😀 is no command\nUsage: qxpdu [OPTIONS] SUBCOMMAND\n"},
         {{"ucs2"}, "qxpdu: A subcommand is required\nUsage: qxpdu ucs2 [OPTIONS] SUBCOMMAND\n"},
         {{"decode", "--frob"},
          "qxpdu: The following argument was not expected: --frob\nUsage: qxpdu decode [OPTIONS] [PDU...]\n"},
@@ -90,8 +115,8 @@ TEST(QxpduCommandLine, WrongCommandLineGivesStatus2AndUsage) {
          "qxpdu: The following argument was not expected: --\\u001B\nUsage: qxpdu decode [OPTIONS] "
          "[PDU...]\n"},
         {{"text", "x"}, "qxpdu: --alphabet is required\nUsage: qxpdu text [OPTIONS] [TEXT...]\n"},
-        {{"text", "--alphabet", "GSM", "x"},
-         "qxpdu: Could not convert: --alphabet = GSM\nUsage: qxpdu text [OPTIONS] [TEXT...]\n"},
+        {{"text", "--alphabet", "greek", "x"},
+         "qxpdu: Could not convert: --alphabet = greek\nUsage: qxpdu text [OPTIONS] [TEXT...]\n"},
         {{"encode", "--reference", "010", "hello"},
          "qxpdu: --reference: 010 is not decimal without leading zeros\nUsage: qxpdu encode [OPTIONS] "
          "[TEXT]\n"},

@@ -184,4 +184,16 @@ TEST(QxpduJoin, OldestMessageIsGivenUpWhenTooManyPartsWait) {
     EXPECT_EQ(objects.back()["parts_missing"], nlohmann::json{1});
 }
 
+TEST(QxpduJoin, EachPartIsShownByItselfToo) {
+    const auto objects =
+        JsonLines(Qxpdu({"decode", "--join", "--each", "--jsonl"}, AsLines({c_escapePart, c_codePart})).out);
+    ASSERT_EQ(objects.size(), 3U);
+    EXPECT_EQ(objects[0]["line"], 1);
+    EXPECT_EQ(objects[1]["line"], 2);
+    EXPECT_EQ(objects[2]["joined"][0]["line"], 1);
+    EXPECT_EQ(objects[2]["joined"][1]["line"], 2);
+    EXPECT_EQ(objects[2]["text"], "a€b");
+    EXPECT_EQ(Qxpdu({"decode", "--each", c_escapePart}).status, 2) << "without --join";
+}
+
 } // namespace

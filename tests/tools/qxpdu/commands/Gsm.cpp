@@ -30,11 +30,11 @@ TEST(QxpduGsm, DecodeReadsUnpackedCodes) {
 }
 
 TEST(QxpduGsm, DecodeChecksItsInput) {
-    EXPECT_EQ(Qxpdu({"gsm", "decode"}, "4180\n41F\n4 1\n42\n"),
+    EXPECT_EQ(Qxpdu({"gsm", "decode"}, "4180\n41F\n4.1\n42\n"),
               (Outcome{1, "B\n",
                        "qxpdu: line 1: octet 1, 0x80, is no GSM code\n"
                        "qxpdu: line 2: odd number of hexadecimal digits, 3\n"
-                       "qxpdu: line 3: character 2, ' ', is no hexadecimal digit\n"}));
+                       "qxpdu: line 3: character 2, '.', is no hexadecimal digit\n"}));
     EXPECT_EQ(Qxpdu({"gsm", "decode", "7F"}), (Outcome{0, "à\n", ""}));
 }
 

@@ -107,9 +107,11 @@ TEST(Concatenations, HalvesOfACharacterAreJoinedAcrossParts) {
 
 TEST(SentMessages, LastMessageUnderAReferenceIsFound) {
     SentMessages sent;
-    sent.Add("+1", 7, 1);
-    sent.Add("+1", 7, 2);
-    EXPECT_EQ(sent.Find("+1", 7), 2U);
+    sent.Add("+1", 7, {1, {}});
+    sent.Add("+1", 7, {2, "a.log"});
+    ASSERT_TRUE(sent.Find("+1", 7));
+    EXPECT_EQ(sent.Find("+1", 7)->number, 2U);
+    EXPECT_EQ(sent.Find("+1", 7)->file, "a.log");
     EXPECT_FALSE(sent.Find("+2", 7));
     EXPECT_FALSE(sent.Find("+1", 8));
 }
@@ -117,7 +119,7 @@ TEST(SentMessages, LastMessageUnderAReferenceIsFound) {
 TEST(SentMessages, OldestIsForgotten) {
     SentMessages sent;
     for (int i = 0; i < 4097; ++i)
-        sent.Add("+1", i, 1);
+        sent.Add("+1", i, {1, {}});
     EXPECT_FALSE(sent.Find("+1", 0));
     EXPECT_TRUE(sent.Find("+1", 1));
     EXPECT_TRUE(sent.Find("+1", 4096));

@@ -30,6 +30,8 @@ TEST(QxpduText, AlphabetChoosesTheForm) {
         {"2", "d83dDE00", "😀"},
         {"2", "00G1", "\x01"},
         {"2", "0048006", "H"},
+        {"gsm", "Hi", "Hi"},
+        {"UCS2", "00480069", "Hi"},
         {"0", "", ""},
     };
     for (const Row& row : rows) {

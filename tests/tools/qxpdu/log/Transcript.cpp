@@ -1,4 +1,6 @@
 // Logs of modems.
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 #include "tools/qxpdu/RunTool.h"
@@ -64,34 +66,75 @@ TEST(QxpduTranscript, LogOfAModemIsReadAsItIs) {
     EXPECT_EQ(objects[4]["text"], "Hello");
 }
 
-TEST(QxpduTranscript, AnnouncedLengthIsChecked) {
+TEST(QxpduTranscript, LengthThatDisagreesIsAWarning) {
     struct Row {
         Arguments arguments;
         std::string input;
-        const char* err;
+        const char* warning;
     };
     const std::string hello = c_hello;
     const Row rows[] = {
-        {{"decode"}, "+CMGL: 1,1,,25\n" + hello, "qxpdu: line 2: +CMGL announces 25 octets, here are 24\n"},
-        {{"decode"}, "+CMT: ,1\n" + hello, "qxpdu: line 2: +CMT announces 1 octet, here are 24\n"},
-        {{"decode", "--no-smsc"},
+        {{"decode"}, "+CMGL: 1,1,,25\n" + hello, "+CMGL announces 25 octets, here are 24"},
+        {{"decode"}, "+CMT: ,1\n" + hello, "+CMT announces 1 octet, here are 24"},
+        {{"decode"}, "+CMT: ,32\n" + hello, "+CMT announces 32 octets, the service centre counted"},
+        {{"inspect"}, "+CMT: ,25\n" + hello, "+CMT announces 25 octets, here are 24"},
+        {{"decode", "--no-smsc"}, "+CMT: ,25\n" + hello.substr(16), "+CMT announces 25 octets, here are 24"},
+        {{"decode", "--smsc", "no"},
          "+CMT: ,25\n" + hello.substr(16),
-         "qxpdu: line 2: +CMT announces 25 octets, here are 24\n"},
-        {{"decode"},
-         std::string("+CBM: 88\n") + c_cellPage,
-         "qxpdu: line 2: +CBM announces 88 octets, here are 11\n"},
-        {{"cell"},
-         std::string("+CBM: 88\n") + c_cellPage,
-         "qxpdu: line 2: +CBM announces 88 octets, here are 11\n"},
-        {{"decode"},
-         "+CMGL: 1,\"REC READ\",\"+41\"\nhello\n",
-         "qxpdu: line 2: +CMGL announces no length, as in text mode; PDU mode is AT+CMGF=0\n"},
-        {{"decode"},
-         "+CMGL: 1,\"REC READ\",\"+41\"\n" + hello,
-         "qxpdu: line 2: +CMGL announces no length, as in text mode; PDU mode is AT+CMGF=0\n"},
+         "+CMT announces 25 octets, here are 24"},
+        {{"decode"}, std::string("+CBM: 88\n") + c_cellPage, "+CBM announces 88 octets, here are 11"},
+        {{"cell"}, std::string("+CBM: 88\n") + c_cellPage, "+CBM announces 88 octets, here are 11"},
     };
-    for (const Row& row : rows)
-        EXPECT_EQ(Qxpdu(row.arguments, row.input), (Outcome{1, "", row.err}));
+    for (const Row& row : rows) {
+        const Outcome text = Qxpdu(row.arguments, row.input);
+        EXPECT_EQ(text.status, 0) << row.warning;
+        EXPECT_EQ(text.err, std::string("qxpdu: line 2: warning: ") + row.warning + "\n");
+        EXPECT_NE(text.out, "");
+        Arguments arguments = row.arguments;
+        arguments.emplace_back("--jsonl");
+        const Outcome lines = Qxpdu(arguments, row.input);
+        EXPECT_EQ(lines.err, "");
+        EXPECT_EQ(JsonLines(lines.out).at(0)["warnings"], nlohmann::json::array({row.warning}));
+    }
+}
+
+TEST(QxpduTranscript, ServiceCentreIsWhereItMakesSenseUnlessAnOptionSettlesIt) {
+    const std::string tpdu = std::string(c_hello).substr(16);
+    const auto warningsOf = [](const Arguments& arguments) {
+        const nlohmann::json object = JsonLines(Qxpdu(arguments).out).at(0);
+        EXPECT_EQ(object.value("text", ""), "Hello") << object;
+        return object.value("warnings", nlohmann::json::array());
+    };
+    EXPECT_EQ(warningsOf({"decode", "--jsonl", c_hello}), nlohmann::json::array());
+    EXPECT_EQ(warningsOf({"decode", "--jsonl", "--smsc", "yes", c_hello}), nlohmann::json::array());
+    EXPECT_EQ(warningsOf({"decode", "--jsonl", "--smsc", "no", tpdu}), nlohmann::json::array());
+    EXPECT_EQ(warningsOf({"decode", "--jsonl", tpdu}).size(), 1U);
+    EXPECT_TRUE(
+        tests::HasLine(Qxpdu({"decode", "--smsc", "yes", tpdu}).err,
+                       "qxpdu: argument 1: warning: makes sense without a service centre: --smsc no"));
+    EXPECT_EQ(Qxpdu({"decode", "--smsc", "maybe", tpdu}).status, 2);
+    EXPECT_EQ(Qxpdu({"decode", "--smsc", "no", "--no-smsc", tpdu}).status, 2);
+}
+
+TEST(QxpduTranscript, ReferenceThatTheModemGaveFindsTheReport) {
+    const std::string log = std::string("AT+CMGS=10\n> ") + "0001000491214300000161" + // TP-MR 0
+                            "\x1A\n+CMGS: 7,\"010021203121436580\"\nOK\n+CDS: 21\n" + c_report + "\n";
+    const auto objects = JsonLines(Qxpdu({"decode", "--join", "--jsonl"}, log).out);
+    ASSERT_EQ(objects.size(), 3U);
+    EXPECT_EQ(objects[0]["type"], "SMS-SUBMIT");
+    EXPECT_EQ(objects[1]["type"], "SMS-SUBMIT-REPORT");
+    EXPECT_EQ(objects[1]["line"], 3);
+    EXPECT_EQ(objects[2]["type"], "SMS-STATUS-REPORT");
+    EXPECT_EQ(objects[2]["report_on"], 2);
+    EXPECT_TRUE(tests::HasLine(Qxpdu({"decode", "--join"}, log).out, "report on line 2"));
+}
+
+TEST(QxpduTranscript, InspectPassesPagesOverWithAWarning) {
+    const Outcome run = Qxpdu({"inspect", "--jsonl"},
+                              std::string("+CBM: 11\n") + c_cellPage + "\n+CMT: ,24\n" + c_hello + '\n');
+    EXPECT_EQ(run.err, "qxpdu: line 2: warning: a cell broadcast page, which qxpdu cell shows\n");
+    ASSERT_EQ(JsonLines(run.out).size(), 1U);
+    EXPECT_EQ(JsonLines(run.out)[0]["line"], 4);
 }
 
 TEST(QxpduTranscript, ModemMaySpeakUnaskedBetweenAHeadingAndItsPdu) {
@@ -100,38 +143,67 @@ TEST(QxpduTranscript, ModemMaySpeakUnaskedBetweenAHeadingAndItsPdu) {
                             .out)
                   .at(0)["text"],
               "Hello");
-    EXPECT_EQ(Qxpdu({"decode"}, std::string("+CMT: ,23\n+CREG: 1\n") + c_hello + '\n'),
-              (Outcome{1, "", "qxpdu: line 3: +CMT announces 23 octets, here are 24\n"}));
+    EXPECT_EQ(Qxpdu({"decode"}, std::string("+CMT: ,23\n+CREG: 1\n") + c_hello + '\n').err,
+              "qxpdu: line 3: warning: +CMT announces 23 octets, here are 24\n");
 }
 
-TEST(QxpduTranscript, DetailsOfTextModeAreNoLength) {
-    const std::string message = " announces no length, as in text mode; PDU mode is AT+CMGF=0\n";
+TEST(QxpduTranscript, MessagesInTextModeArePassedOverAndCounted) {
     const struct {
         const char* name;
         const char* values;
     } rows[] = {
+        {"+CMGL", "1,\"REC READ\",\"+41\""},
         {"+CMGR", "\"REC READ\",\"+1\",,\"24/01/01,10:00:00+04\",145,4,0,0,\"+1\",145,24"},
         {"+CMGL", "1,\"REC READ\",\"+1\",,\"24/01/01,10:00:00+04\",145,24"},
         {"+CMT", "\"+1\",,\"24/01/01,10:00:00+04\",145,4,0,0,\"+1\",145,24"},
         {"+CDS", "6,24"},
         {"+CBM", "1,50,0,1,24"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Qxpdu({"decode"}, std::string(row.name) + ": " + row.values + "\nHello\n"),
-                  (Outcome{1, "", "qxpdu: line 2: " + (row.name + message)}));
+    const std::string passed = " in text mode passed over; PDU mode is AT+CMGF=0\n";
+    for (const auto& row : rows) {
+        const std::string message = std::string(row.name) + ": " + row.values + '\n' + c_hello + '\n';
+        EXPECT_EQ(Qxpdu({"decode"}, message),
+                  (Outcome{0, "", "qxpdu: standard input: warning: 1 message" + passed}));
+        EXPECT_EQ(Qxpdu({"decode", "--jsonl"}, message + message),
+                  (Outcome{0, "", "qxpdu: standard input: warning: 2 messages" + passed}));
+    }
     for (const char* heading : {"+CMGR: 1,\"a,b\",24", "+CMGL: 1,1,\"a,b\",24", "+CMT: \"a,b\",24"})
         EXPECT_EQ(Qxpdu({"decode"}, std::string(heading) + '\n' + c_hello + '\n').status, 0) << heading;
 }
 
-TEST(QxpduTranscript, PduThatWasTypedBehindThePromptIsRead) {
+TEST(QxpduTranscript, DigitsOutsideAMessageAreNoPduInALog) {
+    EXPECT_EQ(Qxpdu({"decode"}, std::string("AT+CGMM\nEC25\nOK\n") + c_hello + '\n'),
+              (Outcome{0, "",
+                       "qxpdu: standard input: warning: the log of a modem without a message; 2 lines of "
+                       "hexadecimal digits stand in none\n"}));
+}
+
+TEST(QxpduTranscript, PduThatWasTypedAfterThePromptIsRead) {
     const std::string submit = c_submit;
     for (const std::string& line :
          {"> " + submit + '\x1A', '>' + submit, submit + "\x1A\r", "> " + submit + " \x1A"}) {
-        const auto objects = JsonLines(Qxpdu({"decode", "--jsonl"}, line + '\n').out);
-        ASSERT_EQ(objects.size(), 1U) << line;
-        EXPECT_EQ(objects[0]["octets"], submit) << line;
+        for (const std::string& before : {std::string(), std::string("AT+CMGS=10\n")}) {
+            const auto objects = JsonLines(Qxpdu({"decode", "--jsonl"}, before + line + '\n').out);
+            ASSERT_EQ(objects.size(), 1U) << before << line;
+            EXPECT_EQ(objects[0]["octets"], submit) << before << line;
+        }
     }
-    EXPECT_EQ(Qxpdu({"decode"}, "> hello\x1A\n>\n"), (Outcome{0, "", ""}));
+    EXPECT_EQ(Qxpdu({"decode"}, ">\n> \n"), (Outcome{0, "", ""}));
+}
+
+TEST(QxpduTranscript, LogMayBeGivenAsOneArgument) {
+    const Outcome run = Qxpdu({"decode", "--jsonl", std::string("+CMT: ,24\r\n") + c_hello + "\r\nOK\r\n"});
+    const auto objects = JsonLines(run.out);
+    ASSERT_EQ(objects.size(), 1U) << run.out;
+    EXPECT_EQ(objects[0]["argument"], 1);
+    EXPECT_EQ(objects[0]["text"], "Hello");
+}
+
+TEST(QxpduTranscript, CarriageReturnsAloneEndLinesHoweverLongTheLogIs) {
+    const std::string message = std::string("+CMT: ,24\r") + c_hello + "\r";
+    const Outcome run = Qxpdu({"decode", "--jsonl"}, tests::Repeated(message, 15000));
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(std::count(run.out.begin(), run.out.end(), '\n'), 15000);
 }
 
 TEST(QxpduTranscript, WhatOnlyBeginsLikeAnAnswerIsAnError) {
@@ -146,11 +218,11 @@ TEST(QxpduTranscript, HeadingWithoutItsPduIsAnError) {
               (Outcome{1, "", "qxpdu: line 2: no PDU follows +CDS\nqxpdu: line 3: no PDU follows +CMT\n"}));
 }
 
-TEST(QxpduTranscript, CellReadsOnlyPages) {
-    EXPECT_EQ(Qxpdu({"cell"}, std::string("+CMT: ,24\n") + c_hello),
-              (Outcome{1, "", "qxpdu: line 2: no cell broadcast page, but the PDU of +CMT\n"}));
-    const auto objects = JsonLines(Qxpdu({"cell", "--jsonl"}, std::string("+CBM: 11\n") + c_cellPage).out);
+TEST(QxpduTranscript, CellReadsThePagesOfALog) {
+    const auto objects = JsonLines(
+        Qxpdu({"cell", "--jsonl"}, std::string("+CMT: ,24\n") + c_hello + "\n+CBM: 11\n" + c_cellPage).out);
     ASSERT_EQ(objects.size(), 1U);
+    EXPECT_EQ(objects[0]["line"], 4);
     EXPECT_EQ(objects[0]["text"], "Hello");
 }
 

@@ -44,23 +44,32 @@ TEST(QxpduStreams, JsonLinesOfArgumentsAreNumbered) {
     EXPECT_EQ(objects[1]["text"], "Hello");
 }
 
-TEST(QxpduStreams, ThreadsChangeNothingInTheOutput) {
-    const std::string input =
-        Repeated(AsLines({c_hello, "0G", "+CMT: ,27", c_escapePart, "", c_codePart, c_cellPage}), 700);
-    for (const Arguments& command :
-         {Arguments{"decode", "--jsonl"}, Arguments{"decode"}, Arguments{"decode", "--json", "--join"},
-          Arguments{"decode", "--jsonl", "--join"}, Arguments{"cell", "--jsonl"}}) {
-        SCOPED_TRACE(testing::PrintToString(command));
-        const Outcome one = Qxpdu(command, input);
-        EXPECT_FALSE(one.out.empty());
-        for (const char* threads : {"1", "2", "8"}) {
-            Arguments arguments = command;
-            arguments.insert(arguments.end(), {"-j", threads});
-            EXPECT_EQ(Qxpdu(arguments, input), one) << threads;
-        }
+/// Whatever the threads, and whether lines are buffered.
+void ExpectSameOutput(const Arguments& command, const std::string& input) {
+    SCOPED_TRACE(testing::PrintToString(command));
+    const Outcome one = Qxpdu(command, input);
+    EXPECT_FALSE(one.out.empty());
+    for (const Arguments& options :
+         {Arguments{"-j", "1"}, {"-j", "2"}, {"-j", "8"}, {"--threads", "3", "--line-buffered"}}) {
         Arguments arguments = command;
-        arguments.insert(arguments.end(), {"--threads", "3", "--line-buffered"});
-        EXPECT_EQ(Qxpdu(arguments, input), one);
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        EXPECT_EQ(Qxpdu(arguments, input), one) << options[1];
+    }
+}
+
+TEST(QxpduStreams, ThreadsChangeNothingInTheOutput) {
+    const std::string list =
+        Repeated(AsLines({c_hello, "0G", c_escapePart, "", c_codePart, c_cellPage}), 700);
+    const std::string log = Repeated(AsLines({c_hello, "0G", "+CMT: ,27", c_escapePart, "+CMT: ,27", "",
+                                              c_codePart, "+CBM: 11", c_cellPage}),
+                                     700);
+    for (const std::string& input : {list, log}) {
+        for (const Arguments& command : {Arguments{"decode", "--jsonl"},
+                                         {"decode"},
+                                         {"decode", "--json", "--join"},
+                                         {"decode", "--jsonl", "--join"},
+                                         {"cell", "--jsonl"}})
+            ExpectSameOutput(command, input);
     }
 }
 
@@ -92,11 +101,15 @@ TEST(QxpduStreams, ResultIsWrittenAsSoonAsNoInputWaits) {
         const std::string decode = std::string("decode --jsonl -j ") + threads;
         EXPECT_EQ(Beside(decode, "echo 0 >&3 && " + first).out, odd);
         EXPECT_EQ(Beside(decode, "printf '0\\n0' >&3 && " + first).out, odd) << "a piece of a line waits";
-        EXPECT_EQ(Beside(decode, "printf '0\\nOK\\n' >&3 && " + first).out, odd)
+        EXPECT_EQ(Beside(decode, "printf '0\\n\\n' >&3 && " + first).out, odd)
             << "a line without a PDU waits";
-        EXPECT_EQ(Beside(decode, "{ yes OK | head -n 40000; echo 0; } >&3 && " + first).out,
-                  "{\"format\":2,\"line\":40001,\"error\":\"odd number of hexadecimal digits, 1\"}\n");
-        EXPECT_EQ(Beside(decode, "{ yes 0 | head -n 256; echo OK; } >&3 && head -n 256 <&4 | tail -n 1").out,
+        EXPECT_EQ(Beside(decode, "printf '+CMT: ,1\\n0\\nOK\\n' >&3 && " + first).out,
+                  "{\"format\":2,\"line\":2,\"error\":\"odd number of hexadecimal digits, 1\"}\n")
+            << "in a log";
+        EXPECT_EQ(
+            Beside(decode, "{ yes OK | head -n 40000; printf '+CMT: ,1\\n0\\nOK\\n'; } >&3 && " + first).out,
+            "{\"format\":2,\"line\":40002,\"error\":\"odd number of hexadecimal digits, 1\"}\n");
+        EXPECT_EQ(Beside(decode, "{ yes 0 | head -n 256; echo; } >&3 && head -n 256 <&4 | tail -n 1").out,
                   "{\"format\":2,\"line\":256,\"error\":\"odd number of hexadecimal digits, 1\"}\n")
             << "a full batch, and a line without a PDU";
     }
@@ -180,6 +193,11 @@ TEST(QxpduStreams, ProgressTellsLinesAndErrorsOnStandardError) {
     for (const Arguments& arguments :
          {Arguments{"decode", "--jsonl"}, {"decode", "--jsonl", "--no-progress"}})
         EXPECT_EQ(Qxpdu(arguments, AsLines({c_hello})).err, "");
+}
+
+TEST(QxpduStreams, ProgressCountsArguments) {
+    const Outcome shown = Qxpdu({"decode", "--jsonl", "--progress", c_hello, "0G", c_hello});
+    EXPECT_NE(shown.err.find("qxpdu: 3 inputs, "), std::string::npos) << shown.err;
 }
 
 TEST(QxpduStreams, WrongStreamOptionsAreRefused) {

@@ -42,6 +42,12 @@ TEST(Progress, TellsPercentAndRemainingTimeWhereTheSizeIsKnown) {
     EXPECT_EQ(FirstLine(0, 1, 1, 0), "qxpdu: 1 line, # a second, 0 errors");
 }
 
+TEST(Progress, CountsInTheUnitThatIsGiven) {
+    std::ostringstream err;
+    Progress(err, true, std::nullopt, "input").Add(2, 0, 0);
+    EXPECT_EQ(WithoutRate(err.str()), "qxpdu: 2 inputs, # a second, 0 errors");
+}
+
 TEST(Progress, IsTakenAwayForAMessageAndLeavesTheWholeInTheEnd) {
     std::ostringstream err;
     Progress progress(err, true, 200);

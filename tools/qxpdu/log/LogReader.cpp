@@ -1,0 +1,278 @@
+#include "log/LogReader.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "Messages/Octets.h"
+#include "characters/Letters.h"
+#include "log/Digits.h"
+#include "log/Printed.h"
+
+namespace qxpdu {
+
+namespace {
+
+constexpr std::size_t c_digitsInOctet = 2;
+constexpr std::size_t c_mostDigits = 2048; ///< of a PDU, whatever is announced
+constexpr unsigned int c_mostStrangers = 16;
+constexpr char c_comment = '#';
+
+/// Whether these digits can stand for themselves: a PDU with or without a service centre.
+bool IsSound(const std::string& digits, const Heading& heading) {
+    if (heading.kind == Heading::Kind::Page)
+        return false;
+    std::vector<std::uint8_t> octets;
+    if (!Messages::FromHex(digits, octets))
+        return false;
+    Messages::ReadOptions options;
+    options.direction = heading.direction;
+    return Messages::Read(octets, options).IsSound();
+}
+
+/// Octets of a TPDU and of the service centre before it, as the first octet tells; nothing where that is
+/// none.
+std::optional<std::size_t> WithServiceCentre(const std::string& digits, std::size_t length) {
+    constexpr std::size_t c_longest = 12; // the type, and 20 digits with one octet more than anybody sends
+    std::vector<std::uint8_t> first;
+    if (!Messages::FromHex(digits.substr(0, c_digitsInOctet), first) || first.empty() || first[0] > c_longest)
+        return std::nullopt;
+    return length + 1 + first[0];
+}
+
+/// Whether a PDU has the length that is announced.
+bool IsComplete(const std::string& digits, const Heading& heading) {
+    if (digits.size() % c_digitsInOctet != 0 || !heading.length)
+        return false;
+    const std::size_t octets = digits.size() / c_digitsInOctet;
+    if (octets != *heading.length)
+        return heading.kind == Heading::Kind::Tpdu && octets == WithServiceCentre(digits, *heading.length);
+    return heading.kind != Heading::Kind::Tpdu || IsSound(digits, heading);
+}
+
+bool IsOverlong(const std::string& digits, const Heading& heading) {
+    const std::size_t announced = heading.length.value_or(0);
+    return digits.size() >= c_mostDigits ||
+           digits.size() / c_digitsInOctet >
+               std::max(announced, WithServiceCentre(digits, announced).value_or(0));
+}
+
+bool HasAlphanumeric(std::string_view text) {
+    return std::any_of(text.begin(), text.end(), IsAlphanumeric);
+}
+
+bool IsOfModemPrinted(std::string_view printed) {
+    const std::string said = Unprinted(printed);
+    for (std::size_t begin = 0; begin <= said.size();) {
+        const std::size_t end = std::min(said.find('\n', begin), said.size());
+        if (IsOfModem(std::string_view(said).substr(begin, end - begin)))
+            return true;
+        begin = end + 1;
+    }
+    return false;
+}
+
+} // namespace
+
+void LogReader::Take(std::string line, std::size_t number) {
+    ++m_Counts.lines;
+    if (m_IsLog)
+        return ReadLogLine(line, number);
+    const std::string_view core = Core(line);
+    const bool isDigits = !core.empty() && AreHexDigits(core);
+    if (!isDigits && IsOfModemPrinted(line)) {
+        m_IsLog = true;
+        m_Counts.passedOver += m_Held.size();
+        m_Counts.strayDigits +=
+            static_cast<std::uint64_t>(std::count_if(m_Held.begin(), m_Held.end(), [](const Line& held) {
+                return HasAlphanumeric(held.text) && AreHexDigits(Core(held.text));
+            }));
+        m_Held.clear();
+        return ReadLogLine(line, number);
+    }
+    m_HeldBytes += line.size() + sizeof(Line);
+    m_Held.push_back({std::move(line), number});
+    if (m_IsList || m_HeldBytes > LOOK_AHEAD)
+        GiveList();
+}
+
+void LogReader::Release() {
+    GiveList();
+    if (m_Open && IsSound(m_Open->digits, m_Open->heading))
+        End();
+}
+
+void LogReader::Finish() {
+    GiveList();
+    End();
+}
+
+std::optional<LogEntry> LogReader::Next() {
+    if (m_Entries.empty())
+        return std::nullopt;
+    LogEntry entry = std::move(m_Entries.front());
+    m_Entries.pop_front();
+    return entry;
+}
+
+void LogReader::GiveList() {
+    m_IsList = m_IsList || !m_Held.empty();
+    for (Line& line : m_Held)
+        GiveListed(std::move(line));
+    m_Held.clear();
+    m_HeldBytes = 0;
+}
+
+/// Lines without a letter or digit, a lone prompt for one, and comments are none of the list.
+void LogReader::GiveListed(Line line) {
+    std::erase(line.text, '\0');
+    if (!HasAlphanumeric(line.text) || line.text.starts_with(c_comment)) {
+        ++m_Counts.passedOver;
+        return;
+    }
+    ++m_Counts.entries;
+    m_Entries.push_back({line.number, std::move(line.text), std::nullopt});
+}
+
+void LogReader::ReadLogLine(std::string_view printed, std::size_t number) {
+    m_Number = number;
+    m_HasEntry = false;
+    m_HasTextMode = false;
+    const std::string said = Unprinted(printed);
+    for (std::size_t begin = 0; begin <= said.size();) {
+        const std::size_t end = std::min(said.find('\n', begin), said.size());
+        ReadSaid(std::string_view(said).substr(begin, end - begin));
+        begin = end + 1;
+    }
+    if (m_HasEntry) {
+        ++m_Counts.entries;
+        return;
+    }
+    ++(m_HasTextMode ? m_Counts.textModes : m_Counts.passedOver);
+    if (!m_HasTextMode && HasAlphanumeric(printed) && AreHexDigits(Core(printed)))
+        ++m_Counts.strayDigits;
+}
+
+/// One line of the modem. It may hold several headings, each with its PDU after it.
+void LogReader::ReadSaid(std::string_view said) {
+    std::size_t at = 0;
+    while (std::optional<Mark> mark = FindMark(said, at)) {
+        ReadBeside(said.substr(at, mark->begin - at), at > 0);
+        at = mark->end;
+        Begin(std::move(*mark), said.substr(0, mark->begin));
+    }
+    if (at == 0 && !m_Typed.empty() && EndsAnswer(said))
+        m_Typed.clear();
+    if (at > 0)
+        ReadBeside(said.substr(at), true);
+    else if (m_Open)
+        ReadRest(said);
+}
+
+/// What stands in a line beside a heading: strings of a list, each with a line in it. Before the first
+/// heading of a line that may be what a program wrote there.
+void LogReader::ReadBeside(std::string_view text, bool isBehindHeading) {
+    constexpr std::string_view c_quotes = "'\"";
+    while (m_Open && !text.empty()) {
+        const std::size_t quote = std::min(text.find_first_of(c_quotes), text.size());
+        const std::string_view piece = text.substr(0, quote);
+        if (isBehindHeading && EndsAnswer(piece))
+            End();
+        else if (HasAlphanumeric(piece))
+            Gather(piece, isBehindHeading && !m_Open->digits.empty());
+        text.remove_prefix(std::min(quote + 1, text.size()));
+    }
+}
+
+/// A line without a heading, while one waits for its PDU.
+void LogReader::ReadRest(std::string_view text) {
+    if (const auto end = EndOfPrefix(text, m_Open->prefix))
+        text.remove_prefix(*end);
+    if (!HasAlphanumeric(text) || IsUnasked(text))
+        return;
+    if (EndsAnswer(text))
+        return End();
+    if (Gather(text, true))
+        return;
+    if (IsSound(m_Open->digits, m_Open->heading) || ++m_Open->strangers > c_mostStrangers)
+        End();
+}
+
+/// Takes digits that belong to the open heading; false where there are none.
+bool LogReader::Gather(std::string_view text, bool isWholeLine) {
+    Open& open = *m_Open;
+    const auto isWhole = [&open](const std::string& digits) {
+        return IsComplete(open.digits + digits, open.heading);
+    };
+    const std::string digits = DigitsIn(text, isWholeLine ? Beside::Nothing : Beside::Words, isWhole);
+    if (digits.empty())
+        return false;
+    m_HasEntry = true;
+    if (open.digits.empty())
+        open.line = m_Number;
+    open.digits += digits;
+    open.strangers = 0;
+    const bool isTyped = text.find(c_endOfTyping) != std::string_view::npos;
+    if (isTyped || IsComplete(open.digits, open.heading) || IsOverlong(open.digits, open.heading))
+        End();
+    return true;
+}
+
+/// A command that stands in the log twice, as it was sent and as the modem repeats it, is one.
+void LogReader::Begin(Mark mark, std::string_view prefix) {
+    if (mark.kind == Mark::Kind::Notice)
+        return;
+    const Heading& heading = mark.heading;
+    const bool isEcho = m_Open && m_Open->digits.empty() && heading.isTyped &&
+                        heading.name == m_Open->heading.name && heading.length == m_Open->heading.length;
+    if (!isEcho)
+        End();
+    m_HasTextMode = m_HasTextMode || mark.kind == Mark::Kind::TextMode;
+    if (mark.kind != Mark::Kind::Heading)
+        return;
+    mark.heading.line = m_Number;
+    if (heading.kind == Heading::Kind::Reference)
+        return GiveReference(std::move(mark.heading));
+    m_Open = Open{std::move(mark.heading), std::string(prefix), {}, m_Number};
+}
+
+/// The reference goes to the message that was sent last; a report that stands beside it is an entry of its
+/// own.
+void LogReader::GiveReference(Heading heading) {
+    m_HasEntry = true;
+    heading.sentLine = std::exchange(m_SentLine, 0);
+    m_Typed.clear();
+    std::string digits = std::exchange(heading.digits, {});
+    m_Entries.push_back({m_Number, {}, heading});
+    if (digits.empty())
+        return;
+    heading.kind = Heading::Kind::Acknowledgement;
+    m_Entries.push_back({m_Number, std::move(digits), std::move(heading)});
+}
+
+/// Gives what has come for the open heading. A command may go without, as nothing need have been typed, and
+/// what the modem repeats of it is the same again.
+void LogReader::End() {
+    if (!m_Open)
+        return;
+    Open open = *std::exchange(m_Open, std::nullopt);
+    if (open.heading.isTyped) {
+        if (open.digits.empty() || open.digits == m_Typed)
+            return;
+        m_Typed = open.digits;
+    }
+    if (open.heading.isSent)
+        m_SentLine = open.line;
+    const std::size_t line = open.digits.empty() ? open.heading.line : open.line;
+    m_Entries.push_back({line, std::move(open.digits), std::move(open.heading)});
+}
+
+bool HasHeading(std::string_view text) {
+    const std::string said = Unprinted(text);
+    for (auto mark = FindMark(said, 0); mark; mark = FindMark(said, mark->end)) {
+        if (mark->kind == Mark::Kind::Heading)
+            return true;
+    }
+    return false;
+}
+
+} // namespace qxpdu
