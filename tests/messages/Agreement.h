@@ -7,9 +7,15 @@
 
 namespace tests {
 
-/// Reads the octets in every way that the options have, each as often as it takes to compare: places cover
-/// all octets once, Walk() tells what Read() gives, a used reading becomes the same as a fresh one, texts are
+/// How many ways to read the options make.
+constexpr unsigned int c_ways = 27;
+
+/// Reads the octets in one of the ways, below c_ways, as often as it takes to compare: places cover all
+/// octets once, Walk() tells what Read() gives, a used reading becomes the same as a fresh one, texts are
 /// UTF-8. Ends the program, with a word on why, where one of them does not hold.
+void CheckAgreement(Messages::OctetView pdu, unsigned int way);
+
+/// The same in all ways.
 void CheckAgreement(Messages::OctetView pdu);
 
 } // namespace tests

@@ -40,7 +40,7 @@ TEST(Properties, HoldForDamagedPdus) {
         for (unsigned int changes = random() % 4; changes != 0; --changes)
             octets[random() % octets.size()] = static_cast<std::uint8_t>(random());
         octets.resize(octets.size() - std::min<std::size_t>(octets.size(), random() % 3));
-        tests::CheckAgreement(octets);
+        tests::CheckAgreement(octets, random() % tests::c_ways);
     }
 }
 
