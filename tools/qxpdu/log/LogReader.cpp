@@ -168,18 +168,18 @@ void LogReader::ReadSaid(std::string_view said) {
         ReadRest(said);
 }
 
-/// What stands in a line beside a heading: strings of a list, each with a line in it. Before the first
-/// heading of a line that may be what a program wrote there.
-void LogReader::ReadBeside(std::string_view text, bool isBehindHeading) {
-    constexpr std::string_view c_quotes = "'\"";
+/// What stands in a line beside a heading: strings of a list, or columns, each with a line in it. Before the
+/// first heading of a line that may be what a program wrote there.
+void LogReader::ReadBeside(std::string_view text, bool isAfterHeading) {
+    constexpr std::string_view c_bounds = "'\"|";
     while (m_Open && !text.empty()) {
-        const std::size_t quote = std::min(text.find_first_of(c_quotes), text.size());
-        const std::string_view piece = text.substr(0, quote);
-        if (isBehindHeading && EndsAnswer(piece))
+        const std::size_t bound = std::min(text.find_first_of(c_bounds), text.size());
+        const std::string_view piece = text.substr(0, bound);
+        if (isAfterHeading && EndsAnswer(piece))
             End();
         else if (HasAlphanumeric(piece))
-            Gather(piece, isBehindHeading && !m_Open->digits.empty());
-        text.remove_prefix(std::min(quote + 1, text.size()));
+            Gather(piece, isAfterHeading && !m_Open->digits.empty());
+        text.remove_prefix(std::min(bound + 1, text.size()));
     }
 }
 
@@ -189,8 +189,10 @@ void LogReader::ReadRest(std::string_view text) {
         text.remove_prefix(*end);
     if (!HasAlphanumeric(text) || IsUnasked(text))
         return;
-    if (EndsAnswer(text))
+    if (EndsAnswer(text)) {
+        ReadBeside(text, true);
         return End();
+    }
     if (Gather(text, true))
         return;
     if (IsSound(m_Open->digits, m_Open->heading) || ++m_Open->strangers > c_mostStrangers)

@@ -74,7 +74,7 @@ private:
     void ReadLogLine(std::string_view printed, std::size_t number);
     void ReadSaid(std::string_view said);
     void ReadRest(std::string_view text);
-    void ReadBeside(std::string_view text, bool isBehindHeading);
+    void ReadBeside(std::string_view text, bool isAfterHeading);
     bool Gather(std::string_view text, bool isWholeLine);
     void Begin(Mark mark, std::string_view prefix);
     void GiveReference(Heading heading);
