@@ -41,6 +41,7 @@ std::size_t ByteAt(std::string_view text, std::size_t character) {
 /// The text with a word for each gap.
 std::string TextWithGaps(const JoinedContent& content) {
     std::string text = content.text;
+    // NOLINTNEXTLINE(modernize-loop-convert): clang++ 14 does not get along with libstdc++'s views
     for (auto gap = content.gaps.rbegin(); gap != content.gaps.rend(); ++gap) {
         text.insert(ByteAt(text, gap->position),
                     fmt::format("[{} {} missing]", gap->missing.size() == 1 ? "part" : "parts",

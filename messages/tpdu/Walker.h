@@ -364,7 +364,7 @@ private:
             Note(RemarkCode::ValiditySecondsZero, field, m_At + 1);
         if (validity.Enhanced() == EnhancedValidity::Clock)
             NoteClock(field, validity);
-        const auto used = static_cast<std::size_t>(1 + static_cast<int>(row.octets));
+        const std::ptrdiff_t used = 1 + static_cast<int>(row.octets);
         const auto* const unused = std::find_if(validity.octets.begin() + used, validity.octets.end(),
                                                 [](std::uint8_t octet) { return octet != 0; });
         if (unused != validity.octets.end())
