@@ -37,10 +37,10 @@ TEST(Properties, HoldForDamagedPdus) {
     for (int round = 0; round < 20000; ++round) {
         std::vector<std::uint8_t> octets;
         ASSERT_TRUE(FromHex(c_samples[random() % std::size(c_samples)], octets));
-        for (unsigned int changes = random() % 4; changes != 0; --changes)
+        for (auto changes = random() % 4; changes != 0; --changes)
             octets[random() % octets.size()] = static_cast<std::uint8_t>(random());
         octets.resize(octets.size() - std::min<std::size_t>(octets.size(), random() % 3));
-        tests::CheckAgreement(octets, random() % tests::c_ways);
+        tests::CheckAgreement(octets, static_cast<unsigned int>(random() % tests::c_ways));
     }
 }
 
