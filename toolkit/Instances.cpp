@@ -41,7 +41,7 @@ void Instances::RenewLock(smart_ptr<T>& shared) {
 
 namespace {
 
-[[gnu::constructor]] void MakeInstances() {
+void MakeInstances() {
     Instances::s_pInstances = new Instances;
     ILogger::s_pInstance = &Instances::s_pInstances->m_Logger;
     SystemInfo::s_pInstance = &Instances::s_pInstances->m_SystemInfo;
@@ -52,7 +52,12 @@ namespace {
         throw std::bad_alloc();
 }
 
-[[gnu::destructor]] void DestroyInstances() {
+/// What is thrown here must not leave through the loader, which would keep its locks.
+[[gnu::constructor]] void Load() noexcept {
+    MakeInstances();
+}
+
+[[gnu::destructor]] void Unload() {
     delete Instances::s_pInstances;
 }
 

@@ -27,9 +27,8 @@ extern ENCODING_API Encoding::EncodingModule* encodingModule;
 
 /// Makes the module object, stores it in `encodingModule` whatever that held before, and registers it. Runs
 /// once by itself when the library is loaded; a further call makes and registers a further object. What the
-/// allocation or the manager throws passes through to who calls it by name; while the library is being loaded
-/// there is nobody to catch it, since dlopen() is declared to throw nothing, and the process ends by
-/// std::terminate.
+/// allocation or the manager throws passes through to who calls it by name; thrown while the library is being
+/// loaded it ends the process by std::terminate.
 ENCODING_API void DllencodingModuleLoad();
 
 /// Unregisters and deletes the module object. Runs once by itself when the library is unloaded; must not be

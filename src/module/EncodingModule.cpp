@@ -31,9 +31,10 @@ void DllencodingModuleUnload() {
 
 namespace {
 
-/// Ties the module's life to the library's. No other object of the library is constructed at load time.
+/// Ties the module's life to the library's. No other object of the library is constructed at load time. What
+/// is thrown then must not leave through the loader, which would keep its locks.
 const struct ModuleLife {
-    ModuleLife() { DllencodingModuleLoad(); }
+    ModuleLife() noexcept { DllencodingModuleLoad(); }
     ~ModuleLife() { DllencodingModuleUnload(); }
     ModuleLife(const ModuleLife&) = delete;
     ModuleLife& operator=(const ModuleLife&) = delete;
