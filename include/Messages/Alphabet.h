@@ -6,7 +6,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "Messages/Export.h"
 #include "Messages/Octets.h"
@@ -72,6 +75,32 @@ MESSAGES_API void AppendSeptetText(OctetView septets, SeptetTables tables, std::
 /// UTF-16 with the most significant octet first, in UTF-8, appended to `text`. An unpaired surrogate is
 /// U+FFFD; an odd last octet is passed over. Throws std::bad_alloc alone.
 MESSAGES_API void AppendUcs2Text(OctetView octets, std::string& text);
+
+/// The way back: septets, one an octet, packed from bit `firstBit` of `packed[0]` on; the bits before the
+/// first and after the last are 0. Returns the octets written. REQUIRES septets < 128, firstBit < 8, and room
+/// for (firstBit + 7 × septets) / 8 octets, rounded up.
+MESSAGES_API std::size_t PackSeptets(OctetView septets, unsigned int firstBit, std::uint8_t* packed) noexcept;
+
+/// A character of a text that something cannot hold, or octets in it that are none.
+struct MisfitCharacter {
+    std::size_t offset = 0; ///< of its first octet in the text
+    char32_t character = 0; ///< c_notUtf8 where the octets are not UTF-8
+};
+
+/// Stands for octets that are not UTF-8.
+inline constexpr char32_t c_notUtf8 = 0xFFFFFFFF;
+
+/// The septets of a text in UTF-8, one an octet, appended to `septets`. A character of the locking table is
+/// one septet, one of the single shift table alone two; of several septets the lowest. Returns the first
+/// character that the tables do not hold; `septets` is then as it was. REQUIRES named languages. Throws
+/// std::bad_alloc alone.
+MESSAGES_API std::optional<MisfitCharacter> AppendSeptets(std::string_view text, SeptetTables tables,
+                                                          std::vector<std::uint8_t>& septets);
+
+/// A text in UTF-8 as UTF-16 with the most significant octet first, appended to `octets`. Holds every
+/// character; returns what is not UTF-8, and `octets` is then as it was. Throws std::bad_alloc alone.
+MESSAGES_API std::optional<MisfitCharacter> AppendUcs2(std::string_view text,
+                                                       std::vector<std::uint8_t>& octets);
 
 } // namespace Messages
 

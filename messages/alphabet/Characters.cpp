@@ -1,17 +1,9 @@
 #include "alphabet/Characters.h"
 
-#include "tables/Values.h"
+#include "alphabet/Rows.h"
 
 namespace Messages {
 namespace {
-
-/// The septet, then the default alphabet, then the languages that have such a table, in their order.
-constexpr const char* c_lockingRows[][14] = {
-#include "rows/locking-shift.inc"
-};
-constexpr const char* c_singleShiftRows[][15] = {
-#include "rows/single-shift.inc"
-};
 
 template <std::size_t Columns, std::size_t Count>
 constexpr CharacterTable Column(const char* const (&rows)[Count][Columns], std::size_t column) {
@@ -26,11 +18,9 @@ template <std::size_t Columns, std::size_t Count>
 constexpr auto TablesByLanguage(const char* const (&rows)[Count][Columns],
                                 Tables::YesNo Tables::LanguageRow::*hasTable) {
     std::array<CharacterTable, c_languageCount> tables{};
-    std::size_t column = 1;
-    tables.fill(Column(rows, column));
-    for (const Tables::LanguageRow& language : Tables::c_languages)
-        if (language.*hasTable)
-            tables[static_cast<std::size_t>(language.value.value)] = Column(rows, ++column);
+    tables.fill(Column(rows, 1));
+    VisitColumns(hasTable,
+                 [&](std::size_t language, std::size_t column) { tables[language] = Column(rows, column); });
     return tables;
 }
 

@@ -74,14 +74,18 @@ struct Bits {
 struct Character {
     static constexpr char16_t c_control = 0x0D;
     char16_t value = 0;
+    bool isWritten = false;
     // NOLINTNEXTLINE(google-explicit-constructor)
     constexpr Character(std::string_view cell) {
-        if (cell.back() == '*')
+        const bool isReadOnly = cell.back() == '*';
+        if (isReadOnly)
             cell.remove_suffix(1);
-        if (cell == "CTRL")
+        if (cell == "CTRL") {
             value = c_control;
-        else if (cell != c_nothing && cell != "ESC")
+        } else if (cell != c_nothing && cell != "ESC") {
             value = static_cast<char16_t>(NumberIn<16>(cell));
+            isWritten = !isReadOnly;
+        }
     }
     // NOLINTNEXTLINE(google-explicit-constructor)
     constexpr Character(const char* cell) : Character(std::string_view(cell)) {}

@@ -45,6 +45,16 @@ const struct Operation {
          std::string text;
          AppendUcs2Text(std::vector<std::uint8_t>(99, 0x04), text);
      }},
+    {"Septets",
+     [](Reading&) {
+         std::vector<std::uint8_t> septets;
+         AppendSeptets("Grüße", {}, septets);
+     }},
+    {"Ucs2",
+     [](Reading&) {
+         std::vector<std::uint8_t> octets;
+         AppendUcs2("Grüße", octets);
+     }},
     {"Hexadecimal", [](Reading&) { ToHex(std::vector<std::uint8_t>(99)); }},
     {"Words",
      [](Reading&) {

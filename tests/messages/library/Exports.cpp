@@ -40,6 +40,8 @@ TEST(MessagesExports, AreThePublicOperations) {
     const std::set<std::string> expected = {
         "Messages::Address::ToString",
         "Messages::AppendSeptetText",
+        "Messages::AppendSeptets",
+        "Messages::AppendUcs2",
         "Messages::AppendUcs2Text",
         "Messages::ClassOfStatus",
         "Messages::CodeOf",
@@ -60,6 +62,7 @@ TEST(MessagesExports, AreThePublicOperations) {
         "Messages::NameOf",
         "Messages::NameOfElement",
         "Messages::NameOfNumberingPlan",
+        "Messages::PackSeptets",
         "Messages::PartyOf",
         "Messages::Read",
         "Messages::ReadConcatenation",
