@@ -12,11 +12,11 @@ namespace {
 
 using namespace fuzz;
 
-qxpdu::Message ReadMessage(unsigned int flags, const Encoding::Pdu& pdu) {
+show::Message ReadMessage(unsigned int flags, const Encoding::Pdu& pdu) {
     constexpr Messages::Direction directions[] = {Messages::Direction::Unknown, Messages::Direction::ToMobile,
                                                   Messages::Direction::FromMobile,
                                                   Messages::Direction::Unknown};
-    qxpdu::Message message;
+    show::Message message;
     message.octets.assign(pdu.m_Bytes, pdu.m_Bytes + pdu.m_Length);
     message.hasServiceCentre = (flags & 1) == 0;
     message.isZoneIgnored = (flags & 2) != 0;
@@ -26,18 +26,18 @@ qxpdu::Message ReadMessage(unsigned int flags, const Encoding::Pdu& pdu) {
     return message;
 }
 
-void RequireMapped(const qxpdu::Message& message) {
-    const std::vector<qxpdu::OctetRow> rows = qxpdu::MapOctets(message);
+void RequireMapped(const show::Message& message) {
+    const std::vector<show::OctetRow> rows = show::MapOctets(message);
     Require(tests::HasEveryOctetOnce(rows, message.octets.size()), "the rows hold the whole PDU");
     const bool isWhole = !message.reading.fault;
-    for (const qxpdu::OctetRow& row : rows)
+    for (const show::OctetRow& row : rows)
         Require(tests::HasEveryBitOnce(row, message.octets[row.octet], isWhole), "the bits make the octet");
     const Messages::UserData* const userData = Messages::UserDataOf(message.reading.tpdu);
     if (userData != nullptr && isWhole)
         Require(tests::TextOf(rows) == userData->text, "map and reading have the same text");
 }
 
-void RequireJson(qxpdu::JsonText& object) {
+void RequireJson(show::JsonText& object) {
     Require(nlohmann::json::accept(object.Finish()), "an object is JSON");
 }
 
@@ -47,20 +47,20 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Input input(data, size);
     const unsigned int flags = input.Octet();
     const Toolkit::smart_ptr<Encoding::Pdu> pdu = input.Pdu();
-    const qxpdu::Message message = ReadMessage(flags, *pdu);
+    const show::Message message = ReadMessage(flags, *pdu);
     RequireMapped(message);
 
-    const qxpdu::HostReading host = CompareWithHost(message);
+    const show::HostReading host = CompareWithHost(message);
     Require(!host.isRejected || host.members.empty(), "what is rejected has no members that differ");
     Require(ReadAsHost(message).isRejected == host.isRejected, "both readings of the host are the same");
-    qxpdu::JsonText map;
+    show::JsonText map;
     WriteMap(message, host, map);
     RequireJson(map);
-    Require(!MapText(message, host, qxpdu::Painter(false)).empty() || message.octets.empty(),
+    Require(!MapText(message, host, show::Painter(false)).empty() || message.octets.empty(),
             "octets have rows");
     if (message.reading.fault)
         return 0;
-    qxpdu::JsonText object;
+    show::JsonText object;
     Write(message, host, std::nullopt, object);
     RequireJson(object);
     Require(!ToText(message, host, "").empty(), "a message has lines");

@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-namespace qxpdu {
+namespace show {
 
 namespace {
 
@@ -173,4 +173,4 @@ PageNumber PageNumberOf(unsigned int pageParameter) {
     return {page, pages};
 }
 
-} // namespace qxpdu
+} // namespace show

@@ -1,11 +1,11 @@
 // What the header of a cell broadcast page means to a person, 3GPP TS 23.041 and 23.038.
-#ifndef QXPDU_CELLMEANINGS_H
-#define QXPDU_CELLMEANINGS_H
+#ifndef SHOW_CELLMEANINGS_H
+#define SHOW_CELLMEANINGS_H
 
 #include <string>
 #include <string_view>
 
-namespace qxpdu {
+namespace show {
 
 /// The fields of a serial number.
 struct SerialNumber {
@@ -38,6 +38,6 @@ struct PageNumber {
 };
 PageNumber PageNumberOf(unsigned int pageParameter);
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

@@ -6,7 +6,7 @@
 #include <fmt/format.h>
 #include <utf8.h>
 
-namespace qxpdu {
+namespace show {
 
 namespace {
 
@@ -147,4 +147,4 @@ std::string Printable(std::string_view text) {
     return shown;
 }
 
-} // namespace qxpdu
+} // namespace show

@@ -1,13 +1,13 @@
 // The codecs' wide text, which holds one UTF-16 code unit a character, and the UTF-8 that is shown of it.
-#ifndef QXPDU_CODEUNITS_H
-#define QXPDU_CODEUNITS_H
+#ifndef SHOW_CODEUNITS_H
+#define SHOW_CODEUNITS_H
 
 #include <string>
 #include <string_view>
 
 #include "Toolkit/TString.h"
 
-namespace qxpdu {
+namespace show {
 
 /// The code points of UTF-16 code units, a lone surrogate as itself.
 std::u32string CodePoints(const std::wstring& units);
@@ -32,6 +32,6 @@ bool HasMarks(std::string_view json);
 /// cannot act on the terminal that shows it, and octets that are no UTF-8 become "\xFB".
 std::string Printable(std::string_view text);
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

@@ -8,7 +8,7 @@
 #include "Messages/Words.h"
 #include "show/Message.h"
 
-namespace qxpdu {
+namespace show {
 
 namespace {
 
@@ -163,4 +163,4 @@ std::string MeaningOf(const Messages::HeaderElement& element, OctetView data) {
                        words);
 }
 
-} // namespace qxpdu
+} // namespace show

@@ -1,6 +1,6 @@
 // What the data of a header element are made of, 3GPP TS 23.040 clause 9.2.3.24.
-#ifndef QXPDU_ELEMENTPARTS_H
-#define QXPDU_ELEMENTPARTS_H
+#ifndef SHOW_ELEMENTPARTS_H
+#define SHOW_ELEMENTPARTS_H
 
 #include <cstdint>
 #include <string>
@@ -10,7 +10,7 @@
 #include "Messages/Header.h"
 #include "show/OctetBits.h"
 
-namespace qxpdu {
+namespace show {
 
 /// Neighbouring octets of an element's data that say one thing.
 struct ElementPart {
@@ -28,6 +28,6 @@ std::vector<ElementPart> PartsOf(const Messages::HeaderElement& element, Message
 /// "concatenation, 8-bit reference: reference 42, total 3, part 2"
 std::string MeaningOf(const Messages::HeaderElement& element, Messages::OctetView data);
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

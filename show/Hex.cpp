@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace qxpdu {
+namespace show {
 
 namespace {
 
@@ -20,4 +20,4 @@ std::string Hex(const unsigned char* octets, std::size_t count) {
     return text;
 }
 
-} // namespace qxpdu
+} // namespace show

@@ -1,15 +1,15 @@
 // Octets as hexadecimal text.
-#ifndef QXPDU_HEX_H
-#define QXPDU_HEX_H
+#ifndef SHOW_HEX_H
+#define SHOW_HEX_H
 
 #include <cstddef>
 #include <string>
 
-namespace qxpdu {
+namespace show {
 
 /// Two upper-case digits an octet.
 std::string Hex(const unsigned char* octets, std::size_t count);
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

@@ -11,7 +11,7 @@
 #include "show/MessageJson.h"
 #include "show/MessageText.h"
 
-namespace qxpdu {
+namespace show {
 
 namespace {
 
@@ -185,4 +185,4 @@ void Write(const JoinedMessage& joined, JsonText& object) {
         object.Member("text", std::string_view(joined.content.text));
 }
 
-} // namespace qxpdu
+} // namespace show

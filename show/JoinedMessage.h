@@ -1,6 +1,6 @@
 // A message of several parts as it is shown.
-#ifndef QXPDU_JOINEDMESSAGE_H
-#define QXPDU_JOINEDMESSAGE_H
+#ifndef SHOW_JOINEDMESSAGE_H
+#define SHOW_JOINEDMESSAGE_H
 
 #include <cstddef>
 #include <cstdint>
@@ -12,7 +12,7 @@
 #include "show/JsonText.h"
 #include "show/compare/Comparison.h"
 
-namespace qxpdu {
+namespace show {
 
 /// Where parts are missing.
 struct Gap {
@@ -55,6 +55,6 @@ std::string ToText(const JoinedMessage& joined);
 /// For a program.
 void Write(const JoinedMessage& joined, JsonText& object);
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

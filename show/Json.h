@@ -1,15 +1,15 @@
 // JSON as a tree of values, for what is read, and for results that are put together piece by piece. Those
 // that come by the million are not: see JsonText.h.
-#ifndef QXPDU_JSON_H
-#define QXPDU_JSON_H
+#ifndef SHOW_JSON_H
+#define SHOW_JSON_H
 
 #include <nlohmann/json.hpp>
 
-namespace qxpdu {
+namespace show {
 
 /// Members keep the order in which they are made.
 using Json = nlohmann::ordered_json;
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

@@ -1,7 +1,7 @@
 // A JSON object written straight as text, for results that come by the million: a tree of each, as Json.h has
 // it, would be made of hundreds of allocations and be thrown away at once.
-#ifndef QXPDU_JSONTEXT_H
-#define QXPDU_JSONTEXT_H
+#ifndef SHOW_JSONTEXT_H
+#define SHOW_JSONTEXT_H
 
 #include <concepts>
 #include <cstddef>
@@ -23,7 +23,7 @@
 
 #include "show/Hex.h"
 
-namespace qxpdu {
+namespace show {
 
 /// Of every object that is a result; another number where a reader would be misled.
 constexpr int c_jsonFormat = 2;
@@ -118,6 +118,6 @@ private:
     rapidjson::Writer<rapidjson::StringBuffer> m_Writer;
 };
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

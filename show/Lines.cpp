@@ -7,7 +7,7 @@
 
 #include "show/CodeUnits.h"
 
-namespace qxpdu {
+namespace show {
 
 namespace {
 
@@ -40,4 +40,4 @@ std::string Aligned(const std::vector<Line>& lines) {
     return text;
 }
 
-} // namespace qxpdu
+} // namespace show

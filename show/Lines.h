@@ -1,12 +1,12 @@
 // Named values as aligned lines.
-#ifndef QXPDU_LINES_H
-#define QXPDU_LINES_H
+#ifndef SHOW_LINES_H
+#define SHOW_LINES_H
 
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace qxpdu {
+namespace show {
 
 /// A name with its value on the wire and what that means, "TP-DCS 0x19: UCS2, class 1", and notes below.
 struct Line {
@@ -19,6 +19,6 @@ struct Line {
 /// The names right-aligned, what is below a line indented. Made safe for a terminal.
 std::string Aligned(const std::vector<Line>& lines);
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

@@ -2,7 +2,7 @@
 #include "show/MessageJson.h"
 #include "show/OctetMap.h"
 
-namespace qxpdu {
+namespace show {
 
 namespace {
 
@@ -58,4 +58,4 @@ void WriteMap(const Message& message, const HostReading& host, JsonText& object)
     WriteDifferences(host, message.reading.fault.has_value(), object);
 }
 
-} // namespace qxpdu
+} // namespace show

@@ -8,7 +8,7 @@
 #include "show/MessageText.h"
 #include "show/OctetMap.h"
 
-namespace qxpdu {
+namespace show {
 
 namespace {
 
@@ -156,4 +156,4 @@ std::string MapText(const Message& message, const HostReading& host, Painter pai
     return writer.Finish();
 }
 
-} // namespace qxpdu
+} // namespace show

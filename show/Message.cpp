@@ -9,7 +9,7 @@
 #include "show/OctetBits.h"
 #include "show/Plural.h"
 
-namespace qxpdu {
+namespace show {
 
 namespace {
 
@@ -281,4 +281,4 @@ std::string ToText(const Messages::Fault& fault) {
     return fmt::format("octet {}: {}", fault.octet, Messages::MeaningOf(fault));
 }
 
-} // namespace qxpdu
+} // namespace show

@@ -1,6 +1,6 @@
 // A short message as it is shown: what was read of its octets, field by field.
-#ifndef QXPDU_MESSAGE_H
-#define QXPDU_MESSAGE_H
+#ifndef SHOW_MESSAGE_H
+#define SHOW_MESSAGE_H
 
 #include <cstdint>
 #include <string>
@@ -10,7 +10,7 @@
 
 #include "Messages/Read.h"
 
-namespace qxpdu {
+namespace show {
 
 /// The octets of a PDU and what they say by the standard.
 struct Message {
@@ -90,6 +90,6 @@ std::string ToText(const Messages::Remark& remark);
 /// "octet 19: the octets end in TP-SCTS, …"
 std::string ToText(const Messages::Fault& fault);
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

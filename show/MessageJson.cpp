@@ -6,7 +6,7 @@
 #include "show/ElementParts.h"
 #include "show/Record.h"
 
-namespace qxpdu {
+namespace show {
 
 namespace {
 
@@ -295,4 +295,4 @@ void WriteAddress(const Messages::Address& address, JsonText& object) {
     WriteNumber("numbering_plan", plan, Messages::NameOfNumberingPlan(plan), object);
 }
 
-} // namespace qxpdu
+} // namespace show

@@ -1,6 +1,6 @@
 // A short message for a program.
-#ifndef QXPDU_MESSAGEJSON_H
-#define QXPDU_MESSAGEJSON_H
+#ifndef SHOW_MESSAGEJSON_H
+#define SHOW_MESSAGEJSON_H
 
 #include <cstddef>
 #include <optional>
@@ -10,7 +10,7 @@
 #include "show/Message.h"
 #include "show/compare/Comparison.h"
 
-namespace qxpdu {
+namespace show {
 
 /// The members of a message: its type, a member for each field, text or data, remarks, and what a host of
 /// libQX_Encoding gets instead. `reportOn` is the number of the message that a status report is about.
@@ -33,6 +33,6 @@ void WriteRemarks(const std::vector<Messages::Remark>& remarks, JsonText& object
 void WriteDirection(Messages::Direction direction, JsonText& object);
 void WriteAddress(const Messages::Address& address, JsonText& object);
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

@@ -9,7 +9,7 @@
 #include "show/CodeUnits.h"
 #include "show/Lines.h"
 
-namespace qxpdu {
+namespace show {
 
 namespace {
 
@@ -143,4 +143,4 @@ std::string ToText(const HostReading& record) {
     return Aligned(lines);
 }
 
-} // namespace qxpdu
+} // namespace show

@@ -1,6 +1,6 @@
 // A short message for a person.
-#ifndef QXPDU_MESSAGETEXT_H
-#define QXPDU_MESSAGETEXT_H
+#ifndef SHOW_MESSAGETEXT_H
+#define SHOW_MESSAGETEXT_H
 
 #include <string>
 #include <string_view>
@@ -8,7 +8,7 @@
 #include "show/Message.h"
 #include "show/compare/Comparison.h"
 
-namespace qxpdu {
+namespace show {
 
 /// A line for each field, the names right-aligned: name, value on the wire, meaning; below it what is unusual
 /// there, "! …", and what a host of libQX_Encoding gets instead, "~ …". Then the text. `reportOn` names the
@@ -27,6 +27,6 @@ constexpr std::string_view c_acceptedText =
 /// Whether the member says something about the field.
 bool IsAbout(const RecordMember& member, Messages::Field field);
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

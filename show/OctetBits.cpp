@@ -5,7 +5,7 @@
 
 #include "Messages/Words.h"
 
-namespace qxpdu {
+namespace show {
 
 namespace {
 
@@ -157,4 +157,4 @@ std::vector<OctetBits> ObjectDistributionBits(unsigned int octet) {
             BitsIn(octet, 0x01, "forwarding", (octet & 0x01) != 0 ? "forbidden" : "allowed")};
 }
 
-} // namespace qxpdu
+} // namespace show

@@ -1,6 +1,6 @@
 // The octets whose bits say several things, 3GPP TS 23.040 and 23.038.
-#ifndef QXPDU_OCTETBITS_H
-#define QXPDU_OCTETBITS_H
+#ifndef SHOW_OCTETBITS_H
+#define SHOW_OCTETBITS_H
 
 #include <cstdint>
 #include <string>
@@ -9,7 +9,7 @@
 
 #include "Messages/DataCoding.h"
 
-namespace qxpdu {
+namespace show {
 
 /// Some bits of an octet; those of one octet stand from the highest to the lowest.
 struct OctetBits {
@@ -37,6 +37,6 @@ std::vector<OctetBits> ServiceCentreControlBits(unsigned int octet);
 std::vector<OctetBits> TextFormattingBits(unsigned int octet);
 std::vector<OctetBits> ObjectDistributionBits(unsigned int octet);
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

@@ -10,7 +10,7 @@
 #include "show/ElementParts.h"
 #include "show/Plural.h"
 
-namespace qxpdu {
+namespace show {
 
 namespace {
 
@@ -374,4 +374,4 @@ std::vector<OctetRow> MapOctets(const Message& message) {
     return Mapper(message).Map();
 }
 
-} // namespace qxpdu
+} // namespace show

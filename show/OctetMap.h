@@ -1,6 +1,6 @@
 // Each octet of a PDU once, in order, with what it means.
-#ifndef QXPDU_OCTETMAP_H
-#define QXPDU_OCTETMAP_H
+#ifndef SHOW_OCTETMAP_H
+#define SHOW_OCTETMAP_H
 
 #include <string>
 #include <vector>
@@ -11,7 +11,7 @@
 #include "show/Painter.h"
 #include "show/compare/Comparison.h"
 
-namespace qxpdu {
+namespace show {
 
 /// The rows of a message, sound or broken; they hold all of its octets.
 std::vector<OctetRow> MapOctets(const Message& message);
@@ -23,6 +23,6 @@ std::string MapText(const Message& message, const HostReading& host, Painter pai
 /// The members of the map: octets, type, map, remarks, what a host of libQX_Encoding gets instead.
 void WriteMap(const Message& message, const HostReading& host, JsonText& object);
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

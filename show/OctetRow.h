@@ -1,6 +1,6 @@
 // Octets of a PDU as a person or a program is told about them.
-#ifndef QXPDU_OCTETROW_H
-#define QXPDU_OCTETROW_H
+#ifndef SHOW_OCTETROW_H
+#define SHOW_OCTETROW_H
 
 #include <cstdint>
 #include <string>
@@ -10,7 +10,7 @@
 
 #include "show/OctetBits.h"
 
-namespace qxpdu {
+namespace show {
 
 /// What a person wrote.
 struct QuotedText {
@@ -29,6 +29,6 @@ struct OctetRow {
     bool isCount = false;             ///< the number is one, though it is made of bits
 };
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

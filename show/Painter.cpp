@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-namespace qxpdu {
+namespace show {
 
 namespace {
 
@@ -36,4 +36,4 @@ std::string Painter::Painted(std::string_view text, int colour) const {
     return m_IsOn ? fmt::format("\x1B[{}m{}\x1B[0m", colour, text) : std::string(text);
 }
 
-} // namespace qxpdu
+} // namespace show

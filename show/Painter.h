@@ -1,12 +1,12 @@
 // Colours for a terminal.
-#ifndef QXPDU_PAINTER_H
-#define QXPDU_PAINTER_H
+#ifndef SHOW_PAINTER_H
+#define SHOW_PAINTER_H
 
 #include <cstddef>
 #include <string>
 #include <string_view>
 
-namespace qxpdu {
+namespace show {
 
 /// Makes text coloured, or leaves it.
 class Painter {
@@ -28,6 +28,6 @@ private:
     std::size_t m_Colour = 0;
 };
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

@@ -2,10 +2,10 @@
 
 #include <fmt/format.h>
 
-namespace qxpdu {
+namespace show {
 
 std::string Counted(std::uint64_t count, std::string_view unit) {
     return fmt::format("{} {}{}", count, unit, count == 1 ? "" : "s");
 }
 
-} // namespace qxpdu
+} // namespace show

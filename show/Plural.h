@@ -1,16 +1,16 @@
 // Counts in words.
-#ifndef QXPDU_PLURAL_H
-#define QXPDU_PLURAL_H
+#ifndef SHOW_PLURAL_H
+#define SHOW_PLURAL_H
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-namespace qxpdu {
+namespace show {
 
 /// "1 octet", "2 octets".
 std::string Counted(std::uint64_t count, std::string_view unit);
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

@@ -7,7 +7,7 @@
 
 #include "show/CodeUnits.h"
 
-namespace qxpdu {
+namespace show {
 
 namespace {
 
@@ -69,4 +69,4 @@ Json ToJson(const Entry& entry) {
     return object;
 }
 
-} // namespace qxpdu
+} // namespace show

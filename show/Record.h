@@ -1,6 +1,6 @@
 // A list of named values, shown to a person as aligned lines and to a program as a JSON object.
-#ifndef QXPDU_RECORD_H
-#define QXPDU_RECORD_H
+#ifndef SHOW_RECORD_H
+#define SHOW_RECORD_H
 
 #include <string>
 #include <string_view>
@@ -8,7 +8,7 @@
 
 #include "show/Json.h"
 
-namespace qxpdu {
+namespace show {
 
 /// A value as it is on the wire: for a person and for a program.
 struct Raw {
@@ -38,6 +38,6 @@ std::string KeyOf(std::string_view name);
 /// {"raw": …, "meaning": …} and the details.
 Json ToJson(const Entry& entry);
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

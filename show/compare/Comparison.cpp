@@ -10,7 +10,7 @@
 #include "Encoding/PduDecoder.h"
 #include "show/CodeUnits.h"
 
-namespace qxpdu {
+namespace show {
 
 namespace {
 
@@ -493,4 +493,4 @@ void WriteDifferences(const HostReading& host, bool isFault, JsonText& object) {
     });
 }
 
-} // namespace qxpdu
+} // namespace show

@@ -1,6 +1,6 @@
 // What a host of libQX_Encoding gets of a PDU, beside what the standard says.
-#ifndef QXPDU_COMPARISON_H
-#define QXPDU_COMPARISON_H
+#ifndef SHOW_COMPARISON_H
+#define SHOW_COMPARISON_H
 
 #include <string>
 #include <string_view>
@@ -10,7 +10,7 @@
 #include "show/JsonText.h"
 #include "show/Message.h"
 
-namespace qxpdu {
+namespace show {
 
 /// The value of a member of the record: a number, a text, or nothing where a pointer is null.
 using MemberValue = std::variant<std::monostate, int, std::string>;
@@ -51,6 +51,6 @@ void WriteValue(const RecordMember& member, JsonText& object);
 /// the same.
 void WriteDifferences(const HostReading& host, bool isFault, JsonText& object);
 
-} // namespace qxpdu
+} // namespace show
 
 #endif

@@ -7,9 +7,9 @@
 
 namespace {
 
-using qxpdu::HostReading;
-using qxpdu::Message;
-using qxpdu::RecordMember;
+using show::HostReading;
+using show::Message;
+using show::RecordMember;
 
 Message Read(const std::string& pdu, Messages::Direction direction = Messages::Direction::Unknown) {
     Message message;

@@ -10,9 +10,9 @@
 namespace tests {
 
 /// Each octet belongs to one row, the rows in the order of the octets.
-inline bool HasEveryOctetOnce(const std::vector<qxpdu::OctetRow>& rows, std::size_t octets) {
+inline bool HasEveryOctetOnce(const std::vector<show::OctetRow>& rows, std::size_t octets) {
     std::size_t end = 0;
-    for (const qxpdu::OctetRow& row : rows) {
+    for (const show::OctetRow& row : rows) {
         if (row.octet != end || row.count == 0)
             return false;
         end += row.count;
@@ -22,10 +22,10 @@ inline bool HasEveryOctetOnce(const std::vector<qxpdu::OctetRow>& rows, std::siz
 
 /// The entries of an octet of bits are those bits, from the highest to the lowest, each at most once; and
 /// each exactly once where `isWhole`.
-inline bool HasEveryBitOnce(const qxpdu::OctetRow& row, unsigned int octet, bool isWhole) {
+inline bool HasEveryBitOnce(const show::OctetRow& row, unsigned int octet, bool isWhole) {
     unsigned int covered = 0;
     unsigned int above = 0x100;
-    for (const qxpdu::OctetBits& bits : row.bits) {
+    for (const show::OctetBits& bits : row.bits) {
         const unsigned int value = bits.value << std::countr_zero(bits.mask);
         if (bits.mask >= above || value != (octet & bits.mask))
             return false;
@@ -36,10 +36,10 @@ inline bool HasEveryBitOnce(const qxpdu::OctetRow& row, unsigned int octet, bool
 }
 
 /// The texts of all rows, one after the other.
-inline std::string TextOf(const std::vector<qxpdu::OctetRow>& rows) {
+inline std::string TextOf(const std::vector<show::OctetRow>& rows) {
     std::string text;
-    for (const qxpdu::OctetRow& row : rows) {
-        const auto* quoted = std::get_if<qxpdu::QuotedText>(&row.value);
+    for (const show::OctetRow& row : rows) {
+        const auto* quoted = std::get_if<show::QuotedText>(&row.value);
         if (quoted != nullptr && row.part.empty())
             text += quoted->text;
     }

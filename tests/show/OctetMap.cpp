@@ -11,8 +11,8 @@
 
 namespace {
 
-using qxpdu::Message;
-using qxpdu::OctetRow;
+using show::Message;
+using show::OctetRow;
 using tests::Bytes;
 
 Message Read(const Bytes& octets, Messages::Presence serviceCentre, Messages::Direction direction) {
@@ -24,7 +24,7 @@ Message Read(const Bytes& octets, Messages::Presence serviceCentre, Messages::Di
 
 void ExpectMapAgrees(const Message& message) {
     SCOPED_TRACE(tests::Hex(message.octets));
-    const std::vector<OctetRow> rows = qxpdu::MapOctets(message);
+    const std::vector<OctetRow> rows = show::MapOctets(message);
     EXPECT_TRUE(tests::HasEveryOctetOnce(rows, message.octets.size()));
     for (const OctetRow& row : rows) {
         EXPECT_TRUE(tests::HasEveryBitOnce(row, message.octets[row.octet], !message.reading.fault))

@@ -19,7 +19,7 @@ TString<wchar_t> FromUtf8(std::string_view text) {
     codePoints.reserve(text.size());
     for (const char* position = text.data(); position != end;)
         codePoints += static_cast<char32_t>(utf8::unchecked::next(position));
-    return Units(codePoints);
+    return show::Units(codePoints);
 }
 
 std::string FirstCharacter(std::string_view text) {
@@ -32,7 +32,7 @@ std::string FirstCharacter(std::string_view text) {
     if (character.empty() || first < 0x20 || first == 0x7F)
         return fmt::format("0x{:02X}", first);
     const char quote = first == '\'' ? '"' : '\'';
-    return fmt::format("{}{}{}", quote, Printable(character), quote);
+    return fmt::format("{}{}{}", quote, show::Printable(character), quote);
 }
 
 std::string CodePointName(char32_t codePoint) {

@@ -24,58 +24,58 @@ using Encoding::Pdu;
 
 constexpr unsigned int c_headerLength = 6;
 
-Entry SerialNumberEntry(unsigned int serialNumber, unsigned int messageIdentifier) {
-    const SerialNumber serial = SplitSerialNumber(serialNumber);
-    const auto scope = GeographicalScopeMeaning(serial.geographicalScope);
+show::Entry SerialNumberEntry(unsigned int serialNumber, unsigned int messageIdentifier) {
+    const show::SerialNumber serial = show::SplitSerialNumber(serialNumber);
+    const auto scope = show::GeographicalScopeMeaning(serial.geographicalScope);
     std::string meaning =
         fmt::format("geographical scope {} ({}), message code {}, update number {}", serial.geographicalScope,
                     scope, serial.messageCode, serial.updateNumber);
-    Json details = {{"geographical_scope", {{"raw", serial.geographicalScope}, {"meaning", scope}}},
-                    {"message_code", serial.messageCode},
-                    {"update_number", serial.updateNumber}};
-    if (IsEtws(messageIdentifier)) {
-        meaning += fmt::format(", {}, {}",
-                               HasEmergencyAlert(serialNumber) ? "emergency alert" : "no emergency alert",
-                               HasPopup(serialNumber) ? "popup" : "no popup");
-        details["emergency_alert"] = HasEmergencyAlert(serialNumber);
-        details["popup"] = HasPopup(serialNumber);
+    show::Json details = {{"geographical_scope", {{"raw", serial.geographicalScope}, {"meaning", scope}}},
+                          {"message_code", serial.messageCode},
+                          {"update_number", serial.updateNumber}};
+    if (show::IsEtws(messageIdentifier)) {
+        meaning += fmt::format(
+            ", {}, {}", show::HasEmergencyAlert(serialNumber) ? "emergency alert" : "no emergency alert",
+            show::HasPopup(serialNumber) ? "popup" : "no popup");
+        details["emergency_alert"] = show::HasEmergencyAlert(serialNumber);
+        details["popup"] = show::HasPopup(serialNumber);
     }
-    return {"Serial number", RawWord(serialNumber), std::move(meaning), std::move(details)};
+    return {"Serial number", show::RawWord(serialNumber), std::move(meaning), std::move(details)};
 }
 
-Entry MessageIdentifierEntry(unsigned int messageIdentifier) {
-    return {"Message identifier", RawWord(messageIdentifier),
-            std::string(MessageIdentifierMeaning(messageIdentifier))};
+show::Entry MessageIdentifierEntry(unsigned int messageIdentifier) {
+    return {"Message identifier", show::RawWord(messageIdentifier),
+            std::string(show::MessageIdentifierMeaning(messageIdentifier))};
 }
 
-Entry DataCodingEntry(unsigned int dcs) {
-    const CellCoding coding = CellCodingOf(dcs);
-    return {"Data coding scheme", RawOctet(dcs),
+show::Entry DataCodingEntry(unsigned int dcs) {
+    const show::CellCoding coding = show::CellCodingOf(dcs);
+    return {"Data coding scheme", show::RawOctet(dcs),
             coding.isGsm7 ? coding.meaning : coding.meaning + "; the text is read as GSM 7-bit all the same"};
 }
 
-Entry PageParameterEntry(unsigned int pageParameter) {
-    const PageNumber number = PageNumberOf(pageParameter);
+show::Entry PageParameterEntry(unsigned int pageParameter) {
+    const show::PageNumber number = show::PageNumberOf(pageParameter);
     return {"Page parameter",
-            RawOctet(pageParameter),
+            show::RawOctet(pageParameter),
             fmt::format("page {} of {}", number.page, number.pages),
             {{"page", number.page}, {"pages", number.pages}}};
 }
 
 void ShowPage(const Input& input, const Pdu& pdu, const CBMDecoder& page, const std::string& text,
               const std::string& warning, Console& console) {
-    std::vector<Entry> entries = {SerialNumberEntry(page.m_SerialNumber, page.m_MessageIdentifier),
-                                  MessageIdentifierEntry(page.m_MessageIdentifier),
-                                  DataCodingEntry(page.m_DataCodingScheme),
-                                  PageParameterEntry(page.m_PageParameter)};
+    std::vector<show::Entry> entries = {SerialNumberEntry(page.m_SerialNumber, page.m_MessageIdentifier),
+                                        MessageIdentifierEntry(page.m_MessageIdentifier),
+                                        DataCodingEntry(page.m_DataCodingScheme),
+                                        PageParameterEntry(page.m_PageParameter)};
     if (!console.WantsJson()) {
         entries.push_back({"text", {}, text});
-        return console.Block(ToText(entries));
+        return console.Block(show::ToText(entries));
     }
-    Json object = ObjectFor(input);
+    show::Json object = ObjectFor(input);
     object["octets"] = pdu.GetString();
-    for (const Entry& entry : entries)
-        object[KeyOf(entry.name)] = ToJson(entry);
+    for (const show::Entry& entry : entries)
+        object[show::KeyOf(entry.name)] = show::ToJson(entry);
     if (!warning.empty())
         object["warnings"] = {warning};
     object["text"] = text;
@@ -87,18 +87,19 @@ void ShowMessage(const CellMessage& message, Console& console) {
     std::vector<unsigned int> missing;
     for (unsigned int page = 1; page <= message.key.pages; ++page)
         (message.texts.contains(page) ? held : missing).push_back(page);
-    const Entry serialNumber = SerialNumberEntry(message.key.serialNumber, message.key.messageIdentifier);
-    const Entry messageIdentifier = MessageIdentifierEntry(message.key.messageIdentifier);
+    const show::Entry serialNumber =
+        SerialNumberEntry(message.key.serialNumber, message.key.messageIdentifier);
+    const show::Entry messageIdentifier = MessageIdentifierEntry(message.key.messageIdentifier);
     if (!console.WantsJson()) {
         std::string pages = fmt::format("{} of {}", fmt::join(held, ", "), message.key.pages);
         if (!missing.empty())
             pages += fmt::format("; missing {}", fmt::join(missing, ", "));
-        return console.Block(ToText(
+        return console.Block(show::ToText(
             {serialNumber, messageIdentifier, {"Pages joined", {}, pages}, {"text", {}, message.Text()}}));
     }
-    console.Object({{"format", c_jsonFormat},
-                    {KeyOf(serialNumber.name), ToJson(serialNumber)},
-                    {KeyOf(messageIdentifier.name), ToJson(messageIdentifier)},
+    console.Object({{"format", show::c_jsonFormat},
+                    {show::KeyOf(serialNumber.name), show::ToJson(serialNumber)},
+                    {show::KeyOf(messageIdentifier.name), show::ToJson(messageIdentifier)},
                     {"pages_joined", held},
                     {"pages_missing", missing},
                     {"text", message.Text()}});
@@ -122,22 +123,22 @@ std::string WarningOfLength(const Input& input, unsigned int octets) {
     if (!input.heading || input.heading->length == octets)
         return {};
     return fmt::format("{} announces {}, here are {}", input.heading->name,
-                       Counted(input.heading->length.value_or(0), "octet"), octets);
+                       show::Counted(input.heading->length.value_or(0), "octet"), octets);
 }
 
 PagePlace Decode(const Input& input, Console& console) {
     const Toolkit::smart_ptr<Pdu> pdu = ReadPdu(input.text);
     if (pdu->m_Length < c_headerLength)
         throw InputError(
-            fmt::format("{}, a page has {} at least", Counted(pdu->m_Length, "octet"), c_headerLength));
+            fmt::format("{}, a page has {} at least", show::Counted(pdu->m_Length, "octet"), c_headerLength));
     CBMDecoder decoder;
     decoder.Decode(pdu);
-    const std::string text = ToUtf8(decoder.m_Text);
+    const std::string text = show::ToUtf8(decoder.m_Text);
     const std::string warning = WarningOfLength(input, pdu->m_Length);
     if (!warning.empty() && !console.WantsJsonLines())
         console.Warning(NameOf(input), warning);
     ShowPage(input, *pdu, decoder, text, warning, console);
-    const PageNumber number = PageNumberOf(decoder.m_PageParameter);
+    const show::PageNumber number = show::PageNumberOf(decoder.m_PageParameter);
     return {{decoder.m_SerialNumber, decoder.m_MessageIdentifier, number.pages}, number.page, text};
 }
 

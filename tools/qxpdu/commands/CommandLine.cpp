@@ -104,7 +104,8 @@ int RunTool(const std::vector<std::string>& given, const Streams& streams) {
         std::string message = NoCommandIn(arguments, tool);
         if (message.empty())
             message = error.what();
-        streams.err << "qxpdu: " << Printable(WithoutShields(std::move(message))) << '\n' << UsageOf(tool);
+        streams.err << "qxpdu: " << show::Printable(WithoutShields(std::move(message))) << '\n'
+                    << UsageOf(tool);
         return Console::WRONG_COMMAND_LINE;
     } catch (const std::bad_alloc&) {
         streams.err << "qxpdu: out of memory\n";

@@ -99,7 +99,7 @@ std::optional<Cut> CutBetween(const Part& first, const Part& second, std::size_t
     }
     if (first.text.empty() || second.text.empty())
         return std::nullopt;
-    const std::u32string joined = CodePoints({first.text.back(), second.text.front()});
+    const std::u32string joined = show::CodePoints({first.text.back(), second.text.front()});
     if (joined.size() != 1)
         return std::nullopt;
     return Cut{number, "surrogate", joined.front()};
@@ -137,10 +137,10 @@ Sorting Sort(const std::u32string& text, bool isGreek) {
     Sorting sorting;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const auto [codes, received] = ToGsm(text[i], charSet);
-        if (received != Units({&text[i], 1})) {
+        if (received != show::Units({&text[i], 1})) {
             Occurrence& occurrence = sorting.changed[text[i]];
             occurrence.positions.push_back(i + 1);
-            occurrence.becomes = ToUtf8(received);
+            occurrence.becomes = show::ToUtf8(received);
         } else if (codes.size() > 1) {
             sorting.escaped[text[i]].positions.push_back(i + 1);
         }
@@ -153,7 +153,7 @@ Characters Replaceable(const Characters& characters) {
     Characters replaceable;
     for (const auto& [character, occurrence] : characters) {
         if (const auto replacement = ReplacementOf(character))
-            replaceable[character] = {occurrence.positions, ToUtf8(Units(*replacement))};
+            replaceable[character] = {occurrence.positions, show::ToUtf8(show::Units(*replacement))};
     }
     return replaceable;
 }
@@ -166,7 +166,7 @@ TString<wchar_t> Replaced(const std::u32string& text, const Characters& replacea
         else
             replaced += character;
     }
-    return Units(replaced);
+    return show::Units(replaced);
 }
 
 /// What a text costs, or why it cannot be sent.
@@ -218,18 +218,18 @@ std::string Described(char32_t character) {
     return fmt::format("{}{}{}", CodePointName(character), name.empty() ? "" : " ", name);
 }
 
-Json ToJson(char32_t character) {
-    Json object = {{"code_point", CodePointName(character)}};
+show::Json ToJson(char32_t character) {
+    show::Json object = {{"code_point", CodePointName(character)}};
     if (const std::string_view name = NameOfCharacter(character); !name.empty())
         object["name"] = name;
     return object;
 }
 
 /// `becomes` is the name of the member that tells what becomes of each; null leaves it out.
-Json ToJson(const Characters& characters, const char* becomes) {
-    Json list = Json::array();
+show::Json ToJson(const Characters& characters, const char* becomes) {
+    show::Json list = show::Json::array();
     for (const auto& [character, occurrence] : characters) {
-        Json object = ToJson(character);
+        show::Json object = ToJson(character);
         object["positions"] = occurrence.positions;
         if (becomes != nullptr)
             object[becomes] = *occurrence.becomes;
@@ -238,27 +238,27 @@ Json ToJson(const Characters& characters, const char* becomes) {
     return list;
 }
 
-void AddTo(Json& object, const Cost& cost) {
+void AddTo(show::Json& object, const Cost& cost) {
     object["alphabet"] = AlphabetName(cost.alphabet);
     object[cost.units] = cost.length;
     object["parts"] = cost.parts;
     object["room"] = cost.room;
     for (const Cut& cut : cost.cuts) {
-        Json member = {{"after_part", cut.part}, {"pair", cut.pair}};
+        show::Json member = {{"after_part", cut.part}, {"pair", cut.pair}};
         member.update(ToJson(cut.character));
         object["cuts"].push_back(std::move(member));
     }
 }
 
-void AddTo(Json& object, const CostOrFault& cost) {
+void AddTo(show::Json& object, const CostOrFault& cost) {
     if (const auto* fault = std::get_if<std::string>(&cost))
         object["error"] = *fault;
     else
         AddTo(object, std::get<Cost>(cost));
 }
 
-Json ToJson(const Alternative& alternative, const char* list, const char* becomes) {
-    Json object = Json::object();
+show::Json ToJson(const Alternative& alternative, const char* list, const char* becomes) {
+    show::Json object = show::Json::object();
     AddTo(object, alternative.cost);
     object[list] = ToJson(alternative.changes, becomes);
     return object;
@@ -268,8 +268,8 @@ std::string Shown(const Cost& cost) {
     std::string_view unit = cost.units;
     unit.remove_suffix(1);
     std::string text =
-        fmt::format("{}, {}, {}, room for {}", AlphabetName(cost.alphabet), Counted(cost.length, unit),
-                    Counted(cost.parts, "part"), Counted(cost.room, unit));
+        fmt::format("{}, {}, {}, room for {}", AlphabetName(cost.alphabet), show::Counted(cost.length, unit),
+                    show::Counted(cost.parts, "part"), show::Counted(cost.room, unit));
     for (const Cut& cut : cost.cuts) {
         fmt::format_to(std::back_inserter(text),
                        "\nwarning: the {} pair of {} is cut between parts {} and {}", cut.pair,
@@ -315,7 +315,7 @@ struct Report {
 
 Report ReportOn(const std::string& utf8, bool isGreek) {
     const TString<wchar_t> text = FromUtf8(utf8);
-    const std::u32string characters = CodePoints(text);
+    const std::u32string characters = show::CodePoints(text);
     Report report{CostOrFaultOf(text, isGreek), Sort(characters, isGreek), false, std::nullopt, std::nullopt};
     report.isGsm = GoesOutInGsm(report.cost, report.characters.changed, isGreek);
     report.replaced = WithReplacements(characters, report.characters.changed, isGreek);
@@ -324,7 +324,7 @@ Report ReportOn(const std::string& utf8, bool isGreek) {
     return report;
 }
 
-Json ToJson(const Report& report, Json object) {
+show::Json ToJson(const Report& report, show::Json object) {
     AddTo(object, report.cost);
     const auto& [escaped, changed] = report.characters;
     if (!changed.empty() && report.isGsm)
@@ -341,7 +341,7 @@ Json ToJson(const Report& report, Json object) {
 }
 
 std::string ToText(const Report& report) {
-    std::vector<Entry> entries;
+    std::vector<show::Entry> entries;
     const auto add = [&entries](const char* name, std::string meaning) {
         if (!meaning.empty())
             entries.push_back({name, {}, std::move(meaning)});
@@ -354,7 +354,7 @@ std::string ToText(const Report& report) {
         add("replaced", Shown(*report.replaced));
     if (report.greek)
         add("with --greek", Shown(*report.greek));
-    return ToText(entries);
+    return show::ToText(entries);
 }
 
 void Count(const CountOptions& options, const Input& input, Console& console) {

@@ -21,51 +21,51 @@ struct DecodeOptions : ReadingOptions {
 };
 
 /// By both readings. A fault is shown by itself.
-ComparedMessage Compared(Message message) {
-    HostReading host = CompareWithHost(message);
+show::ComparedMessage Compared(show::Message message) {
+    show::HostReading host = show::CompareWithHost(message);
     return {std::move(message), std::move(host)};
 }
 
 /// `reportOn` is the message that a status report is about.
-void Show(const Input& input, const ComparedMessage& compared, const std::optional<SentMessage>& reportOn,
-          Console& console) {
+void Show(const Input& input, const show::ComparedMessage& compared,
+          const std::optional<SentMessage>& reportOn, Console& console) {
     const auto& [message, host] = compared;
     if (!console.WantsJson()) {
         const std::string about =
             reportOn ? NameOf({input.source, reportOn->number, {}, std::nullopt, reportOn->file})
                      : std::string();
-        return console.Block(ToText(message, host, about));
+        return console.Block(show::ToText(message, host, about));
     }
-    JsonText object;
+    show::JsonText object;
     Begin(object, input);
-    Write(message, host, reportOn ? std::optional(reportOn->number) : std::nullopt, object);
+    show::Write(message, host, reportOn ? std::optional(reportOn->number) : std::nullopt, object);
     if (reportOn && !reportOn->file.empty())
         object.Member("report_on_file", reportOn->file);
     console.Object(object);
 }
 
-void ShowFault(const Input& input, const ComparedMessage& compared, Console& console) {
+void ShowFault(const Input& input, const show::ComparedMessage& compared, Console& console) {
     const auto& [message, host] = compared;
-    const std::string fault = ToText(*message.reading.fault);
+    const std::string fault = show::ToText(*message.reading.fault);
     if (!console.WantsJsonLines())
         return console.Error(NameOf(input),
-                             host.isRejected ? fault : fmt::format("{}; {}", fault, c_acceptedText));
-    JsonText object;
+                             host.isRejected ? fault : fmt::format("{}; {}", fault, show::c_acceptedText));
+    show::JsonText object;
     Begin(object, input);
     object.Member("error", std::string_view(fault));
-    WriteWarnings(message, object);
-    WriteFault(*message.reading.fault, object);
-    WriteDifferences(host, true, object);
+    show::WriteWarnings(message, object);
+    show::WriteFault(*message.reading.fault, object);
+    show::WriteDifferences(host, true, object);
     console.Object(object);
     console.Failed();
 }
 
 void ShowJoined(const ConcatenatedMessage& message, Console& console) {
-    const JoinedMessage joined = message.Joined();
+    const show::JoinedMessage joined = message.Joined();
     if (!console.WantsJson())
-        return console.Block(ToText(joined));
-    JsonText object;
-    Write(joined, object);
+        return console.Block(show::ToText(joined));
+    show::JsonText object;
+    show::Write(joined, object);
     console.Object(object);
 }
 
@@ -100,14 +100,14 @@ struct Joining {
         if (!console.WantsJsonLines())
             return console.Warning(NameOf(input), fmt::format("part {} of {} has come before, in {}", number,
                                                               key.total, *taken.duplicateOf));
-        Json object = ObjectFor(input);
+        show::Json object = ObjectFor(input);
         object["duplicate_of"] = *taken.duplicateOf;
         console.Object(object);
     }
 };
 
 /// The number of the other party; empty where there is none.
-std::string PartyIn(const Message& message) {
+std::string PartyIn(const show::Message& message) {
     const Messages::Address* const party = Messages::PartyOf(message.reading.tpdu);
     return party != nullptr ? party->ToString() : std::string();
 }
@@ -118,14 +118,15 @@ struct NumberedPart {
     MessagePart part;
 };
 
-bool IsPart(const Message& message) {
+bool IsPart(const show::Message& message) {
     const Messages::UserData* const userData = Messages::UserDataOf(message.reading.tpdu);
     return userData != nullptr && userData->concatenation && userData->concatenation->total > 1;
 }
 
 /// The part that the PDU is; nothing where it is a whole message.
-std::optional<NumberedPart> PartIn(const Input& input, std::shared_ptr<const ComparedMessage> compared) {
-    const Message& message = compared->message;
+std::optional<NumberedPart> PartIn(const Input& input,
+                                   std::shared_ptr<const show::ComparedMessage> compared) {
+    const show::Message& message = compared->message;
     if (!IsPart(message))
         return std::nullopt;
     const Messages::Concatenation& place = *Messages::UserDataOf(message.reading.tpdu)->concatenation;
@@ -144,7 +145,7 @@ std::optional<NumberedPart> PartIn(const Input& input, std::shared_ptr<const Com
 }
 
 Afterwards Join(Joining& joining, const DecodeOptions& options, const Input& input,
-                std::shared_ptr<const ComparedMessage> compared, Console& console) {
+                std::shared_ptr<const show::ComparedMessage> compared, Console& console) {
     const Messages::Tpdu& tpdu = compared->message.reading.tpdu;
     std::string party = PartyIn(compared->message);
     if (const auto* report = std::get_if<Messages::StatusReport>(&tpdu)) {
@@ -170,7 +171,7 @@ Afterwards Convert(Joining& joining, const DecodeOptions& options, const Input& 
         ShowCellPage(input, console);
         return {};
     }
-    Message message = ReadMessage(options, input, console);
+    show::Message message = ReadMessage(options, input, console);
     if (options.asHost) {
         ShowRecord(message, input, console);
         return {};
@@ -182,7 +183,7 @@ Afterwards Convert(Joining& joining, const DecodeOptions& options, const Input& 
     WarnOfText(options, message, options.join && IsPart(message), input, console);
     if (options.join)
         return Join(joining, options, input,
-                    std::make_shared<const ComparedMessage>(Compared(std::move(message))), console);
+                    std::make_shared<const show::ComparedMessage>(Compared(std::move(message))), console);
     Show(input, Compared(std::move(message)), std::nullopt, console);
     return {};
 }

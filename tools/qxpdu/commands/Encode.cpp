@@ -121,7 +121,8 @@ unsigned int TpduLength(const Pdu& pdu) {
 }
 
 /// One part as the decoder reads it back, after what the object has already.
-Json ToJson(Json object, const Toolkit::smart_ptr<Pdu>& pdu, std::size_t part, std::size_t parts) {
+show::Json ToJson(show::Json object, const Toolkit::smart_ptr<Pdu>& pdu, std::size_t part,
+                  std::size_t parts) {
     PduDecoder decoder;
     decoder.Decode(pdu, false, false);
     const bool hasHeader = decoder.m_HasUserDataHeader != 0;
@@ -157,19 +158,19 @@ std::vector<Caution> Cautions(const EncodeOptions& options, const TString<wchar_
     std::vector<Caution> cautions;
     const auto checkNumber = [&cautions](const char* option, const std::string& number) {
         if (SentOf(number) != number)
-            cautions.push_back(
-                {option, fmt::format("'{}' goes out as {}", Printable(Unshielded(number)), SentOf(number))});
+            cautions.push_back({option, fmt::format("'{}' goes out as {}",
+                                                    show::Printable(Unshielded(number)), SentOf(number))});
     };
     checkNumber("--to", options.to);
     checkNumber("--smsc", options.smsc);
     if (text.empty())
         cautions.push_back({"", "the text is empty; a message without text goes out"});
     if (options.greek && IsInGsm(pdus.front())) {
-        const std::u32string characters = CodePoints(text);
+        const std::u32string characters = show::CodePoints(text);
         if (const auto lost = LostWithGreek(characters); !lost.empty()) {
             cautions.push_back(
                 {"", fmt::format("{} lost, which GSM 7-bit has not; the first is character {}, {}",
-                                 Counted(lost.size(), "character"), lost.front(),
+                                 show::Counted(lost.size(), "character"), lost.front(),
                                  CodePointName(characters[lost.front() - 1]))});
         }
     }
@@ -203,12 +204,12 @@ void Show(const EncodeOptions& options, const Input& input, const Pdus& pdus, Co
 /// One object for all parts, with the cautions in it.
 void ShowAsLine(const Input& input, const Pdus& pdus, const std::vector<Caution>& cautions,
                 Console& console) {
-    Json object = ObjectFor(input);
+    show::Json object = ObjectFor(input);
     for (const Caution& caution : cautions)
         object["warnings"].push_back(caution.ToText());
-    object["pdus"] = Json::array();
+    object["pdus"] = show::Json::array();
     for (std::size_t i = 0; i < pdus.size(); ++i)
-        object["pdus"].push_back(ToJson(Json::object(), pdus[i], i + 1, pdus.size()));
+        object["pdus"].push_back(ToJson(show::Json::object(), pdus[i], i + 1, pdus.size()));
     console.Object(object);
 }
 
@@ -251,7 +252,8 @@ bool* FlagNamed(const std::string& name, EncodeOptions& options) {
     throw InputError(fmt::format("{}: {}", name, reason));
 }
 
-std::string StringIn(const std::string& name, const Json& value, std::string (*faultOf)(const std::string&)) {
+std::string StringIn(const std::string& name, const show::Json& value,
+                     std::string (*faultOf)(const std::string&)) {
     if (!value.is_string())
         Refuse(name, "no string");
     auto text = value.get<std::string>();
@@ -260,13 +262,13 @@ std::string StringIn(const std::string& name, const Json& value, std::string (*f
     return text;
 }
 
-int NumberIn(const std::string& name, const Json& value, int most) {
+int NumberIn(const std::string& name, const show::Json& value, int most) {
     if (!value.is_number_integer() || value < 0 || value > most)
         Refuse(name, fmt::format("no number from 0 to {}", most));
     return value.get<int>();
 }
 
-bool FlagIn(const std::string& name, const Json& value) {
+bool FlagIn(const std::string& name, const show::Json& value) {
     if (!value.is_boolean())
         Refuse(name, "neither true nor false");
     return value.get<bool>();
@@ -277,7 +279,7 @@ std::string NoFault(const std::string&) {
 }
 
 /// What the object of one line sets; members that it lacks stay as the command line has them.
-void SetMember(const std::string& name, const Json& value, EncodeOptions& options, std::string& text) {
+void SetMember(const std::string& name, const show::Json& value, EncodeOptions& options, std::string& text) {
     if (name == "text")
         text = StringIn(name, value, NoFault);
     else if (name == "to")
@@ -285,7 +287,8 @@ void SetMember(const std::string& name, const Json& value, EncodeOptions& option
     else if (name == "smsc")
         options.smsc = StringIn(name, value, FaultOfNumber);
     else if (name == "validity")
-        options.validity = StringIn(name, value.is_number() ? Json(value.dump()) : value, FaultOfValidity);
+        options.validity =
+            StringIn(name, value.is_number() ? show::Json(value.dump()) : value, FaultOfValidity);
     else if (name == "class")
         options.messageClass = NumberIn(name, value, c_maxClass);
     else if (name == "reference")
@@ -299,12 +302,12 @@ void SetMember(const std::string& name, const Json& value, EncodeOptions& option
 /// The text of the object; the options get its other members.
 std::string ReadObject(const std::string& line, EncodeOptions& options) {
     std::set<std::string> names;
-    const auto refuseTwice = [&names](int depth, Json::parse_event_t event, const Json& name) {
-        if (depth == 1 && event == Json::parse_event_t::key && !names.insert(name).second)
+    const auto refuseTwice = [&names](int depth, show::Json::parse_event_t event, const show::Json& name) {
+        if (depth == 1 && event == show::Json::parse_event_t::key && !names.insert(name).second)
             Refuse(name, "given twice");
         return true;
     };
-    const Json object = Json::parse(line, refuseTwice, false);
+    const show::Json object = show::Json::parse(line, refuseTwice, false);
     if (!object.is_object())
         throw InputError("no JSON object");
     if (!object.contains("text"))

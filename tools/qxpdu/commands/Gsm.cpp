@@ -37,19 +37,19 @@ std::vector<Dropped> DroppedOf(const GSMCharSet& charSet, const std::u32string& 
 void Encode(GSMCharSet& charSet, const Input& input, Console& console) {
     const TString<wchar_t> text = FromUtf8(input.text);
     const TString<char> codes = charSet.UnicodeToGsmString(text);
-    const std::string hex = Hex(reinterpret_cast<const unsigned char*>(codes.data()), codes.size());
-    const std::vector<Dropped> dropped = DroppedOf(charSet, CodePoints(text));
+    const std::string hex = show::Hex(reinterpret_cast<const unsigned char*>(codes.data()), codes.size());
+    const std::vector<Dropped> dropped = DroppedOf(charSet, show::CodePoints(text));
     for (const Dropped& character : dropped) {
         console.Warning(NameOf(input), fmt::format("character {}, {}, has no GSM code and is dropped",
                                                    character.position, character.name));
     }
     if (!console.WantsJson())
         return console.Line(hex);
-    Json object = ObjectFor(input);
+    show::Json object = ObjectFor(input);
     object["text"] = input.text;
     object["gsm"] = hex;
     object["septets"] = codes.size();
-    object["dropped"] = Json::array();
+    object["dropped"] = show::Json::array();
     for (const Dropped& character : dropped)
         object["dropped"].push_back({{"position", character.position}, {"code_point", character.name}});
     console.Object(object);
@@ -62,11 +62,11 @@ void Decode(GSMCharSet& charSet, const Input& input, Console& console) {
             throw InputError(fmt::format("octet {}, 0x{:02X}, is no GSM code", i, codes[i]));
     }
     const std::string text =
-        ToUtf8(charSet.GsmToUnicode(codes.data(), static_cast<unsigned int>(codes.size())));
+        show::ToUtf8(charSet.GsmToUnicode(codes.data(), static_cast<unsigned int>(codes.size())));
     if (!console.WantsJson())
         return console.Line(text);
-    Json object = ObjectFor(input);
-    object["gsm"] = Hex(codes.data(), codes.size());
+    show::Json object = ObjectFor(input);
+    object["gsm"] = show::Hex(codes.data(), codes.size());
     object["text"] = text;
     console.Object(object);
 }

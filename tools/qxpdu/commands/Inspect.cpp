@@ -16,30 +16,31 @@ struct InspectOptions : ReadingOptions {
     std::string color = "auto";
 };
 
-void Inspect(const InspectOptions& options, const Input& input, const Painter& painter, Console& console) {
+void Inspect(const InspectOptions& options, const Input& input, const show::Painter& painter,
+             Console& console) {
     if (input.heading && input.heading->kind == Heading::Kind::Reference)
         return;
     if (input.heading && input.heading->kind == Heading::Kind::Page)
         return console.Warning(NameOf(input), "a cell broadcast page, which qxpdu cell shows");
-    const Message message = ReadMessage(options, input, console);
+    const show::Message message = ReadMessage(options, input, console);
     if (options.asHost)
         return ShowRecord(message, input, console);
     WarnOfText(options, message, false, input, console);
-    const HostReading host = CompareWithHost(message);
+    const show::HostReading host = show::CompareWithHost(message);
     if (console.WantsJson()) {
-        JsonText object;
+        show::JsonText object;
         Begin(object, input);
-        WriteMap(message, host, object);
+        show::WriteMap(message, host, object);
         console.Object(object);
     } else {
-        console.Block(MapText(message, host, painter));
+        console.Block(show::MapText(message, host, painter));
     }
     if (!message.reading.fault)
         return;
     if (console.WantsJsonLines())
         console.Failed(); // the object says why
     else
-        console.Error(NameOf(input), ToText(*message.reading.fault));
+        console.Error(NameOf(input), show::ToText(*message.reading.fault));
 }
 
 std::string FaultOfColor(const std::string& when) {
@@ -86,7 +87,7 @@ void AddInspect(CLI::App& parent, Action& action) {
         "  qxpdu inspect 0791214365870921040B912143658709F100002120312143658005C8329BFD06");
     command->callback([options, &action] {
         action = [options](const Streams& streams) {
-            const Painter painter(WantsColor(options->color, streams));
+            const show::Painter painter(WantsColor(options->color, streams));
             return ConvertAll(
                 options->Settings(), streams, LineKind::Transcript,
                 [&](const Input& input, Console& console) { Inspect(*options, input, painter, console); });

@@ -28,13 +28,13 @@ public:
     void Skip(int number) {
         EndRun();
         const std::size_t position =
-            m_Content.IsData() ? m_Content.data.size() : CharactersIn(m_Content.text);
+            m_Content.IsData() ? m_Content.data.size() : show::CharactersIn(m_Content.text);
         if (m_Content.gaps.empty() || m_Content.gaps.back().position != position)
             m_Content.gaps.push_back({position, {}});
         m_Content.gaps.back().missing.push_back(number);
     }
 
-    JoinedContent Finish() {
+    show::JoinedContent Finish() {
         EndRun();
         return std::move(m_Content);
     }
@@ -65,12 +65,12 @@ private:
     }
 
     PartContent m_Run; ///< parts side by side
-    JoinedContent m_Content;
+    show::JoinedContent m_Content;
 };
 
 } // namespace
 
-JoinedContent ConcatenatedMessage::Content() const {
+show::JoinedContent ConcatenatedMessage::Content() const {
     Joiner joiner;
     for (int number = 1; number <= key.total; ++number) {
         const auto part = parts.find(number);
@@ -82,8 +82,8 @@ JoinedContent ConcatenatedMessage::Content() const {
     return joiner.Finish();
 }
 
-JoinedMessage ConcatenatedMessage::Joined() const {
-    JoinedMessage joined{key.hasWideReference, key.reference, key.total, {}, Content()};
+show::JoinedMessage ConcatenatedMessage::Joined() const {
+    show::JoinedMessage joined{key.hasWideReference, key.reference, key.total, {}, Content()};
     for (const auto& [number, part] : parts)
         joined.parts.push_back({number, part.source, part.isArgument, part.number, part.message, part.file});
     return joined;

@@ -39,7 +39,7 @@ struct MessagePart {
     std::size_t number; ///< of the line or argument
     PartContent content;
     std::string time; ///< TP-SCTS; empty in a message that goes out
-    std::shared_ptr<const ComparedMessage> message = nullptr;
+    std::shared_ptr<const show::ComparedMessage> message = nullptr;
     bool isArgument = false;
     std::string_view file = {}; ///< that the line stands in
 };
@@ -52,10 +52,10 @@ struct ConcatenatedMessage {
     bool IsComplete() const { return parts.size() == static_cast<std::size_t>(key.total); }
 
     /// What the parts that have come say, those that stand side by side as one text.
-    JoinedContent Content() const;
+    show::JoinedContent Content() const;
 
     /// For a person or a program.
-    JoinedMessage Joined() const;
+    show::JoinedMessage Joined() const;
 };
 
 /// Holds messages whose parts have not all come yet, and the last complete ones, whose parts may come again.

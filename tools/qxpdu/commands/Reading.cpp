@@ -71,11 +71,11 @@ void AddReading(CLI::App& command, ReadingOptions& options) {
                      "Turn warnings into errors: a text of which something is missing, cut or compressed");
 }
 
-Message ReadMessage(const ReadingOptions& options, const Input& input, Console& console) {
+show::Message ReadMessage(const ReadingOptions& options, const Input& input, Console& console) {
     const Told told{ServiceCentreOf(options), DirectionOf(options),
                     input.heading ? &*input.heading : nullptr};
     PastedPdu pdu = ReadPasted(ReadPduOctets(input.text), told);
-    Message message;
+    show::Message message;
     message.octets = std::move(pdu.octets);
     message.reading = std::move(pdu.reading);
     message.hasServiceCentre = pdu.hasServiceCentre;
@@ -88,16 +88,16 @@ Message ReadMessage(const ReadingOptions& options, const Input& input, Console& 
     return message;
 }
 
-void ShowRecord(const Message& message, const Input& input, Console& console) {
-    const HostReading record = ReadAsHost(message);
+void ShowRecord(const show::Message& message, const Input& input, Console& console) {
+    const show::HostReading record = show::ReadAsHost(message);
     if (console.WantsJson()) {
-        JsonText object;
+        show::JsonText object;
         Begin(object, input);
         object.Octets("octets", message.octets.data(), message.octets.size());
-        Write(record, object);
+        show::Write(record, object);
         console.Object(object);
     } else {
-        console.Block(ToText(record));
+        console.Block(show::ToText(record));
     }
     if (!record.isRejected)
         return;
@@ -107,17 +107,17 @@ void ShowRecord(const Message& message, const Input& input, Console& console) {
         console.Error(NameOf(input), "rejected by libQX_Encoding");
 }
 
-void WarnOfText(const ReadingOptions& options, const Message& message, bool isPart, const Input& input,
+void WarnOfText(const ReadingOptions& options, const show::Message& message, bool isPart, const Input& input,
                 Console& console) {
     for (const Messages::Remark& remark : message.reading.remarks) {
         const bool mayBeHealed = remark.code == Messages::RemarkCode::EscapeAtEnd ||
                                  remark.code == Messages::RemarkCode::UnpairedSurrogate;
-        if (!ConcernsText(remark) || (isPart && mayBeHealed))
+        if (!show::ConcernsText(remark) || (isPart && mayBeHealed))
             continue;
         if (options.isStrict)
-            throw InputError(ToText(remark));
+            throw InputError(show::ToText(remark));
         if (!console.WantsJsonLines())
-            console.Warning(NameOf(input), ToText(remark));
+            console.Warning(NameOf(input), show::ToText(remark));
     }
 }
 

@@ -25,14 +25,14 @@ void AddReading(CLI::App& command, ReadingOptions& options);
 
 /// Reads a PDU by the standard, as it makes sense. What had to be assumed is warned of; in JSON Lines the
 /// object says so. Throws InputError where it is no hexadecimal text.
-Message ReadMessage(const ReadingOptions& options, const Input& input, Console& console);
+show::Message ReadMessage(const ReadingOptions& options, const Input& input, Console& console);
 
 /// Shows the record of libQX_Encoding.
-void ShowRecord(const Message& message, const Input& input, Console& console);
+void ShowRecord(const show::Message& message, const Input& input, Console& console);
 
 /// Of what concerns the text: warnings, or an InputError where the user is strict. In JSON Lines the remarks
 /// of the object say so. Characters that a part of a message has half of are left to the joined message.
-void WarnOfText(const ReadingOptions& options, const Message& message, bool isPart, const Input& input,
+void WarnOfText(const ReadingOptions& options, const show::Message& message, bool isPart, const Input& input,
                 Console& console);
 
 } // namespace qxpdu

@@ -38,7 +38,7 @@ GsmCharacter ToGsm(char32_t character, Encoding::GSMCharSet& charSet) {
     constexpr char32_t c_lastUnit = 0xFFFF; // characters above it have no code
     GsmCharacter gsm;
     if (character <= c_lastUnit)
-        gsm.codes = charSet.UnicodeToGsmString(Units({&character, 1}));
+        gsm.codes = charSet.UnicodeToGsmString(show::Units({&character, 1}));
     gsm.received = charSet.GsmToUnicode(reinterpret_cast<const unsigned char*>(gsm.codes.data()),
                                         static_cast<unsigned int>(gsm.codes.size()));
     return gsm;
@@ -51,7 +51,7 @@ std::vector<std::size_t> LostWithGreek(const std::u32string& text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
         const TString<wchar_t> received = ToGsm(text[i], charSet).received;
         const bool isGreek = text[i] >= 0x370 && text[i] <= 0x3FF;
-        if (received.empty() || (received != Units({&text[i], 1}) && !isGreek))
+        if (received.empty() || (received != show::Units({&text[i], 1}) && !isGreek))
             positions.push_back(i + 1);
     }
     return positions;

@@ -21,10 +21,10 @@ struct TextOptions : ConversionOptions {
 
 void Decode(const TextOptions& options, const Input& input, Console& console) {
     const Encoding::TextDecoder decoder(FromUtf8(input.text), options.alphabet);
-    const std::string text = ToUtf8(decoder.m_DecodedText);
+    const std::string text = show::ToUtf8(decoder.m_DecodedText);
     if (!console.WantsJson())
         return console.Line(text);
-    Json object = ObjectFor(input);
+    show::Json object = ObjectFor(input);
     object["alphabet"] = options.alphabet;
     object["text"] = text;
     console.Object(object);

@@ -20,7 +20,7 @@ void Encode(const Input& input, Console& console) {
     const TString<char> hex = UCS2Encoding::ToUCS2S(FromUtf8(input.text));
     if (!console.WantsJson())
         return console.Line(hex);
-    Json object = ObjectFor(input);
+    show::Json object = ObjectFor(input);
     object["text"] = input.text;
     object["ucs2"] = hex;
     console.Object(object);
@@ -30,11 +30,11 @@ void Decode(const Input& input, Console& console) {
     const std::vector<unsigned char> octets = ReadHex(input.text);
     if (octets.size() % 2 != 0)
         throw InputError(fmt::format("{} hexadecimal digits, which is no multiple of 4", 2 * octets.size()));
-    const TString<char> hex = Hex(octets.data(), octets.size());
-    const std::string text = ToUtf8(UCS2Encoding::ToUString(hex));
+    const TString<char> hex = show::Hex(octets.data(), octets.size());
+    const std::string text = show::ToUtf8(UCS2Encoding::ToUString(hex));
     if (!console.WantsJson())
         return console.Line(text);
-    Json object = ObjectFor(input);
+    show::Json object = ObjectFor(input);
     object["ucs2"] = hex;
     object["text"] = text;
     console.Object(object);
@@ -46,7 +46,7 @@ void Check(const Input& input, Console& console) {
         console.Failed();
     if (!console.WantsJson())
         return console.Line(isUcs2 ? "yes" : "no");
-    Json object = ObjectFor(input);
+    show::Json object = ObjectFor(input);
     object["is_ucs2"] = isUcs2;
     console.Object(object);
 }

@@ -98,8 +98,8 @@ private:
             return ReadWith(With(Presence::Yes));
         ReadWith(m_Options);
         if (TpduLength(m_Pdu.octets, HasServiceCentre()) != length) {
-            Warn(fmt::format("{} announces {}, here are {}", m_Told.heading->name, Counted(length, "octet"),
-                             TpduLength(m_Pdu.octets, HasServiceCentre())));
+            Warn(fmt::format("{} announces {}, here are {}", m_Told.heading->name,
+                             show::Counted(length, "octet"), TpduLength(m_Pdu.octets, HasServiceCentre())));
         }
     }
 
@@ -112,7 +112,7 @@ private:
         if (!IsSound())
             return ReadWith(With(Presence::No));
         Warn(fmt::format("{} announces {}, the service centre counted", m_Told.heading->name,
-                         Counted(*m_Told.heading->length, "octet")));
+                         show::Counted(*m_Told.heading->length, "octet")));
     }
 
     /// The heading may be wrong about the direction.
@@ -171,7 +171,7 @@ private:
                 continue;
             m_Pdu.warnings.clear();
             if (surplus != 0)
-                Warn(fmt::format("{} FF after the TPDU left out", Counted(surplus, "octet")));
+                Warn(fmt::format("{} FF after the TPDU left out", show::Counted(surplus, "octet")));
             return true;
         }
         return false;

@@ -14,12 +14,12 @@ constexpr int c_indent = 2;
 constexpr std::string_view c_betweenBlocks = "\n";
 constexpr std::string_view c_betweenObjects = ",\n  ";
 
-std::string Dumped(const Json& object, int indent) {
-    return object.dump(indent, ' ', false, Json::error_handler_t::replace);
+std::string Dumped(const show::Json& object, int indent) {
+    return object.dump(indent, ' ', false, show::Json::error_handler_t::replace);
 }
 
 /// The object as it stands inside the array.
-std::string Indented(const Json& object) {
+std::string Indented(const show::Json& object) {
     std::string text = Dumped(object, c_indent);
     for (std::size_t feed = text.find('\n'); feed != std::string::npos; feed = text.find('\n', feed + 1))
         text.insert(feed + 1, c_indent, ' ');
@@ -40,21 +40,21 @@ void Console::Block(std::string_view text) {
     m_Out += text;
 }
 
-void Console::Object(const Json& object) {
+void Console::Object(const show::Json& object) {
     if (WantsJsonLines())
-        return Line(WithoutMarks(Dumped(object, -1)));
+        return Line(show::WithoutMarks(Dumped(object, -1)));
     if (m_Out.empty())
         m_Separator = c_betweenObjects.size();
     m_Out += c_betweenObjects;
-    m_Out += WithoutMarks(Indented(object));
+    m_Out += show::WithoutMarks(Indented(object));
 }
 
 /// An array is indented and thus for persons, who have time.
-void Console::Object(JsonText& object) {
+void Console::Object(show::JsonText& object) {
     const std::string_view text = object.Finish();
     if (WantsJsonLines())
-        return Line(HasMarks(text) ? WithoutMarks(text) : text);
-    Object(Json::parse(text));
+        return Line(show::HasMarks(text) ? show::WithoutMarks(text) : text);
+    Object(show::Json::parse(text));
 }
 
 void Console::Warning(std::string_view where, std::string_view message) {

@@ -53,8 +53,8 @@ public:
     void Block(std::string_view text);
 
     /// One result as an object.
-    void Object(const Json& object);
-    void Object(JsonText& object);
+    void Object(const show::Json& object);
+    void Object(show::JsonText& object);
 
     /// `where` names the input, or the option, that the message is about.
     void Warning(std::string_view where, std::string_view message);

@@ -150,7 +150,7 @@ int ConvertStream(const ConversionSettings& settings, const Streams& streams, co
     WorkInOrder(take, settings.threads, [&](unsigned int threads) {
         Console console(settings.format);
         console.Warning("--threads", fmt::format("{} could be started, {} asked for",
-                                                 Counted(threads, "thread"), settings.threads));
+                                                 show::Counted(threads, "thread"), settings.threads));
         output.Write(console);
     });
     Console last(settings.format);
@@ -174,7 +174,7 @@ int ConvertAll(const ConversionSettings& settings, const Streams& streams, LineK
 void Fail(Console& console, const Input& input, const std::string& message) {
     if (!console.WantsJsonLines())
         return console.Error(NameOf(input), message);
-    Json object = ObjectFor(input);
+    show::Json object = ObjectFor(input);
     object["error"] = message;
     console.Object(object);
     console.Failed();

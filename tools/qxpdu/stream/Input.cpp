@@ -29,23 +29,23 @@ std::string NameOf(const Input& input) {
         return fmt::format("argument {}", input.number);
     case Input::Source::Line:
         return input.file.empty() ? fmt::format("line {}", input.number)
-                                  : fmt::format("{}: line {}", Printable(input.file), input.number);
+                                  : fmt::format("{}: line {}", show::Printable(input.file), input.number);
     case Input::Source::Stream:
         break;
     }
     return "standard input";
 }
 
-Json ObjectFor(const Input& input) {
-    Json object = {{"format", c_jsonFormat}};
+show::Json ObjectFor(const Input& input) {
+    show::Json object = {{"format", show::c_jsonFormat}};
     if (!input.file.empty())
-        object["file"] = Printable(input.file);
+        object["file"] = show::Printable(input.file);
     if (const std::string_view member = MemberFor(input); !member.empty())
         object[std::string(member)] = input.number;
     return object;
 }
 
-void Begin(JsonText& object, const Input& input) {
+void Begin(show::JsonText& object, const Input& input) {
     if (!input.file.empty())
         object.Member("file", input.file);
     if (const std::string_view member = MemberFor(input); !member.empty())

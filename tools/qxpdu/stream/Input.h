@@ -28,8 +28,8 @@ struct Input {
 std::string NameOf(const Input& input);
 
 /// {"line": 3}, {"file": "modem.log", "line": 3} or {"argument": 1}: how every object of a result begins.
-Json ObjectFor(const Input& input);
-void Begin(JsonText& object, const Input& input);
+show::Json ObjectFor(const Input& input);
+void Begin(show::JsonText& object, const Input& input);
 
 } // namespace qxpdu
 

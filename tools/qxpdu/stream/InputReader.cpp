@@ -106,16 +106,16 @@ void InputReader::EndLog() {
 void InputReader::Note(const LogCounts& counts) {
     const std::string source = m_LogStart.source == Input::Source::Argument ? NameOf(m_LogStart)
                                : m_LogStart.file.empty()                    ? "standard input"
-                                                                            : Printable(m_LogStart.file);
+                                                         : show::Printable(m_LogStart.file);
     if (counts.textModes > 0) {
         m_Notes.push_back({source, fmt::format("{} in text mode passed over; PDU mode is AT+CMGF=0",
-                                               Counted(counts.textModes, "message"))});
+                                               show::Counted(counts.textModes, "message"))});
     }
     if (counts.entries == 0 && counts.textModes == 0 && counts.strayDigits > 0) {
         m_Notes.push_back(
             {source, fmt::format("the log of a modem without a message; {} of hexadecimal digits "
                                  "stand in none",
-                                 Counted(counts.strayDigits, "line"))});
+                                 show::Counted(counts.strayDigits, "line"))});
     }
 }
 

@@ -48,12 +48,12 @@ void Inputs::OpenFile(const std::string& name) {
     if (m_OpenFile->is_open())
         Open(*m_OpenFile, name);
     else
-        m_Unreadable.push_back(Printable(name));
+        m_Unreadable.push_back(show::Printable(name));
 }
 
 void Inputs::CloseStream() {
     if (m_Stream->bad())
-        m_Unreadable.push_back(m_FileName.empty() ? "standard input" : Printable(m_FileName));
+        m_Unreadable.push_back(m_FileName.empty() ? "standard input" : show::Printable(m_FileName));
     m_Stream = nullptr;
     m_OpenFile.reset();
 }

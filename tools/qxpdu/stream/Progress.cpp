@@ -50,8 +50,8 @@ void Progress::Finish() {
 
 void Progress::Show(double seconds) {
     seconds = std::max(seconds, c_shortest);
-    m_Err << fmt::format("qxpdu: {}, {:.0f} a second, {}", Counted(m_Lines, m_Unit),
-                         static_cast<double>(m_Lines) / seconds, Counted(m_Errors, "error"));
+    m_Err << fmt::format("qxpdu: {}, {:.0f} a second, {}", show::Counted(m_Lines, m_Unit),
+                         static_cast<double>(m_Lines) / seconds, show::Counted(m_Errors, "error"));
     if (!m_InSize || m_Bytes == 0 || *m_InSize == 0)
         return;
     const double done = std::min(1.0, static_cast<double>(m_Bytes) / static_cast<double>(*m_InSize));
