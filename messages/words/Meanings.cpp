@@ -73,7 +73,7 @@ std::string MeaningOf(const Validity& validity) {
         return "none";
     if (validity.format == ValidityFormat::Absolute) {
         const Timestamp time = validity.Absolute();
-        return time.isValid ? "absolute, " + time.ToString() : "absolute, no time";
+        return "absolute, " + (time.isValid ? time.ToString() : "no time");
     }
     const bool isRelative = validity.format == ValidityFormat::Relative;
     Enumeration said(isRelative ? "relative" : "enhanced");

@@ -52,6 +52,12 @@ TEST(UnpackSeptets, OfEveryLengthFromEveryBit) {
     }
 }
 
+TEST(SeptetText, GapOfALockingTable) {
+    EXPECT_EQ(TextOf({0x0C, 0x61}, {Language::Kannada, Language::Default}), "\uFFFDa");
+    EXPECT_EQ(TextOf({0x1B, 0x00}, {Language::Kannada, Language::Kannada}), "@")
+        << "the single shift table has it";
+}
+
 TEST(SeptetText, Escapes) {
     EXPECT_EQ(TextOf({}), "");
     EXPECT_EQ(TextOf({0x1B, 0x65}), "€");

@@ -32,6 +32,21 @@ TEST(Properties, HoldForCutPdus) {
     }
 }
 
+TEST(Properties, AVisitorMayLeaveOutWhatItDoesNotWant) {
+    class Places : public Visitor {
+    public:
+        std::size_t count = 0;
+        void OnPlace(const FieldPlace& /*place*/) override { ++count; }
+    };
+    class Nothing : public Visitor {};
+    const std::uint8_t cut[] = {0x00, 0x04, 0x03, 0x81, 0x21};
+    Places places;
+    Walk({cut, sizeof cut}, {}, places); // a fault: the address goes on after the end
+    EXPECT_NE(places.count, 0U);
+    Nothing nothing;
+    Walk({cut, sizeof cut}, {}, nothing);
+}
+
 TEST(Properties, HoldForDamagedPdus) {
     std::mt19937 random(20261121); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same every time
     for (int round = 0; round < 20000; ++round) {

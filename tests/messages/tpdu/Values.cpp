@@ -116,6 +116,22 @@ TEST(Timestamp, UnixSeconds) {
     EXPECT_EQ(Timestamp().ToString(), "");
 }
 
+TEST(RelativeValidity, BeginsAndEndsOfItsSteps) {
+    constexpr std::uint32_t minute = 60;
+    constexpr std::uint32_t hour = 60 * minute;
+    constexpr std::uint32_t day = 24 * hour;
+    constexpr std::uint32_t week = 7 * day;
+    EXPECT_EQ(RelativeValiditySeconds(0x00), 5 * minute);
+    EXPECT_EQ(RelativeValiditySeconds(0x01), 10 * minute);
+    EXPECT_EQ(RelativeValiditySeconds(0x8F), 12 * hour);
+    EXPECT_EQ(RelativeValiditySeconds(0x90), 12 * hour + 30 * minute);
+    EXPECT_EQ(RelativeValiditySeconds(0xA7), day);
+    EXPECT_EQ(RelativeValiditySeconds(0xA8), 2 * day);
+    EXPECT_EQ(RelativeValiditySeconds(0xC4), 30 * day);
+    EXPECT_EQ(RelativeValiditySeconds(0xC5), 5 * week);
+    EXPECT_EQ(RelativeValiditySeconds(0xFF), 63 * week);
+}
+
 TEST(Equality, OfValues) {
     Address address;
     EXPECT_EQ(address, Address());

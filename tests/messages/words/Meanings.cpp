@@ -40,6 +40,8 @@ TEST(MeaningOf, Validities) {
         {{ValidityFormat::Relative, {0xA7}}, "relative, 1 day"},
         {{ValidityFormat::Relative, {0xA8}}, "relative, 2 days"},
         {{ValidityFormat::Relative, {0xAC}}, "relative, 6 days"},
+        {{ValidityFormat::Relative, {0xB4}}, "relative, 2 weeks"},
+        {{ValidityFormat::Relative, {0xB5}}, "relative, 15 days"},
         {{ValidityFormat::Relative, {0xFF}}, "relative, 63 weeks"},
         {{ValidityFormat::Absolute, {0x21, 0x20, 0x31, 0x21, 0x43, 0x65, 0x80}},
          "absolute, 2012-02-13T12:34:56+02:00"},
