@@ -4,8 +4,11 @@
 #define MESSAGES_ADDRESS_H
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
+#include "Messages/Alphabet.h"
 #include "Messages/Export.h"
 
 namespace Messages {
@@ -64,6 +67,15 @@ struct MESSAGES_API Address {
     /// The opposite.
     friend bool operator!=(const Address& left, const Address& right) noexcept { return !(left == right); }
 };
+
+/// Makes an address of a number as people write it: digits, `*`, `#`, `a`, `b`, `c`, with or without a plus
+/// sign first, which makes it international. Blanks, `-`, `.`, `/`, `(` and `)` are passed over. Returns the
+/// first other character; `address` is then as it was. Throws std::bad_alloc alone.
+MESSAGES_API std::optional<MisfitCharacter> ToNumber(std::string_view written, Address& address);
+
+/// Makes an address of a name. Returns the first character that the default alphabet lacks; `address` is then
+/// as it was. Throws std::bad_alloc alone.
+MESSAGES_API std::optional<MisfitCharacter> ToName(std::string_view written, Address& address);
 
 } // namespace Messages
 

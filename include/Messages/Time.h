@@ -43,6 +43,14 @@ struct MESSAGES_API Timestamp {
     }
 };
 
+/// A point in time, whose octets are made as well. Nothing where a part is out of range: the year 2000 to
+/// 2099, the zone less than 80 quarters of an hour from UTC.
+MESSAGES_API std::optional<Timestamp> MakeTimestamp(int year, int month, int day, int hour, int minute,
+                                                    int second, int quarters = 0) noexcept;
+
+/// The same of seconds since 1970-01-01T00:00:00Z, told in the zone given.
+MESSAGES_API std::optional<Timestamp> MakeTimestamp(std::int64_t unixSeconds, int quarters = 0) noexcept;
+
 /// TP-VPF, bits 4 and 3 of the first octet of an SMS-SUBMIT.
 enum class ValidityFormat : std::uint8_t { None = 0, Enhanced = 1, Relative = 2, Absolute = 3 };
 
@@ -83,6 +91,18 @@ struct MESSAGES_API Validity {
 
 /// Seconds of a TP-VP in the relative format: 5 minutes to 63 weeks.
 MESSAGES_API std::uint32_t RelativeValiditySeconds(std::uint8_t octet) noexcept;
+
+/// The shortest period of the relative format that is not shorter, which Validity::Seconds() tells; nothing
+/// above 63 weeks.
+MESSAGES_API std::optional<Validity> MakeRelativeValidity(std::uint32_t seconds) noexcept;
+
+/// The period in the enhanced format, by the second up to 99:59:59 hours and then as in the relative format;
+/// nothing for 0 seconds and above 63 weeks.
+MESSAGES_API std::optional<Validity> MakeEnhancedValidity(std::uint32_t seconds,
+                                                          bool isSingleShot = false) noexcept;
+
+/// Until a point in time.
+MESSAGES_API Validity MakeAbsoluteValidity(const Timestamp& until) noexcept;
 
 } // namespace Messages
 

@@ -14,6 +14,7 @@
 #include "Messages/Remarks.h"
 #include "Messages/Time.h"
 #include "Messages/Tpdu.h"
+#include "Messages/Write.h"
 
 namespace Messages {
 
@@ -60,6 +61,8 @@ MESSAGES_API std::string_view NameOf(WaitingType type) noexcept;
 MESSAGES_API std::string_view CodeOf(RemarkCode code) noexcept;
 /// The same of faults: "field-cut".
 MESSAGES_API std::string_view CodeOf(FaultCode code) noexcept;
+/// The same of what keeps a PDU from being written: "no-time".
+MESSAGES_API std::string_view CodeOf(WriteFaultCode code) noexcept;
 /// @}
 
 /// Whole sentences without a full stop. Throw std::bad_alloc alone.
@@ -73,6 +76,8 @@ MESSAGES_API std::string MeaningOf(const Validity& validity);
 MESSAGES_API std::string MeaningOf(const Remark& remark);
 /// "the octets end in TP-SCTS, which takes 7 octets: 3 are there".
 MESSAGES_API std::string MeaningOf(const Fault& fault);
+/// "the octets of TP-SCTS are no time".
+MESSAGES_API std::string MeaningOf(const WriteFault& fault);
 /// @}
 
 } // namespace Messages

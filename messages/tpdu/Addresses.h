@@ -16,12 +16,19 @@ constexpr std::size_t c_mostSemiOctets = 255 * 2; ///< that a length octet can a
 constexpr std::size_t c_mostDigits = 20;          ///< that an address may have
 constexpr std::size_t c_addressHeadOctets = 2;    ///< the length, and the type of address
 constexpr std::uint8_t c_typeExtension = 0x80;    ///< bit 7 of the type of address, always set
+constexpr std::string_view c_digits = "0123456789*#abc";
 constexpr std::uint8_t c_filler = 0x0F;
 constexpr unsigned int c_semiOctetBits = 4;
 constexpr std::size_t c_semiOctetsOfOctet = 2;
 
 constexpr std::size_t OctetsOfSemiOctets(std::size_t semiOctets) {
     return (semiOctets + 1) / c_semiOctetsOfOctet;
+}
+
+/// Semi-octets of a name, which are the fewest that hold its septets.
+constexpr std::size_t SemiOctetsOfName(std::size_t septets) {
+    constexpr std::size_t septetBits = 7;
+    return (septets * septetBits + c_semiOctetBits - 1) / c_semiOctetBits;
 }
 
 /// Whether these octets are one address: no longer than one may be, and none left over.
@@ -38,7 +45,6 @@ inline std::uint8_t SemiOctet(OctetView octets, std::size_t place) {
 /// Calls `odd(code, value, place)`.
 template <class Odd>
 char* WriteDigits(OctetView octets, std::size_t semiOctets, char* out, Odd odd) {
-    constexpr std::string_view digits = "0123456789*#abc";
     for (std::size_t place = 0; place < semiOctets; ++place) {
         const std::uint8_t digit = SemiOctet(octets, place);
         if (digit == c_filler) {
@@ -46,7 +52,7 @@ char* WriteDigits(OctetView octets, std::size_t semiOctets, char* out, Odd odd) 
                 odd(RemarkCode::FillerInside, place, place);
             break;
         }
-        *out++ = digits[digit];
+        *out++ = c_digits[digit];
     }
     if (semiOctets % c_semiOctetsOfOctet != 0 && SemiOctet(octets, semiOctets) != c_filler)
         odd(RemarkCode::FillerMissing, SemiOctet(octets, semiOctets), semiOctets);

@@ -100,60 +100,20 @@ void Recording::OnBits(Field field, std::uint8_t value) {
     const bool isSet = value != 0;
     std::visit(
         [&](auto& tpdu) {
-            if constexpr (requires { tpdu.moreMessages; })
-                if (field == Field::MoreMessages)
-                    tpdu.moreMessages = !isSet;
-            if constexpr (requires { tpdu.loopPrevention; })
-                if (field == Field::LoopPrevention)
-                    tpdu.loopPrevention = isSet;
-            if constexpr (requires { tpdu.rejectDuplicates; })
-                if (field == Field::RejectDuplicates)
-                    tpdu.rejectDuplicates = isSet;
-            if constexpr (requires { tpdu.statusReportIndication; })
-                if (field == Field::StatusReportIndication)
-                    tpdu.statusReportIndication = isSet;
-            if constexpr (requires { tpdu.statusReportRequest; })
-                if (field == Field::StatusReportRequest)
-                    tpdu.statusReportRequest = isSet;
-            if constexpr (requires { tpdu.isForCommand; })
-                if (field == Field::StatusReportQualifier)
-                    tpdu.isForCommand = isSet;
-            if constexpr (requires { tpdu.replyPath; })
-                if (field == Field::ReplyPath)
-                    tpdu.replyPath = isSet;
+            VisitBits(tpdu, field, [&](bool& member) { member = isSet != IsTrueAsZero(field); });
         },
         m_Reading.tpdu);
 }
 
 void Recording::OnOctet(Field field, std::uint8_t value) {
-    std::visit(
-        [&](auto& tpdu) {
-            if constexpr (requires { tpdu.reference; })
-                if (field == Field::MessageReference)
-                    tpdu.reference = value;
-            if constexpr (requires { tpdu.protocol; })
-                if (field == Field::ProtocolIdentifier)
-                    tpdu.protocol = value;
-            if constexpr (requires { tpdu.coding; })
-                if (field == Field::DataCodingScheme)
-                    tpdu.coding = DataCoding(value);
-            if constexpr (requires { tpdu.status; })
-                if (field == Field::Status)
-                    tpdu.status = value;
-            if constexpr (requires { tpdu.failureCause; })
-                if (field == Field::FailureCause)
-                    tpdu.failureCause = value;
-            if constexpr (requires { tpdu.parameterIndicator; })
-                if (field == Field::ParameterIndicator)
-                    tpdu.parameterIndicator = value;
-            if constexpr (requires { tpdu.commandType; })
-                if (field == Field::CommandType)
-                    tpdu.commandType = value;
-            if constexpr (requires { tpdu.messageNumber; })
-                if (field == Field::MessageNumber)
-                    tpdu.messageNumber = value;
-        },
-        m_Reading.tpdu);
+    const auto set = [&](auto& member) {
+        using Member = std::remove_reference_t<decltype(member)>;
+        if constexpr (std::is_assignable_v<Member&, std::uint8_t>)
+            member = value;
+        else
+            member = DataCoding(value);
+    };
+    std::visit([&](auto& tpdu) { VisitOctet(tpdu, field, set); }, m_Reading.tpdu);
 }
 
 void Recording::OnAddress(std::uint8_t length, std::uint8_t typeOfAddress, std::string_view text) {
@@ -169,16 +129,8 @@ void Recording::OnAddress(std::uint8_t length, std::uint8_t typeOfAddress, std::
 }
 
 void Recording::OnTime(Field field, const Timestamp& time) {
-    std::visit(
-        [&](auto& tpdu) {
-            if constexpr (requires { tpdu.timestamp; })
-                if (field == Field::ServiceCentreTimestamp)
-                    tpdu.timestamp = time;
-            if constexpr (requires { tpdu.discharge; })
-                if (field == Field::DischargeTime)
-                    tpdu.discharge = time;
-        },
-        m_Reading.tpdu);
+    std::visit([&](auto& tpdu) { VisitTime(tpdu, field, [&](Timestamp& member) { member = time; }); },
+               m_Reading.tpdu);
 }
 
 void Recording::OnValidity(const Validity& validity) {
@@ -199,24 +151,36 @@ void Recording::OnUserDataThere() {
 }
 
 void Recording::OnElement(const HeaderElement& element) {
-    m_UserData->elements.push_back(element);
+    UserDataKeeping(*m_UserData).OnElement(element);
 }
 
 void Recording::OnUserData(const UserDataHead& head) {
-    m_UserData->length = head.length;
-    m_UserData->octets.assign(head.octets.begin(), head.octets.end());
-    m_UserData->hasHeader = head.hasHeader;
-    m_UserData->isHeaderIgnored = head.isHeaderIgnored;
-    m_UserData->concatenation = head.concatenation;
-    m_UserData->ports = head.ports;
-    m_UserData->tables = head.tables;
-    m_UserData->textOffset = static_cast<std::uint16_t>(head.textOffset);
-    m_UserData->fillBits = static_cast<std::uint8_t>(head.fillBits);
-    m_UserData->textUnits = static_cast<std::uint16_t>(head.textUnits);
+    UserDataKeeping(*m_UserData).OnUserData(head);
 }
 
 void Recording::OnText(std::string_view text) {
-    m_UserData->text = text;
+    UserDataKeeping(*m_UserData).OnText(text);
+}
+
+void UserDataKeeping::OnElement(const HeaderElement& element) {
+    m_UserData.elements.push_back(element);
+}
+
+void UserDataKeeping::OnUserData(const UserDataHead& head) {
+    m_UserData.length = head.length;
+    m_UserData.octets.assign(head.octets.begin(), head.octets.end());
+    m_UserData.hasHeader = head.hasHeader;
+    m_UserData.isHeaderIgnored = head.isHeaderIgnored;
+    m_UserData.concatenation = head.concatenation;
+    m_UserData.ports = head.ports;
+    m_UserData.tables = head.tables;
+    m_UserData.textOffset = static_cast<std::uint16_t>(head.textOffset);
+    m_UserData.fillBits = static_cast<std::uint8_t>(head.fillBits);
+    m_UserData.textUnits = static_cast<std::uint16_t>(head.textUnits);
+}
+
+void UserDataKeeping::OnText(std::string_view text) {
+    m_UserData.text = text;
 }
 
 } // namespace Messages

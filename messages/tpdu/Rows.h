@@ -47,6 +47,7 @@ struct TpduRow {
 };
 
 constexpr std::size_t c_longestTpdu = 164;
+constexpr std::size_t c_longestPdu = c_longestTpdu + 12; ///< with a service centre of 20 digits
 
 /// Octets of user data that a TPDU can hold; 0: what its other fields leave room for.
 constexpr std::size_t MostUserData(TpduType type, bool hasFailureCause) {

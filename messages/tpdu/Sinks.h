@@ -85,6 +85,25 @@ private:
     Visitor& m_Visitor;
 };
 
+/// Keeps what user data says. REQUIRES that it is empty.
+class UserDataKeeping : public NoValues {
+public:
+    static constexpr bool c_takesText = true;
+
+    explicit UserDataKeeping(UserData& userData) : m_UserData(userData) {}
+
+    static void OnPlace(const FieldPlace&) {}
+    static void OnRemark(const Remark&) {}
+    static void OnFault(const Fault&) {}
+
+    void OnElement(const HeaderElement& element);
+    void OnUserData(const UserDataHead& head);
+    void OnText(std::string_view text);
+
+private:
+    UserData& m_UserData;
+};
+
 /// Makes a reading. REQUIRES one that is empty but for its addresses and its TPDU, whose memory is used
 /// again.
 class Recording {

@@ -26,7 +26,61 @@ constexpr std::uint32_t RelativeSeconds(int octet) {
     return 0;
 }
 
+constexpr std::uint8_t SwappedDigits(int number) {
+    return static_cast<std::uint8_t>(number % 10 << 4 | number / 10);
+}
+
+constexpr int c_relativeValidities = 256;
+
+/// The first TP-VP of the relative format that is not shorter; 256 where there is none.
+int RelativeOctet(std::uint32_t seconds) {
+    int octet = 0;
+    while (octet < c_relativeValidities && RelativeSeconds(octet) < seconds)
+        ++octet;
+    return octet;
+}
+
 } // namespace
+
+std::optional<Timestamp> MakeTimestamp(int year, int month, int day, int hour, int minute, int second,
+                                       int quarters) noexcept {
+    constexpr int firstYear = 2000;
+    constexpr int endOfQuarters = 80;
+    const int parts[] = {
+        year - firstYear, month, day, hour, minute, second, quarters < 0 ? -quarters : quarters};
+    Timestamp time;
+    for (std::size_t i = 0; i < c_timeOctets; ++i) {
+        const int end = i + 1 == c_timeOctets ? endOfQuarters : 100;
+        if (parts[i] < 0 || parts[i] >= end)
+            return std::nullopt;
+        time.octets[i] = SwappedDigits(parts[i]);
+    }
+    if (quarters < 0)
+        time.octets.back() |= c_zoneSign;
+    time = ReadTime({time.octets.data(), time.octets.size()}, c_pass);
+    return time.isValid ? std::optional(time) : std::nullopt;
+}
+
+std::optional<Timestamp> MakeTimestamp(std::int64_t unixSeconds, int quarters) noexcept {
+    constexpr std::int64_t from2000 = 946684800;
+    constexpr std::int64_t secondsOfCentury = std::int64_t{36525} * c_secondsOfDay;
+    const std::int64_t seconds = unixSeconds - from2000 + std::int64_t{quarters} * c_secondsOfQuarter;
+    if (unixSeconds < 0 || seconds < 0 || seconds >= secondsOfCentury)
+        return std::nullopt;
+    auto days = static_cast<unsigned int>(seconds / c_secondsOfDay);
+    unsigned int year = 2000;
+    for (unsigned int length = 366; days >= length; length = DaysOf(year, 2) == 29 ? 366 : 365) {
+        days -= length;
+        ++year;
+    }
+    unsigned int month = 1;
+    for (; days >= DaysOf(year, month); ++month)
+        days -= DaysOf(year, month);
+    const int ofDay = static_cast<int>(seconds % c_secondsOfDay);
+    return MakeTimestamp(static_cast<int>(year), static_cast<int>(month), static_cast<int>(days) + 1,
+                         ofDay / c_secondsOfHour, ofDay % c_secondsOfHour / c_secondsOfMinute,
+                         ofDay % c_secondsOfMinute, quarters);
+}
 
 std::string Timestamp::ToString() const {
     std::string text;
@@ -89,6 +143,48 @@ Timestamp Validity::Absolute() const noexcept {
     if (format != ValidityFormat::Absolute)
         return {};
     return ReadTime({octets.data(), octets.size()}, c_pass);
+}
+
+std::optional<Validity> MakeRelativeValidity(std::uint32_t seconds) noexcept {
+    const int octet = RelativeOctet(seconds);
+    if (octet == c_relativeValidities)
+        return std::nullopt;
+    Validity validity;
+    validity.format = ValidityFormat::Relative;
+    validity.octets[0] = static_cast<std::uint8_t>(octet);
+    return validity;
+}
+
+std::optional<Validity> MakeEnhancedValidity(std::uint32_t seconds, bool isSingleShot) noexcept {
+    constexpr std::uint8_t singleShot = 0x40;
+    constexpr std::uint32_t mostSeconds = 255;
+    constexpr std::uint32_t endOfClock = 100 * c_secondsOfHour;
+    const int relative = RelativeOctet(seconds);
+    if (seconds == 0 || relative == c_relativeValidities)
+        return std::nullopt;
+    Validity validity;
+    validity.format = ValidityFormat::Enhanced;
+    const auto set = [&](EnhancedValidity format, int octet) {
+        validity.octets[0] = static_cast<std::uint8_t>(format);
+        validity.octets[1] = static_cast<std::uint8_t>(octet);
+    };
+    const auto whole = static_cast<int>(seconds);
+    if (seconds <= mostSeconds) {
+        set(EnhancedValidity::Seconds, whole);
+    } else if (seconds < endOfClock) {
+        set(EnhancedValidity::Clock, SwappedDigits(whole / c_secondsOfHour));
+        validity.octets[2] = SwappedDigits(whole % c_secondsOfHour / c_secondsOfMinute);
+        validity.octets[3] = SwappedDigits(whole % c_secondsOfMinute);
+    } else {
+        set(EnhancedValidity::Relative, relative);
+    }
+    if (isSingleShot)
+        validity.octets[0] |= singleShot;
+    return validity;
+}
+
+Validity MakeAbsoluteValidity(const Timestamp& until) noexcept {
+    return {ValidityFormat::Absolute, until.octets};
 }
 
 } // namespace Messages

@@ -89,6 +89,18 @@ public:
             ReadTpdu(layout.direction);
     }
 
+    /// TP-UDL and TP-UD, which are the whole.
+    void WalkUserData(const DataCoding& coding, bool hasHeader) {
+        m_HasHeader = hasHeader;
+        ReadUserData(Field::UserDataLength, Field::UserData, coding, RowOf(TpduType::Deliver, false));
+    }
+
+    /// TP-VP, which is the whole.
+    void WalkValidity(ValidityFormat format) {
+        m_ValidityFormat = format;
+        ReadValidity(Field::ValidityPeriod);
+    }
+
 private:
     // Places, remarks and faults.
 

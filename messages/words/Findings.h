@@ -1,12 +1,13 @@
 // A sentence for each remark and fault. In braces: n and o, its numbers, p, its octet, and f, the name of its
 // field; after a colon what the number is: x an octet in hexadecimal digits, x1 and x4 one and four of them,
-// element the identifier of an element with its name; anything else is counted.
+// element the identifier of an element with its name, character one of Unicode; anything else is counted.
 #ifndef WORDS_FINDINGS_H
 #define WORDS_FINDINGS_H
 
 #include <string_view>
 
 #include "Messages/Remarks.h"
+#include "Messages/Write.h"
 
 namespace Messages {
 
@@ -88,6 +89,28 @@ constexpr FindingWords<FaultCode> c_faultWords[] = {
 };
 
 #undef QX_FAULT
+
+#define QX_WRITE_FAULT(enumerator, sentence)                                                                 \
+    { WriteFaultCode::enumerator, #enumerator, sentence }
+
+/// In the order of the enumerators.
+constexpr FindingWords<WriteFaultCode> c_writeFaultWords[] = {
+    QX_WRITE_FAULT(NoType, "there is no message to write"),
+    QX_WRITE_FAULT(ExtensionBitClear, "{f}: bit 7 of the type of address is 0"),
+    QX_WRITE_FAULT(AddressCharacter, "{f} cannot hold {n:character}"),
+    QX_WRITE_FAULT(AddressTooLong, "{f} takes {n:semi-octet}, more than {o}"),
+    QX_WRITE_FAULT(NoTime, "the octets of {f} are no time"),
+    QX_WRITE_FAULT(TimeDisagrees, "the octets of {f} are another time than its members"),
+    QX_WRITE_FAULT(ValidityInvalid, "octet {n} of {f} is reserved or out of range"),
+    QX_WRITE_FAULT(FailureCauseTooLow, "TP-FCS {n:x} is below 80, and would be taken for TP-PI"),
+    QX_WRITE_FAULT(ReservedParameterBits, "reserved bits {n:x} of TP-PI are set"),
+    QX_WRITE_FAULT(UserDataLength, "{f} announces {n:octet}, and {o} are there"),
+    QX_WRITE_FAULT(UserDataTooLong, "{n:octet} of user data, where at most {o} fit"),
+    QX_WRITE_FAULT(HeaderInvalid, "the user-data header does not add up"),
+    QX_WRITE_FAULT(TextDisagrees, "the octets of the user data say something else than its members"),
+};
+
+#undef QX_WRITE_FAULT
 
 } // namespace Messages
 

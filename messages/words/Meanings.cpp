@@ -96,4 +96,9 @@ std::string MeaningOf(const Fault& fault) {
                   {fault.field, fault.octet, fault.expected, fault.found});
 }
 
+std::string MeaningOf(const WriteFault& fault) {
+    return FillIn(c_writeFaultWords[static_cast<std::size_t>(fault.code)].sentence,
+                  {fault.field, 0, fault.number, fault.other});
+}
+
 } // namespace Messages

@@ -42,6 +42,7 @@ constexpr std::array<KebabCase, Count> CodesOf(const Words (&words)[Count]) {
 }
 constexpr auto c_remarkCodes = CodesOf(c_remarkWords);
 constexpr auto c_faultCodes = CodesOf(c_faultWords);
+constexpr auto c_writeFaultCodes = CodesOf(c_writeFaultWords);
 
 /// The row whose range a value is in.
 template <class Row, std::size_t Count>
@@ -141,6 +142,10 @@ std::string_view CodeOf(RemarkCode code) noexcept {
 
 std::string_view CodeOf(FaultCode code) noexcept {
     return c_faultCodes[static_cast<std::size_t>(code)].View();
+}
+
+std::string_view CodeOf(WriteFaultCode code) noexcept {
+    return c_writeFaultCodes[static_cast<std::size_t>(code)].View();
 }
 
 } // namespace Messages

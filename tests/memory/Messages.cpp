@@ -1,6 +1,6 @@
-// Reading by the standards when memory runs out: the n-th allocation fails, for n = 1, 2, 3 … until the
-// operation gets through. Each time it ends with std::bad_alloc, and what it worked on can be used again. And
-// what takes no memory at all.
+// Reading and writing by the standards when memory runs out: the n-th allocation fails, for n = 1, 2, 3 …
+// until the operation gets through. Each time it ends with std::bad_alloc, and what it worked on can be used
+// again. And what takes no memory at all.
 #include <functional>
 #include <new>
 #include <string>
@@ -9,6 +9,7 @@
 
 #include "Messages/Read.h"
 #include "Messages/Words.h"
+#include "Messages/Write.h"
 #include "support/Allocations.h"
 
 namespace {
@@ -55,12 +56,27 @@ const struct Operation {
          std::vector<std::uint8_t> octets;
          AppendUcs2("Grüße", octets);
      }},
+    {"Write",
+     [](Reading&) {
+         Deliver deliver;
+         ToName("Grüße", deliver.originator);
+         deliver.timestamp = *MakeTimestamp(2026, 3, 14, 15, 9, 26);
+         deliver.userData = *MakeUserData(deliver.coding, std::vector<std::uint8_t>{0x24, 1, 1},
+                                          std::vector<std::uint8_t>(99));
+         EXPECT_FALSE(Write(deliver, Address{}).fault);
+     }},
+    {"Number",
+     [](Reading&) {
+         Address address;
+         ToNumber("+12345678901234567890", address);
+     }},
     {"Hexadecimal", [](Reading&) { ToHex(std::vector<std::uint8_t>(99)); }},
     {"Words",
      [](Reading&) {
          MeaningOf(DataCoding(0xC8));
          MeaningOf(Validity{ValidityFormat::Relative, {0x90}});
          MeaningOf(Remark{RemarkCode::ElementsExclusive, Field::HeaderElement, 0, 4, 5});
+         MeaningOf(WriteFault{WriteFaultCode::AddressTooLong, Field::RecipientAddress, 21, 20});
          MeaningOf(Fault{FaultCode::FieldCut, Field::ServiceCentreTimestamp, 0, 7, 0});
      }},
 };
@@ -116,6 +132,15 @@ TEST(NoAllocation, IsMadeByAReadingThatWasUsedOrByAWalk) {
         EXPECT_FALSE(UserDataOf(reading.tpdu)->octets.empty());
         EXPECT_FALSE(reading.fault);
     }
+}
+
+TEST(NoAllocation, IsMadeByAResultThatWasUsed) {
+    const Reading reading = ReadHex(c_statusReport);
+    Written written = Write(reading.tpdu, reading.serviceCentre);
+    const unsigned long before = tests::Allocations();
+    Write(reading.tpdu, reading.serviceCentre, written);
+    EXPECT_EQ(tests::Allocations(), before);
+    EXPECT_EQ(ToHex(written.octets), c_statusReport);
 }
 
 } // namespace

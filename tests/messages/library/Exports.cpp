@@ -52,6 +52,11 @@ TEST(MessagesExports, AreThePublicOperations) {
         "Messages::HasLockingTable",
         "Messages::HasSingleShiftTable",
         "Messages::LockingCharacter",
+        "Messages::MakeAbsoluteValidity",
+        "Messages::MakeEnhancedValidity",
+        "Messages::MakeRelativeValidity",
+        "Messages::MakeTimestamp",
+        "Messages::MakeUserData",
         "Messages::MeaningOf",
         "Messages::MeaningOfClass",
         "Messages::MeaningOfCommandType",
@@ -82,6 +87,8 @@ TEST(MessagesExports, AreThePublicOperations) {
         "Messages::Timestamp::UnixSeconds",
         "Messages::TimestampOf",
         "Messages::ToHex",
+        "Messages::ToName",
+        "Messages::ToNumber",
         "Messages::UnpackSeptets",
         "Messages::UserDataOf",
         "Messages::Validity::Absolute",
@@ -91,6 +98,7 @@ TEST(MessagesExports, AreThePublicOperations) {
         "Messages::Visitor::OnRemark",
         "Messages::Visitor::~Visitor",
         "Messages::Walk",
+        "Messages::Write",
     };
     const std::set<std::string> exported = Exported();
     for (const std::string& name : expected)

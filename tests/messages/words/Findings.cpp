@@ -138,4 +138,44 @@ TEST(Faults, HaveACodeAndASentence) {
     }
 }
 
+TEST(WriteFaults, HaveACodeAndASentence) {
+    const auto of = [](WriteFaultCode code, std::uint32_t number = 0, std::uint32_t other = 0) {
+        return WriteFault{code, Field::ServiceCentreTimestamp, number, other};
+    };
+    const struct {
+        WriteFault fault;
+        const char* code;
+        const char* meaning;
+    } cases[] = {
+        {of(WriteFaultCode::NoType), "no-type", "there is no message to write"},
+        {of(WriteFaultCode::ExtensionBitClear), "extension-bit-clear",
+         "TP-SCTS: bit 7 of the type of address is 0"},
+        {of(WriteFaultCode::AddressCharacter, 0xE9, 2), "address-character", "TP-SCTS cannot hold U+00E9"},
+        {of(WriteFaultCode::AddressCharacter, c_notUtf8, 2), "address-character",
+         "TP-SCTS cannot hold octets that are not UTF-8"},
+        {of(WriteFaultCode::AddressTooLong, 21, 20), "address-too-long",
+         "TP-SCTS takes 21 semi-octets, more than 20"},
+        {of(WriteFaultCode::NoTime), "no-time", "the octets of TP-SCTS are no time"},
+        {of(WriteFaultCode::TimeDisagrees), "time-disagrees",
+         "the octets of TP-SCTS are another time than its members"},
+        {of(WriteFaultCode::ValidityInvalid, 2), "validity-invalid",
+         "octet 2 of TP-SCTS is reserved or out of range"},
+        {of(WriteFaultCode::FailureCauseTooLow, 0x7F), "failure-cause-too-low",
+         "TP-FCS 7F is below 80, and would be taken for TP-PI"},
+        {of(WriteFaultCode::ReservedParameterBits, 0x88), "reserved-parameter-bits",
+         "reserved bits 88 of TP-PI are set"},
+        {of(WriteFaultCode::UserDataLength, 1, 2), "user-data-length",
+         "TP-SCTS announces 1 octet, and 2 are there"},
+        {of(WriteFaultCode::UserDataTooLong, 141, 140), "user-data-too-long",
+         "141 octets of user data, where at most 140 fit"},
+        {of(WriteFaultCode::HeaderInvalid), "header-invalid", "the user-data header does not add up"},
+        {of(WriteFaultCode::TextDisagrees), "text-disagrees",
+         "the octets of the user data say something else than its members"},
+    };
+    for (const auto& one : cases) {
+        EXPECT_EQ(CodeOf(one.fault.code), one.code);
+        EXPECT_EQ(MeaningOf(one.fault), one.meaning);
+    }
+}
+
 } // namespace

@@ -438,6 +438,8 @@ bool TellsTheSame(const Messages::Reading& reading, const Octets& octets,
     return walked.Heard() == kept.Heard();
 }
 
+} // namespace
+
 Messages::ReadOptions OptionsOf(const Input& input) {
     Messages::ReadOptions options;
     options.serviceCentre = static_cast<Messages::Presence>(input.centre);
@@ -447,8 +449,6 @@ Messages::ReadOptions OptionsOf(const Input& input) {
         options.announcedLength = static_cast<std::uint32_t>(*input.announced);
     return options;
 }
-
-} // namespace
 
 Reading ReadByLibrary(const Input& input, std::string& contradictions) {
     const Messages::ReadOptions options = OptionsOf(input);

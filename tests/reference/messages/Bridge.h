@@ -4,9 +4,13 @@
 
 #include <string>
 
+#include "Messages/Read.h"
 #include "model/Reading.h"
 
 namespace plain {
+
+/// What a reader is told, as the library is.
+Messages::ReadOptions OptionsOf(const Input& input);
 
 /// What the library reads. What it tells in two ways (a field of the first octet as a member and as a place,
 /// places and remarks in the reading and to a visitor) is compared on the way; `contradictions` has what does
