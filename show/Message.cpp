@@ -174,7 +174,7 @@ std::vector<MessageField> FieldsOf(const Message& message) {
             field.value = unsigned{place.value};
         else if (!IsCut(place, message))
             field.value = ValueOf(field, message);
-        fields.push_back(std::move(field));
+        fields.push_back(field);
     }
     return fields;
 }

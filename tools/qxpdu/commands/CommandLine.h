@@ -10,7 +10,7 @@
 namespace qxpdu {
 
 /// Runs the tool with these arguments, the program's name not included. Returns the exit status.
-int RunTool(const std::vector<std::string>& arguments, const Streams& streams);
+int RunTool(const std::vector<std::string>& given, const Streams& streams);
 
 } // namespace qxpdu
 

@@ -333,10 +333,11 @@ bool IsNamed(std::string_view text) {
 /// Without blanks, quotation marks and arrows around it, but with the mark that begins a name.
 std::string_view Said(std::string_view line) {
     const std::string_view core = Core(line);
-    if (core.empty() || core.data() == line.data() ||
-        c_nameMarks.find(core.data()[-1]) == std::string_view::npos)
+    if (core.empty() || core.data() == line.data())
         return core;
-    return {core.data() - 1, core.size() + 1};
+    const char* const before = core.data() - 1;
+    return c_nameMarks.find(*before) == std::string_view::npos ? core
+                                                               : std::string_view(before, core.size() + 1);
 }
 
 } // namespace
