@@ -6,11 +6,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "Messages/DataCoding.h"
 #include "Messages/Export.h"
 #include "Messages/Octets.h"
 
@@ -101,6 +103,96 @@ MESSAGES_API std::optional<MisfitCharacter> AppendSeptets(std::string_view text,
 /// character; returns what is not UTF-8, and `octets` is then as it was. Throws std::bad_alloc alone.
 MESSAGES_API std::optional<MisfitCharacter> AppendUcs2(std::string_view text,
                                                        std::vector<std::uint8_t>& octets);
+
+/// Languages whose tables a text may be written with. The default alphabet and its extension always may.
+class Languages {
+public:
+    /// None.
+    constexpr Languages() noexcept = default;
+    /// These.
+    constexpr Languages(std::initializer_list<Language> languages) noexcept {
+        for (const Language language : languages)
+            Add(language);
+    }
+    /// All that have a table.
+    static constexpr Languages All() noexcept {
+        Languages all;
+        all.m_Bits = static_cast<std::uint16_t>((1U << (c_lastLanguage + 1U)) - 1U);
+        return all;
+    }
+
+    /// REQUIRES a named language.
+    constexpr void Add(Language language) noexcept {
+        m_Bits = static_cast<std::uint16_t>(m_Bits | 1U << static_cast<unsigned int>(language));
+    }
+    /// REQUIRES a named language.
+    constexpr bool Has(Language language) const noexcept {
+        return (m_Bits >> static_cast<unsigned int>(language) & 1U) != 0;
+    }
+    /// A bit for each language, counted from 0, the lowest; that of the default alphabet is set.
+    constexpr std::uint16_t Bits() const noexcept { return m_Bits; }
+
+private:
+    std::uint16_t m_Bits = 1;
+};
+
+/// The room that messages have for a text.
+struct TextRoom {
+    std::size_t octets = 140; ///< of user data in one message
+    std::size_t elementOctets =
+        0; ///< of header elements in each, beside those of concatenation and languages
+    bool hasWideReference = false; ///< of a concatenation: 16 bits instead of 8
+};
+
+/// How a text is to be written.
+struct ChoiceOptions {
+    Languages languages;                               ///< that may be used
+    std::optional<Alphabet> alphabet = std::nullopt;   ///< the only one that may be: Gsm7 or Ucs2
+    std::optional<SeptetTables> tables = std::nullopt; ///< the only ones that may be, in GSM 7-bit
+    TextRoom room;                                     ///< that the messages have
+};
+
+/// A way to write a text, the same for all of its parts.
+struct Choice {
+    Alphabet alphabet = Alphabet::Gsm7; ///< Gsm7 or Ucs2
+    SeptetTables tables;                ///< of GSM 7-bit
+    std::size_t units = 0;              ///< septets or UTF-16 units of the text
+    std::size_t parts = 0;  ///< messages, 1 of an empty text; c_noParts where one has no room for a pair
+    std::size_t octets = 0; ///< of user data in all parts, headers included
+};
+
+/// More parts than there are.
+inline constexpr std::size_t c_noParts = static_cast<std::size_t>(-1);
+
+/// The cheapest way to write a text in UTF-8: the fewest parts, then the fewest octets in all, then the
+/// default alphabet, a single shift table, a locking shift table, both, UCS2, then the lower language, that
+/// of the locking shift table first. Each part is filled from the front as far as it goes, and no pair is
+/// cut: escape and septet, the halves of a character above U+FFFF.
+///
+/// Returns the first octets that are not UTF-8, or the first character that the only alphabet or tables
+/// allowed do not hold; `choice` is then as it was. Takes time linear in the length of the text. REQUIRES
+/// named languages.
+MESSAGES_API std::optional<MisfitCharacter> Choose(std::string_view text, const ChoiceOptions& options,
+                                                   Choice& choice) noexcept;
+
+/// The offsets in a text, in octets, where its parts begin: the first is 0. REQUIRES that the choice holds
+/// the text and is not without parts. Throws std::bad_alloc alone.
+MESSAGES_API std::vector<std::size_t> PartOffsets(std::string_view text, const Choice& choice,
+                                                  const TextRoom& room);
+
+/// One character of a text, or two that were composed, and what stands for it.
+struct Replacement {
+    std::size_t offset = 0;  ///< in the text before, in octets
+    std::size_t length = 0;  ///< in octets
+    std::string replacement; ///< in UTF-8; empty where the character is left out
+};
+
+/// A text whose characters the languages' tables hold, as far as near ones go: two characters that are a
+/// composed one, then quotation marks, dashes, spaces, ligatures and signs that look alike. A character that
+/// a table holds stays, and so does one that has nothing near. Octets that are not UTF-8 stay. What was
+/// replaced is appended to `replacements`. Throws std::bad_alloc alone.
+MESSAGES_API std::string ReplaceNear(std::string_view text, Languages languages,
+                                     std::vector<Replacement>& replacements);
 
 } // namespace Messages
 

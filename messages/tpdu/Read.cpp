@@ -7,7 +7,7 @@ namespace Messages {
 namespace {
 
 /// What a PDU is taken for, and whether anybody told where its service centre is.
-struct Choice {
+struct Guess {
     Layout layout;
     bool isServiceCentreGuessed = false;
 };
@@ -55,7 +55,7 @@ std::optional<Layout> FindSound(OctetView pdu, const ReadOptions& options, bool 
     return std::nullopt;
 }
 
-Choice Choose(OctetView pdu, const ReadOptions& options) {
+Guess GuessLayout(OctetView pdu, const ReadOptions& options) {
     const Presence told = ServiceCentreTold(pdu, options);
     const bool isGuessed = told == Presence::Unknown;
     if (!isGuessed && options.direction != Direction::Unknown)
@@ -83,12 +83,12 @@ void Read(OctetView pdu, const ReadOptions& options, Reading& reading) {
     reading.places.reserve(usualPlaces);
     reading.remarks.clear();
     reading.fault.reset();
-    const Choice choice = Choose(pdu, options);
-    reading.isServiceCentreGuessed = choice.isServiceCentreGuessed;
+    const Guess guess = GuessLayout(pdu, options);
+    reading.isServiceCentreGuessed = guess.isServiceCentreGuessed;
     Recording recording(reading);
-    Walker(pdu, options, recording).Walk(choice.layout);
+    Walker(pdu, options, recording).Walk(guess.layout);
     recording.Finish();
-    reading.direction = reading.Type() == TpduType::None ? options.direction : choice.layout.direction;
+    reading.direction = reading.Type() == TpduType::None ? options.direction : guess.layout.direction;
 }
 
 Reading Read(OctetView pdu, const ReadOptions& options) {
@@ -104,7 +104,7 @@ void Visitor::OnFault(const Fault& /*fault*/) {}
 
 void Walk(OctetView pdu, const ReadOptions& options, Visitor& visitor) {
     Visiting visiting(visitor);
-    Walker(pdu, options, visiting).Walk(Choose(pdu, options).layout);
+    Walker(pdu, options, visiting).Walk(GuessLayout(pdu, options).layout);
 }
 
 Reading ReadHex(std::string_view digits, const ReadOptions& options) {

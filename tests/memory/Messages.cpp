@@ -65,6 +65,18 @@ const struct Operation {
                                           std::vector<std::uint8_t>(99));
          EXPECT_FALSE(Write(deliver, Address{}).fault);
      }},
+    {"ReplaceNear",
+     [](Reading&) {
+         std::vector<Replacement> replacements;
+         ReplaceNear("“A quotation that no string holds by itself”", {}, replacements);
+     }},
+    {"PartOffsets",
+     [](Reading&) {
+         Choice choice;
+         const std::string_view text = "A text";
+         Choose(text, {}, choice);
+         EXPECT_EQ(PartOffsets(text, choice, {}).size(), 1U);
+     }},
     {"Number",
      [](Reading&) {
          Address address;

@@ -1,0 +1,171 @@
+#include <bit>
+#include <tuple>
+
+#include "alphabet/Room.h"
+
+namespace Messages {
+namespace {
+
+constexpr std::uint16_t Bit(std::size_t language) {
+    return static_cast<std::uint16_t>(1U << language);
+}
+
+/// What one pass over a text finds out. How many septets a text takes depends on its locking table alone:
+/// each character that the table lacks is a pair, whatever single shift table holds it.
+struct Survey {
+    std::size_t characters = 0;
+    std::size_t utf16Units = 0;
+    std::array<std::size_t, c_languageCount> pairs{}; ///< by locking table: characters that it lacks
+    std::array<std::uint16_t, c_languageCount>
+        single{}; ///< by locking table: the single shift tables that hold them
+    std::uint16_t locking =
+        0; ///< the locking tables that are left, as some single shift table holds what they lack
+    std::optional<MisfitCharacter> misfit; ///< after which none was left
+};
+
+/// REQUIRES the tables that may be used, a bit for each language.
+std::optional<MisfitCharacter> Look(std::string_view text, std::uint16_t languages, Survey& survey) {
+    survey.locking =
+        static_cast<std::uint16_t>(languages & ~Bit(static_cast<std::size_t>(Language::Spanish)));
+    survey.single.fill(languages);
+    for (Characters characters(text); !characters.AtEnd();) {
+        const std::size_t offset = characters.Offset();
+        const char32_t character = characters.Next();
+        if (character == c_notUtf8)
+            return MisfitCharacter{offset, character};
+        const bool wasHeld = survey.locking != 0;
+        ++survey.characters;
+        survey.utf16Units += character < 0x10000 ? 1 : 2;
+        const HoldingTables holding = c_codes.tables[c_codes.NumberOf(character)];
+        for (unsigned int lacking = survey.locking & ~holding.locking; lacking != 0; lacking &= lacking - 1) {
+            const auto locking = static_cast<std::size_t>(std::countr_zero(lacking));
+            ++survey.pairs[locking];
+            survey.single[locking] = survey.single[locking] & holding.single;
+            if (survey.single[locking] == 0)
+                survey.locking = static_cast<std::uint16_t>(survey.locking & ~Bit(locking));
+        }
+        if (wasHeld && survey.locking == 0)
+            survey.misfit = MisfitCharacter{offset, character};
+    }
+    return std::nullopt;
+}
+
+/// Units are there; parts and octets are worked out.
+void Count(std::string_view text, const TextRoom& room, Choice& choice) {
+    const PartRoom one = RoomOfOne(choice, room);
+    choice.parts = 1;
+    choice.octets = one.OctetsOf(choice.units);
+    if (choice.units <= one.Units())
+        return;
+    const PartRoom many = RoomOfMany(choice, room);
+    choice.parts = c_noParts;
+    choice.octets = c_noParts;
+    if (many.Units() < 2)
+        return;
+    choice.parts = 0;
+    choice.octets = 0;
+    VisitParts(text, choice, many.Units(), [&](std::size_t, std::size_t units) {
+        ++choice.parts;
+        choice.octets += many.OctetsOf(units);
+    });
+}
+
+/// The fewest parts that so many units can take.
+std::size_t FewestParts(const Choice& choice, const TextRoom& room) {
+    if (choice.units <= RoomOfOne(choice, room).Units())
+        return 1;
+    const std::size_t most = RoomOfMany(choice, room).Units();
+    return most < 2 ? c_noParts : (choice.units + most - 1) / most;
+}
+
+/// What comes first is chosen.
+auto Rank(const Choice& choice) {
+    const bool isUcs2 = choice.alphabet == Alphabet::Ucs2;
+    const bool hasLocking = choice.tables.locking != Language::Default;
+    const bool hasSingle = choice.tables.single != Language::Default;
+    const int kind = isUcs2 ? 4 : 2 * static_cast<int>(hasLocking) + static_cast<int>(hasSingle);
+    return std::tuple(choice.parts, choice.octets, kind, choice.tables.locking, choice.tables.single);
+}
+
+/// Of all choices with a locking table the cheapest: with the extension of the default alphabet, which needs
+/// no element, or else with the lowest language.
+Choice ChoiceWith(std::size_t locking, const Survey& survey) {
+    Choice choice;
+    choice.tables.locking = static_cast<Language>(locking);
+    choice.tables.single = static_cast<Language>(std::countr_zero(survey.single[locking]));
+    choice.units = survey.characters + survey.pairs[locking];
+    return choice;
+}
+
+class Best {
+public:
+    Best(std::string_view text, const TextRoom& room) : m_Text(text), m_Room(room) {}
+
+    void Offer(Choice choice) {
+        if (m_Choice && FewestParts(choice, m_Room) > m_Choice->parts)
+            return;
+        Count(m_Text, m_Room, choice);
+        if (!m_Choice || Rank(choice) < Rank(*m_Choice))
+            m_Choice = choice;
+    }
+    const std::optional<Choice>& Found() const { return m_Choice; }
+
+private:
+    std::string_view m_Text;
+    const TextRoom& m_Room;
+    std::optional<Choice> m_Choice;
+};
+
+/// The tables given are to hold the text.
+std::optional<MisfitCharacter> Force(std::string_view text, SeptetTables tables, const TextRoom& room,
+                                     Choice& choice) {
+    if (tables.locking == Language::Spanish)
+        tables.locking = Language::Default;
+    Choice forced{Alphabet::Gsm7, tables, 0, 0, 0};
+    const unsigned int locking = Bit(static_cast<std::size_t>(tables.locking));
+    const unsigned int single = Bit(static_cast<std::size_t>(tables.single));
+    for (Characters characters(text); !characters.AtEnd();) {
+        const std::size_t offset = characters.Offset();
+        const char32_t character = characters.Next();
+        const HoldingTables holding = c_codes.tables[c_codes.NumberOf(character)];
+        if ((holding.locking & locking) == 0 && (holding.single & single) == 0)
+            return MisfitCharacter{offset, character};
+        forced.units += UnitsOf(character, forced);
+    }
+    Count(text, room, forced);
+    choice = forced;
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<MisfitCharacter> Choose(std::string_view text, const ChoiceOptions& options,
+                                      Choice& choice) noexcept {
+    if (options.tables)
+        return Force(text, *options.tables, options.room, choice);
+    Survey survey;
+    const std::uint16_t languages = options.languages.Bits();
+    if (const auto misfit = Look(text, languages, survey))
+        return misfit;
+    Best best(text, options.room);
+    if (options.alphabet != Alphabet::Ucs2)
+        for (unsigned int locking = survey.locking; locking != 0; locking &= locking - 1)
+            best.Offer(ChoiceWith(static_cast<std::size_t>(std::countr_zero(locking)), survey));
+    if (options.alphabet != Alphabet::Gsm7)
+        best.Offer({Alphabet::Ucs2, {}, survey.utf16Units, 0, 0});
+    if (!best.Found())
+        return survey.misfit;
+    choice = *best.Found();
+    return std::nullopt;
+}
+
+std::vector<std::size_t> PartOffsets(std::string_view text, const Choice& choice, const TextRoom& room) {
+    const PartRoom part = choice.parts == 1 ? RoomOfOne(choice, room) : RoomOfMany(choice, room);
+    std::vector<std::size_t> offsets;
+    offsets.reserve(choice.parts);
+    VisitParts(text, choice, part.Units(),
+               [&](std::size_t offset, std::size_t) { offsets.push_back(offset); });
+    return offsets;
+}
+
+} // namespace Messages
