@@ -4,10 +4,12 @@
 
 #include <fmt/format.h>
 
+#include "characters/InputError.h"
 #include "commands/Cell.h"
 #include "commands/Commands.h"
 #include "commands/Join.h"
 #include "commands/Reading.h"
+#include "commands/Rows.h"
 #include "show/MessageJson.h"
 #include "show/MessageText.h"
 
@@ -18,6 +20,7 @@ namespace {
 struct DecodeOptions : ReadingOptions {
     bool join = false;
     bool each = false;
+    RowOptions rows;
 };
 
 /// By both readings. A fault is shown by itself.
@@ -27,9 +30,14 @@ show::ComparedMessage Compared(show::Message message) {
 }
 
 /// `reportOn` is the message that a status report is about.
-void Show(const Input& input, const show::ComparedMessage& compared,
+void Show(const DecodeOptions& options, const Input& input, const show::ComparedMessage& compared,
           const std::optional<SentMessage>& reportOn, Console& console) {
     const auto& [message, host] = compared;
+    if (options.rows.AreWanted()) {
+        show::Row row = show::RowOf(message);
+        row[show::Column::Input] = NameOf(input);
+        return ShowRow(options.rows, row, console);
+    }
     if (!console.WantsJson()) {
         const std::string about =
             reportOn ? NameOf({input.source, reportOn->number, {}, std::nullopt, reportOn->file})
@@ -60,8 +68,10 @@ void ShowFault(const Input& input, const show::ComparedMessage& compared, Consol
     console.Failed();
 }
 
-void ShowJoined(const ConcatenatedMessage& message, Console& console) {
+void ShowJoined(const DecodeOptions& options, const ConcatenatedMessage& message, Console& console) {
     const show::JoinedMessage joined = message.Joined();
+    if (options.rows.AreWanted())
+        return ShowRow(options.rows, show::RowOf(joined), console);
     if (!console.WantsJson())
         return console.Block(show::ToText(joined));
     show::JsonText object;
@@ -71,10 +81,11 @@ void ShowJoined(const ConcatenatedMessage& message, Console& console) {
 
 /// What --join keeps between the PDUs.
 struct Joining {
-    Concatenations concatenations;
-    SentMessages sent;
-    Input lastSent;        ///< the message that a command of the log sent last
-    std::string recipient; ///< of it
+    const DecodeOptions& options;
+    Concatenations concatenations = {};
+    SentMessages sent = {};
+    Input lastSent = {};        ///< the message that a command of the log sent last
+    std::string recipient = {}; ///< of it
 
     void TakeSent(const Input& input, const std::string& party, int reference) {
         sent.Add(party, reference, {input.number, input.file});
@@ -94,7 +105,7 @@ struct Joining {
                   Console& console) {
         const Concatenations::Taken taken = concatenations.Take(key, number, part);
         for (const ConcatenatedMessage& message : taken.messages)
-            ShowJoined(message, console);
+            ShowJoined(options, message, console);
         if (!taken.duplicateOf)
             return;
         if (!console.WantsJsonLines())
@@ -144,18 +155,18 @@ std::optional<NumberedPart> PartIn(const Input& input,
                         std::move(part)};
 }
 
-Afterwards Join(Joining& joining, const DecodeOptions& options, const Input& input,
-                std::shared_ptr<const show::ComparedMessage> compared, Console& console) {
+Afterwards Join(Joining& joining, const Input& input, std::shared_ptr<const show::ComparedMessage> compared,
+                Console& console) {
     const Messages::Tpdu& tpdu = compared->message.reading.tpdu;
     std::string party = PartyIn(compared->message);
     if (const auto* report = std::get_if<Messages::StatusReport>(&tpdu)) {
         return [&joining, input, party, compared, reference = report->reference](Console& later) {
-            Show(input, *compared, joining.sent.Find(party, reference), later);
+            Show(joining.options, input, *compared, joining.sent.Find(party, reference), later);
         };
     }
     const auto part = PartIn(input, compared);
-    if (!part || options.each)
-        Show(input, *compared, std::nullopt, console);
+    if (!part || joining.options.each)
+        Show(joining.options, input, *compared, std::nullopt, console);
     return [&joining, input, party, compared, part](Console& later) {
         if (const auto* submit = std::get_if<Messages::Submit>(&compared->message.reading.tpdu))
             joining.TakeSent(input, party, submit->reference);
@@ -164,10 +175,20 @@ Afterwards Join(Joining& joining, const DecodeOptions& options, const Input& inp
     };
 }
 
+show::Row ReadToRow(const DecodeOptions& options, const Input& input, Console& console) {
+    const show::Message message = ReadMessage(options, input, console);
+    if (message.reading.fault)
+        throw InputError(show::ToText(*message.reading.fault));
+    WarnOfText(options, message, false, input, console);
+    return show::RowOf(message);
+}
+
 Afterwards Convert(Joining& joining, const DecodeOptions& options, const Input& input, Console& console) {
     if (input.heading && input.heading->kind == Heading::Kind::Reference)
         return [&joining, input](Console&) { joining.TakeReference(input); };
     if (input.heading && input.heading->kind == Heading::Kind::Page) {
+        if (options.rows.AreWanted())
+            throw InputError("a cell broadcast page, which 'qxpdu cell' shows");
         ShowCellPage(input, console);
         return {};
     }
@@ -182,15 +203,15 @@ Afterwards Convert(Joining& joining, const DecodeOptions& options, const Input& 
     }
     WarnOfText(options, message, options.join && IsPart(message), input, console);
     if (options.join)
-        return Join(joining, options, input,
+        return Join(joining, input,
                     std::make_shared<const show::ComparedMessage>(Compared(std::move(message))), console);
-    Show(input, Compared(std::move(message)), std::nullopt, console);
+    Show(options, input, Compared(std::move(message)), std::nullopt, console);
     return {};
 }
 
 void ShowIncomplete(Joining& joining, Console& console) {
     while (const auto message = joining.concatenations.TakeOldest())
-        ShowJoined(*message, console);
+        ShowJoined(joining.options, *message, console);
 }
 
 } // namespace
@@ -208,6 +229,7 @@ void AddDecode(CLI::App& parent, Action& action) {
     command->add_flag("--each", options->each, "With --join, show each part by itself as well")->needs(join);
     AddFiles(*command, *options);
     AddStreaming(*command, *options);
+    AddRows(*command, options->rows);
     command->footer(
         "A line for each field: its name by 3GPP TS 23.040, its value on the wire, its meaning. Below it\n"
         "stands behind \"!\" what is unusual, and behind \"~\" what a program gets from libQX_Encoding\n"
@@ -223,10 +245,17 @@ void AddDecode(CLI::App& parent, Action& action) {
         "\n"
         "Example:\n"
         "  qxpdu decode 0791214365870921040B912143658709F100002120312143658005C8329BFD06\n"
-        "  qxpdu decode --join < modem.log");
+        "  qxpdu decode --join < modem.log\n"
+        "  tail -f modem.log | qxpdu decode --brief");
     command->callback([options, &action] {
         action = [options](const Streams& streams) {
-            Joining joining;
+            if (options->rows.inputColumn != 0)
+                return ConvertRows(options->Settings(), options->rows, streams,
+                                   [&](const Input& input, Console& console) {
+                                       return ReadToRow(*options, input, console);
+                                   });
+            Joining joining{*options};
+            streams.out << HeadingOf(options->rows);
             return ConvertStream(options->Settings(), streams,
                                  {LineKind::Transcript,
                                   [&](const Input& input, Console& console) {

@@ -14,6 +14,7 @@ _qxpdu() {
         --color) words="auto always never" ;;
         --direction) words="to-mobile from-mobile" ;;
         --as) words="libQX_Encoding" ;;
+        --columns) words="address time direction type part text" ;;
         --file)
             mapfile -t COMPREPLY < <(compgen -f -- "$current")
             return
@@ -22,7 +23,7 @@ _qxpdu() {
             [[ $command == encode ]] && return
             words="yes no"
             ;;
-        --to | --reference | -j | --threads) return ;;
+        --input-column | --to | --reference | -j | --threads) return ;;
         *)
             case $command in
                 "") words="encode count explain decode inspect cell text ucs2 gsm --version" ;;
@@ -31,7 +32,7 @@ _qxpdu() {
                     words="$words --reference --greek --strict --at --lines $stream"
                     ;;
                 count | explain) words="--greek --lines $stream" ;;
-                decode) words="--file --smsc --no-smsc --direction --as --strict --ignore-time-zone --join --each $stream" ;;
+                decode) words="--file --smsc --no-smsc --direction --as --strict --ignore-time-zone --join --each --brief --columns --input-column --no-heading $stream" ;;
                 inspect) words="--file --smsc --no-smsc --direction --as --strict --color $stream" ;;
                 cell) words="--file $stream" ;;
                 text) words="--alphabet --verbose --json" ;;

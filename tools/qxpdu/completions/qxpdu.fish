@@ -47,6 +47,10 @@ complete -c qxpdu -n '__fish_seen_subcommand_from decode inspect; and not __fish
 complete -c qxpdu -n $decode -l ignore-time-zone -d 'Show times without their zone'
 complete -c qxpdu -n $decode -l join -d 'Put the parts of messages together'
 complete -c qxpdu -n $decode -l each -d 'Show each part by itself as well'
+complete -c qxpdu -n $decode -l brief -d 'A line for each message'
+complete -c qxpdu -n $decode -l columns -x -d 'A table with these columns' -a 'address time direction type part text'
+complete -c qxpdu -n $decode -l input-column -x -d 'The PDU is column N of a row'
+complete -c qxpdu -n $decode -l no-heading -d 'The table has no heading'
 
 complete -c qxpdu -n '__fish_seen_subcommand_from inspect' -l color -x -a 'auto always never' -d 'Colours per field'
 

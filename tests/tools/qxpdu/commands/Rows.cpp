@@ -1,0 +1,103 @@
+// qxpdu decode --brief and --columns
+#include <gtest/gtest.h>
+
+#include "tools/qxpdu/RunTool.h"
+#include "tools/qxpdu/Samples.h"
+
+namespace {
+
+using tests::AsLines;
+using tests::c_codePart;
+using tests::c_escapePart;
+using tests::c_hello;
+using tests::c_report;
+using tests::c_submit;
+using tests::HasLine;
+using tests::Outcome;
+using tests::Qxpdu;
+
+TEST(QxpduRows, BriefIsALineForEachMessage) {
+    EXPECT_EQ(Qxpdu({"decode", "--brief"}, AsLines({c_hello, "00", c_escapePart, c_submit, c_report})).out,
+              "2012-02-13T12:34:56+02:00 from +12345678901 Hello\n"
+              "2012-02-13T12:34:56+02:00 from +12345678901 [1/2] a\n"
+              "to +1234 a\n"
+              "2012-02-13T12:34:56+02:00 to +1234 received by the recipient\n");
+}
+
+TEST(QxpduRows, JoinedMessageIsALineWithThePartsThatCameWhereSomeAreMissing) {
+    EXPECT_EQ(
+        Qxpdu({"decode", "--brief", "--join"}, AsLines({c_escapePart, c_codePart, c_codePart, c_hello})).out,
+        "2012-02-13T12:34:56+02:00 from +12345678901 a€b\n"
+        "2012-02-13T12:34:56+02:00 from +12345678901 Hello\n");
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "input,part", "--join"}, AsLines({c_escapePart})).out,
+              "input\tpart\nline 1\t1/2\n");
+}
+
+TEST(QxpduRows, ColumnsAreATableWithAHeading) {
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "address,time,text", c_hello}),
+              (Outcome{0, "address\ttime\ttext\n+12345678901\t2012-02-13T12:34:56+02:00\tHello\n", ""}));
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "input", "--no-heading", c_hello}),
+              (Outcome{0, "argument 1\n", ""}));
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "text"}), (Outcome{0, "text\n", ""})) << "without a message";
+}
+
+TEST(QxpduRows, OtherColumnsPassThrough) {
+    const std::string pdu = c_hello;
+    EXPECT_EQ(
+        Qxpdu({"decode", "--columns", "text,type", "--input-column", "2"},
+              "id\tpdu\tnote\n1\t" + pdu + "\ta\\b\tc\r\n2\t" + pdu + "\n"),
+        (Outcome{0, "id\ttext\ttype\tnote\n1\tHello\tSMS-DELIVER\ta\\b\tc\n2\tHello\tSMS-DELIVER\n", ""}));
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "text", "--input-column", "1", "--no-heading"}, pdu + "\tx\n"),
+              (Outcome{0, "Hello\tx\n", ""}));
+}
+
+TEST(QxpduRows, HeadingOfTheFirstFileIsThatOfAll) {
+    const std::string table = "printf 'id\\tpdu\\n1\\t" + std::string(c_hello) + "\\n' >$d/";
+    EXPECT_EQ(
+        tests::Shell("d=$(mktemp -d) && " + table + "a && " + table +
+                     "b && $QXPDU decode -j 2 --columns text --input-column 2 --file $d/a $d/b; rm -r $d")
+            .out,
+        "id\ttext\n1\tHello\n1\tHello\n");
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "text", "--input-column", "2", "x\t" + std::string(c_hello)}).out,
+              "x\tHello\n")
+        << "an argument is no heading";
+}
+
+TEST(QxpduRows, RowOfWhatIsNoMessageSaysWhy) {
+    EXPECT_EQ(
+        Qxpdu({"decode", "--columns", "text,error", "--input-column", "2", "--no-heading"}, "1\t0\tx\n2\n"),
+        (Outcome{1, "1\t\todd number of hexadecimal digits, 1\tx\n2\t\tthe line ends before its PDU\n",
+                 "qxpdu: line 1: odd number of hexadecimal digits, 1\n"
+                 "qxpdu: line 2: the line ends before its PDU\n"}));
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "input,error", "--input-column", "3"}, "a\n").out,
+              "a\t\tinput\terror\n");
+}
+
+TEST(QxpduRows, WrongOptionsAreRefused) {
+    struct {
+        std::vector<std::string> arguments;
+        const char* message;
+    } const rows[] = {
+        {{"decode", "--brief", "--json"}, "qxpdu: --json excludes --brief"},
+        {{"decode", "--brief", "--as", "libQX_Encoding"}, "qxpdu: --as excludes --brief"},
+        {{"decode", "--columns", "text", "--as", "libQX_Encoding"}, "qxpdu: --as excludes --columns"},
+        {{"decode", "--input-column", "1", "--columns", "text", "--join"},
+         "qxpdu: --join excludes --input-column"},
+        {{"decode", "--input-column", "0", "--columns", "text"},
+         "qxpdu: --input-column: Value 0 not in range 1 to 65535"},
+        {{"decode", "--brief", "--columns", "text"}, "qxpdu: --brief excludes --columns"},
+        {{"decode", "--input-column", "1"}, "qxpdu: --input-column requires --columns"},
+        {{"decode", "--no-heading"}, "qxpdu: --no-heading requires --columns"},
+        {{"decode", "--columns", "text,", c_hello},
+         "qxpdu: --columns: '' is none of input, time, direction, type, address, service-centre, reference, "
+         "part, "
+         "status, alphabet, text, data, octets, error"},
+    };
+    for (const auto& row : rows) {
+        const Outcome run = Qxpdu(row.arguments);
+        EXPECT_EQ(run.status, 2) << row.message;
+        EXPECT_TRUE(HasLine(run.err, row.message)) << run.err;
+    }
+}
+
+} // namespace

@@ -1,0 +1,43 @@
+// Messages as lines and as rows of a table.
+#ifndef QXPDU_ROWS_H
+#define QXPDU_ROWS_H
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "commands/Options.h"
+#include "show/Columns.h"
+
+namespace qxpdu {
+
+/// What the user wants of a message in place of all its fields.
+struct RowOptions {
+    bool isBrief = false;
+    std::vector<show::Column> columns;
+    unsigned int inputColumn = 0; ///< of a line that is a row itself, from 1; 0 where the line is the PDU
+    bool hasNoHeading = false;
+
+    bool AreWanted() const { return isBrief || !columns.empty(); }
+};
+
+/// Adds --brief, --columns, --input-column and --no-heading; --json, --jsonl, --as and --join are there
+/// already.
+void AddRows(CLI::App& command, RowOptions& options);
+
+void ShowRow(const RowOptions& options, const show::Row& row, Console& console);
+
+/// The line before all rows; empty where there is none, or it comes with the input.
+std::string HeadingOf(const RowOptions& options);
+
+/// Reads the input that a PDU is; throws InputError.
+using ReadRow = std::function<show::Row(const Input&, Console&)>;
+
+/// With --input-column: puts the columns in place of the PDU, and the others pass through. The first line of
+/// each source is its heading, of which the first is written. A row without a message says why.
+int ConvertRows(const ConversionSettings& settings, const RowOptions& options, const Streams& streams,
+                const ReadRow& read);
+
+} // namespace qxpdu
+
+#endif
