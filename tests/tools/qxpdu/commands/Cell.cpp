@@ -226,6 +226,9 @@ TEST(QxpduCell, RepeatedPageIsNotJoinedTwice) {
         Qxpdu({"cell"}, "432111120112E8329BFD06\n432111120112E8329BFD06\n432111120122C8329BFD06\n");
     EXPECT_TRUE(HasLine(run.out, "text helloHello")) << run.out;
     EXPECT_TRUE(HasLine(run.out, "Pages joined 1, 2 of 2")) << run.out;
+    const Outcome other =
+        Qxpdu({"cell"}, "432111120112E8329BFD06\n432111120112C8329BFD06\n432111120122C8329BFD06\n");
+    EXPECT_TRUE(HasLine(other.out, "text helloHello")) << "the first text stays: " << other.out;
 }
 
 TEST(QxpduCell, MessageOfOnePageIsNotJoined) {
@@ -233,6 +236,13 @@ TEST(QxpduCell, MessageOfOnePageIsNotJoined) {
               std::string::npos);
     EXPECT_EQ(Qxpdu({"cell", "432111120132E8329BFD06"}).out.find("joined"), std::string::npos)
         << "page 3 of 2";
+}
+
+TEST(QxpduCell, PageAboveTheirNumberIsNotJoined) {
+    const Outcome run =
+        Qxpdu({"cell"}, "432111120132C8329BFD06\n432111120112E8329BFD06\n432111120122C8329BFD06\n");
+    EXPECT_TRUE(HasLine(run.out, "Pages joined 1, 2 of 2")) << run.out;
+    EXPECT_TRUE(HasLine(run.out, "text helloHello")) << run.out;
 }
 
 TEST(QxpduCell, OldestOpenMessageGoesWhenThereAreMoreThan256) {

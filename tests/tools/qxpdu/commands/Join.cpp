@@ -64,6 +64,28 @@ TEST(Concatenations, SameTextOfAnotherTimeBeginsANewMessageOnceTheOldOneIsComple
         "ac");
 }
 
+/// Each part shares a message, of which is counted who keeps it.
+TEST(Concatenations, KeepNoMoreInMemoryThanTheirPartsOfEachKind) {
+    const auto message = std::make_shared<const show::ComparedMessage>();
+    const auto take = [&message](Concatenations& concatenations, int reference, int number) {
+        concatenations.Take(Key(reference), number, {"line", 1, Septets("a"), "", message});
+    };
+    Concatenations open;
+    for (int i = 0; i < 5000; ++i)
+        take(open, i, 1);
+    EXPECT_EQ(message.use_count(), 1 + 4096);
+    open = {};
+    Concatenations complete;
+    for (int i = 0; i < 3000; ++i) {
+        take(complete, i, 1);
+        take(complete, i, 2);
+    }
+    EXPECT_EQ(message.use_count(), 1 + 4096);
+    for (int i = 0; i < 5000; ++i)
+        take(complete, 3000 + i, 1);
+    EXPECT_EQ(message.use_count(), 1 + 4096 + 4096);
+}
+
 /// The text of three parts, of which those that are empty have not come.
 std::string JoinedText(const std::vector<PartContent>& contents) {
     Concatenations concatenations;

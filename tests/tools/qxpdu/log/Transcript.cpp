@@ -147,6 +147,15 @@ TEST(QxpduTranscript, ModemMaySpeakUnaskedBetweenAHeadingAndItsPdu) {
               "qxpdu: line 3: warning: +CMT announces 23 octets, here are 24\n");
 }
 
+TEST(QxpduTranscript, PromptAloneMayStandBetweenAHeadingAndItsPdu) {
+    for (const char* prompt : {">", "> ", ">\r"}) {
+        const Outcome run = Qxpdu({"decode", "--brief"}, AsLines({"AT+CMGS=10", prompt, c_submit, "OK"}));
+        EXPECT_EQ(run, (Outcome{0, "to +1234 a\n", ""})) << prompt;
+    }
+    EXPECT_EQ(Qxpdu({"decode", "--brief"}, AsLines({"+CMT: ,24", ">", c_hello})).out,
+              "2012-02-13T12:34:56+02:00 from +12345678901 Hello\n");
+}
+
 TEST(QxpduTranscript, MessagesInTextModeArePassedOverAndCounted) {
     const struct {
         const char* name;
