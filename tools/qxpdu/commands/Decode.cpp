@@ -103,16 +103,16 @@ struct Joining {
 
     void TakePart(const Input& input, const ConcatenationKey& key, int number, const MessagePart& part,
                   Console& console) {
-        const Concatenations::Taken taken = concatenations.Take(key, number, part);
-        for (const ConcatenatedMessage& message : taken.messages)
+        const Concatenations::Outcome outcome = concatenations.Take(key, number, part);
+        for (const ConcatenatedMessage& message : outcome.messages)
             ShowJoined(options, message, console);
-        if (!taken.duplicateOf)
+        if (!outcome.duplicateOf)
             return;
         if (!console.WantsJsonLines())
             return console.Warning(NameOf(input), fmt::format("part {} of {} has come before, in {}", number,
-                                                              key.total, *taken.duplicateOf));
+                                                              key.total, *outcome.duplicateOf));
         show::Json object = ObjectFor(input);
-        object["duplicate_of"] = *taken.duplicateOf;
+        object["duplicate_of"] = *outcome.duplicateOf;
         console.Object(object);
     }
 };

@@ -14,7 +14,7 @@
 #include "characters/Unicode.h"
 #include "commands/Commands.h"
 #include "commands/Options.h"
-#include "commands/Sending.h"
+#include "commands/OutgoingText.h"
 #include "show/CodeUnits.h"
 #include "show/Plural.h"
 #include "show/Record.h"

@@ -116,20 +116,20 @@ std::optional<ConcatenatedMessage> Concatenations::Store::TakeOldest() {
     return Take(ConcatenationKey(m_Messages.front().key));
 }
 
-Concatenations::Taken Concatenations::Take(const ConcatenationKey& key, int number, MessagePart part) {
-    Taken taken;
+Concatenations::Outcome Concatenations::Take(const ConcatenationKey& key, int number, MessagePart part) {
+    Outcome outcome;
     for (Store* store : {&m_Open, &m_Complete}) {
         const ConcatenatedMessage* message = store->Find(key);
         if (message == nullptr || !message->parts.contains(number))
             continue;
         const MessagePart& before = message->parts.at(number);
         if (before.content == part.content && (store == &m_Open || before.time == part.time)) {
-            taken.duplicateOf = before.source;
-            return taken;
+            outcome.duplicateOf = before.source;
+            return outcome;
         }
         ConcatenatedMessage old = store->Take(key);
         if (store == &m_Open)
-            taken.messages.push_back(std::move(old));
+            outcome.messages.push_back(std::move(old));
     }
     ConcatenatedMessage* message = m_Open.Find(key);
     if (message == nullptr)
@@ -137,17 +137,17 @@ Concatenations::Taken Concatenations::Take(const ConcatenationKey& key, int numb
     message->parts.emplace(number, std::move(part));
     m_Open.CountPart();
     if (message->IsComplete())
-        Complete(key, taken);
+        Complete(key, outcome);
     else if (m_Open.IsOverfull())
-        taken.messages.push_back(*m_Open.TakeOldest());
-    return taken;
+        outcome.messages.push_back(*m_Open.TakeOldest());
+    return outcome;
 }
 
-void Concatenations::Complete(const ConcatenationKey& key, Taken& taken) {
-    taken.messages.push_back(m_Open.Take(key));
+void Concatenations::Complete(const ConcatenationKey& key, Outcome& outcome) {
+    outcome.messages.push_back(m_Open.Take(key));
     if (m_Complete.Find(key) != nullptr)
         m_Complete.Take(key);
-    m_Complete.Insert(taken.messages.back());
+    m_Complete.Insert(outcome.messages.back());
     while (m_Complete.IsOverfull())
         m_Complete.TakeOldest();
 }

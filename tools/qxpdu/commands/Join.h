@@ -64,7 +64,7 @@ class Concatenations {
 public:
     static constexpr std::size_t MAX_PARTS = 4096;
 
-    struct Taken {
+    struct Outcome {
         std::vector<ConcatenatedMessage> messages; ///< complete now, or given up to make room
         std::optional<std::string> duplicateOf;    ///< the source of the same part, which came before
     };
@@ -72,7 +72,7 @@ public:
     /// Takes part `number` in, 1 to key.total. Another text under a number that is there already begins a new
     /// message, and the old one is given up. Where the old one is complete, so does the same text of another
     /// time: messages whose references have come round may well begin alike.
-    Taken Take(const ConcatenationKey& key, int number, MessagePart part);
+    Outcome Take(const ConcatenationKey& key, int number, MessagePart part);
 
     /// Gives up the oldest message that waits for parts, if any.
     std::optional<ConcatenatedMessage> TakeOldest() { return m_Open.TakeOldest(); }
@@ -94,7 +94,7 @@ private:
         std::size_t m_Parts = 0;
     };
 
-    void Complete(const ConcatenationKey& key, Taken& taken);
+    void Complete(const ConcatenationKey& key, Outcome& outcome);
 
     Store m_Open;
     Store m_Complete;

@@ -1,6 +1,6 @@
 // A text on its way out, as the encoder cuts it.
-#ifndef QXPDU_SENDING_H
-#define QXPDU_SENDING_H
+#ifndef QXPDU_OUTGOINGTEXT_H
+#define QXPDU_OUTGOINGTEXT_H
 
 #include <string>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "commands/Sending.h"
+#include "commands/OutgoingText.h"
 
 #include <array>
 
