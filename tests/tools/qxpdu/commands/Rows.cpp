@@ -33,6 +33,26 @@ TEST(QxpduRows, JoinedMessageIsALineWithThePartsThatCameWhereSomeAreMissing) {
               "input\tpart\nline 1\t1/2\n");
 }
 
+TEST(QxpduRows, DataStandForTheTextWhereThereIsNone) {
+    const std::string start = "0791214365870921440B912143658709F10004212031214365800805000305";
+    const std::string parts = AsLines({start + "020161FF", start + "020262FE"});
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "text,data", "--join"}, parts).out, "text\tdata\n\t61FF62FE\n");
+    EXPECT_EQ(Qxpdu({"decode", "--brief", "--join"}, parts).out,
+              "2012-02-13T12:34:56+02:00 from +12345678901 61FF62FE\n");
+}
+
+TEST(QxpduRows, CommandHasAReference) {
+    EXPECT_EQ(Qxpdu({"decode", "--direction", "from-mobile", "--no-heading", "--columns",
+                     "reference,type,address", "0002090000000491214300"})
+                  .out,
+              "9\tSMS-COMMAND\t+1234\n");
+}
+
+TEST(QxpduRows, PageOfALogIsNoRow) {
+    EXPECT_EQ(Qxpdu({"decode", "--brief"}, AsLines({"+CBM: 11", tests::c_cellPage})),
+              (Outcome{1, "", "qxpdu: line 2: a cell broadcast page, which 'qxpdu cell' shows\n"}));
+}
+
 TEST(QxpduRows, ColumnsAreATableWithAHeading) {
     EXPECT_EQ(Qxpdu({"decode", "--columns", "address,time,text", c_hello}),
               (Outcome{0, "address\ttime\ttext\n+12345678901\t2012-02-13T12:34:56+02:00\tHello\n", ""}));
@@ -69,6 +89,9 @@ TEST(QxpduRows, RowOfWhatIsNoMessageSaysWhy) {
         (Outcome{1, "1\t\todd number of hexadecimal digits, 1\tx\n2\t\tthe line ends before its PDU\n",
                  "qxpdu: line 1: odd number of hexadecimal digits, 1\n"
                  "qxpdu: line 2: the line ends before its PDU\n"}));
+    EXPECT_EQ(
+        Qxpdu({"decode", "--columns", "input,error", "--input-column", "1", "--no-heading"}, "00\n").out,
+        "line 1\toctet 1: the octets end in TP-MTI, which takes 1 octet: 0 are there\n");
     EXPECT_EQ(Qxpdu({"decode", "--columns", "input,error", "--input-column", "3"}, "a\n").out,
               "a\t\tinput\terror\n");
 }
@@ -79,6 +102,11 @@ TEST(QxpduRows, WrongOptionsAreRefused) {
         const char* message;
     } const rows[] = {
         {{"decode", "--brief", "--json"}, "qxpdu: --json excludes --brief"},
+        {{"decode", "--brief", "--jsonl"}, "qxpdu: --jsonl excludes --brief"},
+        {{"decode", "--columns", "text", "--json"}, "qxpdu: --json excludes --columns"},
+        {{"decode", "--columns", "text", "--jsonl"}, "qxpdu: --jsonl excludes --columns"},
+        {{"decode", "--columns", "text", "--input-column", "65536"},
+         "qxpdu: --input-column: Value 65536 not in range 1 to 65535"},
         {{"decode", "--brief", "--as", "libQX_Encoding"}, "qxpdu: --as excludes --brief"},
         {{"decode", "--columns", "text", "--as", "libQX_Encoding"}, "qxpdu: --as excludes --columns"},
         {{"decode", "--input-column", "1", "--columns", "text", "--join"},
