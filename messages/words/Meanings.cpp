@@ -73,7 +73,9 @@ std::string MeaningOf(const Validity& validity) {
         return "none";
     if (validity.format == ValidityFormat::Absolute) {
         const Timestamp time = validity.Absolute();
-        return "absolute, " + (time.isValid ? time.ToString() : "no time");
+        if (!time.isValid)
+            return "absolute, no time";
+        return "absolute, " + time.ToString();
     }
     const bool isRelative = validity.format == ValidityFormat::Relative;
     Enumeration said(isRelative ? "relative" : "enhanced");

@@ -16,8 +16,10 @@ std::string Shown(std::uint32_t number, std::string_view kind) {
         return Hexadecimal(number, 1);
     if (kind == "x4")
         return Hexadecimal(number, 4);
+    if (kind == "character" && number == c_notUtf8)
+        return "octets that are not UTF-8";
     if (kind == "character")
-        return number == c_notUtf8 ? "octets that are not UTF-8" : "U+" + Hexadecimal(number, 4);
+        return "U+" + Hexadecimal(number, 4);
     if (kind == "element")
         return Hexadecimal(number, 2) + " (" + std::string(NameOfElement(static_cast<std::uint8_t>(number))) +
                ')';

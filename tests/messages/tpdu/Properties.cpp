@@ -39,12 +39,16 @@ TEST(Properties, AVisitorMayLeaveOutWhatItDoesNotWant) {
         void OnPlace(const FieldPlace& /*place*/) override { ++count; }
     };
     class Nothing : public Visitor {};
-    const std::uint8_t cut[] = {0x00, 0x04, 0x03, 0x81, 0x21};
+    const std::uint8_t cut[] = {0x00, 0x04, 0x03, 0xD0, 0xC1, 0x00}; // a bit left in the name, and no TP-PID
     Places places;
-    Walk({cut, sizeof cut}, {}, places); // a fault: the address goes on after the end
+    ReadOptions options;
+    options.direction = Direction::ToMobile;
+    const Reading reading = Read({cut, sizeof cut}, options);
+    ASSERT_TRUE(reading.fault && !reading.remarks.empty());
+    Walk({cut, sizeof cut}, options, places);
     EXPECT_NE(places.count, 0U);
     Nothing nothing;
-    Walk({cut, sizeof cut}, {}, nothing);
+    Walk({cut, sizeof cut}, options, nothing);
 }
 
 TEST(Properties, HoldForDamagedPdus) {

@@ -38,6 +38,9 @@ TEST(Remarks, OfAddresses) {
         // Names: seven semi-octets are four septets.
         {"07D0C2B07B0D", "Bank", ""},
         {"07D0C2B07BFD", "Bank", "address-bits-left at 6"},
+        {"03D04100", "A", ""}, // five bits more than a septet
+        {"03D0C100", "A", "address-bits-left at 3"},
+        {"03D04101", "A", "address-bits-left at 3"},
         {"0DD0C2B07B1D140E01", "BankABC", ""},
         {"0ED0C2B07B1D140E01", "BankABC@", "possible-filling at 9"},
         {"0ED0C2B07B1D140E89", "BankABCD", ""},
@@ -45,6 +48,7 @@ TEST(Remarks, OfAddresses) {
         {"06D0C14D19", "A€", ""},
         {"04D0C10D", "A", "escape-at-end at 3"},
         {"06D0C14D10", "AA", "unknown-escape 65 1 at 3"},
+        {"06D0C14D03", "A", "control-escape 13 1 at 3"},
     };
     for (const auto& one : cases) {
         const Reading reading = ReadDeliver({.originator = one.octets});
