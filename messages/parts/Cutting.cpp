@@ -1,0 +1,222 @@
+#include <tuple>
+
+#include <unistd.h>
+
+#include "Messages/Parts.h"
+#include "Messages/Write.h"
+#include "alphabet/Room.h"
+#include "tpdu/Rows.h"
+
+namespace Messages {
+namespace {
+
+constexpr std::size_t c_mostUserData = MostUserData(TpduType::DeliverReport, false);
+
+/// TP-DCS of the general group.
+DataCoding CodingOf(Alphabet alphabet, std::optional<std::uint8_t> messageClass) {
+    constexpr unsigned int alphabetShift = 2;
+    constexpr unsigned int hasClass = 0x10;
+    const unsigned int of = static_cast<unsigned int>(alphabet) << alphabetShift;
+    return DataCoding(static_cast<std::uint8_t>(messageClass ? of | hasClass | *messageClass : of));
+}
+
+std::size_t OwnElementOctets(const CutOptions& options) {
+    constexpr std::size_t ports8 = 4;
+    constexpr std::size_t ports16 = 6;
+    const std::size_t ports = options.ports ? (options.ports->areWide ? ports16 : ports8) : 0;
+    return ports + options.elements.size();
+}
+
+/// The elements of the header, in the order in which they are sent.
+class Elements {
+public:
+    void Add(ElementId id, std::initializer_list<unsigned int> data) {
+        Put(static_cast<unsigned int>(id));
+        Put(static_cast<unsigned int>(data.size()));
+        for (const unsigned int octet : data)
+            Put(octet);
+    }
+    void Add(const Concatenation& one) {
+        if (one.hasWideReference)
+            Add(ElementId::Concatenation16, {High(one.reference), one.reference, one.total, one.part});
+        else
+            Add(ElementId::Concatenation8, {one.reference, one.total, one.part});
+    }
+    void Add(const Ports& ports) {
+        if (ports.areWide)
+            Add(ElementId::Ports16,
+                {High(ports.destination), ports.destination, High(ports.originator), ports.originator});
+        else
+            Add(ElementId::Ports8, {ports.destination, ports.originator});
+    }
+    void Add(ElementId id, Language language) {
+        if (language != Language::Default)
+            Add(id, {static_cast<unsigned int>(language)});
+    }
+    void Append(const std::vector<std::uint8_t>& octets) {
+        m_Octets.insert(m_Octets.end(), octets.begin(), octets.end());
+    }
+
+    OctetView View() const { return m_Octets; }
+
+private:
+    static unsigned int High(std::uint16_t value) { return value >> 8U; }
+    void Put(unsigned int octet) { m_Octets.push_back(static_cast<std::uint8_t>(octet)); }
+
+    std::vector<std::uint8_t> m_Octets;
+};
+
+/// Makes the parts once it is known where they begin.
+class Cutter {
+public:
+    Cutter(const CutOptions& options, CutText& cut) : m_Options(options), m_Cut(cut) {}
+
+    /// `content(part)` gives the septets or octets of the part with this number, from 0.
+    template <class Content>
+    void Make(Content content) {
+        const std::size_t total = m_Cut.offsets.size();
+        if (total > 1 && !FindReference())
+            return;
+        m_Cut.parts.reserve(total);
+        for (std::size_t part = 0; part < total; ++part)
+            m_Cut.parts.push_back(*MakeUserData(m_Cut.coding, ElementsOf(part, total).View(), content(part)));
+    }
+
+    /// Whether there may be so many parts.
+    bool MayBe(std::size_t parts) {
+        if (parts == c_noParts)
+            Fail(CutFaultCode::NoRoom);
+        else if (parts > c_mostParts)
+            Fail(CutFaultCode::TooManyParts);
+        return parts <= c_mostParts;
+    }
+
+    void Fail(CutFaultCode code, std::size_t offset = 0, char32_t character = 0) {
+        m_Cut.fault = CutFault{code, offset, character};
+    }
+
+private:
+    bool FindReference() {
+        constexpr std::uint16_t mostNarrow = 0xFF;
+        const bool isWide = m_Options.choice.room.hasWideReference;
+        if (m_Options.reference) {
+            m_Reference = *m_Options.reference;
+            if (!isWide && m_Reference > mostNarrow)
+                Fail(CutFaultCode::Reference);
+        } else if (getentropy(&m_Reference, sizeof m_Reference) != 0) {
+            Fail(CutFaultCode::NoRandom);
+        } else if (!isWide) {
+            m_Reference &= mostNarrow;
+        }
+        return !m_Cut.fault;
+    }
+
+    Elements ElementsOf(std::size_t part, std::size_t total) const {
+        Elements elements;
+        if (total > 1)
+            elements.Add(Concatenation{m_Options.choice.room.hasWideReference, m_Reference,
+                                       static_cast<std::uint8_t>(total),
+                                       static_cast<std::uint8_t>(part + 1)});
+        if (m_Options.ports)
+            elements.Add(*m_Options.ports);
+        elements.Append(m_Options.elements);
+        elements.Add(ElementId::SingleShift, m_Cut.choice.tables.single);
+        elements.Add(ElementId::LockingShift, m_Cut.choice.tables.locking);
+        return elements;
+    }
+
+    const CutOptions& m_Options;
+    CutText& m_Cut;
+    std::uint16_t m_Reference = 0;
+};
+
+TextRoom RoomFor(const CutOptions& options) {
+    TextRoom room = options.choice.room;
+    room.octets = std::min(room.octets, c_mostUserData);
+    room.elementOctets = OwnElementOctets(options);
+    return room;
+}
+
+Languages LanguagesOf(const ChoiceOptions& options) {
+    return options.tables ? Languages{options.tables->locking, options.tables->single} : options.languages;
+}
+
+/// Chooses, and puts near characters in where that is cheaper or makes the text fit at all.
+std::optional<MisfitCharacter> ChooseWithNear(std::string_view text, const ChoiceOptions& options,
+                                              CutText& cut) {
+    const auto misfit = Choose(text, options, cut.choice);
+    std::vector<Replacement> replacements;
+    std::string near = ReplaceNear(text, LanguagesOf(options), replacements);
+    Choice choice;
+    if (replacements.empty() || Choose(near, options, choice))
+        return misfit;
+    const bool isCheaper =
+        std::tie(choice.parts, choice.octets) < std::tie(cut.choice.parts, cut.choice.octets);
+    if (!misfit && !isCheaper)
+        return misfit;
+    cut.choice = choice;
+    cut.text = std::move(near);
+    cut.replacements = std::move(replacements);
+    return std::nullopt;
+}
+
+} // namespace
+
+CutText CutIntoParts(std::string_view text, const CutOptions& options) {
+    CutText cut;
+    cut.text = text;
+    ChoiceOptions how = options.choice;
+    how.room = RoomFor(options);
+    Cutter cutter(options, cut);
+    const auto misfit = options.replacesNear ? ChooseWithNear(text, how, cut) : Choose(text, how, cut.choice);
+    if (misfit) {
+        const bool isUtf8 = misfit->character != c_notUtf8;
+        cutter.Fail(isUtf8 ? CutFaultCode::NoCharacter : CutFaultCode::NotUtf8, misfit->offset,
+                    isUtf8 ? misfit->character : 0);
+        return cut;
+    }
+    cut.coding = CodingOf(cut.choice.alphabet, options.messageClass);
+    if (!cutter.MayBe(cut.choice.parts))
+        return cut;
+    cut.offsets = PartOffsets(cut.text, cut.choice, how.room);
+    std::vector<std::uint8_t> content;
+    cutter.Make([&](std::size_t part) -> OctetView {
+        const std::size_t begin = cut.offsets[part];
+        const std::size_t end = part + 1 < cut.offsets.size() ? cut.offsets[part + 1] : cut.text.size();
+        const std::string_view own = std::string_view(cut.text).substr(begin, end - begin);
+        content.clear();
+        if (cut.choice.alphabet == Alphabet::Ucs2)
+            AppendUcs2(own, content);
+        else
+            AppendSeptets(own, cut.choice.tables, content);
+        return content;
+    });
+    return cut;
+}
+
+CutText CutIntoParts(OctetView data, const CutOptions& options) {
+    CutText cut;
+    const TextRoom room = RoomFor(options);
+    const auto roomAfter = [&](std::size_t elements) {
+        const std::size_t header = elements == 0 ? 0 : c_headerLengthOctets + elements;
+        return room.octets - std::min(room.octets, header);
+    };
+    const std::size_t one = roomAfter(room.elementOctets);
+    const std::size_t many = roomAfter(room.elementOctets + ConcatenationOctets(room.hasWideReference));
+    const std::size_t parts = data.size() <= one ? 1
+                              : many == 0        ? c_noParts
+                                                 : (data.size() + many - 1) / many;
+    cut.choice = {Alphabet::Data, {}, data.size(), parts, 0};
+    cut.coding = CodingOf(Alphabet::Data, options.messageClass);
+    Cutter cutter(options, cut);
+    if (!cutter.MayBe(parts))
+        return cut;
+    for (std::size_t part = 0; part < parts; ++part)
+        cut.offsets.push_back(part * many);
+    cutter.Make([&](std::size_t part) { return parts == 1 ? data : data.Sub(cut.offsets[part], many); });
+    for (const UserData& part : cut.parts)
+        cut.choice.octets += part.octets.size();
+    return cut;
+}
+
+} // namespace Messages

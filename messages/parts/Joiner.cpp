@@ -1,0 +1,251 @@
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+#include "Messages/Parts.h"
+
+namespace Messages {
+namespace {
+
+std::size_t OctetsOf(const JoinedPart& part) {
+    return UserDataOf(part.tpdu)->octets.size();
+}
+
+DataCoding CodingOfPart(const Tpdu& tpdu) {
+    const DataCoding* const coding = CodingOf(tpdu);
+    constexpr std::uint8_t octetCoding = 0x04; // of a command
+    return coding != nullptr ? *coding : DataCoding(TypeOf(tpdu) == TpduType::Command ? octetCoding : 0);
+}
+
+/// The content of parts side by side, which is decoded where they are not written alike.
+class Content {
+public:
+    explicit Content(Joined& joined) : m_Joined(joined) {}
+
+    void Add(const JoinedPart& part) {
+        const UserData& userData = *UserDataOf(part.tpdu);
+        const DataCoding coding = CodingOfPart(part.tpdu);
+        const bool goesOn = part.number == m_Number + 1 && coding.alphabet == m_Coding.alphabet &&
+                            coding.isCompressed == m_Coding.isCompressed &&
+                            userData.tables.locking == m_Tables.locking &&
+                            userData.tables.single == m_Tables.single;
+        if (!goesOn)
+            Flush();
+        m_Number = part.number;
+        m_Coding = coding;
+        m_Tables = userData.tables;
+        Append(userData);
+    }
+
+    void Flush() {
+        if (m_Coding.CountsSeptets())
+            AppendSeptetText(m_Units, m_Tables, m_Joined.text);
+        else if (m_Coding.alphabet == Alphabet::Ucs2 && !m_Coding.isCompressed)
+            AppendUcs2Text(m_Units, m_Joined.text);
+        else
+            m_Joined.data.insert(m_Joined.data.end(), m_Units.begin(), m_Units.end());
+        m_Units.clear();
+    }
+
+private:
+    void Append(const UserData& userData) {
+        const OctetView content = userData.Content();
+        if (!m_Coding.CountsSeptets()) {
+            constexpr std::size_t unitOctets = 2;
+            const bool hasUnits = m_Coding.alphabet == Alphabet::Ucs2 && !m_Coding.isCompressed;
+            const OctetView whole = hasUnits ? content.Sub(0, userData.textUnits * unitOctets) : content;
+            m_Units.insert(m_Units.end(), whole.begin(), whole.end());
+            return;
+        }
+        const std::size_t at = m_Units.size();
+        m_Units.resize(at + userData.textUnits);
+        UnpackSeptets(content, userData.fillBits, userData.textUnits, m_Units.data() + at);
+        // Some cut before the pair and send its escape twice.
+        if (at < m_Units.size() && m_Units[at] == c_escapeSeptet && EndsInEscape(at))
+            m_Units.erase(m_Units.begin() + static_cast<std::ptrdiff_t>(at));
+    }
+
+    /// Whether the first `count` septets end in an escape that nothing follows.
+    bool EndsInEscape(std::size_t count) const {
+        std::size_t escapes = 0;
+        while (escapes < count && m_Units[count - 1 - escapes] == c_escapeSeptet)
+            ++escapes;
+        return escapes % 2 != 0;
+    }
+
+    Joined& m_Joined;
+    int m_Number = 0;
+    DataCoding m_Coding;
+    SeptetTables m_Tables;
+    std::vector<std::uint8_t> m_Units;
+};
+
+Joined Join(std::vector<JoinedPart> parts, std::uint8_t total, JoinOutcome outcome) {
+    Joined joined;
+    joined.outcome = outcome;
+    joined.total = total;
+    joined.parts = std::move(parts);
+    Content content(joined);
+    for (const JoinedPart& part : joined.parts)
+        if (UserDataOf(part.tpdu) != nullptr)
+            content.Add(part);
+    content.Flush();
+    return joined;
+}
+
+const JoinedPart* FindPart(const std::vector<JoinedPart>& parts, std::uint8_t number) {
+    const auto found =
+        std::find_if(parts.begin(), parts.end(), [&](const JoinedPart& one) { return one.number == number; });
+    return found == parts.end() ? nullptr : &*found;
+}
+
+/// Whether a part is one that came before. References come round, so one like that of a message that is
+/// complete has to be of the same time.
+bool ComesAgain(const JoinedPart& before, const JoinedPart& part, bool isComplete) {
+    if (UserDataOf(before.tpdu)->octets != UserDataOf(part.tpdu)->octets)
+        return false;
+    const Timestamp* const time = TimestampOf(before.tpdu);
+    const Timestamp* const again = TimestampOf(part.tpdu);
+    return !isComplete || time == nullptr || again == nullptr || *time == *again;
+}
+
+bool IsLate(std::int64_t begun, std::int64_t now, std::int64_t seconds) {
+    return now > begun && static_cast<std::uint64_t>(now) - static_cast<std::uint64_t>(begun) >
+                              static_cast<std::uint64_t>(std::max<std::int64_t>(seconds, 0));
+}
+
+} // namespace
+
+bool Joiner::Key::operator<(const Key& other) const noexcept {
+    const auto members = [](const Key& key) {
+        return std::tie(key.reference, key.total, key.direction, key.typeOfAddress, key.hasWideReference,
+                        key.party);
+    };
+    return members(*this) < members(other);
+}
+
+Joiner::Joiner(const JoinLimits& limits) : m_Limits(limits) {}
+
+std::vector<Joined> Joiner::Add(const Reading& reading, std::int64_t now, std::uint64_t tag) {
+    GiveUpLate(now);
+    const UserData* const userData = UserDataOf(reading.tpdu);
+    if (userData == nullptr || !userData->concatenation) {
+        m_Ready.push_back(Join({{1, tag, reading.tpdu}}, 1, JoinOutcome::Complete));
+        return Taken();
+    }
+    const Concatenation& place = *userData->concatenation;
+    Key key{reading.direction, 0, {}, place.hasWideReference, place.reference, place.total};
+    if (const Address* const party = PartyOf(reading.tpdu)) {
+        key.typeOfAddress = party->typeOfAddress;
+        key.party = party->text;
+    }
+    AddPart(std::move(key), {place.part, tag, reading.tpdu}, now);
+    return Taken();
+}
+
+void Joiner::AddPart(Key key, JoinedPart part, std::int64_t now) {
+    const auto found = m_Messages.find(key);
+    if (found != m_Messages.end()) {
+        const JoinedPart* const same = FindPart(found->second.parts, part.number);
+        if (same != nullptr && ComesAgain(*same, part, found->second.isComplete)) {
+            m_Ready.push_back(Join({std::move(part)}, key.total, JoinOutcome::Duplicate));
+            Complete(found);
+            return;
+        }
+        if (same != nullptr) {
+            HandBack(found->first, found->second, JoinOutcome::Replaced);
+            Erase(found);
+        }
+    }
+    const std::size_t octets = OctetsOf(part);
+    std::vector<JoinedPart> parts;
+    parts.reserve(key.total);
+    const auto [message, isNew] = m_Messages.try_emplace(std::move(key));
+    if (isNew) {
+        message->second = {m_Order++, now, false, std::move(parts)};
+        m_Earliest = std::min(m_Earliest, now);
+    }
+    std::vector<JoinedPart>& others = message->second.parts;
+    const auto after = std::find_if(others.begin(), others.end(),
+                                    [&](const JoinedPart& one) { return one.number > part.number; });
+    others.insert(after, std::move(part)); // has room, and takes no memory
+    m_Octets += octets;
+    Complete(message);
+    MakeRoom();
+}
+
+void Joiner::Complete(Store::iterator message) {
+    if (message->second.parts.size() != message->first.total)
+        return;
+    HandBack(message->first, message->second, JoinOutcome::Complete);
+    message->second.isComplete = true;
+}
+
+void Joiner::HandBack(const Key& key, const Message& message, JoinOutcome outcome) {
+    if (!message.isComplete)
+        m_Ready.push_back(Join(message.parts, key.total, outcome));
+}
+
+void Joiner::Erase(Store::iterator message) noexcept {
+    for (const JoinedPart& part : message->second.parts)
+        m_Octets -= OctetsOf(part);
+    m_Messages.erase(message);
+}
+
+Joiner::Store::iterator Joiner::Oldest(bool isComplete) noexcept {
+    auto oldest = m_Messages.end();
+    for (auto one = m_Messages.begin(); one != m_Messages.end(); ++one)
+        if (one->second.isComplete == isComplete &&
+            (oldest == m_Messages.end() || one->second.order < oldest->second.order))
+            oldest = one;
+    return oldest;
+}
+
+void Joiner::MakeRoom() {
+    while (m_Messages.size() > m_Limits.messages || m_Octets > m_Limits.octets) {
+        // What was handed back goes first.
+        auto oldest = Oldest(true);
+        if (oldest == m_Messages.end())
+            oldest = Oldest(false);
+        HandBack(oldest->first, oldest->second, JoinOutcome::Displaced);
+        Erase(oldest);
+    }
+}
+
+void Joiner::GiveUpLate(std::int64_t now) {
+    if (!IsLate(m_Earliest, now, m_Limits.seconds))
+        return;
+    std::int64_t earliest = c_never;
+    for (auto one = m_Messages.begin(); one != m_Messages.end();) {
+        const auto next = std::next(one);
+        if (IsLate(one->second.begun, now, m_Limits.seconds)) {
+            HandBack(one->first, one->second, JoinOutcome::TimedOut);
+            Erase(one);
+        } else {
+            earliest = std::min(earliest, one->second.begun);
+        }
+        one = next;
+    }
+    m_Earliest = earliest;
+}
+
+std::vector<Joined> Joiner::Expire(std::int64_t now) {
+    GiveUpLate(now);
+    return Taken();
+}
+
+std::vector<Joined> Joiner::Finish() {
+    for (auto oldest = Oldest(false); oldest != m_Messages.end(); oldest = Oldest(false)) {
+        HandBack(oldest->first, oldest->second, JoinOutcome::Finished);
+        Erase(oldest);
+    }
+    m_Messages.clear();
+    m_Octets = 0;
+    return Taken();
+}
+
+std::vector<Joined> Joiner::Taken() noexcept {
+    return std::exchange(m_Ready, {});
+}
+
+} // namespace Messages
