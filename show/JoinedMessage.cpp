@@ -180,7 +180,7 @@ void Write(const JoinedMessage& joined, JsonText& object) {
         });
     }
     if (joined.content.IsData())
-        object.Octets("data", joined.content.data.data(), joined.content.data.size());
+        object.Octets("data", joined.content.data);
     else
         object.Member("text", std::string_view(joined.content.text));
 }

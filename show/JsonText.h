@@ -3,9 +3,11 @@
 #ifndef SHOW_JSONTEXT_H
 #define SHOW_JSONTEXT_H
 
+#include <algorithm>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -21,14 +23,38 @@
 #pragma clang attribute pop
 #endif
 
-#include "show/Hex.h"
+#include "Messages/Octets.h"
 
 namespace show {
 
 /// Of every object that is a result; another number where a reader would be misled.
 constexpr int c_jsonFormat = 2;
 
-/// A result. The members go into the text in the order of the calls. Strings are UTF-8.
+/// Whether the text stands in JSON as it is, without a quotation mark, a backslash or a control character.
+/// Eight characters are looked at together.
+inline bool IsPlain(std::string_view text) {
+    constexpr std::uint64_t each = 0x0101010101010101;
+    constexpr std::uint64_t highBits = each << 7;
+    const auto areBelow = [](std::uint64_t eight, unsigned char limit) {
+        return (eight - each * limit) & ~eight & highBits;
+    };
+    const auto hasSpecial = [&](std::uint64_t eight) {
+        return (areBelow(eight, ' ') | areBelow(eight ^ each * '"', 1) | areBelow(eight ^ each * '\\', 1)) !=
+               0;
+    };
+    std::uint64_t eight = 0;
+    for (; text.size() >= sizeof(eight); text.remove_prefix(sizeof(eight))) {
+        std::memcpy(&eight, text.data(), sizeof(eight));
+        if (hasSpecial(eight))
+            return false;
+    }
+    eight = each * ' ';
+    text.copy(reinterpret_cast<char*>(&eight), text.size());
+    return !hasSpecial(eight);
+}
+
+/// A result. The members go into the text in the order of the calls. Strings are UTF-8;
+/// in a name there is nothing to escape.
 class JsonText {
 public:
     JsonText() : m_Buffer(nullptr, c_usualSize), m_Writer(m_Buffer) {
@@ -37,29 +63,28 @@ public:
     }
 
     void Member(std::string_view name, std::string_view value) {
-        String(name);
+        m_Writer.Plain(name);
         String(value);
     }
 
     void Member(std::string_view name, std::integral auto value) {
-        String(name);
+        m_Writer.Plain(name);
         m_Writer.Int64(static_cast<std::int64_t>(value));
     }
 
-    /// A member that is octets as hexadecimal digits, in which there is nothing to escape.
-    void Octets(std::string_view name, const unsigned char* octets, std::size_t count) {
-        String(name);
-        const std::string text = '"' + Hex(octets, count) + '"';
-        m_Writer.RawValue(text.data(), text.size(), rapidjson::kStringType);
+    /// A member that is octets as hexadecimal digits.
+    void Octets(std::string_view name, Messages::OctetView octets) {
+        m_Writer.Plain(name);
+        m_Writer.Plain(Messages::ToHex(octets));
     }
 
     void Bool(std::string_view name, bool value) {
-        String(name);
+        m_Writer.Plain(name);
         m_Writer.Bool(value);
     }
 
     void Null(std::string_view name) {
-        String(name);
+        m_Writer.Plain(name);
         m_Writer.Null();
     }
 
@@ -80,14 +105,14 @@ public:
     /// A member that is an object; `fill` adds its members.
     template <class Fill>
     void Object(std::string_view name, Fill&& fill) {
-        String(name);
+        m_Writer.Plain(name);
         Element(std::forward<Fill>(fill));
     }
 
     /// A member that is an array; `fill` adds its elements.
     template <class Fill>
     void Array(std::string_view name, Fill&& fill) {
-        String(name);
+        m_Writer.Plain(name);
         m_Writer.StartArray();
         std::forward<Fill>(fill)();
         m_Writer.EndArray();
@@ -108,14 +133,30 @@ public:
     }
 
 private:
+    class Writer : public rapidjson::Writer<rapidjson::StringBuffer> {
+    public:
+        using rapidjson::Writer<rapidjson::StringBuffer>::Writer;
+
+        /// A string in which there is nothing to escape.
+        void Plain(std::string_view text) {
+            Prefix(rapidjson::kStringType);
+            char* const begin = os_->Push(text.size() + 2);
+            *begin = '"';
+            *std::copy(text.begin(), text.end(), begin + 1) = '"';
+        }
+    };
+
     void String(std::string_view text) {
-        m_Writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
+        if (IsPlain(text))
+            m_Writer.Plain(text);
+        else
+            m_Writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
     }
 
     static constexpr std::size_t c_usualSize = 4096; ///< bytes; more is found where needed
 
     rapidjson::StringBuffer m_Buffer;
-    rapidjson::Writer<rapidjson::StringBuffer> m_Writer;
+    Writer m_Writer;
 };
 
 } // namespace show

@@ -18,7 +18,7 @@ void WriteRow(const OctetRow& row, const Message& message, JsonText& object) {
     object.Member("offset", row.octet);
     object.Member("length", row.count);
     const Messages::OctetView octets = message.Octets(row.octet, row.count);
-    object.Octets("octets", octets.data(), octets.size());
+    object.Octets("octets", octets);
     object.Member("field", row.field);
     if (!row.part.empty())
         object.Member("part", row.part);
@@ -41,7 +41,7 @@ void WriteRow(const OctetRow& row, const Message& message, JsonText& object) {
 } // namespace
 
 void WriteMap(const Message& message, const HostReading& host, JsonText& object) {
-    object.Octets("octets", message.octets.data(), message.octets.size());
+    object.Octets("octets", message.octets);
     if (message.reading.Type() != Messages::TpduType::None)
         object.Member("type", Messages::NameOf(message.reading.Type()));
     WriteDirection(message.reading.direction, object);

@@ -226,12 +226,15 @@ std::string_view MeaningOfFlag(Field field, unsigned int value) {
 }
 
 std::string MeaningOf(const Messages::Address& address) {
-    const std::string text = address.ToString();
-    const bool isUnknown = address.Type() == Messages::TypeOfNumber::Unknown;
-    const bool isTelephone = address.Plan() == Messages::NumberingPlan::Isdn;
-    return fmt::format("{}{}{}{}, {}{}", text, text.empty() ? "" : ", ", isUnknown ? "type " : "",
-                       Messages::NameOf(address.Type()), isTelephone ? "" : "plan ",
-                       Messages::NameOfNumberingPlan(static_cast<std::uint8_t>(address.Plan())));
+    std::string text = address.ToString();
+    if (!text.empty())
+        text += ", ";
+    if (address.Type() == Messages::TypeOfNumber::Unknown)
+        text += "type ";
+    text += Messages::NameOf(address.Type());
+    text += address.Plan() == Messages::NumberingPlan::Isdn ? ", " : ", plan ";
+    text += Messages::NameOfNumberingPlan(static_cast<std::uint8_t>(address.Plan()));
+    return text;
 }
 
 std::string TimeOf(const Messages::Timestamp& time, const Message& message) {

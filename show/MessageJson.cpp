@@ -95,14 +95,10 @@ void WriteNumber(std::string_view name, unsigned int value, std::string_view mea
     });
 }
 
-void WriteOctets(std::string_view name, Messages::OctetView octets, JsonText& object) {
-    object.Octets(name, octets.data(), octets.size());
-}
-
 void WriteElement(const Messages::HeaderElement& element, Messages::OctetView data, JsonText& object) {
     object.Member("identifier", element.identifier);
     object.Member("meaning", Messages::NameOfElement(element.identifier));
-    WriteOctets("data", data, object);
+    object.Octets("data", data);
     const auto write = [&](std::string_view name, unsigned int value, std::string_view meaning) {
         if (meaning.empty())
             object.Member(KeyOf(name), value);
@@ -194,7 +190,7 @@ void WriteField(const MessageField& field, const Message& message, JsonText& obj
         else if (coding != nullptr || (validity != nullptr && field.count == 1))
             object.Member("raw", message.octets[field.octet]);
         else
-            WriteOctets("raw", message.Octets(field.octet, field.count), object);
+            object.Octets("raw", message.Octets(field.octet, field.count));
         object.Member("meaning", std::string_view(OneLine(MeaningOf(field, message))));
         std::visit(DetailWriter{field, message, object}, field.value);
     });
@@ -221,7 +217,7 @@ void WriteUserData(const Message& message, const Messages::UserData& userData, J
     if (userData.tables.single != Messages::Language::Default)
         object.Member("single_shift", Messages::NameOf(userData.tables.single));
     if (IsData(message))
-        WriteOctets("data", userData.Content(), object);
+        object.Octets("data", userData.Content());
     else
         object.Member("text", std::string_view(userData.text));
 }
@@ -230,7 +226,7 @@ void WriteUserData(const Message& message, const Messages::UserData& userData, J
 
 void Write(const Message& message, const HostReading& host, std::optional<std::size_t> reportOn,
            JsonText& object) {
-    WriteOctets("octets", message.octets, object);
+    object.Octets("octets", message.octets);
     object.Member("type", Messages::NameOf(message.reading.Type()));
     WriteDirection(message.reading.direction, object);
     for (const MessageField& field : FieldsOf(message))

@@ -32,7 +32,7 @@ inline char* Put(const Utf8Character& character, char* out) {
     return out + character.length;
 }
 
-/// Writes the text of septets, each below 128, behind `out`, which has room for c_mostUtf8OfUnit a septet and
+/// Writes the text of septets, each below 128, to `out`, which has room for c_mostUtf8OfUnit a septet and
 /// c_utf8Slack. Returns its end. Calls `odd(code, septet, place)`.
 template <class Odd>
 char* WriteSeptetText(OctetView septets, SeptetTables tables, char* out, Odd odd) {

@@ -41,7 +41,7 @@ inline std::uint8_t SemiOctet(OctetView octets, std::size_t place) {
     return static_cast<std::uint8_t>(octets[place / 2] >> (place % 2 == 0 ? 0U : c_semiOctetBits) & 0x0FU);
 }
 
-/// Writes the digits of `semiOctets` semi-octets behind `out`, which has room for as many. Returns its end.
+/// Writes the digits of `semiOctets` semi-octets to `out`, which has room for as many. Returns its end.
 /// Calls `odd(code, value, place)`.
 template <class Odd>
 char* WriteDigits(OctetView octets, std::size_t semiOctets, char* out, Odd odd) {

@@ -1,32 +1,63 @@
 #include "tpdu/Hexadecimal.h"
 
+#include <algorithm>
+#include <array>
+
 namespace Messages {
 namespace {
 
-constexpr int c_noDigit = -1;
+constexpr std::string_view c_digits = "0123456789ABCDEF";
+constexpr unsigned int c_digitBits = 4;
+constexpr std::uint16_t c_noDigit = 0x100; ///< more than an octet, on either side of one
 
-constexpr int DigitValue(char digit) {
-    if (digit >= '0' && digit <= '9')
-        return digit - '0';
-    if (digit >= 'A' && digit <= 'F')
-        return digit - 'A' + 10;
-    if (digit >= 'a' && digit <= 'f')
-        return digit - 'a' + 10;
-    return c_noDigit;
+using Values = std::array<std::uint16_t, 256>;
+
+/// What each character is worth as a digit.
+constexpr Values MakeValues() {
+    Values values{};
+    for (std::uint16_t& value : values)
+        value = c_noDigit;
+    std::uint16_t value = 0;
+    for (const char digit : c_digits) {
+        values.at(static_cast<unsigned char>(digit)) = value;
+        if (digit >= 'A')
+            values.at(static_cast<unsigned char>(digit - 'A' + 'a')) = value;
+        ++value;
+    }
+    return values;
 }
+constexpr Values c_values = MakeValues();
+
+constexpr unsigned int ValueOf(char digit) {
+    return c_values[static_cast<unsigned char>(digit)];
+}
+
+using Pairs = std::array<std::array<char, 2>, 256>;
+
+/// The digits of each octet.
+constexpr Pairs MakePairs() {
+    Pairs pairs{};
+    for (std::size_t octet = 0; octet < pairs.size(); ++octet)
+        pairs.at(octet) = {c_digits[octet >> c_digitBits], c_digits[octet & 0x0FU]};
+    return pairs;
+}
+constexpr Pairs c_pairs = MakePairs();
 
 } // namespace
 
 std::optional<std::size_t> AppendOctets(std::string_view digits, std::vector<std::uint8_t>& octets) {
-    octets.reserve(octets.size() + digits.size() / 2);
-    for (std::size_t i = 0; i < digits.size(); i += 2) {
-        const int high = DigitValue(digits[i]);
-        const int low = i + 1 < digits.size() ? DigitValue(digits[i + 1]) : c_noDigit;
-        if (high == c_noDigit || low == c_noDigit)
-            return i / 2;
-        octets.push_back(static_cast<std::uint8_t>(high << 4 | low));
+    const std::size_t before = octets.size();
+    const std::size_t pairs = digits.size() / 2;
+    octets.resize(before + pairs);
+    for (std::size_t i = 0; i < pairs; ++i) {
+        const unsigned int octet = ValueOf(digits[2 * i]) << c_digitBits | ValueOf(digits[2 * i + 1]);
+        if (octet >= c_noDigit) {
+            octets.resize(before + i);
+            return i;
+        }
+        octets[before + i] = static_cast<std::uint8_t>(octet);
     }
-    return std::nullopt;
+    return digits.size() % 2 != 0 ? std::optional(pairs) : std::nullopt;
 }
 
 bool FromHex(std::string_view digits, std::vector<std::uint8_t>& octets) {
@@ -38,13 +69,10 @@ bool FromHex(std::string_view digits, std::vector<std::uint8_t>& octets) {
 }
 
 std::string ToHex(OctetView octets) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string text;
-    text.reserve(2 * octets.size());
-    for (const std::uint8_t octet : octets) {
-        text += digits[octet >> 4U];
-        text += digits[octet & 0x0FU];
-    }
+    std::string text(2 * octets.size(), '0');
+    char* digits = text.data();
+    for (const std::uint8_t octet : octets)
+        digits = std::copy_n(c_pairs[octet].begin(), 2, digits);
     return text;
 }
 

@@ -423,9 +423,16 @@ RecordMember MemberOf(const MemberRow& row, const PduCommon& record) {
     return member;
 }
 
+/// A decoder as it is made. Its character set takes longer to make than many a message to read; so it is made
+/// once a thread, and the copies share it: reading leaves it as it is.
+PduDecoder NewDecoder() {
+    thread_local const PduDecoder decoder;
+    return decoder;
+}
+
 struct Host {
-    PduDecoder decoder;
-    bool isRejected;
+    PduDecoder decoder = NewDecoder();
+    bool isRejected = false;
 };
 
 Host Decode(const Message& message) {

@@ -105,6 +105,19 @@ TEST(Comparison, IgnoredZonesDoNotDiffer) {
     EXPECT_EQ(DifferencesOf(message), "");
 }
 
+TEST(Comparison, KeepsNothingOfThePduBefore) {
+    const Message concatenated = Read("400B912143658709F10000"
+                                      "21203121436580"
+                                      "0A"
+                                      "0500032A0302"
+                                      "A8E539");
+    const Message plain = Read(Deliver("04", "0B912143658709F1", "00", c_hello));
+    EXPECT_EQ(DifferencesOf(concatenated), "");
+    EXPECT_EQ(DifferencesOf(plain), "");
+    EXPECT_EQ(ReadAsHost(concatenated).members.back().value, show::MemberValue(2));
+    EXPECT_EQ(ReadAsHost(plain).members.back().value, show::MemberValue(0));
+}
+
 TEST(Comparison, RecordHasEveryMemberInTheOrderOfTheHeader) {
     const HostReading record = ReadAsHost(Read(Deliver("04", "0B912143658709F1", "00", c_hello)));
     EXPECT_FALSE(record.isRejected);

@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include "Messages/Octets.h"
 #include "characters/InputError.h"
 #include "characters/Letters.h"
 #include "characters/Unicode.h"
@@ -51,13 +52,6 @@ constexpr std::string_view c_stringMarks = "bBxX";
 
 constexpr std::string_view c_labelEnds = ":=";
 
-/// The value of a hexadecimal digit of either case, or -1.
-int DigitValue(char character) {
-    if (IsDecimal(character))
-        return character - '0';
-    return IsHexDigit(character) ? Upper(character) - 'A' + 10 : -1;
-}
-
 /// Characters of the first of these that the text begins with; 0 where it begins with none.
 std::size_t LengthOfAny(std::string_view text, std::span<const std::string_view> candidates) {
     const auto found = std::find_if(candidates.begin(), candidates.end(),
@@ -81,22 +75,21 @@ std::size_t LabelIn(std::string_view text) {
     return isWord && isNoDigits ? end + 1 : 0;
 }
 
-/// Takes the digits out of what was pasted with them.
-class HexReader {
+/// Takes the digits, an even number of them, out of what was pasted with them.
+class DigitReader {
 public:
-    explicit HexReader(std::string_view text) : m_Text(text) {}
+    explicit DigitReader(std::string_view text) : m_Text(text) {}
 
-    std::vector<unsigned char> Read() {
+    std::string Read() {
         m_At = LabelIn(m_Text);
-        m_Octets.reserve((m_Text.size() + 1) / 2);
         SkipStringMark();
         while (m_At < m_Text.size())
             ReadNext();
-        if (m_Digits == 0)
+        if (m_Digits.empty())
             throw InputError("no hexadecimal digits");
-        if (m_Digits % 2 != 0)
-            throw InputError(fmt::format("odd number of hexadecimal digits, {}", m_Digits));
-        return std::move(m_Octets);
+        if (m_Digits.size() % 2 != 0)
+            throw InputError(fmt::format("odd number of hexadecimal digits, {}", m_Digits.size()));
+        return std::move(m_Digits);
     }
 
 private:
@@ -112,28 +105,19 @@ private:
     }
 
     void ReadNext() {
-        const int value = DigitValue(m_Text[m_At]);
-        if (value >= 0 && (m_InRun || LengthOfAny(Rest(), c_between) == 0)) {
-            Take(value);
+        if (IsHexDigit(m_Text[m_At]) && (m_InRun || LengthOfAny(Rest(), c_between) == 0)) {
+            m_Digits += m_Text[m_At++];
             m_InRun = true;
-            ++m_At;
             return;
         }
         m_InRun = false;
         const std::size_t between = LengthOfAny(Rest(), c_between);
-        if (between != 0 && m_Digits % 2 != 0)
+        if (between != 0 && m_Digits.size() % 2 != 0)
             Refuse("stands inside an octet");
         const std::size_t length = between != 0 ? between : LengthOfAny(Rest(), c_beside);
         if (length == 0)
             Refuse("is no hexadecimal digit");
         m_At += length;
-    }
-
-    void Take(int value) {
-        if (m_Digits++ % 2 == 0)
-            m_Octets.push_back(static_cast<unsigned char>(value << 4));
-        else
-            m_Octets.back() = static_cast<unsigned char>(m_Octets.back() | value);
     }
 
     [[noreturn]] void Refuse(std::string_view why) const {
@@ -142,9 +126,8 @@ private:
 
     std::string_view m_Text;
     std::size_t m_At = 0;
-    std::size_t m_Digits = 0;
     bool m_InRun = false; ///< a digit stands right before
-    std::vector<unsigned char> m_Octets;
+    std::string m_Digits;
 };
 
 } // namespace
@@ -156,7 +139,11 @@ std::string_view Trimmed(std::string_view text) {
 }
 
 std::vector<unsigned char> ReadHex(std::string_view text) {
-    return HexReader(text).Read();
+    std::vector<unsigned char> octets;
+    const bool areDigitsAlone = Messages::FromHex(text, octets) && !octets.empty();
+    if (!areDigitsAlone)
+        Messages::FromHex(DigitReader(text).Read(), octets);
+    return octets;
 }
 
 std::vector<unsigned char> ReadPduOctets(std::string_view text) {

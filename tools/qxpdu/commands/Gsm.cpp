@@ -2,13 +2,13 @@
 #include <fmt/format.h>
 
 #include "Encoding/GSMCharSet.h"
+#include "Messages/Octets.h"
 #include "characters/Hexadecimal.h"
 #include "characters/InputError.h"
 #include "characters/Unicode.h"
 #include "commands/Commands.h"
 #include "commands/Options.h"
 #include "show/CodeUnits.h"
-#include "show/Hex.h"
 
 namespace qxpdu {
 
@@ -37,7 +37,8 @@ std::vector<Dropped> DroppedOf(const GSMCharSet& charSet, const std::u32string& 
 void Encode(GSMCharSet& charSet, const Input& input, Console& console) {
     const TString<wchar_t> text = FromUtf8(input.text);
     const TString<char> codes = charSet.UnicodeToGsmString(text);
-    const std::string hex = show::Hex(reinterpret_cast<const unsigned char*>(codes.data()), codes.size());
+    const std::string hex =
+        Messages::ToHex({reinterpret_cast<const std::uint8_t*>(codes.data()), codes.size()});
     const std::vector<Dropped> dropped = DroppedOf(charSet, show::CodePoints(text));
     for (const Dropped& character : dropped) {
         console.Warning(NameOf(input), fmt::format("character {}, {}, has no GSM code and is dropped",
@@ -66,7 +67,7 @@ void Decode(GSMCharSet& charSet, const Input& input, Console& console) {
     if (!console.WantsJson())
         return console.Line(text);
     show::Json object = ObjectFor(input);
-    object["gsm"] = show::Hex(codes.data(), codes.size());
+    object["gsm"] = Messages::ToHex(codes);
     object["text"] = text;
     console.Object(object);
 }

@@ -93,7 +93,7 @@ void ShowRecord(const show::Message& message, const Input& input, Console& conso
     if (console.WantsJson()) {
         show::JsonText object;
         Begin(object, input);
-        object.Octets("octets", message.octets.data(), message.octets.size());
+        object.Octets("octets", message.octets);
         show::Write(record, object);
         console.Object(object);
     } else {

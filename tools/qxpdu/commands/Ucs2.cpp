@@ -2,13 +2,13 @@
 #include <fmt/format.h>
 
 #include "Encoding/UCS2Encoding.h"
+#include "Messages/Octets.h"
 #include "characters/Hexadecimal.h"
 #include "characters/InputError.h"
 #include "characters/Unicode.h"
 #include "commands/Commands.h"
 #include "commands/Options.h"
 #include "show/CodeUnits.h"
-#include "show/Hex.h"
 
 namespace qxpdu {
 
@@ -30,7 +30,7 @@ void Decode(const Input& input, Console& console) {
     const std::vector<unsigned char> octets = ReadHex(input.text);
     if (octets.size() % 2 != 0)
         throw InputError(fmt::format("{} hexadecimal digits, which is no multiple of 4", 2 * octets.size()));
-    const TString<char> hex = show::Hex(octets.data(), octets.size());
+    const TString<char> hex = Messages::ToHex(octets);
     const std::string text = show::ToUtf8(UCS2Encoding::ToUString(hex));
     if (!console.WantsJson())
         return console.Line(text);

@@ -1,0 +1,67 @@
+// JSON written straight as text.
+#include "show/JsonText.h"
+
+#include <gtest/gtest.h>
+
+#include "show/Json.h"
+
+namespace {
+
+std::string TextWith(std::string_view value) {
+    show::JsonText object;
+    object.Member("text", value);
+    return std::string(object.Finish());
+}
+
+TEST(JsonText, HasMembersInTheOrderOfTheCalls) {
+    const std::uint8_t octets[] = {0x07, 0x91};
+    show::JsonText object;
+    object.Member("name", std::string_view("a"));
+    object.Member("number", -1);
+    object.Octets("octets", {octets, sizeof octets});
+    object.Octets("none", {});
+    object.Bool("flag", true);
+    object.Null("nothing");
+    object.Numbers("numbers", {1, 2});
+    object.Texts("texts", {"b", "\"c\""});
+    object.Object("object", [&] { object.Member("inner", std::string_view()); });
+    EXPECT_EQ(object.Finish(),
+              R"({"format":2,"name":"a","number":-1,"octets":"0791","none":"","flag":true,)"
+              R"("nothing":null,"numbers":[1,2],"texts":["b","\"c\""],"object":{"inner":""}})");
+}
+
+TEST(JsonText, EscapesWhatJsonRequires) {
+    const struct {
+        std::string_view text;
+        const char* written;
+    } cases[] = {
+        {"\"", R"(\")"},
+        {"\\", R"(\\)"},
+        {"\n", R"(\n)"},
+        {"\x1F", R"(\u001F)"},
+        {{"\0", 1}, R"(\u0000)"},
+        {" ", " "},
+        {"!", "!"},
+        {"#", "#"},
+        {"[", "["},
+        {"]", "]"},
+        {"\x7F", "\x7F"},
+        {"é€😀", "é€😀"},
+    };
+    for (const auto& [text, written] : cases)
+        EXPECT_EQ(TextWith(text), std::string(R"({"format":2,"text":")") + written + "\"}");
+}
+
+TEST(JsonText, EscapesWhereverItStands) {
+    for (std::size_t length = 1; length <= 25; ++length) {
+        for (std::size_t place = 0; place < length; ++place) {
+            for (const char special : {'"', '\\', '\x1F', '\0'}) {
+                std::string text(length, 'a');
+                text[place] = special;
+                EXPECT_EQ(show::Json::parse(TextWith(text))["text"], text) << length << ' ' << place;
+            }
+        }
+    }
+}
+
+} // namespace
