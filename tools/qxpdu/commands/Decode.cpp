@@ -232,7 +232,7 @@ void AddDecode(CLI::App& parent, Action& action) {
     AddRows(*command, options->rows);
     command->footer(
         "A line for each field: its name by 3GPP TS 23.040, its value on the wire, its meaning. Below it\n"
-        "stands behind \"!\" what is unusual, and behind \"~\" what a program gets from libQX_Encoding\n"
+        "stands after \"!\" what is unusual, and after \"~\" what a program gets from libQX_Encoding\n"
         "instead. With --json an object for each PDU: a member for each field, \"tp_dcs\" and the like, "
         "with\n"
         "\"raw\" and \"meaning\", then \"text\" or \"data\", \"remarks\" and \"libQX_Encoding\".\n"

@@ -78,7 +78,7 @@ void AddInspect(CLI::App& parent, Action& action) {
     AddStreaming(*command, *options);
     command->footer(
         "Every octet once, in order: its offset, its digits, its field by 3GPP TS 23.040, its value, its\n"
-        "meaning; octets of bits bit by bit. Behind \"!\" stands what is unusual, and behind \"~\" what a\n"
+        "meaning; octets of bits bit by bit. After \"!\" stands what is unusual, and after \"~\" what a\n"
         "program gets from libQX_Encoding instead. A broken PDU is shown as far as it goes. With --json an\n"
         "object for each PDU, with \"map\", an object for each row, \"remarks\" and \"libQX_Encoding\", and\n"
         "\"error\" and \"fault\" where it is broken.\n"
