@@ -47,6 +47,15 @@ def works(figures):
                + (f"{fresh:,.0f} | {peer / fresh:.1f} |" if decodes else "| |"))
 
 
+def reading(figures):
+    yield "| an SMS-DELIVER of | told what it is, ns | what it is found out, ns | a new `Reading` each time, ns |"
+    yield "|---|---|---|---|"
+    for name, meaning in (("septets", "160 septets"), ("UCS2", "70 UCS2 characters"),
+                          ("Turkish", "146 septets in Turkish, part 2 of 3")):
+        yield "| " + " | ".join([meaning] + [f"{figures.nanoseconds(f'Reading/{name}/{way}'):,.0f}"
+                                             for way in ("told", "guessed", "anew")]) + " |"
+
+
 def septets(figures):
     yield "| 160 septets | unpacking, ns | packing, ns |"
     yield "|---|---|---|"
@@ -125,7 +134,7 @@ def growth(figures):
 
 def main():
     messages, blocks, threaded = map(Figures, sys.argv[1:4])
-    tables = {make.__name__: make(blocks) for make in (machine, septets, conversions, objects, growth)}
+    tables = {make.__name__: make(blocks) for make in (machine, reading, septets, conversions, objects, growth)}
     tables |= {"works": works(messages), "threads": threads(threaded), "threaded": threaded_works(messages, threaded)}
     tables = {name: "\n".join(lines) for name, lines in tables.items()}
     tables["memory"] = pathlib.Path(sys.argv[4]).read_text().strip()
