@@ -163,4 +163,18 @@ TEST(CutData, OfEveryRoom) {
     EXPECT_EQ(partsOf(134, options), "128 6 ");
 }
 
+TEST(CutText, NearCharactersInTablesThatAreForced) {
+    CutOptions options;
+    options.replacesNear = true;
+    EXPECT_EQ(CutIntoParts("a", options).text, "a");
+    options.choice.tables = {Language::Turkish, Language::Default};
+    EXPECT_EQ(CutIntoParts("“ş”", options).text, "\"ş\"");
+}
+
+TEST(CutData, WithoutRoomIsAFault) {
+    CutOptions options;
+    options.elements.resize(139);
+    EXPECT_EQ(FaultOf(CutIntoParts(OctetView(options.elements), options)), "2 0 0");
+}
+
 } // namespace

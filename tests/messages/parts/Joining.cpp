@@ -209,4 +209,46 @@ TEST(Joiner, GetsBackWhatWasCut) {
     }
 }
 
+TEST(Joiner, JoinsEveryType) {
+    Joiner joiner;
+    const auto data = [](std::uint8_t number, std::uint8_t coding) {
+        return *MakeUserData(DataCoding(coding), Octets{0, 3, 9, 2, number}, Octets{0x41});
+    };
+    Reading reading;
+    reading.direction = Direction::FromMobile;
+    Command command;
+    command.data = data(1, 4);
+    reading.tpdu = command;
+    joiner.Add(reading, 0);
+    command.data = data(2, 4);
+    reading.tpdu = command;
+    EXPECT_EQ(Shown(joiner.Add(reading, 0)), "complete 2/2 4141 [0 0]");
+    EXPECT_EQ(Shown(joiner.Add(reading, 0)), "duplicate 1/2 41 [0]") << "it has no time";
+    DeliverReport report;
+    report.userData = data(1, 0);
+    Reading acknowledgement;
+    acknowledgement.tpdu = report;
+    joiner.Add(acknowledgement, 0);
+    EXPECT_EQ(Shown(joiner.Finish()), "finished 1/2 A [0]");
+    const UserData part = data(1, 0);
+    joiner.Add(Delivered(part), 0);
+    joiner.Add(Delivered(data(2, 0)), 0);
+    Submit submit;
+    ToNumber("+12345", submit.destination);
+    submit.userData = part;
+    Reading sent;
+    sent.direction = Direction::ToMobile;
+    sent.tpdu = submit;
+    EXPECT_EQ(Shown(joiner.Add(sent, 0)), "duplicate 1/2 A [0]");
+}
+
+TEST(Joiner, KeepsTheOctetsOfCompressedText) {
+    Joiner joiner;
+    joiner.Add(Part(1, 3, 1, {0x41}), 0);
+    joiner.Add(Part(1, 3, 2, {0x12}, 0x20), 0);
+    EXPECT_EQ(Shown(joiner.Add(Part(1, 3, 3, {0x34}, 0x28), 0)), "complete 3/3 A1234 [0 0 0]");
+    joiner.Add(Part(2, 2, 1, {}), 0);
+    EXPECT_EQ(Shown(joiner.Add(Part(2, 2, 2, {0x41}), 0)), "complete 2/2 A [0 0]") << "nothing in the first";
+}
+
 } // namespace
