@@ -400,6 +400,7 @@ TEST(WriteValidity, IsChecked) {
     } cases[] = {{{ValidityFormat::Absolute, {}}, "no-time TP-VP 0 0"},
                  {{ValidityFormat::Enhanced, {0x04}}, "validity-invalid TP-VP 0 0"},
                  {{ValidityFormat::Enhanced, {0x08}}, "validity-invalid TP-VP 0 0"},
+                 {{ValidityFormat::Enhanced, {0x0C}}, "validity-invalid TP-VP 0 0"},
                  {{ValidityFormat::Enhanced, {0x80}}, "validity-invalid TP-VP 0 0"},
                  {{ValidityFormat::Enhanced, {0x02, 0}}, "validity-invalid TP-VP 1 0"},
                  {{ValidityFormat::Enhanced, {0x02, 1, 1}}, "validity-invalid TP-VP 2 0"},
@@ -515,6 +516,18 @@ TEST(WriteUserData, SaysWhatItsMembersSay) {
     EXPECT_EQ(WrittenOf(submit), "text-disagrees TP-UDL 0 0");
     submit.userData = headed;
     submit.userData.elements[0].identifier = 1;
+    EXPECT_EQ(WrittenOf(submit), "text-disagrees TP-UDL 0 0");
+    submit.userData = headed;
+    ++submit.userData.elements[0].offset;
+    EXPECT_EQ(WrittenOf(submit), "text-disagrees TP-UDL 0 0");
+    submit.userData = headed;
+    ++submit.userData.elements[0].length;
+    EXPECT_EQ(WrittenOf(submit), "text-disagrees TP-UDL 0 0");
+    submit.userData = headed;
+    ++submit.userData.textOffset;
+    EXPECT_EQ(WrittenOf(submit), "text-disagrees TP-UDL 0 0");
+    submit.userData = headed;
+    ++submit.userData.textUnits;
     EXPECT_EQ(WrittenOf(submit), "text-disagrees TP-UDL 0 0");
     submit.userData = headed;
     submit.userData.ports = Ports{};
