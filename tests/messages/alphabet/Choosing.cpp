@@ -134,6 +134,8 @@ TEST(Choose, WhatIsForcedHoldsOrNamesTheFirstMisfit) {
     EXPECT_EQ(Chosen("aş😀", options), "misfit 1 351");
     options.tables = {Language::Turkish, Language::Hindi};
     EXPECT_EQ(Chosen("ab", options), "1/6 2 units 1 parts 9 octets") << "whether it is needed or not";
+    options.tables = {Language::Default, Language::Turkish};
+    EXPECT_EQ(Chosen("ş", options), "0/1 2 units 1 parts 7 octets");
     options.tables = {Language::Spanish, Language::Default};
     EXPECT_EQ(Chosen("ab", options), "0/0 2 units 1 parts 2 octets") << "Spanish has no locking table";
     EXPECT_EQ(Chosen("a\xFF"), "misfit 1 4294967295");
