@@ -55,7 +55,7 @@ void Count(std::string_view text, const TextRoom& room, Choice& choice) {
     const PartRoom one = RoomOfOne(choice, room);
     choice.parts = 1;
     choice.octets = one.OctetsOf(choice.units);
-    if (choice.units <= one.Units())
+    if (one.Holds(choice.units))
         return;
     const PartRoom many = RoomOfMany(choice, room);
     choice.parts = c_noParts;
@@ -72,7 +72,7 @@ void Count(std::string_view text, const TextRoom& room, Choice& choice) {
 
 /// The fewest parts that so many units can take.
 std::size_t FewestParts(const Choice& choice, const TextRoom& room) {
-    if (choice.units <= RoomOfOne(choice, room).Units())
+    if (RoomOfOne(choice, room).Holds(choice.units))
         return 1;
     const std::size_t most = RoomOfMany(choice, room).Units();
     return most < 2 ? c_noParts : (choice.units + most - 1) / most;

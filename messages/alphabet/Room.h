@@ -18,7 +18,6 @@ constexpr std::size_t ConcatenationOctets(bool hasWideReference) {
 /// Units of a text, and octets of user data that they take after a header.
 class PartRoom {
 public:
-    /// REQUIRES elements that fit into the octets.
     PartRoom(Alphabet alphabet, std::size_t octets, std::size_t elementOctets)
         : m_IsGsm7(alphabet == Alphabet::Gsm7),
           m_Header(elementOctets == 0 ? 0 : c_headerLengthOctets + elementOctets),
@@ -29,6 +28,8 @@ public:
             return 0;
         return m_IsGsm7 ? m_Octets * 8 / 7 - HeaderSeptets() : (m_Octets - m_Header) / c_unitOctets;
     }
+    /// Whether there is room for so many; an empty text needs it for the header.
+    bool Holds(std::size_t units) const { return OctetsOf(units) <= m_Octets; }
     std::size_t OctetsOf(std::size_t units) const {
         return m_IsGsm7 ? ((HeaderSeptets() + units) * 7 + 7) / 8 : m_Header + units * c_unitOctets;
     }

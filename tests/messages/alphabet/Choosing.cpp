@@ -159,6 +159,9 @@ TEST(Choose, WithoutRoom) {
     EXPECT_EQ(Chosen(Times(10, "a"), options), "0/0 10 units 5 parts 40 octets");
     options.room = {140, 140, false};
     EXPECT_EQ(Chosen("a", options), "0/0 without room");
+    EXPECT_EQ(Chosen("", options), "0/0 without room") << "not even for the header, of 141 octets";
+    options.room = {140, 139, false};
+    EXPECT_EQ(Chosen("", options), "0/0 0 units 1 parts 140 octets");
 }
 
 TEST(PartOffsets, AreWhereThePartsBegin) {

@@ -175,6 +175,9 @@ TEST(CutData, WithoutRoomIsAFault) {
     CutOptions options;
     options.elements.resize(139);
     EXPECT_EQ(FaultOf(CutIntoParts(OctetView(options.elements), options)), "2 0 0");
+    EXPECT_EQ(CutIntoParts(OctetView(), options).parts.size(), 1U);
+    options.elements.resize(140);
+    EXPECT_EQ(FaultOf(CutIntoParts(OctetView(), options)), "2 0 0") << "not even for the header";
 }
 
 } // namespace
