@@ -267,6 +267,9 @@ TEST(WriteAddress, Names) {
     EXPECT_EQ(WrittenTo(longer), "03D04100") << "a semi-octet more makes no septet more";
     longer.length = 4;
     EXPECT_EQ(WrittenTo(longer), "02D041");
+    Address three = NameOf("ABC");
+    three.length = 7;
+    EXPECT_EQ(WrittenTo(three), "06D041E110") << "seven semi-octets would be four septets";
     longer.text = "aé😀";
     EXPECT_EQ(WrittenTo(longer), "address-character TP-DA 128512 3");
 }
@@ -402,6 +405,7 @@ TEST(WriteValidity, IsChecked) {
                  {{ValidityFormat::Enhanced, {0x08}}, "validity-invalid TP-VP 0 0"},
                  {{ValidityFormat::Enhanced, {0x0C}}, "validity-invalid TP-VP 0 0"},
                  {{ValidityFormat::Enhanced, {0x80}}, "validity-invalid TP-VP 0 0"},
+                 {{ValidityFormat::Enhanced, {0x0A, 0}}, "validity-invalid TP-VP 0 0"}, // the first of two
                  {{ValidityFormat::Enhanced, {0x02, 0}}, "validity-invalid TP-VP 1 0"},
                  {{ValidityFormat::Enhanced, {0x02, 1, 1}}, "validity-invalid TP-VP 2 0"},
                  {{ValidityFormat::Enhanced, {0x03, 0x00, 0x06}}, "validity-invalid TP-VP 2 0"},
@@ -540,6 +544,9 @@ TEST(WriteUserData, SaysWhatItsMembersSay) {
     submit.userData = headed;
     submit.userData.hasHeader = false;
     EXPECT_EQ(WrittenOf(submit), "text-disagrees TP-UDL 0 0");
+    submit.userData = TextOf("Hello", "00032A03027F0155");
+    ++submit.userData.elements[0].length;
+    EXPECT_EQ(WrittenOf(submit), "text-disagrees TP-UDL 0 0") << "the second element makes up for nothing";
 }
 
 TEST(WriteUserData, HasTheOctetsThatItsLengthAnnounces) {
@@ -572,6 +579,9 @@ TEST(WriteUserData, HasAHeaderThatAddsUp) {
         EXPECT_EQ(WrittenOf(reading.tpdu),
                   i < 2 ? "41000081000407" + std::string(headers[i]) : "header-invalid TP-UDL 0 0");
     }
+    const Reading withEscape = ReadHex("4100008100000401006003", tests::FromMobile());
+    EXPECT_EQ(withEscape.remarks.size(), 2U);
+    EXPECT_EQ(WrittenOf(withEscape.tpdu), "header-invalid TP-UDL 0 0") << "nor does the text after it";
     const Reading missing = ReadHex("41000081000400", tests::FromMobile());
     EXPECT_EQ(WrittenOf(missing.tpdu), "01000081000400") << "no header, and none announced";
     Submit announced = SomeSubmit();
