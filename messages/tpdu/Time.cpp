@@ -64,8 +64,10 @@ std::optional<Timestamp> MakeTimestamp(int year, int month, int day, int hour, i
 std::optional<Timestamp> MakeTimestamp(std::int64_t unixSeconds, int quarters) noexcept {
     constexpr std::int64_t from2000 = 946684800;
     constexpr std::int64_t secondsOfCentury = std::int64_t{36525} * c_secondsOfDay;
+    if (unixSeconds < 0 || unixSeconds > from2000 + 2 * secondsOfCentury) // whatever the zone
+        return std::nullopt;
     const std::int64_t seconds = unixSeconds - from2000 + std::int64_t{quarters} * c_secondsOfQuarter;
-    if (unixSeconds < 0 || seconds < 0 || seconds >= secondsOfCentury)
+    if (seconds < 0 || seconds >= secondsOfCentury)
         return std::nullopt;
     auto days = static_cast<unsigned int>(seconds / c_secondsOfDay);
     unsigned int year = 2000;

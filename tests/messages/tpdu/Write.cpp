@@ -356,6 +356,7 @@ TEST(MakeTimestamp, OfUnixSeconds) {
     EXPECT_FALSE(MakeTimestamp(std::int64_t{4102444800}));
     EXPECT_FALSE(MakeTimestamp(std::numeric_limits<std::int64_t>::min()));
     EXPECT_FALSE(MakeTimestamp(std::numeric_limits<std::int64_t>::max()));
+    EXPECT_FALSE(MakeTimestamp(std::numeric_limits<std::int64_t>::max(), 1));
     for (std::int64_t seconds = 946771200; seconds < 4102444800; seconds += 86399 * 7)
         ASSERT_EQ(MakeTimestamp(seconds, -20)->UnixSeconds(), seconds);
 }
