@@ -16,18 +16,6 @@ constexpr std::array<std::string_view, c_columnCount> c_names = {
     "input", "time",   "direction", "type", "address", "service-centre", "reference",
     "part",  "status", "alphabet",  "text", "data",    "octets",         "error"};
 
-std::string DirectionText(Messages::Direction direction) {
-    switch (direction) {
-    case Messages::Direction::ToMobile:
-        return "to-mobile";
-    case Messages::Direction::FromMobile:
-        return "from-mobile";
-    case Messages::Direction::Unknown:
-        break;
-    }
-    return {};
-}
-
 /// TP-MR, where the type has one.
 std::optional<std::uint8_t> ReferenceOf(const Messages::Tpdu& tpdu) {
     if (const auto* submit = std::get_if<Messages::Submit>(&tpdu))
@@ -43,7 +31,7 @@ std::optional<std::uint8_t> ReferenceOf(const Messages::Tpdu& tpdu) {
 Row CommonOf(const Message& message) {
     const Messages::Reading& reading = message.reading;
     Row row;
-    row[Column::Direction] = DirectionText(reading.direction);
+    row[Column::Direction] = DirectionName(reading.direction);
     row[Column::Type] = Messages::NameOf(reading.Type());
     if (const Messages::Timestamp* time = Messages::TimestampOf(reading.tpdu))
         row[Column::Time] = TimeOf(*time, message);
@@ -73,7 +61,8 @@ std::string Escaped(std::string_view value, std::string_view characters, std::st
 
 /// "from +4179123", "to +4179123"; a report is about a message to somebody.
 std::string PartyText(const Row& row) {
-    const bool isRecipient = row[Column::Direction] == "from-mobile" || !row[Column::Status].empty();
+    const bool isRecipient = row[Column::Direction] == DirectionName(Messages::Direction::FromMobile) ||
+                             !row[Column::Status].empty();
     const std::string_view word = isRecipient ? "to" : "from";
     const std::string& address = row[Column::Address];
     return address.empty() ? std::string() : fmt::format("{} {}", word, Printable(address));

@@ -197,6 +197,18 @@ std::string_view ShownNameOf(Field field) {
     return IsOfHeader(field) ? "TP-UDH" : Messages::NameOf(field);
 }
 
+std::string_view DirectionName(Messages::Direction direction) {
+    switch (direction) {
+    case Messages::Direction::ToMobile:
+        return "to-mobile";
+    case Messages::Direction::FromMobile:
+        return "from-mobile";
+    case Messages::Direction::Unknown:
+        break;
+    }
+    return {};
+}
+
 std::string_view MeaningOfFlag(Field field, unsigned int value) {
     constexpr std::array<std::string_view, 4> c_formats = {"no validity period", "enhanced validity period",
                                                            "relative validity period",

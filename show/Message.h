@@ -68,6 +68,9 @@ std::string_view ShownNameOf(Messages::Field field);
 /// What a field of the first octet, or of the parameter indicator, says.
 std::string_view MeaningOfFlag(Messages::Field field, unsigned int value);
 
+/// "to-mobile" or "from-mobile"; empty where it is not known.
+std::string_view DirectionName(Messages::Direction direction);
+
 /// "+12345678901, international, ISDN/telephone (E.164)"
 std::string MeaningOf(const Messages::Address& address);
 

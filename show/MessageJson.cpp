@@ -280,7 +280,7 @@ void WriteRemarks(const std::vector<Messages::Remark>& remarks, JsonText& object
 
 void WriteDirection(Messages::Direction direction, JsonText& object) {
     if (direction != Messages::Direction::Unknown)
-        object.Member("direction", direction == Messages::Direction::ToMobile ? "to-mobile" : "from-mobile");
+        object.Member("direction", DirectionName(direction));
 }
 
 void WriteAddress(const Messages::Address& address, JsonText& object) {

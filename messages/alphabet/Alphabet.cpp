@@ -2,15 +2,13 @@
 
 #include <algorithm>
 
+#include "alphabet/Packing.h"
 #include "alphabet/Text.h"
 #include "tables/Values.h"
 #include "wire/SeptetGroups.h"
 
 namespace Messages {
 namespace {
-
-constexpr unsigned int c_octetBits = 8;
-constexpr unsigned int c_septetBits = 7;
 
 /// Units of text that are written before they are appended.
 constexpr std::size_t c_unitsAtOnce = 512;
@@ -30,10 +28,7 @@ OctetView NextRun(OctetView septets, std::size_t at) {
     const OctetView run = septets.Sub(at, c_unitsAtOnce - 1);
     if (at + run.size() == septets.size())
         return run;
-    std::size_t escapes = 0;
-    while (escapes < run.size() && run[run.size() - 1 - escapes] == c_escapeSeptet)
-        ++escapes;
-    return septets.Sub(at, run.size() + escapes % 2);
+    return septets.Sub(at, run.size() + (EndsInEscape(run) ? 1 : 0));
 }
 
 } // namespace

@@ -3,13 +3,12 @@
 #define ALPHABET_ROOM_H
 
 #include "alphabet/Codes.h"
+#include "alphabet/Packing.h"
 #include "alphabet/Utf8.h"
 
 namespace Messages {
 
-constexpr std::size_t c_headerLengthOctets = 1;
 constexpr std::size_t c_languageElementOctets = 3;
-constexpr std::size_t c_unitOctets = 2; ///< of UTF-16
 
 constexpr std::size_t ConcatenationOctets(bool hasWideReference) {
     return hasWideReference ? 6 : 5;
@@ -20,24 +19,26 @@ class PartRoom {
 public:
     PartRoom(Alphabet alphabet, std::size_t octets, std::size_t elementOctets)
         : m_IsGsm7(alphabet == Alphabet::Gsm7),
-          m_Header(elementOctets == 0 ? 0 : c_headerLengthOctets + elementOctets),
+          m_UnitOctets(alphabet == Alphabet::Ucs2 ? 2 : 1),
+          m_Header(HeaderOctets(elementOctets)),
           m_Octets(octets) {}
 
     std::size_t Units() const {
         if (m_Header >= m_Octets)
             return 0;
-        return m_IsGsm7 ? m_Octets * 8 / 7 - HeaderSeptets() : (m_Octets - m_Header) / c_unitOctets;
+        return m_IsGsm7 ? m_Octets * c_octetBits / c_septetBits - SeptetsOfHeader(m_Header)
+                        : (m_Octets - m_Header) / m_UnitOctets;
     }
     /// Whether there is room for so many; an empty text needs it for the header.
     bool Holds(std::size_t units) const { return OctetsOf(units) <= m_Octets; }
     std::size_t OctetsOf(std::size_t units) const {
-        return m_IsGsm7 ? ((HeaderSeptets() + units) * 7 + 7) / 8 : m_Header + units * c_unitOctets;
+        return m_IsGsm7 ? OctetsOfSeptets(SeptetsOfHeader(m_Header) + units)
+                        : m_Header + units * m_UnitOctets;
     }
 
 private:
-    std::size_t HeaderSeptets() const { return (m_Header * 8 + 6) / 7; }
-
     bool m_IsGsm7;
+    std::size_t m_UnitOctets; ///< elsewhere
     std::size_t m_Header;
     std::size_t m_Octets;
 };

@@ -27,6 +27,14 @@ inline bool CopyAscii(const std::uint8_t* septets, const CharacterTable& locking
     return isAscii;
 }
 
+/// Whether the septets end in an escape that nothing follows; two of them are a character.
+inline bool EndsInEscape(OctetView septets) {
+    std::size_t escapes = 0;
+    while (escapes < septets.size() && septets[septets.size() - 1 - escapes] == c_escapeSeptet)
+        ++escapes;
+    return escapes % 2 != 0;
+}
+
 inline char* Put(const Utf8Character& character, char* out) {
     std::memcpy(out, &character, sizeof character);
     return out + character.length;

@@ -1,14 +1,12 @@
 #include <algorithm>
 
 #include "alphabet/Codes.h"
+#include "alphabet/Packing.h"
 #include "alphabet/Utf8.h"
 #include "wire/SeptetGroups.h"
 
 namespace Messages {
 namespace {
-
-constexpr std::size_t c_octetBits = 8;
-constexpr std::size_t c_septetBits = 7;
 
 /// Appends what `append(character)` makes of each character of a text, until it makes nothing of one.
 template <class Append>

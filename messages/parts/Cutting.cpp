@@ -197,16 +197,11 @@ CutText CutIntoParts(std::string_view text, const CutOptions& options) {
 CutText CutIntoParts(OctetView data, const CutOptions& options) {
     CutText cut;
     const TextRoom room = RoomFor(options);
-    const auto headerOf = [](std::size_t elements) {
-        return elements == 0 ? 0 : c_headerLengthOctets + elements;
-    };
-    const std::size_t header = headerOf(room.elementOctets);
-    const std::size_t longest = headerOf(room.elementOctets + ConcatenationOctets(room.hasWideReference));
-    const std::size_t many = room.octets - std::min(room.octets, longest);
-    std::size_t parts = 1;
-    if (header + data.size() > room.octets)
+    cut.choice = {Alphabet::Data, {}, data.size(), 1, 0};
+    std::size_t& parts = cut.choice.parts;
+    const std::size_t many = RoomOfMany(cut.choice, room).Units();
+    if (!RoomOfOne(cut.choice, room).Holds(data.size()))
         parts = many == 0 ? c_noParts : (data.size() + many - 1) / many;
-    cut.choice = {Alphabet::Data, {}, data.size(), parts, 0};
     cut.coding = CodingOf(Alphabet::Data, options.messageClass);
     Cutter cutter(options, cut);
     if (!cutter.MayBe(parts))

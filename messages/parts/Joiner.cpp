@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "Messages/Parts.h"
+#include "alphabet/Text.h"
+#include "tpdu/Rows.h"
 
 namespace Messages {
 namespace {
@@ -13,8 +15,7 @@ std::size_t OctetsOf(const JoinedPart& part) {
 
 DataCoding CodingOfPart(const Tpdu& tpdu) {
     const DataCoding* const coding = CodingOf(tpdu);
-    constexpr std::uint8_t octetCoding = 0x04; // of a command
-    return coding != nullptr ? *coding : DataCoding(TypeOf(tpdu) == TpduType::Command ? octetCoding : 0);
+    return coding != nullptr ? *coding : DataCoding(TypeOf(tpdu) == TpduType::Command ? c_commandCoding : 0);
 }
 
 /// The content of parts side by side, which is decoded where they are not written alike.
@@ -40,7 +41,7 @@ public:
     void Flush() {
         if (m_Coding.CountsSeptets())
             AppendSeptetText(m_Units, m_Tables, m_Joined.text);
-        else if (m_Coding.alphabet == Alphabet::Ucs2 && !m_Coding.isCompressed)
+        else if (IsUcs2Text())
             AppendUcs2Text(m_Units, m_Joined.text);
         else
             m_Joined.data.insert(m_Joined.data.end(), m_Units.begin(), m_Units.end());
@@ -52,8 +53,7 @@ private:
         const OctetView content = userData.Content();
         if (!m_Coding.CountsSeptets()) {
             constexpr std::size_t unitOctets = 2;
-            const bool hasUnits = m_Coding.alphabet == Alphabet::Ucs2 && !m_Coding.isCompressed;
-            const OctetView whole = hasUnits ? content.Sub(0, userData.textUnits * unitOctets) : content;
+            const OctetView whole = IsUcs2Text() ? content.Sub(0, userData.textUnits * unitOctets) : content;
             m_Units.insert(m_Units.end(), whole.begin(), whole.end());
             return;
         }
@@ -61,17 +61,12 @@ private:
         m_Units.resize(at + userData.textUnits);
         UnpackSeptets(content, userData.fillBits, userData.textUnits, m_Units.data() + at);
         // Some cut before the pair and send its escape twice.
-        if (at < m_Units.size() && m_Units[at] == c_escapeSeptet && EndsInEscape(at))
+        if (at < m_Units.size() && m_Units[at] == c_escapeSeptet &&
+            EndsInEscape(OctetView(m_Units).Sub(0, at)))
             m_Units.erase(m_Units.begin() + static_cast<std::ptrdiff_t>(at));
     }
 
-    /// Whether the first `count` septets end in an escape that nothing follows.
-    bool EndsInEscape(std::size_t count) const {
-        std::size_t escapes = 0;
-        while (escapes < count && m_Units[count - 1 - escapes] == c_escapeSeptet)
-            ++escapes;
-        return escapes % 2 != 0;
-    }
+    bool IsUcs2Text() const { return m_Coding.alphabet == Alphabet::Ucs2 && !m_Coding.isCompressed; }
 
     Joined& m_Joined;
     int m_Number = 0;

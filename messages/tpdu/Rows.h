@@ -46,6 +46,8 @@ struct TpduRow {
     std::size_t mostUserData = 0; ///< octets of TP-UD, or TP-CD; 0: what the other fields leave room for
 };
 
+constexpr std::uint8_t c_commandCoding = 0x04; ///< of TP-CD: octets
+
 constexpr std::size_t c_longestTpdu = 164;
 constexpr std::size_t c_longestPdu = c_longestTpdu + 12; ///< with a service centre of 20 digits
 

@@ -5,6 +5,7 @@
 
 #include <limits>
 
+#include "alphabet/Packing.h"
 #include "tables/Values.h"
 #include "tpdu/Addresses.h"
 #include "tpdu/Rows.h"
@@ -57,23 +58,6 @@ constexpr auto c_reservedCommands =
     Tables::ByOctet(Tables::c_commandTypes, [](const Tables::CommandRow& row) {
         return Tables::IsReserved(row) || row.name == "undefined";
     });
-
-constexpr unsigned int c_septetBits = 7;
-constexpr unsigned int c_octetBits = 8;
-
-/// Bits between a header and the first septet.
-constexpr unsigned int FillBitsAfter(std::size_t headerOctets) {
-    return static_cast<unsigned int>((c_septetBits - c_octetBits * headerOctets % c_septetBits) %
-                                     c_septetBits);
-}
-
-constexpr std::size_t SeptetsOfHeader(std::size_t headerOctets) {
-    return (headerOctets * c_octetBits + c_septetBits - 1) / c_septetBits;
-}
-
-constexpr std::size_t OctetsOfSeptets(std::size_t septets) {
-    return (septets * c_septetBits + c_octetBits - 1) / c_octetBits;
-}
 
 template <class Sink>
 class Walker {
@@ -269,7 +253,7 @@ private:
         case Coding::UserData:
             return ReadUserData(field.field, Field::UserData, m_Coding, row);
         case Coding::Command:
-            return ReadUserData(field.field, Field::CommandData, DataCoding(c_octetCoding), row);
+            return ReadUserData(field.field, Field::CommandData, DataCoding(c_commandCoding), row);
         default:
             return ReadOctet(field.field);
         }
@@ -589,7 +573,6 @@ private:
     }
 
     static constexpr std::size_t c_mostUnits = 255;
-    static constexpr std::uint8_t c_octetCoding = 0x04; ///< of TP-CD
 
     OctetView m_Pdu;
     const ReadOptions& m_Options;

@@ -41,8 +41,8 @@ Written Write(const Tpdu& tpdu, const std::optional<Address>& serviceCentre) {
 
 std::optional<UserData> MakeUserData(const DataCoding& coding, OctetView elements, OctetView content) {
     constexpr std::size_t mostUnits = 255;
-    constexpr std::size_t lengthOctets = 1; // of the header's length, and of TP-UDL
-    const std::size_t header = elements.empty() ? 0 : lengthOctets + elements.size();
+    constexpr std::size_t lengthOctets = 1; // of TP-UDL
+    const std::size_t header = HeaderOctets(elements.size());
     const std::size_t units = (coding.CountsSeptets() ? SeptetsOfHeader(header) : header) + content.size();
     if (units > mostUnits || elements.size() > mostUnits)
         return std::nullopt;

@@ -12,8 +12,6 @@
 
 namespace Messages {
 
-constexpr std::uint8_t c_commandCoding = 0x04; ///< of TP-CD: octets
-
 /// TP-MTI of a type.
 constexpr std::uint8_t MessageTypeOf(TpduType type) {
     for (const Tables::MessageTypeRow& row : Tables::c_messageTypes)

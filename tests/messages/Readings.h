@@ -3,6 +3,7 @@
 #define MESSAGES_READINGS_H
 
 #include <string>
+#include <string_view>
 
 #include "Messages/Read.h"
 #include "Messages/Words.h"
@@ -21,6 +22,13 @@ struct DeliverOctets {
 
     std::string Hex() const { return first + originator + protocol + coding + timestamp + userData; }
 };
+
+inline std::string Times(std::size_t count, std::string_view text) {
+    std::string all;
+    while (count-- != 0)
+        all += text;
+    return all;
+}
 
 inline Messages::ReadOptions ToMobile() {
     return {Messages::Presence::No, Messages::Direction::ToMobile, Messages::Presence::Unknown, std::nullopt};

@@ -2,17 +2,12 @@
 #include <gtest/gtest.h>
 
 #include "Messages/Alphabet.h"
+#include "messages/Readings.h"
 
 namespace {
 
 using namespace Messages;
-
-std::string Times(std::size_t count, std::string_view text) {
-    std::string all;
-    while (count-- != 0)
-        all += text;
-    return all;
-}
+using tests::Times;
 
 /// "0/1, 5 septets, 1 part, 9 octets", "UCS2, …", or "misfit OFFSET CHARACTER".
 std::string Chosen(std::string_view text, const ChoiceOptions& options = {}) {

@@ -4,17 +4,12 @@
 #include <gtest/gtest.h>
 
 #include "Messages/Parts.h"
+#include "messages/Readings.h"
 
 namespace {
 
 using namespace Messages;
-
-std::string Times(std::size_t count, std::string_view text) {
-    std::string all;
-    while (count-- != 0)
-        all += text;
-    return all;
-}
+using tests::Times;
 
 CutOptions WithReference(std::uint16_t reference, bool isWide = false) {
     CutOptions options;

@@ -14,15 +14,15 @@ namespace qxpdu {
 
 namespace {
 
-constexpr const char* c_toMobile = "to-mobile";
-constexpr const char* c_fromMobile = "from-mobile";
 constexpr const char* c_yes = "yes";
 constexpr const char* c_no = "no";
 constexpr const char* c_host = "libQX_Encoding";
 
 std::string FaultOfDirection(const std::string& direction) {
-    const bool isKnown = direction == c_toMobile || direction == c_fromMobile;
-    return isKnown ? "" : fmt::format("{} is neither {} nor {}", direction, c_toMobile, c_fromMobile);
+    const std::string_view toMobile = show::DirectionName(Messages::Direction::ToMobile);
+    const std::string_view fromMobile = show::DirectionName(Messages::Direction::FromMobile);
+    const bool isKnown = direction == toMobile || direction == fromMobile;
+    return isKnown ? "" : fmt::format("{} is neither {} nor {}", direction, toMobile, fromMobile);
 }
 
 std::string FaultOfReader(const std::string& reader) {
@@ -32,7 +32,8 @@ std::string FaultOfReader(const std::string& reader) {
 Messages::Direction DirectionOf(const ReadingOptions& options) {
     if (options.direction.empty())
         return Messages::Direction::Unknown;
-    return options.direction == c_toMobile ? Messages::Direction::ToMobile : Messages::Direction::FromMobile;
+    const bool isToMobile = options.direction == show::DirectionName(Messages::Direction::ToMobile);
+    return isToMobile ? Messages::Direction::ToMobile : Messages::Direction::FromMobile;
 }
 
 std::string FaultOfPresence(const std::string& presence) {

@@ -1,9 +1,8 @@
 #include "commands/Rows.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
-
-#include <algorithm>
 
 #include <fmt/format.h>
 
