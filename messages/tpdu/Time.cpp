@@ -46,6 +46,8 @@ std::optional<Timestamp> MakeTimestamp(int year, int month, int day, int hour, i
                                        int quarters) noexcept {
     constexpr int firstYear = 2000;
     constexpr int endOfQuarters = 80;
+    if (year < firstYear || quarters <= -endOfQuarters)
+        return std::nullopt;
     const int parts[] = {
         year - firstYear, month, day, hour, minute, second, quarters < 0 ? -quarters : quarters};
     Timestamp time;

@@ -345,6 +345,10 @@ TEST(MakeTimestamp, OfParts) {
     EXPECT_FALSE(MakeTimestamp(2024, 1, 1, 0, 0, -1));
     EXPECT_FALSE(MakeTimestamp(2024, 1, 1, 0, 0, 0, 80));
     EXPECT_FALSE(MakeTimestamp(2024, 1, 1, 0, 0, 0, -80));
+    constexpr int least = std::numeric_limits<int>::min();
+    EXPECT_FALSE(MakeTimestamp(least, 1, 1, 0, 0, 0));
+    EXPECT_FALSE(MakeTimestamp(2024, 1, 1, 0, 0, 0, least));
+    EXPECT_FALSE(MakeTimestamp(std::int64_t{1329129296}, least));
 }
 
 TEST(MakeTimestamp, OfUnixSeconds) {
