@@ -133,7 +133,9 @@ enum class RemarkCode : std::uint8_t {
     ControlEscape, ///< escape, 0D: a control code, which shows nothing; other: as above
     NoCharacter,   ///< number: a septet without a character in the locking table; other: its place
     UnpairedSurrogate, ///< number: the UTF-16 unit; other: its place, in units of the text from 0
-    OddOctet           ///< UCS2 text of an odd number of octets; number: the last octet, which is passed over
+    OddOctet,          ///< UCS2 text of an odd number of octets; number: the last octet, which is passed over
+    // user-data header, once more
+    HeaderNotCounted ///< number: septets announced; other: those of the header with its fill bits, one more
 };
 
 /// One remark.

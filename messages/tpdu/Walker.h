@@ -531,6 +531,8 @@ private:
         }
         Place(field, Piece::Whole, textAt, octets.size(), static_cast<std::uint8_t>(~fillMask));
         const std::size_t before = SeptetsOfHeader(head.textOffset);
+        if (head.length < before && head.octets[0] < head.textOffset) // all of the header is there
+            Note(RemarkCode::HeaderNotCounted, Field::UserDataLength, m_At - 1, head.length, before);
         const std::size_t announced = head.length > before ? head.length - before : 0;
         std::array<std::uint8_t, 255> septets;
         head.textUnits = UnpackSeptets(octets, head.fillBits, announced, septets.data());

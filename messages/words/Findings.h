@@ -73,6 +73,7 @@ constexpr FindingWords<RemarkCode> c_remarkWords[] = {
     QX_REMARK(NoCharacter, "septet {n:x} has no character in the locking table"),
     QX_REMARK(UnpairedSurrogate, "{n:x4} is half of a character, without the other half"),
     QX_REMARK(OddOctet, "octet {n:x} is half a unit of UCS2 text, and is passed over"),
+    QX_REMARK(HeaderNotCounted, "{f} announces {n:septet}, and the header with its fill bits takes {o}"),
 };
 
 #undef QX_REMARK

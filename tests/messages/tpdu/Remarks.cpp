@@ -279,7 +279,10 @@ TEST(Remarks, OfHeaders) {
         {"080500032A000082", "A", "concatenation-invalid at 20"},
         {"0E0A00032A020100032B00030802", "A", "element-repeated at 25, concatenation-invalid 3 at 25"},
         {"070500032A030200", "", ""},
-        {"060500032A0302", "", ""}, // no room for a septet is left
+        {"0100", "", "header-not-counted 1 2 at 18"},
+        {"020000", "", ""},
+        {"060500032A0302", "", "header-not-counted 6 7 at 18"},
+        {"07060804002A0302", "", "header-not-counted 7 8 at 18"},
         {"070500032A030201", "", "fill-bits-set 1 at 25"},
         {"070500032A030202", "", "spare-bits-set 1 at 25"},
     };

@@ -90,6 +90,8 @@ INSTANTIATE_TEST_SUITE_P(
                    "the header lacks 1 octet of its last element, and is ignored"},
         RemarkCase{Of(RemarkCode::HeaderLeftOver, 1), "header-left-over",
                    "1 octet left over in the header, which is ignored"},
+        RemarkCase{Of(RemarkCode::HeaderNotCounted, 6, 7), "header-not-counted",
+                   "TP-UDL announces 6 septets, and the header with its fill bits takes 7"},
         RemarkCase{Of(RemarkCode::ElementRepeated, 0x08), "element-repeated",
                    "element 08 (concatenation, 16-bit reference) may stand once; the last one holds"},
         RemarkCase{Of(RemarkCode::ElementsExclusive, 0x05, 0x04), "elements-exclusive",

@@ -56,6 +56,7 @@ inline constexpr Name HEADER_BEYOND_USER_DATA =
     "header-beyond-user-data";                                         ///< octets of the header, of the data
 inline constexpr Name HEADER_OVERRUN = "header-overrun";               ///< octets lacking
 inline constexpr Name HEADER_LEFT_OVER = "header-left-over";           ///< octets
+inline constexpr Name HEADER_NOT_COUNTED = "header-not-counted";       ///< septets announced, of the header
 inline constexpr Name ELEMENT_REPEATED = "element-repeated";           ///< the identifier
 inline constexpr Name ELEMENTS_EXCLUSIVE = "elements-exclusive";       ///< this identifier, the earlier one
 inline constexpr Name ELEMENT_LENGTH = "element-length";               ///< identifier, length
@@ -107,6 +108,7 @@ inline constexpr std::array REMARKS = {TYPE_GUESSED,
                                        HEADER_BEYOND_USER_DATA,
                                        HEADER_OVERRUN,
                                        HEADER_LEFT_OVER,
+                                       HEADER_NOT_COUNTED,
                                        ELEMENT_REPEATED,
                                        ELEMENTS_EXCLUSIVE,
                                        ELEMENT_LENGTH,

@@ -230,6 +230,9 @@ void Reader::ReadContent(std::size_t announced, std::size_t wanted, std::string_
 
     const std::size_t headerOctets = ReadUserDataHeader(octets, remarks);
     const std::size_t behind = octets.size() - headerOctets;
+    const std::size_t counted = septets ? (8 * headerOctets + 6) / 7 : headerOctets; // with the fill bits
+    if (!m_Reading.headerIsBeyond && announced < counted)
+        onLength(code::HEADER_NOT_COUNTED, 0, announced, counted);
     if (coding.compressed)
         remarks(code::COMPRESSED, headerOctets);
     if (coding.compressed || coding.alphabet == "octets" || m_Reading.headerIsBeyond) {
