@@ -180,6 +180,30 @@ MESSAGES_API std::optional<MisfitCharacter> Choose(std::string_view text, const 
 MESSAGES_API std::vector<std::size_t> PartOffsets(std::string_view text, const Choice& choice,
                                                   const TextRoom& room);
 
+/// A character that is no single septet of the default alphabet, and the tables that hold it, whether they
+/// may be used or not. One that is in no extension and no table makes a text UCS2.
+struct CostlyCharacter {
+    char32_t character = 0;     ///< that costs more, or forces a choice
+    std::size_t offset = 0;     ///< of the first one, in octets of the text
+    std::size_t count = 0;      ///< how often the text has it
+    bool isInExtension = false; ///< of the default alphabet: a pair there
+    Languages locking;          ///< in whose locking shift tables it is one septet
+    Languages single;           ///< in whose single shift tables it is a pair
+};
+
+/// What a text costs, and why.
+struct Explanation {
+    std::vector<Choice> choices;             ///< each one that holds the text, the cheapest first
+    std::vector<std::size_t> offsets;        ///< where the parts of the cheapest begin; none of c_noParts
+    std::vector<CostlyCharacter> characters; ///< in the order of the text
+};
+
+/// Explains what Choose() chooses: the first choice is what it finds with the same options, and fails as it
+/// does; `explanation` is then as it was. Of a locking shift table with several single shift tables, each is
+/// a choice of its own. REQUIRES named languages. Throws std::bad_alloc alone.
+MESSAGES_API std::optional<MisfitCharacter> Explain(std::string_view text, const ChoiceOptions& options,
+                                                    Explanation& explanation);
+
 /// One character of a text, or two that were composed, and what stands for it.
 struct Replacement {
     std::size_t offset = 0;  ///< in the text before, in octets

@@ -11,6 +11,7 @@
 #include "Messages/Alphabet.h"
 #include "Messages/DataCoding.h"
 #include "Messages/Export.h"
+#include "Messages/Parts.h"
 #include "Messages/Remarks.h"
 #include "Messages/Time.h"
 #include "Messages/Tpdu.h"
@@ -63,6 +64,12 @@ MESSAGES_API std::string_view CodeOf(RemarkCode code) noexcept;
 MESSAGES_API std::string_view CodeOf(FaultCode code) noexcept;
 /// The same of what keeps a PDU from being written: "no-time".
 MESSAGES_API std::string_view CodeOf(WriteFaultCode code) noexcept;
+/// The same of what keeps a text from being cut: "no-character".
+MESSAGES_API std::string_view CodeOf(CutFaultCode code) noexcept;
+/// The same of why a message is handed back: "timed-out".
+MESSAGES_API std::string_view CodeOf(JoinOutcome outcome) noexcept;
+/// Why a message is handed back, without a full stop: "all of its parts are there".
+MESSAGES_API std::string_view MeaningOf(JoinOutcome outcome) noexcept;
 /// @}
 
 /// Whole sentences without a full stop. Throw std::bad_alloc alone.
@@ -78,6 +85,8 @@ MESSAGES_API std::string MeaningOf(const Remark& remark);
 MESSAGES_API std::string MeaningOf(const Fault& fault);
 /// "the octets of TP-SCTS are no time".
 MESSAGES_API std::string MeaningOf(const WriteFault& fault);
+/// "octet 12 of the text: what may be used does not hold U+1F600".
+MESSAGES_API std::string MeaningOf(const CutFault& fault);
 /// @}
 
 } // namespace Messages

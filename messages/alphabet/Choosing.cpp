@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <bit>
+#include <map>
 #include <tuple>
 
 #include "alphabet/Room.h"
@@ -8,6 +10,13 @@ namespace {
 
 constexpr std::uint16_t Bit(std::size_t language) {
     return static_cast<std::uint16_t>(1U << language);
+}
+
+/// Calls `visit` with each bit of a set, the lowest first.
+template <class Visit>
+void VisitBits(unsigned int bits, Visit visit) {
+    for (; bits != 0; bits &= bits - 1)
+        visit(static_cast<std::size_t>(std::countr_zero(bits)));
 }
 
 /// What one pass over a text finds out. How many septets a text takes depends on its locking table alone:
@@ -37,13 +46,12 @@ std::optional<MisfitCharacter> Look(std::string_view text, std::uint16_t languag
         ++survey.characters;
         survey.utf16Units += character < 0x10000 ? 1 : 2;
         const HoldingTables holding = c_codes.tables[c_codes.NumberOf(character)];
-        for (unsigned int lacking = survey.locking & ~holding.locking; lacking != 0; lacking &= lacking - 1) {
-            const auto locking = static_cast<std::size_t>(std::countr_zero(lacking));
+        VisitBits(survey.locking & ~unsigned{holding.locking}, [&](std::size_t locking) {
             ++survey.pairs[locking];
             survey.single[locking] = survey.single[locking] & holding.single;
             if (survey.single[locking] == 0)
                 survey.locking = static_cast<std::uint16_t>(survey.locking & ~Bit(locking));
-        }
+        });
         if (wasHeld && survey.locking == 0)
             survey.misfit = MisfitCharacter{offset, character};
     }
@@ -87,14 +95,32 @@ auto Rank(const Choice& choice) {
     return std::tuple(choice.parts, choice.octets, kind, choice.tables.locking, choice.tables.single);
 }
 
-/// Of all choices with a locking table the cheapest: with the extension of the default alphabet, which needs
-/// no element, or else with the lowest language.
-Choice ChoiceWith(std::size_t locking, const Survey& survey) {
-    Choice choice;
-    choice.tables.locking = static_cast<Language>(locking);
-    choice.tables.single = static_cast<Language>(std::countr_zero(survey.single[locking]));
-    choice.units = survey.characters + survey.pairs[locking];
-    return choice;
+/// Calls `visit` with each choice that the options allow and that holds the text; its parts and octets are
+/// still to be counted. `singleOf` picks from the single shift tables that go with a locking one.
+template <class SingleOf, class Visit>
+void VisitChoices(const Survey& survey, const ChoiceOptions& options, SingleOf singleOf, Visit visit) {
+    if (options.alphabet != Alphabet::Ucs2)
+        VisitBits(survey.locking, [&](std::size_t locking) {
+            VisitBits(singleOf(survey.single[locking]), [&](std::size_t single) {
+                visit({Alphabet::Gsm7,
+                       {static_cast<Language>(locking), static_cast<Language>(single)},
+                       survey.characters + survey.pairs[locking],
+                       0,
+                       0});
+            });
+        });
+    if (options.alphabet != Alphabet::Gsm7)
+        visit({Alphabet::Ucs2, {}, survey.utf16Units, 0, 0});
+}
+
+/// The cheapest single shift table: the extension of the default alphabet, which needs no element, or else
+/// that of the lowest language.
+unsigned int Lowest(unsigned int languages) {
+    return languages & -languages;
+}
+
+unsigned int Each(unsigned int languages) {
+    return languages;
 }
 
 class Best {
@@ -115,6 +141,31 @@ private:
     const TextRoom& m_Room;
     std::optional<Choice> m_Choice;
 };
+
+Languages LanguagesIn(unsigned int bits) {
+    Languages languages;
+    VisitBits(bits, [&](std::size_t language) { languages.Add(static_cast<Language>(language)); });
+    return languages;
+}
+
+/// REQUIRES UTF-8.
+std::vector<CostlyCharacter> CostlyIn(std::string_view text) {
+    std::vector<CostlyCharacter> costly;
+    std::map<char32_t, std::size_t> known;
+    for (Characters characters(text); !characters.AtEnd();) {
+        const std::size_t offset = characters.Offset();
+        const char32_t character = characters.Next();
+        const HoldingTables holding = c_codes.tables[c_codes.NumberOf(character)];
+        if ((holding.locking & Bit(0)) != 0)
+            continue;
+        const auto [place, isNew] = known.try_emplace(character, costly.size());
+        if (isNew)
+            costly.push_back({character, offset, 0, (holding.single & Bit(0)) != 0,
+                              LanguagesIn(holding.locking), LanguagesIn(holding.single)});
+        ++costly[place->second].count;
+    }
+    return costly;
+}
 
 /// The tables given are to hold the text.
 std::optional<MisfitCharacter> Force(std::string_view text, SeptetTables tables, const TextRoom& room,
@@ -148,14 +199,33 @@ std::optional<MisfitCharacter> Choose(std::string_view text, const ChoiceOptions
     if (const auto misfit = Look(text, languages, survey))
         return misfit;
     Best best(text, options.room);
-    if (options.alphabet != Alphabet::Ucs2)
-        for (unsigned int locking = survey.locking; locking != 0; locking &= locking - 1)
-            best.Offer(ChoiceWith(static_cast<std::size_t>(std::countr_zero(locking)), survey));
-    if (options.alphabet != Alphabet::Gsm7)
-        best.Offer({Alphabet::Ucs2, {}, survey.utf16Units, 0, 0});
+    VisitChoices(survey, options, Lowest, [&](const Choice& one) { best.Offer(one); });
     if (!best.Found())
         return survey.misfit;
     choice = *best.Found();
+    return std::nullopt;
+}
+
+std::optional<MisfitCharacter> Explain(std::string_view text, const ChoiceOptions& options,
+                                       Explanation& explanation) {
+    Choice cheapest;
+    if (const auto misfit = Choose(text, options, cheapest))
+        return misfit;
+    Explanation found{{cheapest}, {}, CostlyIn(text)};
+    if (!options.tables) {
+        Survey survey;
+        Look(text, options.languages.Bits(), survey);
+        found.choices.clear();
+        VisitChoices(survey, options, Each, [&](Choice one) {
+            Count(text, options.room, one);
+            found.choices.push_back(one);
+        });
+        std::sort(found.choices.begin(), found.choices.end(),
+                  [](const Choice& left, const Choice& right) { return Rank(left) < Rank(right); });
+    }
+    if (cheapest.parts != c_noParts)
+        found.offsets = PartOffsets(text, cheapest, options.room);
+    explanation = std::move(found);
     return std::nullopt;
 }
 

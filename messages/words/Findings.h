@@ -1,11 +1,13 @@
-// A sentence for each remark and fault. In braces: n and o, its numbers, p, its octet, and f, the name of its
-// field; after a colon what the number is: x an octet in hexadecimal digits, x1 and x4 one and four of them,
-// element the identifier of an element with its name, character one of Unicode; anything else is counted.
+// A sentence for each remark, fault and outcome. In braces: n and o, its numbers, p, its octet, and f, the
+// name of its field; after a colon what the number is: x an octet in hexadecimal digits, x1 and x4 one and
+// four of them, element the identifier of an element with its name, character one of Unicode; anything else
+// is counted.
 #ifndef WORDS_FINDINGS_H
 #define WORDS_FINDINGS_H
 
 #include <string_view>
 
+#include "Messages/Parts.h"
 #include "Messages/Remarks.h"
 #include "Messages/Write.h"
 
@@ -112,6 +114,36 @@ constexpr FindingWords<WriteFaultCode> c_writeFaultWords[] = {
 };
 
 #undef QX_WRITE_FAULT
+
+#define QX_CUT_FAULT(enumerator, sentence)                                                                   \
+    { CutFaultCode::enumerator, #enumerator, sentence }
+
+/// In the order of the enumerators.
+constexpr FindingWords<CutFaultCode> c_cutFaultWords[] = {
+    QX_CUT_FAULT(NotUtf8, "octet {p} of the text is not UTF-8"),
+    QX_CUT_FAULT(NoCharacter, "octet {p} of the text: what may be used does not hold {n:character}"),
+    QX_CUT_FAULT(NoRoom, "the user-data header leaves no room for a text"),
+    QX_CUT_FAULT(TooManyParts, "more than 255 parts"),
+    QX_CUT_FAULT(Reference, "a concatenation reference of 8 bits is at most 255"),
+    QX_CUT_FAULT(NoRandom, "the system gives no random concatenation reference"),
+};
+
+#undef QX_CUT_FAULT
+
+#define QX_JOIN_OUTCOME(enumerator, sentence)                                                                \
+    { JoinOutcome::enumerator, #enumerator, sentence }
+
+/// In the order of the enumerators.
+constexpr FindingWords<JoinOutcome> c_joinOutcomeWords[] = {
+    QX_JOIN_OUTCOME(Complete, "all of its parts are there"),
+    QX_JOIN_OUTCOME(Duplicate, "it came before, with the same octets"),
+    QX_JOIN_OUTCOME(Replaced, "a part came again with other octets, and began a new message"),
+    QX_JOIN_OUTCOME(TimedOut, "it has waited too long for the parts that are missing"),
+    QX_JOIN_OUTCOME(Displaced, "other messages needed the room"),
+    QX_JOIN_OUTCOME(Finished, "no more parts come"),
+};
+
+#undef QX_JOIN_OUTCOME
 
 } // namespace Messages
 

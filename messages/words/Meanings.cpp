@@ -103,4 +103,13 @@ std::string MeaningOf(const WriteFault& fault) {
                   {fault.field, 0, fault.number, fault.other});
 }
 
+std::string MeaningOf(const CutFault& fault) {
+    return FillIn(c_cutFaultWords[static_cast<std::size_t>(fault.code)].sentence,
+                  {Field::UserData, static_cast<std::uint32_t>(fault.offset), fault.character, 0});
+}
+
+std::string_view MeaningOf(JoinOutcome outcome) noexcept {
+    return c_joinOutcomeWords[static_cast<std::size_t>(outcome)].sentence;
+}
+
 } // namespace Messages

@@ -43,6 +43,8 @@ constexpr std::array<KebabCase, Count> CodesOf(const Words (&words)[Count]) {
 constexpr auto c_remarkCodes = CodesOf(c_remarkWords);
 constexpr auto c_faultCodes = CodesOf(c_faultWords);
 constexpr auto c_writeFaultCodes = CodesOf(c_writeFaultWords);
+constexpr auto c_cutFaultCodes = CodesOf(c_cutFaultWords);
+constexpr auto c_joinOutcomeCodes = CodesOf(c_joinOutcomeWords);
 
 /// The row whose range a value is in.
 template <class Row, std::size_t Count>
@@ -146,6 +148,14 @@ std::string_view CodeOf(FaultCode code) noexcept {
 
 std::string_view CodeOf(WriteFaultCode code) noexcept {
     return c_writeFaultCodes[static_cast<std::size_t>(code)].View();
+}
+
+std::string_view CodeOf(CutFaultCode code) noexcept {
+    return c_cutFaultCodes[static_cast<std::size_t>(code)].View();
+}
+
+std::string_view CodeOf(JoinOutcome outcome) noexcept {
+    return c_joinOutcomeCodes[static_cast<std::size_t>(outcome)].View();
 }
 
 } // namespace Messages

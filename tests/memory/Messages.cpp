@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "Messages/Parts.h"
 #include "Messages/Read.h"
 #include "Messages/Words.h"
 #include "Messages/Write.h"
@@ -77,6 +78,31 @@ const struct Operation {
          Choose(text, {}, choice);
          EXPECT_EQ(PartOffsets(text, choice, {}).size(), 1U);
      }},
+    {"Explain",
+     [](Reading&) {
+         Explanation explanation;
+         EXPECT_FALSE(Explain("5 \u20AC", {}, explanation));
+     }},
+    {"CutText",
+     [](Reading&) {
+         CutOptions options;
+         options.reference = 1;
+         options.replacesNear = true;
+         EXPECT_FALSE(CutIntoParts("“" + std::string(160, 'a') + "”", options).fault);
+     }},
+    {"CutData",
+     [](Reading&) {
+         CutOptions options;
+         options.ports = Ports{true, 1, 2};
+         EXPECT_FALSE(CutIntoParts(OctetView(std::vector<std::uint8_t>(160)), options).fault);
+     }},
+    {"Joiner",
+     [](Reading&) {
+         Joiner joiner;
+         const Reading part = ReadHex(c_deliver);
+         EXPECT_TRUE(joiner.Add(part, 0).empty());
+         EXPECT_EQ(joiner.Finish().size(), 1U);
+     }},
     {"Number",
      [](Reading&) {
          Address address;
@@ -89,6 +115,7 @@ const struct Operation {
          MeaningOf(Validity{ValidityFormat::Relative, {0x90}});
          MeaningOf(Remark{RemarkCode::ElementsExclusive, Field::HeaderElement, 0, 4, 5});
          MeaningOf(WriteFault{WriteFaultCode::AddressTooLong, Field::RecipientAddress, 21, 20});
+         MeaningOf(CutFault{CutFaultCode::NoCharacter, 1, 0x1F600});
          MeaningOf(Fault{FaultCode::FieldCut, Field::ServiceCentreTimestamp, 0, 7, 0});
      }},
 };
@@ -121,6 +148,30 @@ TEST(EveryAllocationOfMessages, Fails) {
             ASSERT_EQ(tests::Allocations() - tests::Deallocations(), open + (isThrough ? 0 : 1));
         }
         EXPECT_GT(points, 1U) << "an operation that allocates nothing has no place here";
+    }
+}
+
+TEST(EveryAllocationOfAJoiner, FailsAndNothingThatWasAddedIsLost) {
+    std::string first = c_deliver;
+    first.replace(first.find("00032A0302"), 10, "00032A0301");
+    bool isThrough = false;
+    for (unsigned long points = 1; !isThrough; ++points) {
+        Joiner joiner;
+        ASSERT_TRUE(joiner.Add(ReadHex(first), 0, 1).empty());
+        const Reading second = ReadHex(c_deliver);
+        {
+            const tests::FailAllocation fail(points);
+            try {
+                joiner.Add(second, 0, 2);
+            } catch (const std::bad_alloc&) {
+            }
+            isThrough = !fail.Happened();
+        }
+        std::vector<Joined> left = joiner.Finish();
+        ASSERT_EQ(left.size(), 1U) << points;
+        ASSERT_GE(left[0].parts.size(), 1U) << points;
+        EXPECT_EQ(left[0].parts[0].tag, 1U) << points;
+        EXPECT_EQ(left[0].parts.size() == 2, left[0].parts.back().tag == 2) << points;
     }
 }
 

@@ -180,4 +180,44 @@ TEST(WriteFaults, HaveACodeAndASentence) {
     }
 }
 
+TEST(CutFaults, HaveACodeAndASentence) {
+    const struct {
+        CutFault fault;
+        const char* code;
+        const char* meaning;
+    } cases[] = {
+        {{CutFaultCode::NotUtf8, 12, 0}, "not-utf8", "octet 12 of the text is not UTF-8"},
+        {{CutFaultCode::NoCharacter, 7, 0x1F600},
+         "no-character",
+         "octet 7 of the text: what may be used does not hold U+1F600"},
+        {{CutFaultCode::NoRoom, 0, 0}, "no-room", "the user-data header leaves no room for a text"},
+        {{CutFaultCode::TooManyParts, 0, 0}, "too-many-parts", "more than 255 parts"},
+        {{CutFaultCode::Reference, 0, 0}, "reference", "a concatenation reference of 8 bits is at most 255"},
+        {{CutFaultCode::NoRandom, 0, 0}, "no-random", "the system gives no random concatenation reference"},
+    };
+    for (const auto& one : cases) {
+        EXPECT_EQ(CodeOf(one.fault.code), one.code);
+        EXPECT_EQ(MeaningOf(one.fault), one.meaning);
+    }
+}
+
+TEST(JoinOutcomes, HaveACodeAndASentence) {
+    const struct {
+        JoinOutcome outcome;
+        const char* code;
+        const char* meaning;
+    } cases[] = {
+        {JoinOutcome::Complete, "complete", "all of its parts are there"},
+        {JoinOutcome::Duplicate, "duplicate", "it came before, with the same octets"},
+        {JoinOutcome::Replaced, "replaced", "a part came again with other octets, and began a new message"},
+        {JoinOutcome::TimedOut, "timed-out", "it has waited too long for the parts that are missing"},
+        {JoinOutcome::Displaced, "displaced", "other messages needed the room"},
+        {JoinOutcome::Finished, "finished", "no more parts come"},
+    };
+    for (const auto& one : cases) {
+        EXPECT_EQ(CodeOf(one.outcome), one.code);
+        EXPECT_EQ(MeaningOf(one.outcome), one.meaning);
+    }
+}
+
 } // namespace
