@@ -4,7 +4,9 @@
 
 #include "Input.h"
 #include "Property.h"
+#include "show/MapJson.h"
 #include "show/MapProperties.h"
+#include "show/MapText.h"
 #include "show/MessageJson.h"
 #include "show/MessageText.h"
 

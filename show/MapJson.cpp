@@ -1,3 +1,5 @@
+#include "show/MapJson.h"
+
 #include "Messages/Words.h"
 #include "show/MessageJson.h"
 #include "show/OctetMap.h"

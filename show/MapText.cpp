@@ -1,5 +1,6 @@
+#include "show/MapText.h"
+
 #include <algorithm>
-#include <string>
 
 #include <fmt/format.h>
 

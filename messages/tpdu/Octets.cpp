@@ -1,4 +1,4 @@
-#include "tpdu/Hexadecimal.h"
+#include "tpdu/Octets.h"
 
 #include <algorithm>
 #include <array>

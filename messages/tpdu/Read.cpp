@@ -1,6 +1,7 @@
 #include "Messages/Read.h"
 
-#include "tpdu/Hexadecimal.h"
+#include "tpdu/Octets.h"
+#include "tpdu/Recording.h"
 #include "tpdu/Walker.h"
 
 namespace Messages {

@@ -1,7 +1,8 @@
+#include "tpdu/Recording.h"
+
 #include <utility>
 
 #include "tpdu/Members.h"
-#include "tpdu/Sinks.h"
 
 namespace Messages {
 namespace {

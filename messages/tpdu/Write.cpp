@@ -1,5 +1,6 @@
 #include "Messages/Write.h"
 
+#include "tpdu/Recording.h"
 #include "tpdu/Writer.h"
 
 namespace Messages {

@@ -6,7 +6,8 @@
 
 #include "commands/Commands.h"
 #include "commands/Reading.h"
-#include "show/OctetMap.h"
+#include "show/MapJson.h"
+#include "show/MapText.h"
 
 namespace qxpdu {
 

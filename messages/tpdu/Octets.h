@@ -1,6 +1,6 @@
 // Digit pairs made octets, and where they are none.
-#ifndef TPDU_HEXADECIMAL_H
-#define TPDU_HEXADECIMAL_H
+#ifndef TPDU_OCTETS_H
+#define TPDU_OCTETS_H
 
 #include <optional>
 #include <string_view>
