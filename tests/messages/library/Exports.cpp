@@ -50,6 +50,7 @@ TEST(MessagesExports, AreThePublicOperations) {
         "Messages::CutIntoParts",
         "Messages::DataCoding::DataCoding",
         "Messages::DescriptionOf",
+        "Messages::Explain",
         "Messages::FromHex",
         "Messages::HasLockingTable",
         "Messages::HasSingleShiftTable",
