@@ -171,7 +171,7 @@ BENCHMARK(EncodingByTextLength)
     ->DenseRange(153 * 64, 153 * 255 - 1, 153 * 64)
     ->Arg(153 * 255);
 
-/// A Greek text, with the Greek table selected behind others that are looked at first.
+/// A Greek text, with the Greek table selected after others that are looked at first.
 void EncodingBySelectedTables(benchmark::State& state) {
     PduEncoder encoder(MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
     for (int i = 1; i < state.range(0); ++i)
@@ -182,7 +182,7 @@ void EncodingBySelectedTables(benchmark::State& state) {
 }
 BENCHMARK(EncodingBySelectedTables)->Arg(1)->DenseRange(16, 64, 16);
 
-/// A user-data header of so many elements, each of two octets in front of no data.
+/// A user-data header of so many elements, each of two octets before no data.
 void DecodingByHeaderElements(benchmark::State& state) {
     const auto elements = static_cast<std::size_t>(state.range(0));
     bench::Octets userData = {static_cast<unsigned char>(2 * elements)};

@@ -26,7 +26,7 @@ public:
     virtual void Prepare(const std::u16string& text, bool isGsm) = 0;
     /// Encodes the text into SMS-SUBMITs to +12345678901.
     virtual void Encode() = 0;
-    /// The user data of the parts encoded last, behind TP-UDL.
+    /// The user data of the parts encoded last, after TP-UDL.
     virtual std::vector<Octets> UserData() const = 0;
 };
 

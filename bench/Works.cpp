@@ -17,7 +17,7 @@ void Decode(benchmark::State& state, Codec& codec, const Octets& pdu, const std:
         codec.Decode(pdu);
 }
 
-/// What stands behind TP-UDL in each part; the reference of the header counts as any.
+/// What stands after TP-UDL in each part; the reference of the header counts as any.
 bool IsRight(const std::vector<Octets>& parts, const std::u16string& text, bool isGsm) {
     if (parts.size() == 1)
         return parts[0] == (isGsm ? Pack(text, 0) : BigEndian(text));

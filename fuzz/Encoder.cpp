@@ -59,7 +59,7 @@ int LowOctet(int value) {
     return value & 0xFF;
 }
 
-/// A number as it is read back: its digits, behind a plus sign where that came first.
+/// A number as it is read back: its digits, after a plus sign where that came first.
 TString<wchar_t> Dialled(const TString<wchar_t>& number) {
     TString<wchar_t> dialled;
     if (!number.empty() && number.front() == L'+')
@@ -242,7 +242,7 @@ void CheckNumber(OpenEncoder& encoder, const TString<wchar_t>& number, bool leni
             "semi-octets are digits, or a filler");
 }
 
-/// Characters behind a count: of one octet, of two, of four, or a few of them over and over.
+/// Characters after a count: of one octet, of two, of four, or a few of them over and over.
 TString<wchar_t> Text(Input& input) {
     const unsigned int form = input.Octet();
     const std::size_t count = input.Octet();

@@ -32,7 +32,7 @@ void CheckNumber(const Toolkit::smart_ptr<Pdu>& pdu, unsigned int offset, bool s
                 "a failed read leaves an empty number");
         return;
     }
-    Require(next == end + 1, "the next field begins behind the number");
+    Require(next == end + 1, "the next field begins after the number");
     const bool isInternational = ton == TypeOfNumber::TON_INTERNATIONAL;
     Require(isInternational == (!number.empty() && number.front() == L'+') ||
                 ton == TypeOfNumber::TON_ALPHANUMERIC,
@@ -61,7 +61,7 @@ void CheckTimeStamp(const Toolkit::smart_ptr<Pdu>& pdu, unsigned int offset, boo
                 "a time stamp that is not followed by an octet fails");
         return;
     }
-    Require(next == end, "the next field begins behind the time stamp");
+    Require(next == end, "the next field begins after the time stamp");
     const auto field = [&](unsigned int i) {
         const unsigned int octet = OctetAt(*pdu, offset + static_cast<unsigned long long>(i));
         return (octet & 0x0F) * 10 + (octet >> 4);

@@ -50,7 +50,7 @@ public:
         return text;
     }
 
-    /// The next `most` octets as a PDU, whose array is zero behind them.
+    /// The next `most` octets as a PDU, whose array is zero after them.
     Toolkit::smart_ptr<Encoding::Pdu> Pdu(std::size_t most = Encoding::Pdu::CAPACITY) {
         const TString<char> octets = Octets(std::min<std::size_t>(most, Encoding::Pdu::CAPACITY));
         return new Encoding::Pdu(reinterpret_cast<const unsigned char*>(octets.data()),

@@ -1,5 +1,5 @@
 // The tool's input. Input: the number of a command line, then standard input; or, where the number has its
-// highest bit set, arguments with a NUL between them, of which those up to an empty one are put behind the
+// highest bit set, arguments with a NUL between them, of which those up to an empty one are put after the
 // command line and what follows that is standard input.
 #include <algorithm>
 #include <array>
@@ -55,7 +55,7 @@ const std::array<Arguments, 28> c_commandLines = {{{"decode"},
                                                    {"count"},
                                                    {"count", "--greek", "--json"}}};
 
-/// The arguments that stand in front of the first empty one.
+/// The arguments that stand before the first empty one.
 Arguments TakeArguments(Input& input) {
     Arguments arguments;
     for (std::string argument; input.Left() > 0;) {

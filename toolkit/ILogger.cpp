@@ -42,9 +42,9 @@ TString<wchar_t> ILogger::GetTime() {
     const hh_mm_ss time(now - today);
 
     TString<wchar_t> text;
-    const auto append = [&text](auto value, unsigned int width, wchar_t behind) {
+    const auto append = [&text](auto value, unsigned int width, wchar_t after) {
         AppendDigits(text, static_cast<unsigned int>(value), width);
-        text += behind;
+        text += after;
     };
     append(static_cast<int>(date.year()), 4, L'-');
     append(static_cast<unsigned int>(date.month()), 2, L'-');

@@ -21,8 +21,8 @@ struct SeptetGroups {
     void (*unpack)(const unsigned char* octets, unsigned int startBit, std::size_t groups,
                    unsigned char* septets);
 
-    /// Lays `groups` groups into octets, behind `startBit` bits of zero. Returns the bits that belong to the
-    /// octet behind them.
+    /// Lays `groups` groups into octets, after `startBit` bits of zero. Returns the bits that belong to the
+    /// octet after them.
     std::uint64_t (*pack)(const unsigned char* septets, std::size_t groups, unsigned int startBit,
                           unsigned char* octets);
 };

@@ -24,7 +24,7 @@ constexpr int c_quartersPerHour = 4;
 class AddressText {
 public:
     /// Septets are taken as character codes, without a look into the alphabet, and the walk goes one octet
-    /// past the field; both are required. `octets` counts the type octet and those behind it.
+    /// past the field; both are required. `octets` counts the type octet and those after it.
     void ReadAlphanumeric(const Pdu& pdu, unsigned int digits, unsigned int octets) {
         m_Length = std::min(octets + (octets - 1) / 7, c_longestAddress);
         UnpackSeptets(pdu, digits, 0, m_Length, m_Characters.data() + 1);
@@ -40,7 +40,7 @@ public:
         }
     }
 
-    /// The wide form of what stands in front of the zero, behind a "+" where the number is international.
+    /// The wide form of what stands before the zero, after a "+" where the number is international.
     TString<wchar_t> Wide(bool isInternational) {
         m_Characters[0] = '+';
         m_Characters[m_Length + 1] = 0;
@@ -56,7 +56,7 @@ private:
 
     unsigned int m_Length = 0;
     std::array<unsigned char, c_longestAddress + 2>
-        m_Characters; ///< a place for the "+", and the address behind it
+        m_Characters; ///< a place for the "+", and the address after it
 };
 
 NumberingPlan::NPI PlanOf(unsigned int typeOfAddress) {

@@ -9,7 +9,7 @@
 namespace Encoding {
 namespace {
 
-/// Reads one PDU into a record, field after field. Each step leaves the position behind its field and returns
+/// Reads one PDU into a record, field after field. Each step leaves the position after its field and returns
 /// false where decoding ends with a failure. A field that the message type does not have is read by doing
 /// nothing.
 class MessageReader {
@@ -153,7 +153,7 @@ private:
         }
     }
 
-    /// Reads the information elements and moves to the data behind them. The element's own length says where
+    /// Reads the information elements and moves to the data after them. The element's own length says where
     /// the next one begins, and is not compared with what is read from this one. A header of length 0 fails,
     /// since its first element already exceeds it.
     bool ReadUserDataHeader() {
@@ -193,7 +193,7 @@ private:
         }
     }
 
-    /// 7-bit text, one fill bit behind an 8-bit concatenation element.
+    /// 7-bit text, one fill bit after an 8-bit concatenation element.
     void ReadSeptets() {
         if (m_Characters <= 0)
             return;
@@ -225,9 +225,9 @@ private:
     const Toolkit::smart_ptr<Pdu>& m_Pdu;
     bool m_IgnoreTimeZone;
     unsigned int m_Position = 0; ///< of the next octet to be read
-    int m_Count = 0;             ///< septets or octets of user data behind the header
+    int m_Count = 0;             ///< septets or octets of user data after the header
     int m_Characters = 0;        ///< septets of text
-    unsigned int m_FillBits = 0; ///< in front of the first septet
+    unsigned int m_FillBits = 0; ///< before the first septet
 };
 
 } // namespace

@@ -10,7 +10,7 @@ namespace Encoding {
 namespace {
 
 constexpr unsigned char c_unspecifiedValidity = 0xFF; ///< in place of an enhanced or absolute validity period
-constexpr unsigned int c_headerStartBit = 1; ///< one fill bit behind the 48 bits of the concatenation header
+constexpr unsigned int c_headerStartBit = 1; ///< one fill bit after the 48 bits of the concatenation header
 
 /// Appends the low 8 bits of a value.
 void WriteOctet(Pdu& pdu, unsigned int value) {

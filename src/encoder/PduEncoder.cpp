@@ -11,7 +11,7 @@ namespace Encoding {
 namespace {
 
 constexpr unsigned int c_addressBuffer = 256; ///< octets that the caller of EncodeNumber() is given
-constexpr unsigned int c_lastWholePair = 253; ///< octets behind which no further pair is begun
+constexpr unsigned int c_lastWholePair = 253; ///< octets after which no further pair is begun
 
 /// Relative validity periods in the order of ValidityPeriod::TP_VP_Period.
 constexpr std::array<unsigned char, 7> c_validityOctets = {11, 23, 71, 143, 167, 173, 255};

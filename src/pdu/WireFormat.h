@@ -41,7 +41,7 @@ constexpr int c_dcsClassGroup8Bit = 0x04;
 constexpr unsigned int c_addressInternationalIsdn = 0x91; ///< type of address: international, ISDN plan
 constexpr unsigned int c_addressUnknownIsdn = 0x81;       ///< type of address: unknown, ISDN plan
 constexpr unsigned int c_addressNone = 0x80;              ///< type of address: unknown, no plan
-constexpr unsigned int c_filler = 0x0F;                   ///< high semi-octet behind an odd number of digits
+constexpr unsigned int c_filler = 0x0F;                   ///< high semi-octet after an odd number of digits
 
 // User-data header
 constexpr unsigned int c_elementHeaderSize = 2; ///< identifier and length of an information element

@@ -19,7 +19,7 @@ constexpr std::u16string_view c_defaultAlphabet = u"@£$¥èéùìòç\nØø\rÅ
                                                   u"¿abcdefghijklmno"
                                                   u"pqrstuvwxyzäöñüà"sv;
 
-/// Codes behind the escape.
+/// Codes after the escape.
 const std::map<int, unsigned short> c_extension = {{0x0A, u'\f'}, {0x14, u'^'}, {0x28, u'{'}, {0x29, u'}'},
                                                    {0x2F, u'\\'}, {0x3C, u'['}, {0x3D, u'~'}, {0x3E, u']'},
                                                    {0x40, u'|'},  {0x65, u'€'}};

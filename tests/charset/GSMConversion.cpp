@@ -124,7 +124,7 @@ TEST(GetGsmBytes, ZeroesTheBufferAndKeepsTheEntryLength) {
     EXPECT_EQ(tests::Hex(buffer, 6), "41 00 00 00 00 EE");
 }
 
-/// The length says how much is zeroed, and no more than that: all codes are written, and nothing behind them.
+/// The length says how much is zeroed, and no more than that: all codes are written, and nothing after them.
 TEST(GetGsmBytes, WritesEveryCodeHoweverSmallTheLength) {
     GSMCharSet charSet;
     const struct {

@@ -218,7 +218,7 @@ TEST(CBMDecoder, LongestContentIsAskedOfTheAllocator) {
     EXPECT_EQ(tests::AllocatedBytes() - bytes, 0x7FFFFFFFU);
 }
 
-/// One octet for each septet, and four for each character and for the zero behind them.
+/// One octet for each septet, and four for each character and for the zero after them.
 TEST(CBMDecoder, AsksForFiveOctetsForEachThatTheLengthClaims) {
     const struct {
         unsigned int length;

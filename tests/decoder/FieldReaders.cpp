@@ -99,7 +99,7 @@ TEST(ReadNumber, AlphanumericAddress) {
         {"begins with septet zero", "04 D0 80 20 00 00", true, L"", 4},
         // Septets 0x10 and 0x1B stay what they are, Delta and escape in the alphabet.
         {"is not looked up in the alphabet", "04 D0 90 0D 00 00", true, L"\x10\x1B", 4},
-        // The octet behind the field, 0x42, completes the fourth septet: bits 21 to 27 are 0x42 << 3 & 0x7F.
+        // The octet after the field, 0x42, completes the fourth septet: bits 21 to 27 are 0x42 << 3 & 0x7F.
         {"takes one octet past the field", "06 D0 41 E1 10 42 00", true, L"ABC\x10", 5},
         {"has no octet of its own", "00 D0 41 00", true, L"A", 2},
     };
@@ -114,7 +114,7 @@ TEST(ReadNumber, AlphanumericAddress) {
 }
 
 TEST(ReadNumber, AlphanumericAddressOfEveryLength) {
-    // Behind the field come zeros, so that what the walk takes there is the padding's zero or a zero septet.
+    // After the field come zeros, so that what the walk takes there is the padding's zero or a zero septet.
     for (std::size_t letters = 1; letters <= 110; ++letters) {
         SCOPED_TRACE(letters);
         Bytes septets;
@@ -132,7 +132,7 @@ TEST(ReadNumber, AlphanumericAddressOfEveryLength) {
 TEST(ReadNumber, AlphanumericWalkGivesASeptetAnOctetAndOneMoreBehindEverySeven) {
     const struct {
         unsigned char
-            octets; ///< the type octet and those behind it; as many are walked from the first letter on
+            octets; ///< the type octet and those after it; as many are walked from the first letter on
         std::size_t septets;
     } rows[] = {{1, 1},   {2, 2},   {6, 6},   {7, 7},     {8, 9},     {13, 14},   {14, 15},
                 {15, 17}, {21, 23}, {22, 25}, {223, 254}, {224, 255}, {225, 255}, {255, 255}};

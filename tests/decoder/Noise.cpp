@@ -79,8 +79,8 @@ TEST(Noise, FieldReadersAtRandomOffsetsOfClaimedLengths) {
         const unsigned int next = decoder.ReadNumber(pdu, offset, round % 2 == 0, number, npi, ton);
         ASSERT_TRUE(next == 0xFFFFFFFF || (next > offset && next <= pdu->m_Length));
         ASSERT_LE(number.size(), 256U);
-        const unsigned int behind = decoder.ReadTimeStamp(pdu, offset, time, false);
-        ASSERT_TRUE(behind == 0xFFFFFFFF || (behind == offset + 7 && behind < pdu->m_Length));
+        const unsigned int after = decoder.ReadTimeStamp(pdu, offset, time, false);
+        ASSERT_TRUE(after == 0xFFFFFFFF || (after == offset + 7 && after < pdu->m_Length));
     }
 }
 

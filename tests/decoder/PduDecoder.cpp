@@ -124,9 +124,9 @@ TEST(Decode, SubmitWithoutValidityPeriod) {
 }
 
 TEST(Decode, SmsStatusReportEndsWithItsStatus) {
-    for (const char* behind : {"", " 00", " FF FF FF FF FF FF"}) {
+    for (const char* after : {"", " 00", " FF FF FF FF FF FF"}) {
         PduDecoder decoder;
-        ASSERT_EQ(Decode(decoder, std::string(tests::c_report) + behind), 1);
+        ASSERT_EQ(Decode(decoder, std::string(tests::c_report) + after), 1);
         EXPECT_EQ(decoder.m_SmsType, MessageTypeIndicator::TP_MTI_SMS_STATUS_REPORT);
         EXPECT_EQ(decoder.m_MessageReference, 0x2A);
         EXPECT_EQ(decoder.m_Recipient, L"+4179123");
@@ -234,7 +234,7 @@ TEST(Decode, Texts) {
         decoder.m_Text = L"before";
         EXPECT_EQ(Decode(decoder, Deliver("00 00", row.dcs, row.userData)), 1);
         EXPECT_EQ(decoder.m_Text, row.text);
-        EXPECT_EQ(decoder.m_Text.c_str()[row.text.size()], L'\0') << "nothing is written behind the text";
+        EXPECT_EQ(decoder.m_Text.c_str()[row.text.size()], L'\0') << "nothing is written after the text";
     }
 }
 
@@ -344,7 +344,7 @@ TEST(Decode, SeptetsBehindOtherHeadersFollowTheSameRule) {
     } rows[] = {
         // Count 6, 5 characters: fill is 0 without element 0x00.
         {"unknown element", "09 02 70 00 C8 32 9B FD 06", L"Hello"},
-        // The fill bit of element 0x00 stays with an element 0x08 behind it.
+        // The fill bit of element 0x00 stays with an element 0x08 after it.
         {"8-bit, then 16-bit concatenation", "12 0B 00 03 01 02 03 08 04 01 02 03 04 90 65 36 FB 0D",
          L"Hello"},
         {"16-bit, then 8-bit concatenation", "12 0B 08 04 01 02 03 04 00 03 01 02 03 90 65 36 FB 0D",

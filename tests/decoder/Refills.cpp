@@ -1,4 +1,4 @@
-// PDUs that held something longer before. SetBytes() leaves the old octets behind the new length in the
+// PDUs that held something longer before. SetBytes() leaves the old octets after the new length in the
 // array: no field may end there, but user data and the walks that go past their field see them.
 #include <new>
 #include <utility>

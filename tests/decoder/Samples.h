@@ -29,7 +29,7 @@ constexpr const char* c_part = "00 44 04 81 21 43 00 00 21 20 31 21 43 65 00"
 /// Part 1 of 3 of message 0x1234: "Hello".
 constexpr const char* c_part16 = "00 44 04 81 21 43 00 00 21 20 31 21 43 65 00"
                                  "0D 06 08 04 12 34 03 01 C8 32 9B FD 06";
-/// Part 1 of 2 of message 1, behind an element of port numbers, no validity period: "Hi" in UCS2.
+/// Part 1 of 2 of message 1, after an element of port numbers, no validity period: "Hi" in UCS2.
 constexpr const char* c_submitPart = "00 41 00 04 81 21 43 00 08"
                                      "10 0B 05 04 0B 84 23 F0 00 03 01 02 01 00 48 00 69";
 /// Five voice messages are waiting: "Hi", to be stored.

@@ -18,7 +18,7 @@ struct Step {
     const char* changes;
 };
 
-/// Lengths that are not among the steps give what the length before gave. Octets behind the end of a
+/// Lengths that are not among the steps give what the length before gave. Octets after the end of a
 /// truncated PDU are zero in its array, and user data are read from there all the same.
 void ExpectSteps(const Bytes& whole, bool noSmsc, const std::vector<Step>& steps) {
     PduDecoder untouched;

@@ -90,7 +90,7 @@ TEST(Encode, EveryOptionOfASubmit) {
         {"UCS2, class 1",
          [](OpenEncoder& e) { e.SetText(Wide({0x4E2D})), e.SetClass(MessageClass::CLASS_1); },
          "00 01 00 07 91 14 97 21 F3 00 19 02 4E 2D"},
-        {"UCS2 behind a header", [](OpenEncoder& e) { e.SetText(Wide({0x4E2D})), e.SetHeader(1, 2, 3); },
+        {"UCS2 after a header", [](OpenEncoder& e) { e.SetText(Wide({0x4E2D})), e.SetHeader(1, 2, 3); },
          "00 41 00 07 91 14 97 21 F3 00 08 08 05 00 03 01 02 03 4E 2D"},
         {"everything",
          [](OpenEncoder& e) {
@@ -427,7 +427,7 @@ TEST(Encode, SeptetsUpToTheLastOctetOfTheBuffer) {
         tests::Pdus pdus;
         encoder.Encode(pdus);
         for (std::size_t i = pdus.front()->m_Length; i < 512; ++i)
-            ASSERT_EQ(pdus.front()->m_Bytes[i], 0) << "behind the contents";
+            ASSERT_EQ(pdus.front()->m_Bytes[i], 0) << "after the contents";
     }
 }
 

@@ -171,7 +171,7 @@ TEST(ReceiveExample, FailsWhenStandardOutputCannotBeWritten) {
     std::ofstream full("/dev/full");
     ASSERT_TRUE(full);
     const tests::CapturedStderr captured;
-    // Written behind the last line read, since reading flushes what was written before.
+    // Written after the last line read, since reading flushes what was written before.
     EXPECT_EQ(RunReceiver({PartOf(1, "0201", "0021")}, full.rdbuf()), EXIT_FAILURE);
     EXPECT_EQ(captured.Text(), "standard output cannot be written\n");
 }

@@ -54,7 +54,7 @@ inline bool AreMappedFilesListed() {
     return std::ifstream("/proc/self/maps").is_open();
 }
 
-/// Whether a file of this name, or with a version behind it, is mapped; the folder that it is in does not
+/// Whether a file of this name, or with a version after it, is mapped; the folder that it is in does not
 /// matter.
 inline bool IsMapped(std::string_view name) {
     std::ifstream maps("/proc/self/maps");

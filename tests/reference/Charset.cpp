@@ -56,7 +56,7 @@ TEST(ReferenceCharset, GetGsmBytesCountsAndFillsAlike) {
         std::string lines =
             Line("counted", counted, expectedCounted) + Line("count", length, expectedLength) + pair.Lines();
         if (lines.empty() && counted) {
-            // A buffer may be larger than the count; what lies behind the codes is zeroed.
+            // A buffer may be larger than the count; what lies after the codes is zeroed.
             const std::uint32_t room = expectedLength + (random.Chance(20) ? random.Below(4) : 0);
             model::Octets codes(room, 0xAA);
             model::Octets expectedCodes(room, 0xAA);

@@ -246,7 +246,7 @@ TEST(ReferenceEncoder, CutsUcs2) {
         model::SubString cut;
         cut.result = encoder.GetSubString(Wide(text), start, count, &length, &octets);
         const std::unique_ptr<unsigned char[]> owned(octets);
-        // Two zero octets stand behind the counted ones.
+        // Two zero octets stand after the counted ones.
         if (octets != nullptr)
             cut.bytes = Copy(octets, length + 2);
         model::SubString expected = model::GetSubString(text, start, count);

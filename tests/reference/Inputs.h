@@ -26,7 +26,7 @@ std::vector<int> RandomTables(Random& random);
 
 /// Octets of any length up to this one.
 model::Octets RandomOctets(Random& random, std::uint32_t maxLength);
-/// A PDU of these octets; at times with remains of an earlier one behind them, or a length beyond them.
+/// A PDU of these octets; at times with remains of an earlier one after them, or a length beyond them.
 model::Pdu PduOfOctets(Random& random, const model::Octets& octets);
 
 struct Message {

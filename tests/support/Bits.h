@@ -18,7 +18,7 @@ inline Bytes LayBits(const Bytes& septets, unsigned int startBit) {
     return octets;
 }
 
-/// One run behind the other.
+/// One run after the other.
 inline Bytes operator+(Bytes left, const Bytes& right) {
     left.insert(left.end(), right.begin(), right.end());
     return left;

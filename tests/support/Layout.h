@@ -21,7 +21,7 @@ SmartPtrWords<T>& WordsOf(Toolkit::smart_ptr<T, Policy>& pointer) {
     return reinterpret_cast<SmartPtrWords<T>&>(pointer);
 }
 
-/// How many bytes behind the start of an object a part of it lies.
+/// How many bytes after the start of an object a part of it lies.
 inline std::ptrdiff_t Offset(const void* part, const void* object) {
     return static_cast<const char*>(part) - static_cast<const char*>(object);
 }

@@ -30,7 +30,7 @@ std::vector<Way> Ways() {
 Bytes Unpack(const Way& way, const Bytes& octets, unsigned int startBit, unsigned int groups) {
     Bytes septets(groups * c_groupSeptets + 1U, 0xAA);
     way.groups->unpack(octets.data(), startBit, groups, septets.data());
-    EXPECT_EQ(septets.back(), 0xAA) << "no septet behind the last group";
+    EXPECT_EQ(septets.back(), 0xAA) << "no septet after the last group";
     septets.pop_back();
     return septets;
 }
@@ -41,9 +41,9 @@ Bytes Pack(const Way& way, const Bytes& septets, unsigned int startBit) {
     Bytes octets(groups * c_groupOctets + 2U, 0xAA);
     const std::uint64_t pending = way.groups->pack(septets.data(), groups, startBit, octets.data());
     EXPECT_LT(pending, std::uint64_t{1} << startBit) << "the bits handed back";
-    EXPECT_EQ(octets.back(), 0xAA) << "no octet behind the reach of the last group";
+    EXPECT_EQ(octets.back(), 0xAA) << "no octet after the reach of the last group";
     octets.pop_back();
-    EXPECT_EQ(octets.back(), pending) << "they stand behind the last group already";
+    EXPECT_EQ(octets.back(), pending) << "they stand after the last group already";
     return octets;
 }
 

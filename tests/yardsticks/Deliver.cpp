@@ -65,7 +65,7 @@ Bytes RandomSeptets(Random& random, std::uint32_t most) {
     return septets;
 }
 
-/// TP-DCS, TP-SCTS in front of TP-UDL and the user data, with a header or without.
+/// TP-DCS, TP-SCTS before TP-UDL and the user data, with a header or without.
 Bytes RandomBody(Random& random, bool hasHeader, const Bytes& time) {
     static const std::vector<unsigned char> gsm = {0x00, 0x10, 0x11, 0x12, 0x13, 0xF0, 0xF1, 0xF2, 0xF3};
     static const std::vector<unsigned char> ucs2 = {0x08, 0x18, 0x19, 0x1A, 0x1B};

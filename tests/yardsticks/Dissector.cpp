@@ -35,7 +35,7 @@ private:
     std::string m_Name = "/tmp/yardsticks-XXXXXX";
 };
 
-/// A capture file, little-endian: a file header, then a record header in front of each packet.
+/// A capture file, little-endian: a file header, then a record header before each packet.
 void WriteCapture(const char* name, const std::vector<Bytes>& packets) {
     std::ofstream file(name, std::ios::binary);
     const auto put = [&file](std::initializer_list<std::uint32_t> words) {
@@ -53,7 +53,7 @@ void WriteCapture(const char* name, const std::vector<Bytes>& packets) {
         throw std::runtime_error("the capture cannot be written");
 }
 
-/// Fields are named "layer_layer_field"; the short name is what is behind the prefix. Parts of the layer
+/// Fields are named "layer_layer_field"; the short name is what is after the prefix. Parts of the layer
 /// merge.
 Fields ShortNames(const nlohmann::json& layer, const std::string& prefix) {
     Fields fields = Fields::object();

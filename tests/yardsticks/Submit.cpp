@@ -64,7 +64,7 @@ TString<wchar_t> Wide(const std::u32string& text) {
     return {text.begin(), text.end()};
 }
 
-/// The TPDUs of a message, without the service centre's octet in front.
+/// The TPDUs of a message, without the service centre's octet before them.
 std::vector<Bytes> Encode(const Order& order) {
     PduEncoder encoder(MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
     encoder.SetRecipient(Wide(order.number));

@@ -16,7 +16,7 @@ inline constexpr int GREEK = 1;
 
 /// Code points of the 128 default codes.
 const std::vector<std::uint16_t>& DefaultTable();
-/// Code points behind the escape code.
+/// Code points after the escape code.
 const std::map<std::uint8_t, std::uint16_t>& EscapeTable();
 /// What stands in for a character that the alphabet lacks.
 const std::map<std::uint16_t, std::uint16_t>& GreekTable();

@@ -45,7 +45,7 @@ SubString GetSubString(const Text& text, std::uint32_t start, std::uint32_t coun
         return {};
     SubString cut = {1, {}};
     for (std::size_t i = 0; i < count; ++i) {
-        // Behind the end of the text stand zeros.
+        // After the end of the text stand zeros.
         const std::uint16_t unit = start + i < text.size() ? Low16(text.at(start + i)) : std::uint16_t{0};
         cut.bytes.push_back(static_cast<std::uint8_t>(unit / 256));
         cut.bytes.push_back(static_cast<std::uint8_t>(unit % 256));

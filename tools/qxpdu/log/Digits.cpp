@@ -34,7 +34,7 @@ int ClassOf(char character) {
     return IsArrow(character) ? c_arrow : static_cast<unsigned char>(character);
 }
 
-/// Behind the characters of one class; a character by itself is one.
+/// After the characters of one class; a character by itself is one.
 std::size_t EndOfClass(std::string_view text, std::size_t at) {
     constexpr int c_firstRun = 256;
     const int kind = ClassOf(text[at++]);
