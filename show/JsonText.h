@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <new>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -52,6 +53,21 @@ inline bool IsPlain(std::string_view text) {
     text.copy(reinterpret_cast<char*>(&eight), text.size());
     return !hasSpecial(eight);
 }
+
+/// The memory of the JSON library, whose own goes on with a null pointer where there is none.
+struct JsonMemory {
+    static constexpr bool kNeedFree = true;
+
+    static void* Malloc(std::size_t size) { return size == 0 ? nullptr : ::operator new(size); }
+    static void* Realloc(void* old, std::size_t oldSize, std::size_t size) {
+        void* const fresh = Malloc(size);
+        if (old != nullptr && fresh != nullptr)
+            std::memcpy(fresh, old, std::min(oldSize, size));
+        Free(old);
+        return fresh;
+    }
+    static void Free(void* memory) { ::operator delete(memory); }
+};
 
 /// A result. The members go into the text in the order of the calls. Strings are UTF-8;
 /// in a name there is nothing to escape.
@@ -133,9 +149,12 @@ public:
     }
 
 private:
-    class Writer : public rapidjson::Writer<rapidjson::StringBuffer> {
+    using Utf8 = rapidjson::UTF8<>;
+    using Buffer = rapidjson::GenericStringBuffer<Utf8, JsonMemory>;
+
+    class Writer : public rapidjson::Writer<Buffer, Utf8, Utf8, JsonMemory> {
     public:
-        using rapidjson::Writer<rapidjson::StringBuffer>::Writer;
+        using rapidjson::Writer<Buffer, Utf8, Utf8, JsonMemory>::Writer;
 
         /// A string in which there is nothing to escape.
         void Plain(std::string_view text) {
@@ -155,7 +174,7 @@ private:
 
     static constexpr std::size_t c_usualSize = 4096; ///< bytes; more is found where needed
 
-    rapidjson::StringBuffer m_Buffer;
+    Buffer m_Buffer;
     Writer m_Writer;
 };
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "show/Json.h"
+#include "support/Allocations.h"
 
 namespace {
 
@@ -60,6 +61,23 @@ TEST(JsonText, EscapesWhereverItStands) {
                 text[place] = special;
                 EXPECT_EQ(show::Json::parse(TextWith(text))["text"], text) << length << ' ' << place;
             }
+        }
+    }
+}
+
+TEST(JsonText, ThrowsWhereThereIsNoMemory) {
+    const std::string text(10000, '\n'); // six characters each as JSON
+    const unsigned long before = tests::AllocatedBytes();
+    const std::string whole = TextWith(text);
+    EXPECT_GT(tests::AllocatedBytes() - before, 2 * whole.size()) << "its own, and the copy";
+    for (unsigned long n = 1;; ++n) {
+        const tests::FailAllocation fail(n);
+        try {
+            EXPECT_TRUE(TextWith(text) == whole);
+            EXPECT_GT(n, 4U);
+            break;
+        } catch (const std::bad_alloc&) {
+            EXPECT_TRUE(fail.Happened());
         }
     }
 }

@@ -18,6 +18,11 @@ void EndOutOfMemory() {
     _exit(qxpdu::Console::SOME_FAILED);
 }
 
+/// Before the objects of the option parser's headers, which take memory too.
+[[gnu::constructor(101)]] void HandleNoMemory() {
+    std::set_new_handler(EndOutOfMemory);
+}
+
 std::optional<std::uint64_t> SizeOfInput() {
     struct stat status;
     if (fstat(STDIN_FILENO, &status) != 0 || !S_ISREG(status.st_mode))
@@ -28,7 +33,6 @@ std::optional<std::uint64_t> SizeOfInput() {
 } // namespace
 
 int main(int argc, char** argv) {
-    std::set_new_handler(EndOutOfMemory);
     std::ios::sync_with_stdio(false);
     const qxpdu::StopSignals signals;
     qxpdu::DescriptorBuffer buffer(STDIN_FILENO, signals.Descriptor());

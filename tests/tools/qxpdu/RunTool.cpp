@@ -62,10 +62,24 @@ int RunWords(std::vector<std::string> words, int in, int out, int err) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
+std::vector<std::string> Followed(std::vector<std::string> words, const std::vector<std::string>& more) {
+    words.insert(words.end(), more.begin(), more.end());
+    return words;
+}
+
 int RunWith(const std::vector<std::string>& arguments, int in, int out, int err) {
-    std::vector<std::string> words = Command();
-    words.insert(words.end(), arguments.begin(), arguments.end());
-    return RunWords(std::move(words), in, out, err);
+    return RunWords(Followed(Command(), arguments), in, out, err);
+}
+
+Outcome RunWithInput(std::vector<std::string> words, const std::string& input) {
+    const File in = TemporaryFile();
+    const File out = TemporaryFile();
+    const File err = TemporaryFile();
+    std::fwrite(input.data(), 1, input.size(), in.get());
+    std::fflush(in.get());
+    std::rewind(in.get());
+    const int status = RunWords(std::move(words), fileno(in.get()), fileno(out.get()), fileno(err.get()));
+    return {status, ContentsOf(out.get()), ContentsOf(err.get())};
 }
 
 } // namespace
@@ -78,15 +92,17 @@ std::ostream& operator<<(std::ostream& stream, const Outcome& run) {
 }
 
 Outcome Qxpdu(const std::vector<std::string>& arguments, const std::string& input) {
-    const File in = TemporaryFile();
-    const File out = TemporaryFile();
-    const File err = TemporaryFile();
-    std::fwrite(input.data(), 1, input.size(), in.get());
-    std::fflush(in.get());
-    std::rewind(in.get());
-    const int status = RunWith(arguments, fileno(in.get()), fileno(out.get()), fileno(err.get()));
-    return {status, ContentsOf(out.get()), ContentsOf(err.get())};
+    return RunWithInput(Followed(Command(), arguments), input);
 }
+
+#ifdef QXPDU_FAILING_COMMAND
+Outcome QxpduWithout(unsigned long piece, const std::vector<std::string>& arguments,
+                     const std::string& input) {
+    std::vector<std::string> words = {"env", "QXPDU_MISSING_PIECE=" + std::to_string(piece)};
+    words = Followed(std::move(words), WordsOf(QXPDU_FAILING_COMMAND));
+    return RunWithInput(Followed(std::move(words), arguments), input);
+}
+#endif
 
 Outcome Shell(const std::string& script) {
     const File in = TemporaryFile();

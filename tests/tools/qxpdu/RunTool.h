@@ -25,6 +25,10 @@ std::ostream& operator<<(std::ostream& stream, const Outcome& run);
 /// Runs qxpdu with these arguments and this standard input, and waits for its end.
 Outcome Qxpdu(const std::vector<std::string>& arguments, const std::string& input = "");
 
+/// The same where the piece of memory with that number, from 1, is not to be had.
+Outcome QxpduWithout(unsigned long piece, const std::vector<std::string>& arguments,
+                     const std::string& input);
+
 /// Runs a script of the shell, in which $QXPDU stands for the tool, quoted as its path needs it.
 Outcome Shell(const std::string& script);
 
