@@ -35,10 +35,8 @@ Pdus EncodeText(PduEncoder& encoder, const TString<wchar_t>& text) {
 }
 
 GsmCharacter ToGsm(char32_t character, Encoding::GSMCharSet& charSet) {
-    constexpr char32_t c_lastUnit = 0xFFFF; // characters above it have no code
     GsmCharacter gsm;
-    if (character <= c_lastUnit)
-        gsm.codes = charSet.UnicodeToGsmString(show::Units({&character, 1}));
+    gsm.codes = charSet.UnicodeToGsmString(show::Units({&character, 1}));
     gsm.received = charSet.GsmToUnicode(reinterpret_cast<const unsigned char*>(gsm.codes.data()),
                                         static_cast<unsigned int>(gsm.codes.size()));
     return gsm;
