@@ -126,20 +126,32 @@ std::string WarningOfLength(const Input& input, unsigned int octets) {
                        show::Counted(input.heading->length.value_or(0), "octet"), octets);
 }
 
-PagePlace Decode(const Input& input, Console& console) {
+struct Page {
+    Toolkit::smart_ptr<Pdu> pdu;
+    CBMDecoder fields;
+    std::string text;
+    std::string warning; ///< may be empty
+};
+
+Page ReadPage(const Input& input, Console& console) {
     const Toolkit::smart_ptr<Pdu> pdu = ReadPdu(input.text);
     if (pdu->m_Length < c_headerLength)
         throw InputError(
             fmt::format("{}, a page has {} at least", show::Counted(pdu->m_Length, "octet"), c_headerLength));
-    CBMDecoder decoder;
-    decoder.Decode(pdu);
-    const std::string text = show::ToUtf8(decoder.m_Text);
+    CBMDecoder fields;
+    fields.Decode(pdu);
     const std::string warning = WarningOfLength(input, pdu->m_Length);
     if (!warning.empty() && !console.WantsJsonLines())
         console.Warning(NameOf(input), warning);
-    ShowPage(input, *pdu, decoder, text, warning, console);
-    const show::PageNumber number = show::PageNumberOf(decoder.m_PageParameter);
-    return {{decoder.m_SerialNumber, decoder.m_MessageIdentifier, number.pages}, number.page, text};
+    return {pdu, fields, show::ToUtf8(fields.m_Text), warning};
+}
+
+PagePlace Decode(const Input& input, Console& console) {
+    const Page page = ReadPage(input, console);
+    ShowPage(input, *page.pdu, page.fields, page.text, page.warning, console);
+    const show::PageNumber number = show::PageNumberOf(page.fields.m_PageParameter);
+    return {
+        {page.fields.m_SerialNumber, page.fields.m_MessageIdentifier, number.pages}, number.page, page.text};
 }
 
 Afterwards DecodeAndJoin(CellPages& pages, const Input& input, Console& console) {
@@ -157,6 +169,26 @@ Afterwards DecodeAndJoin(CellPages& pages, const Input& input, Console& console)
 
 void ShowCellPage(const Input& input, Console& console) {
     Decode(input, console);
+}
+
+show::Row RowOfCellPage(const Input& input, Console& console) {
+    using show::Column;
+    const Page page = ReadPage(input, console);
+    const show::PageNumber number = show::PageNumberOf(page.fields.m_PageParameter);
+    const std::string octets = page.pdu->GetString();
+    show::Row row;
+    row[Column::Input] = NameOf(input);
+    row[Column::Direction] = show::DirectionName(Messages::Direction::ToMobile);
+    row[Column::Type] = "cell broadcast page";
+    row[Column::Address] = fmt::format("{}", page.fields.m_MessageIdentifier);
+    if (number.pages > 1)
+        row[Column::Part] = fmt::format("{}/{}", number.page, number.pages);
+    if (show::CellCodingOf(page.fields.m_DataCodingScheme).isGsm7)
+        row[Column::Text] = page.text;
+    else
+        row[Column::Data] = octets.substr(std::size_t{2} * c_headerLength);
+    row[Column::Octets] = octets;
+    return row;
 }
 
 void AddCell(CLI::App& parent, Action& action) {

@@ -79,8 +79,8 @@ void ShowJoined(const DecodeOptions& options, const ConcatenatedMessage& message
     console.Object(object);
 }
 
-/// What --join keeps between the PDUs.
-struct Joining {
+/// What --join remembers of the messages before.
+struct EarlierMessages {
     const DecodeOptions& options;
     Concatenations concatenations = {};
     SentMessages sent = {};
@@ -155,23 +155,23 @@ std::optional<NumberedPart> PartIn(const Input& input,
                         std::move(part)};
 }
 
-Afterwards Join(Joining& joining, const Input& input, std::shared_ptr<const show::ComparedMessage> compared,
-                Console& console) {
+Afterwards Join(EarlierMessages& earlier, const Input& input,
+                std::shared_ptr<const show::ComparedMessage> compared, Console& console) {
     const Messages::Tpdu& tpdu = compared->message.reading.tpdu;
     std::string party = PartyIn(compared->message);
     if (const auto* report = std::get_if<Messages::StatusReport>(&tpdu)) {
-        return [&joining, input, party, compared, reference = report->reference](Console& later) {
-            Show(joining.options, input, *compared, joining.sent.Find(party, reference), later);
+        return [&earlier, input, party, compared, reference = report->reference](Console& later) {
+            Show(earlier.options, input, *compared, earlier.sent.Find(party, reference), later);
         };
     }
     const auto part = PartIn(input, compared);
-    if (!part || joining.options.each)
-        Show(joining.options, input, *compared, std::nullopt, console);
-    return [&joining, input, party, compared, part](Console& later) {
+    if (!part || earlier.options.each)
+        Show(earlier.options, input, *compared, std::nullopt, console);
+    return [&earlier, input, party, compared, part](Console& later) {
         if (const auto* submit = std::get_if<Messages::Submit>(&compared->message.reading.tpdu))
-            joining.TakeSent(input, party, submit->reference);
+            earlier.TakeSent(input, party, submit->reference);
         if (part)
-            joining.TakePart(input, part->key, part->number, part->part, later);
+            earlier.TakePart(input, part->key, part->number, part->part, later);
     };
 }
 
@@ -183,13 +183,15 @@ show::Row ReadToRow(const DecodeOptions& options, const Input& input, Console& c
     return show::RowOf(message);
 }
 
-Afterwards Convert(Joining& joining, const DecodeOptions& options, const Input& input, Console& console) {
+Afterwards Convert(EarlierMessages& earlier, const DecodeOptions& options, const Input& input,
+                   Console& console) {
     if (input.heading && input.heading->kind == Heading::Kind::Reference)
-        return [&joining, input](Console&) { joining.TakeReference(input); };
+        return [&earlier, input](Console&) { earlier.TakeReference(input); };
     if (input.heading && input.heading->kind == Heading::Kind::Page) {
         if (options.rows.AreWanted())
-            throw InputError("a cell broadcast page, which 'qxpdu cell' shows");
-        ShowCellPage(input, console);
+            ShowRow(options.rows, RowOfCellPage(input, console), console);
+        else
+            ShowCellPage(input, console);
         return {};
     }
     show::Message message = ReadMessage(options, input, console);
@@ -203,15 +205,15 @@ Afterwards Convert(Joining& joining, const DecodeOptions& options, const Input& 
     }
     WarnOfText(options, message, options.join && IsPart(message), input, console);
     if (options.join)
-        return Join(joining, input,
+        return Join(earlier, input,
                     std::make_shared<const show::ComparedMessage>(Compared(std::move(message))), console);
     Show(options, input, Compared(std::move(message)), std::nullopt, console);
     return {};
 }
 
-void ShowIncomplete(Joining& joining, Console& console) {
-    while (const auto message = joining.concatenations.TakeOldest())
-        ShowJoined(joining.options, *message, console);
+void ShowIncomplete(EarlierMessages& earlier, Console& console) {
+    while (const auto message = earlier.concatenations.TakeOldest())
+        ShowJoined(earlier.options, *message, console);
 }
 
 } // namespace
@@ -254,14 +256,14 @@ void AddDecode(CLI::App& parent, Action& action) {
                                    [&](const Input& input, Console& console) {
                                        return ReadToRow(*options, input, console);
                                    });
-            Joining joining{*options};
+            EarlierMessages earlier{*options};
             streams.out << HeadingOf(options->rows);
             return ConvertStream(options->Settings(), streams,
                                  {LineKind::Transcript,
                                   [&](const Input& input, Console& console) {
-                                      return Convert(joining, *options, input, console);
+                                      return Convert(earlier, *options, input, console);
                                   },
-                                  [&joining](Console& console) { ShowIncomplete(joining, console); }});
+                                  [&earlier](Console& console) { ShowIncomplete(earlier, console); }});
         };
     });
 }

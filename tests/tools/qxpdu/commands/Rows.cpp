@@ -48,9 +48,19 @@ TEST(QxpduRows, CommandHasAReference) {
               "9\tSMS-COMMAND\t+1234\n");
 }
 
-TEST(QxpduRows, PageOfALogIsNoRow) {
-    EXPECT_EQ(Qxpdu({"decode", "--brief"}, AsLines({"+CBM: 11", tests::c_cellPage})),
-              (Outcome{1, "", "qxpdu: line 2: a cell broadcast page, which 'qxpdu cell' shows\n"}));
+TEST(QxpduRows, PageOfALogIsARowFromItsIdentifier) {
+    const std::string log = AsLines({"+CBM: 11", tests::c_cellPage});
+    EXPECT_EQ(Qxpdu({"decode", "--brief"}, log), (Outcome{0, "from 4370 Hello\n", ""}));
+    const std::vector<std::string> columns = {"decode", "--no-heading", "--columns",
+                                              "input,time,direction,type,address,part,text,data,octets"};
+    EXPECT_EQ(Qxpdu(columns, log).out,
+              "line 2\t\tto-mobile\tcell broadcast page\t4370\t\tHello\t\t403211120111C8329BFD06\n");
+    EXPECT_EQ(Qxpdu({"decode", "--brief"}, "+CBM: 11\n403211120123C8329BFD06\n"),
+              (Outcome{0, "from 4370 [2/3] Hello\n", ""}));
+    EXPECT_EQ(Qxpdu({"decode", "--brief"}, "+CBM: 10\n00100032481100480069\n").out, "from 50 00480069\n")
+        << "UCS2";
+    EXPECT_EQ(Qxpdu({"decode", "--brief"}, "+CBM: 5\n0010003248\n"),
+              (Outcome{1, "", "qxpdu: line 2: 5 octets, a page has 6 at least\n"}));
 }
 
 TEST(QxpduRows, ColumnsAreATableWithAHeading) {
