@@ -105,7 +105,7 @@ Row RowOf(const Message& message) {
     if (const Messages::UserData* userData = Messages::UserDataOf(tpdu)) {
         if (const auto& place = userData->concatenation; place && place->total > 1)
             row[Column::Part] = fmt::format("{}/{}", place->part, place->total);
-        if (IsData(message))
+        if (IsData(message.reading.tpdu))
             row[Column::Data] = Messages::ToHex(userData->Content());
         else
             row[Column::Text] = userData->text;
@@ -124,10 +124,8 @@ Row RowOf(const JoinedMessage& joined) {
     row[Column::Input] = fmt::format("{}", fmt::join(sources, ", "));
     if (!joined.content.gaps.empty())
         row[Column::Part] = fmt::format("{}/{}", fmt::join(numbers, ","), joined.total);
-    if (joined.content.IsData())
-        row[Column::Data] = Messages::ToHex(joined.content.data);
-    else
-        row[Column::Text] = joined.content.text;
+    row[Column::Text] = joined.content.text;
+    row[Column::Data] = Messages::ToHex(joined.content.data);
     return row;
 }
 

@@ -43,7 +43,7 @@ std::string TextWithGaps(const JoinedContent& content) {
     std::string text = content.text;
     // NOLINTNEXTLINE(modernize-loop-convert): clang++ 14 does not get along with libstdc++'s views
     for (auto gap = content.gaps.rbegin(); gap != content.gaps.rend(); ++gap) {
-        text.insert(ByteAt(text, gap->position),
+        text.insert(ByteAt(text, gap->characters),
                     fmt::format("[{} {} missing]", gap->missing.size() == 1 ? "part" : "parts",
                                 fmt::join(gap->missing, ", ")));
     }
@@ -63,14 +63,31 @@ const Messages::UserData& UserDataOf(const JoinedPart& part) {
     return *Messages::UserDataOf(part.message->message.reading.tpdu);
 }
 
-/// Whether half a character stands at that place of the part's text.
-bool HasHalfAt(const JoinedPart* part, std::size_t place) {
-    if (part == nullptr)
-        return false;
-    const auto& remarks = part->message->message.reading.remarks;
-    return std::any_of(remarks.begin(), remarks.end(), [place](const Messages::Remark& remark) {
-        return remark.code == Messages::RemarkCode::UnpairedSurrogate && remark.other == place;
-    });
+/// Half a character: a surrogate, by its first bits.
+enum class Half : std::uint32_t { High = 0xD800, Low = 0xDC00 };
+
+bool IsHalf(const Messages::Remark& remark, Half half, std::size_t place) {
+    return remark.code == Messages::RemarkCode::UnpairedSurrogate && remark.other == place &&
+           (remark.number & 0xFC00U) == static_cast<std::uint32_t>(half);
+}
+
+bool HasHalfAt(const JoinedPart& part, Half half, std::size_t place) {
+    const auto& remarks = part.message->message.reading.remarks;
+    return std::any_of(remarks.begin(), remarks.end(),
+                       [&](const Messages::Remark& remark) { return IsHalf(remark, half, place); });
+}
+
+std::size_t LastUnitOf(const JoinedPart& part) {
+    return UserDataOf(part).textUnits - 1U;
+}
+
+/// Whether the part goes on with septets of the same tables.
+bool GoesOn(const JoinedPart& part, const JoinedPart& after) {
+    const Messages::DataCoding* const coding = Messages::CodingOf(after.message->message.reading.tpdu);
+    const Messages::SeptetTables& tables = UserDataOf(part).tables;
+    const Messages::SeptetTables& others = UserDataOf(after).tables;
+    return (coding == nullptr || coding->CountsSeptets()) && UserDataOf(after).textUnits != 0 &&
+           tables.locking == others.locking && tables.single == others.single;
 }
 
 const JoinedPart* PartOf(const JoinedMessage& joined, int number) {
@@ -84,13 +101,11 @@ bool IsHealed(const JoinedMessage& joined, const JoinedPart& part, const Message
     const JoinedPart* const before = PartOf(joined, part.number - 1);
     const JoinedPart* const after = PartOf(joined, part.number + 1);
     if (remark.code == Messages::RemarkCode::EscapeAtEnd)
-        return after != nullptr;
-    if (remark.code != Messages::RemarkCode::UnpairedSurrogate)
-        return false;
-    const bool isFirst = remark.other == 0;
-    const bool isLast = remark.other + 1U == UserDataOf(part).textUnits;
-    return (isFirst && before != nullptr && HasHalfAt(before, UserDataOf(*before).textUnits - 1U)) ||
-           (isLast && HasHalfAt(after, 0));
+        return after != nullptr && GoesOn(part, *after);
+    return (before != nullptr && IsHalf(remark, Half::Low, 0) &&
+            HasHalfAt(*before, Half::High, LastUnitOf(*before))) ||
+           (after != nullptr && IsHalf(remark, Half::High, LastUnitOf(part)) &&
+            HasHalfAt(*after, Half::Low, 0));
 }
 
 std::vector<Messages::Remark> RemarksOn(const JoinedMessage& joined, const JoinedPart& part) {
@@ -122,6 +137,25 @@ std::size_t CharactersIn(std::string_view text) {
     }));
 }
 
+bool MayBeHealed(const Messages::Remark& remark) {
+    return remark.code == Messages::RemarkCode::EscapeAtEnd ||
+           remark.code == Messages::RemarkCode::UnpairedSurrogate;
+}
+
+std::vector<JoinedFlaw> FlawsOf(const JoinedMessage& joined) {
+    std::vector<JoinedFlaw> flaws;
+    if (const std::vector<int> missing = MissingOf(joined); !missing.empty())
+        flaws.push_back(
+            {joined.parts.front().source,
+             fmt::format("{} {} of {} {} missing", missing.size() == 1 ? "part" : "parts",
+                         fmt::join(missing, ", "), joined.total, missing.size() == 1 ? "is" : "are")});
+    for (const JoinedPart& part : joined.parts)
+        for (const Messages::Remark& remark : RemarksOn(joined, part))
+            if (ConcernsText(remark) && MayBeHealed(remark))
+                flaws.push_back({part.source, ToText(remark)});
+    return flaws;
+}
+
 std::string ToText(const JoinedMessage& joined) {
     const Message& first = FirstOf(joined);
     std::vector<std::string_view> sources;
@@ -135,10 +169,10 @@ std::string ToText(const JoinedMessage& joined) {
         time != nullptr && time->isValid)
         lines.push_back({"time", "", TimeOf(*time, first), {}});
     lines.push_back({"reference", "", fmt::format("{}", joined.reference), {}});
-    if (joined.content.IsData())
-        lines.push_back({"data", Messages::ToHex(joined.content.data), DataText(joined.content.data), {}});
-    else
+    if (joined.content.HasText())
         lines.push_back({"text", "", TextWithGaps(joined.content), {}});
+    if (!joined.content.data.empty())
+        lines.push_back({"data", Messages::ToHex(joined.content.data), DataText(joined.content.data), {}});
     lines.back().notes = NotesOf(joined);
     return Aligned(lines);
 }
@@ -173,16 +207,16 @@ void Write(const JoinedMessage& joined, JsonText& object) {
         object.Array("gaps", [&] {
             for (const Gap& gap : joined.content.gaps) {
                 object.Element([&] {
-                    object.Member("position", gap.position);
+                    object.Member("position", joined.content.HasText() ? gap.characters : gap.octets);
                     object.Numbers("parts_missing", gap.missing);
                 });
             }
         });
     }
-    if (joined.content.IsData())
-        object.Octets("data", joined.content.data);
-    else
+    if (joined.content.HasText())
         object.Member("text", std::string_view(joined.content.text));
+    if (!joined.content.data.empty())
+        object.Octets("data", joined.content.data);
 }
 
 } // namespace show

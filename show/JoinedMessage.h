@@ -16,21 +16,25 @@ namespace show {
 
 /// Where parts are missing.
 struct Gap {
-    std::size_t position;     ///< characters of the text, or octets of the data, before it
+    std::size_t characters;   ///< of the text before it
+    std::size_t octets;       ///< of the data before it
     std::vector<int> missing; ///< the numbers of the parts
 };
 
-/// What the parts say together: a text, or octets where they hold 8-bit data.
+/// What the parts say together: a text, octets of those that hold 8-bit data, or both.
 struct JoinedContent {
     std::string text;
     std::vector<std::uint8_t> data;
     std::vector<Gap> gaps; ///< in their order
 
-    bool IsData() const { return text.empty() && !data.empty(); }
+    bool HasText() const { return !text.empty() || data.empty(); }
 };
 
 /// Characters of a text in UTF-8.
 std::size_t CharactersIn(std::string_view text);
+
+/// Whether what the remark is about, at the end or the beginning of a part, may be whole in the message.
+bool MayBeHealed(const Messages::Remark& remark);
 
 struct JoinedPart {
     int number;         ///< from 1
@@ -48,6 +52,14 @@ struct JoinedMessage {
     std::vector<JoinedPart> parts; ///< those that have come, at least one
     JoinedContent content;
 };
+
+/// What is missing from the message though its parts by themselves do not say so, and the part, or the first
+/// one that has come.
+struct JoinedFlaw {
+    std::string source; ///< "line 3"
+    std::string words;
+};
+std::vector<JoinedFlaw> FlawsOf(const JoinedMessage& joined);
 
 /// For a person, lines as those of a message.
 std::string ToText(const JoinedMessage& joined);

@@ -257,10 +257,10 @@ std::string TimeOf(const Messages::Timestamp& time, const Message& message) {
     return text;
 }
 
-bool IsData(const Message& message) {
-    const Messages::DataCoding* coding = Messages::CodingOf(message.reading.tpdu);
+bool IsData(const Messages::Tpdu& tpdu) {
+    const Messages::DataCoding* coding = Messages::CodingOf(tpdu);
     if (coding == nullptr)
-        return message.reading.Type() == Messages::TpduType::Command;
+        return std::holds_alternative<Messages::Command>(tpdu);
     return coding->isCompressed || coding->alphabet == Messages::Alphabet::Data;
 }
 

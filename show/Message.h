@@ -78,7 +78,7 @@ std::string MeaningOf(const Messages::Address& address);
 std::string TimeOf(const Messages::Timestamp& time, const Message& message);
 
 /// Whether the user data are octets and no text: 8-bit data, and what is compressed.
-bool IsData(const Message& message);
+bool IsData(const Messages::Tpdu& tpdu);
 
 /// Such octets for a person: ASCII, and a point for what is none.
 std::string DataText(Messages::OctetView data);

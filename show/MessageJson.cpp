@@ -191,7 +191,9 @@ void WriteField(const MessageField& field, const Message& message, JsonText& obj
             object.Member("raw", message.octets[field.octet]);
         else
             object.Octets("raw", message.Octets(field.octet, field.count));
-        object.Member("meaning", std::string_view(OneLine(MeaningOf(field, message))));
+        const bool isHeader = std::holds_alternative<const Messages::UserData*>(field.value);
+        const std::string meaning = MeaningOf(field, message);
+        object.Member("meaning", std::string_view(isHeader ? OneLine(meaning) : meaning));
         std::visit(DetailWriter{field, message, object}, field.value);
     });
 }
@@ -216,7 +218,7 @@ void WriteUserData(const Message& message, const Messages::UserData& userData, J
         object.Member("locking_shift", Messages::NameOf(userData.tables.locking));
     if (userData.tables.single != Messages::Language::Default)
         object.Member("single_shift", Messages::NameOf(userData.tables.single));
-    if (IsData(message))
+    if (IsData(message.reading.tpdu))
         object.Octets("data", userData.Content());
     else
         object.Member("text", std::string_view(userData.text));

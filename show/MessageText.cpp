@@ -100,7 +100,7 @@ void AddText(const Message& message, Notes& notes, std::vector<Line>& lines) {
     if (userData->tables.single != Messages::Language::Default)
         lines.push_back({"single shift", "", std::string(Messages::NameOf(userData->tables.single)), {}});
     Line line{"text", "", userData->text, {}};
-    if (IsData(message)) {
+    if (IsData(message.reading.tpdu)) {
         const Messages::OctetView data = userData->Content();
         line = {"data", Messages::ToHex(data), DataText(data), {}};
     }

@@ -70,6 +70,12 @@ void ShowFault(const Input& input, const show::ComparedMessage& compared, Consol
 
 void ShowJoined(const DecodeOptions& options, const ConcatenatedMessage& message, Console& console) {
     const show::JoinedMessage joined = message.Joined();
+    for (const auto& [source, words] : show::FlawsOf(joined)) {
+        if (!console.WantsJsonLines())
+            options.isStrict ? console.Error(source, words) : console.Warning(source, words);
+        else if (options.isStrict)
+            console.Failed(); // the object says so
+    }
     if (options.rows.AreWanted())
         return ShowRow(options.rows, show::RowOf(joined), console);
     if (!console.WantsJson())

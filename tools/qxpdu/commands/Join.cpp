@@ -15,6 +15,7 @@ std::string DigitsOf(const std::string& address) {
 class Joiner {
 public:
     void Add(const PartContent& part) {
+        m_IsInGap = false;
         if (!m_Run.units.empty() && !m_Run.IsAlike(part))
             EndRun();
         if (m_Run.units.empty())
@@ -27,11 +28,10 @@ public:
     /// The part has not come.
     void Skip(int number) {
         EndRun();
-        const std::size_t position =
-            m_Content.IsData() ? m_Content.data.size() : show::CharactersIn(m_Content.text);
-        if (m_Content.gaps.empty() || m_Content.gaps.back().position != position)
-            m_Content.gaps.push_back({position, {}});
+        if (!m_IsInGap)
+            m_Content.gaps.push_back({show::CharactersIn(m_Content.text), m_Content.data.size(), {}});
         m_Content.gaps.back().missing.push_back(number);
+        m_IsInGap = true;
     }
 
     show::JoinedContent Finish() {
@@ -66,6 +66,7 @@ private:
 
     PartContent m_Run; ///< parts side by side
     show::JoinedContent m_Content;
+    bool m_IsInGap = false;
 };
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "commands/Parts.h"
 
+#include "show/Message.h"
+
 namespace qxpdu {
 
 bool PartContent::IsAlike(const PartContent& other) const {
@@ -15,13 +17,12 @@ PartContent ContentOf(const Messages::Tpdu& tpdu) {
     const Messages::UserData* const userData = Messages::UserDataOf(tpdu);
     if (userData == nullptr)
         return {};
-    const Messages::DataCoding* const given = Messages::CodingOf(tpdu);
-    const Messages::DataCoding coding = given != nullptr ? *given : Messages::DataCoding();
+    const Messages::DataCoding* const coding = Messages::CodingOf(tpdu);
     const Messages::OctetView octets = userData->Content();
-    if (!coding.CountsSeptets()) {
-        const Messages::Alphabet alphabet = coding.isCompressed ? Messages::Alphabet::Data : coding.alphabet;
-        return {alphabet, {}, {octets.begin(), octets.end()}};
-    }
+    if (show::IsData(tpdu))
+        return {Messages::Alphabet::Data, {}, {octets.begin(), octets.end()}};
+    if (coding != nullptr && coding->alphabet == Messages::Alphabet::Ucs2)
+        return {Messages::Alphabet::Ucs2, {}, {octets.begin(), octets.end()}};
     PartContent content{Messages::Alphabet::Gsm7, userData->tables, {}};
     content.units.resize(userData->textUnits);
     content.units.resize(

@@ -7,6 +7,7 @@
 #include "characters/Hexadecimal.h"
 #include "characters/InputError.h"
 #include "log/Pasted.h"
+#include "show/JoinedMessage.h"
 #include "show/MessageJson.h"
 #include "show/MessageText.h"
 
@@ -111,9 +112,7 @@ void ShowRecord(const show::Message& message, const Input& input, Console& conso
 void WarnOfText(const ReadingOptions& options, const show::Message& message, bool isPart, const Input& input,
                 Console& console) {
     for (const Messages::Remark& remark : message.reading.remarks) {
-        const bool mayBeHealed = remark.code == Messages::RemarkCode::EscapeAtEnd ||
-                                 remark.code == Messages::RemarkCode::UnpairedSurrogate;
-        if (!show::ConcernsText(remark) || (isPart && mayBeHealed))
+        if (!show::ConcernsText(remark) || (isPart && show::MayBeHealed(remark)))
             continue;
         if (options.isStrict)
             throw InputError(show::ToText(remark));

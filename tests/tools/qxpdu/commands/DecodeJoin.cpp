@@ -76,7 +76,9 @@ TEST(QxpduJoin, TextNamesThePartsAndWhereTheyCameFrom) {
             "   reference 6\n"
             "        text [part 1 missing]\xEF\xBF\xBD\n"
             "             ! line 3: TP-UD at octet 33: DE00 is half of a character, without the other half\n",
-            ""}));
+            "qxpdu: line 3: warning: part 1 of 2 is missing\n"
+            "qxpdu: line 3: warning: TP-UD at octet 33: DE00 is half of a character, without the other "
+            "half\n"}));
 }
 
 TEST(QxpduJoin, ReferencesOf8And16BitsAreDistinct) {
@@ -104,6 +106,121 @@ TEST(QxpduJoin, GapsSayWhereTheTextLacksParts) {
         HasLine(Qxpdu({"decode", "--join"}, input).out, "text [part 1 missing]Ж[parts 3, 4 missing]ж"));
 }
 
+/// A part with these octets after its header, in UCS2.
+std::string Ucs2Part(int number, int total, const std::string& octets) {
+    const auto pair = [](std::size_t value) { return tests::Hex({static_cast<unsigned char>(value)}); };
+    return "0791214365870921440B912143658709F1000821203121436580" + pair(6 + octets.size() / 2) + "0500030A" +
+           pair(static_cast<std::size_t>(total)) + pair(static_cast<std::size_t>(number)) + octets;
+}
+
+constexpr const char* c_hello =
+    "0791214365870921440B912143658709F10000212031214365800D0500030A0301906536FB0D02";
+constexpr const char* c_octets = "0791214365870921440B912143658709F1000421203121436580090500030A03020102FF";
+
+TEST(QxpduJoin, TextAndDataAreBothShown) {
+    const std::string input = AsLines({c_hello, c_octets, Ucs2Part(3, 3, "00E9D83DDE00")});
+    const auto object = Qxpdu({"decode", "--join", "--jsonl"}, input).Json();
+    EXPECT_EQ(object["text"], "Hello é😀");
+    EXPECT_EQ(object["data"], "0102FF");
+    const Outcome run = Qxpdu({"decode", "--join"}, input);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err, "");
+    EXPECT_TRUE(HasLine(run.out, "text Hello é😀"));
+    EXPECT_TRUE(HasLine(run.out, "data 0102FF: ..."));
+}
+
+TEST(QxpduJoin, GapBetweenDataAndTextIsAPlaceOfTheText) {
+    const auto object =
+        Qxpdu({"decode", "--join", "--jsonl"}, AsLines({c_octets, Ucs2Part(3, 3, "00E9")})).Json();
+    EXPECT_EQ(object["gaps"], nlohmann::json::parse(R"([{"position": 0, "parts_missing": [1]}])"));
+    const auto alone = Qxpdu({"decode", "--join", "--jsonl"}, AsLines({c_octets})).Json();
+    EXPECT_FALSE(alone.contains("text"));
+    EXPECT_EQ(alone["gaps"], nlohmann::json::parse(R"([{"position": 0, "parts_missing": [1]},
+                                                       {"position": 3, "parts_missing": [3]}])"));
+}
+
+TEST(QxpduJoin, DataOfACommandAreOctets) {
+    const std::string input = AsLines(
+        {"62070002050A9194515510320A05000305020101020304", "62070002050A91945155103208050003050202AABB"});
+    const auto object =
+        Qxpdu({"decode", "--smsc", "no", "--direction", "from-mobile", "--join", "--jsonl"}, input).Json();
+    EXPECT_EQ(object["type"], "SMS-COMMAND");
+    EXPECT_EQ(object["data"], "01020304AABB");
+    EXPECT_FALSE(object.contains("text"));
+}
+
+TEST(QxpduJoin, WhatNoOtherPartMakesWholeIsToldAndAnErrorWhereItIsStrict) {
+    const std::string escape = "0791214365870921440B912143658709F100002120312143658009050003"
+                               "0A0201C21B"; // a, escape
+    const struct {
+        const char* name;
+        std::vector<std::string> parts;
+        std::string text;
+        std::string where;
+        std::string told; ///< a warning, or an error where it is strict
+    } cases[] = {
+        {"two first halves",
+         {Ucs2Part(1, 2, "0061D83D"), Ucs2Part(2, 2, "D83D0062")},
+         "a\uFFFD\uFFFDb",
+         "line 1",
+         "TP-UD at octet 35: D83D is half of a character, without the other half\n"},
+        {"two second halves",
+         {Ucs2Part(1, 2, "0061DE00"), Ucs2Part(2, 2, "DE000062")},
+         "a\uFFFD\uFFFDb",
+         "line 2",
+         "TP-UD at octet 33: DE00 is half of a character, without the other half\n"},
+        {"an escape before UCS2",
+         {escape, Ucs2Part(2, 2, "00780079")},
+         "axy",
+         "line 1",
+         "TP-UD at octet 34: a lone escape ends the text\n"},
+        {"half a character at the end",
+         {Ucs2Part(1, 2, "0061"), Ucs2Part(2, 2, "0062D83D")},
+         "ab\uFFFD",
+         "line 2",
+         "TP-UD at octet 35: D83D is half of a character, without the other half\n"},
+        {"a part that is missing",
+         {Ucs2Part(1, 3, "0061"), Ucs2Part(3, 3, "0062")},
+         "ab",
+         "line 1",
+         "part 2 of 3 is missing\n"},
+        {"parts that are missing", {Ucs2Part(2, 3, "0061")}, "a", "line 1", "parts 1, 3 of 3 are missing\n"},
+    };
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.name);
+        const std::string input = AsLines(one.parts);
+        const Outcome mild = Qxpdu({"decode", "--join"}, input);
+        EXPECT_EQ(mild.status, 0);
+        EXPECT_NE(mild.err.find("qxpdu: " + one.where + ": warning: " + one.told), std::string::npos)
+            << mild.err;
+        const Outcome strict = Qxpdu({"decode", "--join", "--strict"}, input);
+        EXPECT_EQ(strict.status, 1);
+        EXPECT_NE(strict.err.find("qxpdu: " + one.where + ": " + one.told), std::string::npos) << strict.err;
+        EXPECT_EQ(strict.out, mild.out);
+        const Outcome lines = Qxpdu({"decode", "--join", "--jsonl"}, input);
+        EXPECT_EQ(lines.status, 0);
+        EXPECT_EQ(lines.err, "");
+        EXPECT_EQ(lines.Json()["text"], one.text);
+        EXPECT_EQ(Qxpdu({"decode", "--join", "--jsonl", "--strict"}, input).status, 1);
+    }
+}
+
+TEST(QxpduJoin, RemarksStayOnWhatIsNotHealed) {
+    const auto remarks = [](const std::vector<std::string>& parts) {
+        const auto object = Qxpdu({"decode", "--join", "--jsonl"}, AsLines(parts)).Json();
+        std::string codes;
+        for (const nlohmann::json& part : object["joined"])
+            for (const nlohmann::json& remark : part.value("remarks", nlohmann::json::array()))
+                codes +=
+                    std::to_string(part["part"].get<int>()) + ' ' + remark["code"].get<std::string>() + ';';
+        return codes;
+    };
+    EXPECT_EQ(remarks({Ucs2Part(1, 2, "0061D83D"), Ucs2Part(2, 2, "DE000062")}), "");
+    EXPECT_EQ(remarks({Ucs2Part(1, 2, "0061D83D"), Ucs2Part(2, 2, "D83D0062")}),
+              "1 unpaired-surrogate;2 unpaired-surrogate;");
+    EXPECT_EQ(remarks({c_escapePart, c_codePart}), "");
+}
+
 TEST(QxpduJoin, PartThatComesAgainIsADuplicateBeforeAndAfterCompletion) {
     const Outcome run =
         Qxpdu({"decode", "--join", "--jsonl"}, AsLines({c_escapePart, c_escapePart, c_codePart, c_codePart}));
@@ -113,7 +230,9 @@ TEST(QxpduJoin, PartThatComesAgainIsADuplicateBeforeAndAfterCompletion) {
     EXPECT_EQ(objects[1]["text"], "a€b");
     EXPECT_EQ(objects[2], (nlohmann::json{{"format", 2}, {"line", 4}, {"duplicate_of", "line 3"}}));
     EXPECT_EQ(Qxpdu({"decode", "--join"}, AsLines({c_escapePart, c_escapePart})).err,
-              "qxpdu: line 2: warning: part 1 of 2 has come before, in line 1\n");
+              "qxpdu: line 2: warning: part 1 of 2 has come before, in line 1\n"
+              "qxpdu: line 1: warning: part 2 of 2 is missing\n"
+              "qxpdu: line 1: warning: TP-UD at octet 34: a lone escape ends the text\n");
 }
 
 TEST(QxpduJoin, LaterMessageUnderTheSameReferenceIsWholeThoughItBeginsAlike) {
