@@ -4,6 +4,7 @@
 #include <array>
 #include <iterator>
 #include <span>
+#include <type_traits>
 
 #include <fmt/format.h>
 
@@ -203,20 +204,20 @@ public:
     const Messages::Address* Recipient() const { return m_Deliver == nullptr ? Party() : nullptr; }
     int Type() const { return TypeOf(m_Message.reading); }
     int ReplyPath() const {
-        return (m_Deliver != nullptr && m_Deliver->replyPath) || (m_Submit != nullptr && m_Submit->replyPath);
+        return NumberIn([](const auto& tpdu) -> decltype(tpdu.replyPath) { return tpdu.replyPath; });
     }
     int HasHeader() const { return m_UserData != nullptr && HeaderIndicator() != 0; }
-    int StatusReportRequest() const { return m_Submit != nullptr && m_Submit->statusReportRequest; }
+    int StatusReportRequest() const {
+        return NumberIn(
+            [](const auto& tpdu) -> decltype(tpdu.statusReportRequest) { return tpdu.statusReportRequest; });
+    }
     int ValidityFormat() const { return m_Submit != nullptr ? FormatOf(m_Submit->validity) : 0; }
     int RejectDuplicates() const { return m_Submit != nullptr && m_Submit->rejectDuplicates; }
     int Reference() const {
-        return m_Submit != nullptr ? m_Submit->reference : m_Report != nullptr ? m_Report->reference : 0;
+        return NumberIn([](const auto& tpdu) -> decltype(tpdu.reference) { return tpdu.reference; });
     }
     int Protocol() const {
-        return m_Deliver != nullptr  ? m_Deliver->protocol
-               : m_Submit != nullptr ? m_Submit->protocol
-               : m_Report != nullptr ? m_Report->protocol.value_or(0)
-                                     : 0;
+        return NumberIn([](const auto& tpdu) -> decltype(tpdu.protocol) { return tpdu.protocol; });
     }
     int Coding() const { return m_Coding != nullptr ? m_Coding->value : 0; }
     int ValidityPeriod() const {
@@ -247,9 +248,9 @@ public:
     bool IsText(const std::wstring& text) const {
         if (m_UserData == nullptr)
             return text.empty();
-        const bool isData =
-            m_Coding != nullptr && m_Coding->alphabet == Messages::Alphabet::Data && !m_Coding->isCompressed;
-        return isData ? IsSame(text, m_UserData->Content()) : IsSame(text, m_UserData->text);
+        const bool isCompressed = m_Coding != nullptr && m_Coding->isCompressed;
+        return IsData(m_Message.reading.tpdu) && !isCompressed ? IsSame(text, m_UserData->Content())
+                                                               : IsSame(text, m_UserData->text);
     }
     Messages::Concatenation Concatenation() const {
         const bool hasOne = m_UserData != nullptr && m_UserData->concatenation.has_value();
@@ -258,6 +259,21 @@ public:
     bool IsZoneIgnored() const { return m_Message.isZoneIgnored; }
 
 private:
+    /// A member that types of TPDU have in common; 0 where this one lacks it.
+    template <class Member>
+    int NumberIn(Member member) const {
+        return std::visit(
+            [&](const auto& tpdu) -> int {
+                if constexpr (!std::is_invocable_v<Member, decltype(tpdu)>)
+                    return 0;
+                else if constexpr (std::is_convertible_v<decltype(member(tpdu)), int>)
+                    return member(tpdu);
+                else
+                    return member(tpdu).value_or(0);
+            },
+            m_Message.reading.tpdu);
+    }
+
     unsigned int HeaderIndicator() const {
         for (const Messages::FieldPlace& place : m_Message.reading.places) {
             if (place.field == Field::UserDataHeaderIndicator)

@@ -99,6 +99,21 @@ TEST(Comparison, OtherTypesAreNoneOfTheRecords) {
               "m_SmsType 0");
 }
 
+TEST(Comparison, WhatACommandHasInCommonWithTheRecordIsCompared) {
+    // The host reads an SMS-STATUS-REPORT: an address of length 0, then times out of what is left.
+    EXPECT_EQ(DifferencesOf(
+                  Read("22CD00022A0A9194515510320A01020304050607080910", Messages::Direction::FromMobile)),
+              "m_Recipient \"\"; m_NumberNpi 0: NPI_UNKNOWN; m_NumberTon 1: TON_UNKNOWN; "
+              "m_SmsType 3: TP_MTI_SMS_STATUS_REPORT; m_StatusReport 0; m_UserDataLength 0; "
+              "m_Status 18: ST_UNKNOWN; m_Text \"\"");
+}
+
+TEST(Comparison, ProtocolOfAReportIsCompared) {
+    EXPECT_NE(
+        DifferencesOf(Read("01DC010000000000000055", Messages::Direction::ToMobile)).find("m_ProtocolId 0"),
+        std::string::npos);
+}
+
 TEST(Comparison, IgnoredZonesDoNotDiffer) {
     Message message = Read("0404812143000021203121436522" + c_hello);
     message.isZoneIgnored = true;
