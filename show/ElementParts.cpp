@@ -51,7 +51,7 @@ Parts FormattingParts(OctetView data) {
                    {"characters", 1, formatting->length},
                    {"style", 1, data[2], {}, TextFormattingBits(data[2])}};
     if (formatting->colour)
-        parts.push_back({"colour", 1, *formatting->colour});
+        parts.push_back({"colour", 1, *formatting->colour, {}, ColourBits(*formatting->colour)});
     return parts;
 }
 

@@ -31,11 +31,11 @@ std::string Spaced(Messages::OctetView octets) {
     return text;
 }
 
-/// Octets of bits are shown as they are, other numbers in decimal, texts in quotes.
+/// Octets of bits and identifiers are shown as they are, other numbers in decimal, texts in quotes.
 void AppendValue(const OctetRow& row, std::string& line) {
     if (const int* number = std::get_if<int>(&row.value)) {
-        line += !row.bits.empty() && !row.isCount ? fmt::format(" 0x{:02X}", *number)
-                                                  : ' ' + std::to_string(*number);
+        const bool isAsItIs = row.isIdentifier || (!row.bits.empty() && !row.isCount);
+        line += isAsItIs ? fmt::format(" 0x{:02X}", *number) : ' ' + std::to_string(*number);
     } else if (const auto* text = std::get_if<std::string>(&row.value)) {
         line += ' ';
         line += Printable(*text);

@@ -1,5 +1,6 @@
 #include "show/OctetBits.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 
@@ -125,8 +126,12 @@ std::vector<OctetBits> ParameterIndicatorBits(unsigned int octet) {
 }
 
 std::vector<OctetBits> SpecialMessageBits(unsigned int octet) {
+    constexpr std::array<std::string_view, 4> c_profiles = {"profile 1", "profile 2", "profile 3",
+                                                            "profile 4"};
+    constexpr std::array<std::string_view, 3> c_extended = {"none", "video", "reserved"};
     return {BitsIn(octet, 0x80, "storage", (octet & 0x80) != 0 ? "store" : "discard"),
-            BitsIn(octet, 0x60, "profile", ""), BitsIn(octet, 0x1C, "extended kind", ""),
+            BitsIn(octet, 0x60, "profile", c_profiles[octet >> 5 & 3]),
+            BitsIn(octet, 0x1C, "extended kind", c_extended[std::min(octet >> 2 & 7, 2U)]),
             BitsIn(octet, 0x03, "kind", Messages::NameOf(static_cast<Messages::WaitingType>(octet & 0x03)))};
 }
 
@@ -150,6 +155,10 @@ std::vector<OctetBits> TextFormattingBits(unsigned int octet) {
             BitsIn(octet, 0x10, "bold", OnOff(octet, 0x10)),
             BitsIn(octet, 0x0C, "size", c_sizes[octet >> 2 & 3]),
             BitsIn(octet, 0x03, "alignment", c_alignments[octet & 3])};
+}
+
+std::vector<OctetBits> ColourBits(unsigned int octet) {
+    return {BitsIn(octet, 0xF0, "background", ""), BitsIn(octet, 0x0F, "foreground", "")};
 }
 
 std::vector<OctetBits> ObjectDistributionBits(unsigned int octet) {

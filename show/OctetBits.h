@@ -35,6 +35,7 @@ std::vector<OctetBits> ParameterIndicatorBits(unsigned int octet);
 std::vector<OctetBits> SpecialMessageBits(unsigned int octet);
 std::vector<OctetBits> ServiceCentreControlBits(unsigned int octet);
 std::vector<OctetBits> TextFormattingBits(unsigned int octet);
+std::vector<OctetBits> ColourBits(unsigned int octet);
 std::vector<OctetBits> ObjectDistributionBits(unsigned int octet);
 
 } // namespace show

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <optional>
 
 #include <fmt/format.h>
 
@@ -81,6 +82,7 @@ public:
             if (place.octet < End() && !IsFlag(place.field))
                 continue; // fill bits, which stand in the row of the user data
             MapPlace(place);
+            m_Mapped = place.field;
         }
         AddRest();
         return std::move(m_Rows);
@@ -109,6 +111,7 @@ private:
     const Messages::Address* AddressOf(Field field) const;
     void AddTime(Field field, const Timestamp& time);
     void AddValidity(const FieldPlace& place);
+    void AddParameterIndicator(const FieldPlace& place);
     void AddElement(const FieldPlace& place);
     void AddContent(const FieldPlace& place);
     void AddUserData(const FieldPlace& place);
@@ -120,7 +123,8 @@ private:
 
     const Message& m_Message;
     std::vector<OctetRow> m_Rows;
-    std::uint8_t m_Element = 0; ///< identifier of the last one
+    std::uint8_t m_Element = 0;                   ///< identifier of the last one
+    std::optional<Field> m_Mapped = std::nullopt; ///< the last one
 };
 
 void Mapper::MapPlace(const FieldPlace& place) {
@@ -142,6 +146,8 @@ void Mapper::MapPlace(const FieldPlace& place) {
         return AddTime(place.field, std::get<Messages::StatusReport>(Tpdu()).discharge);
     case Field::ValidityPeriod:
         return AddValidity(place);
+    case Field::ParameterIndicator:
+        return AddParameterIndicator(place);
     case Field::HeaderElement:
         return AddElement(place);
     case Field::FillBits:
@@ -186,7 +192,8 @@ void Mapper::AddAddress(const FieldPlace& place) {
         row.bits = TypeOfAddressBits(m_Message.octets[place.octet]);
     } else {
         const Messages::Address* const address = AddressOf(place.field);
-        const bool isText = address != nullptr && address->IsAlphanumeric();
+        const bool isText =
+            place.field != Field::ServiceCentre && address != nullptr && address->IsAlphanumeric();
         OctetRow& row = Add(place.field, place.count, isText ? "text" : "digits");
         if (isText)
             row.value = QuotedText{address->text};
@@ -236,17 +243,30 @@ void Mapper::AddValidity(const FieldPlace& place) {
     OctetRow& indicator = AddNumber(place.field, "indicator");
     indicator.bits = EnhancedValidityBits(validity.octets[0]);
     indicator.meaning = Messages::MeaningOf(validity);
-    const std::uint32_t used = c_octets[validity.octets[0] & 0x07];
+    const bool isExtended = (validity.octets[0] & 0x80) != 0;
+    const std::uint32_t used = isExtended ? 0 : c_octets[validity.octets[0] & 0x07];
     if (used > 0)
         Add(place.field, used, "period");
     if (place.count > 1 + used)
-        Add(place.field, place.count - 1 - used, "unused");
+        Add(place.field, place.count - 1 - used, isExtended ? "extension" : "unused");
+}
+
+/// The first octet announces fields, those after it nothing that is known.
+void Mapper::AddParameterIndicator(const FieldPlace& place) {
+    if (m_Mapped == place.field) {
+        AddNumber(place.field, "extension").meaning = "reserved";
+        return;
+    }
+    AddOctet(place);
+    m_Rows.back().bits = ParameterIndicatorBits(m_Message.octets[place.octet]);
 }
 
 void Mapper::AddElement(const FieldPlace& place) {
     if (place.piece == Piece::Identifier) {
         m_Element = m_Message.octets[place.octet];
-        AddNumber(place.field, "element").meaning = Messages::NameOfElement(m_Element);
+        OctetRow& row = AddNumber(place.field, "element");
+        row.meaning = Messages::NameOfElement(m_Element);
+        row.isIdentifier = true;
     } else if (place.piece == Piece::Length) {
         OctetRow& row = AddNumber(place.field, "element length");
         row.meaning = Counted(m_Message.octets[place.octet], "octet");
@@ -275,7 +295,7 @@ void Mapper::AddUserData(const FieldPlace& place) {
     const Messages::UserData* const userData = Messages::UserDataOf(Tpdu());
     const Messages::DataCoding* const coding = Messages::CodingOf(Tpdu());
     const Messages::DataCoding assumed;
-    if (userData == nullptr || IsData(m_Message))
+    if (userData == nullptr || IsData(Tpdu()))
         return AddData(place);
     if ((coding != nullptr ? *coding : assumed).alphabet == Messages::Alphabet::Ucs2)
         AddUnits(place);
@@ -347,9 +367,6 @@ void Mapper::AddOctet(const FieldPlace& place) {
         return;
     case Field::ProtocolIdentifier:
         row.bits = ProtocolBits(octet);
-        break;
-    case Field::ParameterIndicator:
-        row.bits = ParameterIndicatorBits(octet);
         break;
     default:
         break;

@@ -27,6 +27,7 @@ struct OctetRow {
     std::string meaning = {};         ///< may be empty
     std::vector<OctetBits> bits = {}; ///< of the first octet; empty where that is a number
     bool isCount = false;             ///< the number is one, though it is made of bits
+    bool isIdentifier = false;        ///< the number is none, though it is not made of bits
 };
 
 } // namespace show

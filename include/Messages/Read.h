@@ -76,7 +76,8 @@ struct MESSAGES_API Reading {
 /// is thrown.
 MESSAGES_API Reading Read(OctetView pdu, const ReadOptions& options = {});
 
-/// The same into a reading that was used before, whose memory is used again.
+/// The same into a reading that was used before, whose memory is used again. REQUIRES that `pdu` is no part
+/// of it.
 MESSAGES_API void Read(OctetView pdu, const ReadOptions& options, Reading& reading);
 
 /// Told of each field, remark and fault as it is met. Nothing is kept, and nothing is allocated.

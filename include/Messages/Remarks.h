@@ -119,10 +119,10 @@ enum class RemarkCode : std::uint8_t {
                           ///< text
     HeaderOverrun,        ///< number: octets that the last element lacks; the header is ignored
     HeaderLeftOver,       ///< number: octets after the last element that are none; the header is ignored
-    ElementRepeated,      ///< number: the identifier of an element that may stand once; the last one holds
-    ElementsExclusive,    ///< number, other: identifiers that exclude each other; the last one holds
-    ElementLength,        ///< number: the identifier; other: the length, which its kind does not have
-    ReservedElement,      ///< number: an identifier that is reserved
+    ElementRepeated,   ///< number: the identifier of an element that may stand once; the last valid one holds
+    ElementsExclusive, ///< number, other: identifiers that exclude each other; the last valid one holds
+    ElementLength,     ///< number: the identifier; other: the length, which its kind does not have
+    ReservedElement,   ///< number: an identifier that is reserved
     ConcatenationInvalid, ///< number: the part; other: the total. The element is ignored
     UnknownLanguage,      ///< number: the language; other: the identifier of the element, which is ignored
     // text

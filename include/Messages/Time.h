@@ -19,13 +19,14 @@ struct MESSAGES_API Timestamp {
     /// Whether the octets are a time. Otherwise the members below are 0: a part is out of range, or all
     /// octets are 0.
     bool isValid = false;
-    std::uint16_t year = 0;   ///< 2000 to 2099
-    std::uint8_t month = 0;   ///< 1 to 12
-    std::uint8_t day = 0;     ///< 1 to 31, as the month has them
-    std::uint8_t hour = 0;    ///< 0 to 23
-    std::uint8_t minute = 0;  ///< 0 to 59
-    std::uint8_t second = 0;  ///< 0 to 59
-    std::int8_t quarters = 0; ///< the zone: quarters of an hour east of UTC; below 0, west of it
+    std::uint16_t year = 0;  ///< 2000 to 2099
+    std::uint8_t month = 0;  ///< 1 to 12
+    std::uint8_t day = 0;    ///< 1 to 31, as the month has them
+    std::uint8_t hour = 0;   ///< 0 to 23
+    std::uint8_t minute = 0; ///< 0 to 59
+    std::uint8_t second = 0; ///< 0 to 59
+    std::int8_t quarters =
+        0; ///< the zone: quarters of an hour east of UTC; below 0, west of it. As read, -85 to 85
 
     /// ISO 8601, "2012-02-13T12:34:56+05:30"; empty where it is no time.
     std::string ToString() const;

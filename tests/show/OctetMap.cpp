@@ -61,6 +61,31 @@ TEST(OctetMap, HasEveryOctetOnceAndAgreesWithTheReadingOnEveryFlippedBit) {
     }
 }
 
+/// "field part: meaning" of each row, without the octets' bits.
+std::string RowsOf(const std::string& pdu, Messages::Direction direction, std::string_view field) {
+    const Message message = Read(tests::Octets(pdu), Messages::Presence::No, direction);
+    std::string all;
+    for (const OctetRow& row : show::MapOctets(message)) {
+        if (row.field == field)
+            all += std::to_string(row.octet) + ' ' + std::string(row.part) + ": " + row.meaning + '\n';
+    }
+    return all;
+}
+
+TEST(OctetMap, SecondOctetOfTheParameterIndicatorAnnouncesNothing) {
+    EXPECT_EQ(RowsOf("06050A9194515510326230415190624062304151906240008007", Messages::Direction::ToMobile,
+                     "TP-PI"),
+              "24 : nothing announced\n25 extension: reserved\n");
+}
+
+TEST(OctetMap, ValidityWithAnotherIndicatorHasNoPeriod) {
+    const std::string submit = "0907049121430000";
+    EXPECT_EQ(RowsOf(submit + "C310325400000000", Messages::Direction::FromMobile, "TP-VP"),
+              "8 indicator: enhanced, no period, single shot\n9 extension: \n");
+    EXPECT_EQ(RowsOf(submit + "4310325400000000", Messages::Direction::FromMobile, "TP-VP"),
+              "8 indicator: enhanced, 1 hour 23 minutes 45 seconds, single shot\n9 period: \n12 unused: \n");
+}
+
 TEST(OctetMap, HasEveryOctetOnceAndAgreesWithTheReadingOnRandomOctets) {
     const unsigned int seed = std::random_device{}();
     std::mt19937 random(seed);

@@ -93,10 +93,10 @@ INSTANTIATE_TEST_SUITE_P(
         RemarkCase{Of(RemarkCode::HeaderNotCounted, 6, 7), "header-not-counted",
                    "TP-UDL announces 6 septets, and the header with its fill bits takes 7"},
         RemarkCase{Of(RemarkCode::ElementRepeated, 0x08), "element-repeated",
-                   "element 08 (concatenation, 16-bit reference) may stand once; the last one holds"},
+                   "element 08 (concatenation, 16-bit reference) may stand once; the last valid one holds"},
         RemarkCase{Of(RemarkCode::ElementsExclusive, 0x05, 0x04), "elements-exclusive",
                    "element 05 (application ports, 16-bit) excludes 04 (application ports, 8-bit); the last "
-                   "one holds"},
+                   "valid one holds"},
         RemarkCase{Of(RemarkCode::ElementLength, 0x00, 2), "element-length",
                    "element 00 (concatenation, 8-bit reference) has 2 octets, which its kind does not have"},
         RemarkCase{Of(RemarkCode::ReservedElement, 0x02), "reserved-element", "element 02 is reserved"},

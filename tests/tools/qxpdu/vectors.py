@@ -77,10 +77,6 @@ def expect_element(shown, said, expect):
     for key, value in said.items():
         if key in ("iei", "octet", "octets", "control"):
             continue  # the last one is shown bit by bit
-        if key in ("foreground", "background"):
-            colour = value_of(shown["colour"])
-            expect(key, colour & 0x0F if key == "foreground" else colour >> 4, value)
-            continue
         if key == "address":
             expect("reply address", {name: value_of(shown["address"][name]) for name in address_of(value)},
                    address_of(value))

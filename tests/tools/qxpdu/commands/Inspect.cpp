@@ -65,44 +65,45 @@ TEST(QxpduInspect, DeliverIsShownOctetByOctet) {
 TEST(QxpduInspect, PartOfAMessageShowsItsHeaderAndItsFillBit) {
     // Seven septets of header with the fill bit, then "Hello w", whose second to seventh septet end with
     // octets.
-    EXPECT_EQ(Qxpdu({"inspect", "--no-smsc", "41FF0491214300000E0500032A0302906536FB0DBA03"}),
-              (Outcome{0,
-                       "     0  41                       first octet 0x41\n"
-                       "        0... ....                  TP-RP 0: no reply path\n"
-                       "        .1.. ....                  TP-UDHI 1: user-data header\n"
-                       "        ..0. ....                  TP-SRR 0: no status report requested\n"
-                       "        ...0 0...                  TP-VPF 0: no validity period\n"
-                       "        .... .0..                  TP-RD 0: duplicates accepted\n"
-                       "        .... ..01                  TP-MTI 1: SMS-SUBMIT\n"
-                       "     1  FF                       TP-MR 255\n"
-                       "     2  04                       TP-DA length 4: 4 semi-octets\n"
-                       "     3  91                       TP-DA type 0x91\n"
-                       "        1... ....                  extension 1: none\n"
-                       "        .001 ....                  type of number 1: international\n"
-                       "        .... 0001                  numbering plan 1: ISDN or telephone (E.164)\n"
-                       "     4  21 43                    TP-DA digits +1234\n"
-                       "     6  00                       TP-PID 0x00: mobile to mobile\n"
-                       "        00.. ....                  group 0: by the next bit\n"
-                       "        ..0. ....                  interworking 0: none\n"
-                       "        ...0 0000                  protocol 0\n"
-                       "     7  00                       TP-DCS 0x00: GSM 7-bit\n"
-                       "        00.. ....                  group 0: general data coding\n"
-                       "        ..0. ....                  compression 0: none\n"
-                       "        ...0 ....                  class 0: none\n"
-                       "        .... 00..                  alphabet 0: GSM 7-bit\n"
-                       "        .... ..00                  without meaning 0\n"
-                       "     8  0E                       TP-UDL 14: 14 septets\n"
-                       "     9  05                       TP-UDH length 5: 5 octets\n"
-                       "    10  00                       TP-UDH element 0: concatenation, 8-bit reference\n"
-                       "    11  03                       TP-UDH element length 3: 3 octets\n"
-                       "    12  2A                       TP-UDH reference 42\n"
-                       "    13  03                       TP-UDH total 3\n"
-                       "    14  02                       TP-UDH part 2\n"
-                       "    15  90                       TP-UD \"H\"\n"
-                       "        1001 000.                  septets 72\n"
-                       "        .... ...0                  fill bits 0\n"
-                       "    16  65 36 FB 0D BA 03        TP-UD \"ello w\"\n",
-                       ""}));
+    EXPECT_EQ(
+        Qxpdu({"inspect", "--no-smsc", "41FF0491214300000E0500032A0302906536FB0DBA03"}),
+        (Outcome{0,
+                 "     0  41                       first octet 0x41\n"
+                 "        0... ....                  TP-RP 0: no reply path\n"
+                 "        .1.. ....                  TP-UDHI 1: user-data header\n"
+                 "        ..0. ....                  TP-SRR 0: no status report requested\n"
+                 "        ...0 0...                  TP-VPF 0: no validity period\n"
+                 "        .... .0..                  TP-RD 0: duplicates accepted\n"
+                 "        .... ..01                  TP-MTI 1: SMS-SUBMIT\n"
+                 "     1  FF                       TP-MR 255\n"
+                 "     2  04                       TP-DA length 4: 4 semi-octets\n"
+                 "     3  91                       TP-DA type 0x91\n"
+                 "        1... ....                  extension 1: none\n"
+                 "        .001 ....                  type of number 1: international\n"
+                 "        .... 0001                  numbering plan 1: ISDN or telephone (E.164)\n"
+                 "     4  21 43                    TP-DA digits +1234\n"
+                 "     6  00                       TP-PID 0x00: mobile to mobile\n"
+                 "        00.. ....                  group 0: by the next bit\n"
+                 "        ..0. ....                  interworking 0: none\n"
+                 "        ...0 0000                  protocol 0\n"
+                 "     7  00                       TP-DCS 0x00: GSM 7-bit\n"
+                 "        00.. ....                  group 0: general data coding\n"
+                 "        ..0. ....                  compression 0: none\n"
+                 "        ...0 ....                  class 0: none\n"
+                 "        .... 00..                  alphabet 0: GSM 7-bit\n"
+                 "        .... ..00                  without meaning 0\n"
+                 "     8  0E                       TP-UDL 14: 14 septets\n"
+                 "     9  05                       TP-UDH length 5: 5 octets\n"
+                 "    10  00                       TP-UDH element 0x00: concatenation, 8-bit reference\n"
+                 "    11  03                       TP-UDH element length 3: 3 octets\n"
+                 "    12  2A                       TP-UDH reference 42\n"
+                 "    13  03                       TP-UDH total 3\n"
+                 "    14  02                       TP-UDH part 2\n"
+                 "    15  90                       TP-UD \"H\"\n"
+                 "        1001 000.                  septets 72\n"
+                 "        .... ...0                  fill bits 0\n"
+                 "    16  65 36 FB 0D BA 03        TP-UD \"ello w\"\n",
+                 ""}));
 }
 
 TEST(QxpduInspect, BrokenPduIsShownAsFarAsItGoes) {
@@ -225,10 +226,12 @@ TEST(QxpduInspect, ElementsOfTheHeaderAreShownByTheirParts) {
         {"06080412340301", {"TP-UDH reference 4660", "TP-UDH total 3", "TP-UDH part 1"}},
         {"040102C205",
          {"TP-UDH message kind 0xC2", "1... ....                  storage 1: store",
-          ".10. ....                  profile 2", "...0 00..                  extended kind 0",
-          ".... ..10                  kind 2: e-mail", "TP-UDH message count 5"}},
+          ".10. ....                  profile 2: profile 3",
+          "...0 00..                  extended kind 0: none", ".... ..10                  kind 2: e-mail",
+          "TP-UDH message count 5"}},
         {"0401021F01",
-         {"0... ....                  storage 0: discard", "...1 11..                  extended kind 7",
+         {"0... ....                  storage 0: discard",
+          "...1 11..                  extended kind 7: reserved",
           ".... ..11                  kind 3: other"}},
         {"0404022301", {"TP-UDH destination port 35: reserved", "TP-UDH originator port 1: reserved"}},
         {"0605040B8423F0",
@@ -248,7 +251,9 @@ TEST(QxpduInspect, ElementsOfTheHeaderAreShownByTheirParts) {
           "1... ....                  strikethrough 1: on", ".0.. ....                  underlined 0: off",
           "..1. ....                  italic 1: on", "...0 ....                  bold 0: off",
           ".... 01..                  size 1: large", ".... ..10                  alignment 2: right"}},
-        {"060A0402043907", {"TP-UDH style 0x39", "TP-UDH colour 7"}},
+        {"060A0402043907",
+         {"TP-UDH style 0x39", "TP-UDH colour 0x07", "0000 ....                  background 0",
+          ".... 0111                  foreground 7"}},
         {"03240101", {"TP-UDH language 1: Turkish"}},
         {"0325010D", {"TP-UDH language 13: Urdu"}},
         {"0325010E", {"TP-UDH language 14: reserved"}},
