@@ -9,9 +9,7 @@ namespace qxpdu {
 
 namespace {
 
-constexpr std::size_t c_longWord = 16;     ///< digits that no date, number or address in a log has
-constexpr std::size_t c_mostWords = 4096;  ///< that are looked at in a line
-constexpr std::size_t c_mostDigits = 2048; ///< that are put together of them
+constexpr std::size_t c_longWord = 16; ///< digits that no date, number or address in a log has
 constexpr std::string_view c_blanks = " \t";
 
 bool IsArrow(char character) {
@@ -20,6 +18,10 @@ bool IsArrow(char character) {
 
 bool IsBlank(char character) {
     return c_blanks.find(character) != std::string_view::npos;
+}
+
+std::size_t SkipBlanks(std::string_view text, std::size_t at) {
+    return std::min(text.find_first_not_of(c_blanks, at), text.size());
 }
 
 /// Letters and digits, or blanks, or what arrows are drawn of, count as one; other characters by themselves.
@@ -54,7 +56,7 @@ struct Word {
 std::vector<Word> WordsOf(std::string_view text) {
     constexpr std::string_view c_hexMark = "0X";
     std::vector<Word> words;
-    for (std::size_t at = 0; at < text.size() && words.size() < c_mostWords;) {
+    for (std::size_t at = 0; at < text.size();) {
         if (!IsAlphanumeric(text[at])) {
             ++at;
             continue;
@@ -69,31 +71,88 @@ std::vector<Word> WordsOf(std::string_view text) {
     return words;
 }
 
-/// Whether the digits of one PDU may be parted so.
-bool IsSeparator(std::string_view between) {
-    constexpr std::string_view c_separators = " \t:-,;'\"";
-    constexpr std::size_t c_widest = 4;
-    return between.size() <= c_widest && between.find_first_not_of(c_separators) == std::string_view::npos;
-}
-
+/// What stands between two words.
 std::string_view Between(std::string_view text, const Word& before, const Word& after) {
     return text.substr(before.end, after.begin - before.end);
 }
 
-/// Words, beginning with any, that make the PDU whole.
-std::string FindWhole(std::string_view text, const std::vector<Word>& words, const IsWhole& isWhole) {
-    for (std::size_t first = 0; first < words.size(); ++first) {
-        std::string digits;
-        for (std::size_t i = first; i < words.size() && words[i].isHex && digits.size() <= c_mostDigits;
-             ++i) {
-            if (i > first && !IsSeparator(Between(text, words[i - 1], words[i])))
-                break;
-            digits += words[i].text;
-            if (isWhole(digits))
-                return digits;
+bool AreBlanks(std::string_view between) {
+    return between.find_first_not_of(c_blanks) == std::string_view::npos;
+}
+
+/// Whether the digits of one PDU may be parted so.
+bool IsSeparator(std::string_view between) {
+    constexpr std::string_view c_separators = " \t:-,;'\"";
+    constexpr std::size_t c_widest = 4;
+    return AreBlanks(between) ||
+           (between.size() <= c_widest && between.find_first_not_of(c_separators) == std::string_view::npos);
+}
+
+/// Words of digits that follow each other with nothing but separators between them.
+struct Run {
+    std::string digits;
+    std::vector<bool> isBound; ///< for each digit whether a word begins with it; true after the last one
+
+    void Add(std::string_view word) {
+        digits += word;
+        isBound.resize(digits.size());
+        isBound.push_back(true);
+    }
+};
+
+std::vector<Run> RunsOf(std::string_view text, const std::vector<Word>& words) {
+    std::vector<Run> runs;
+    const Word* before = nullptr;
+    for (const Word& word : words) {
+        if (word.isHex) {
+            if (before == nullptr || !IsSeparator(Between(text, *before, word)))
+                runs.push_back({{}, {true}});
+            runs.back().Add(word.text);
+        }
+        before = word.isHex ? &word : nullptr;
+    }
+    return runs;
+}
+
+/// Words, beginning with any, that complete the PDU and make it sound. Of the few lines in which more than
+/// these have the right length, the rest is not tried.
+std::string FindSound(const std::vector<Run>& runs, const AwaitedPdu& pdu) {
+    constexpr unsigned int c_mostTries = 16;
+    unsigned int tries = 0;
+    for (const Run& run : runs) {
+        for (std::size_t begin = 0; begin < run.digits.size(); ++begin) {
+            if (!run.isBound[begin])
+                continue;
+            const std::string_view rest = std::string_view(run.digits).substr(begin);
+            for (const std::size_t size : pdu.Lacking(rest)) {
+                if (size == 0 || size > rest.size() || !run.isBound[begin + size])
+                    continue;
+                if (pdu.IsPage() || pdu.IsSound(rest.substr(0, size)))
+                    return std::string(rest.substr(0, size));
+                if (++tries == c_mostTries)
+                    return {};
+            }
         }
     }
     return {};
+}
+
+/// Whether digits are parted as one program would do it: by blanks, wherever, or into octets by something
+/// else that is the same throughout. Of octets so parted a time has too few.
+bool IsPartedAlike(std::string_view text, const std::vector<Word>& words) {
+    constexpr std::size_t c_octet = 2;
+    const auto areAllParted = [&](const auto& isParted) {
+        return std::adjacent_find(words.begin(), words.end(), [&](const Word& before, const Word& after) {
+                   return !isParted(Between(text, before, after));
+               }) == words.end();
+    };
+    if (areAllParted(AreBlanks))
+        return true;
+    const std::string_view first = Between(text, words[0], words[1]);
+    return words.size() >= c_longWord / c_octet &&
+           std::all_of(words.begin(), words.end(),
+                       [](const Word& word) { return word.text.size() == c_octet; }) &&
+           areAllParted([first](std::string_view between) { return between == first; });
 }
 
 std::string Joined(const std::vector<Word>& words) {
@@ -103,16 +162,17 @@ std::string Joined(const std::vector<Word>& words) {
     return digits;
 }
 
-/// Nothing but digits, with no more than blanks between them unless they are too many for a time.
-bool IsPlain(std::string_view text, const std::vector<Word>& words) {
-    if (words.empty() ||
-        !std::all_of(words.begin(), words.end(), [](const Word& word) { return word.isHex; }))
-        return false;
-    if (words.size() == c_mostWords || Joined(words).size() >= c_longWord)
-        return true;
-    return std::adjacent_find(words.begin(), words.end(), [text](const Word& before, const Word& after) {
-               return Between(text, before, after).find_first_not_of(c_blanks) != std::string_view::npos;
-           }) == words.end();
+/// The digits of a text that is nothing else; empty where it says something else, a time for one.
+std::string PlainDigits(std::string_view text, const std::vector<Word>& words) {
+    const bool areHex = std::all_of(words.begin(), words.end(), [](const Word& word) { return word.isHex; });
+    return areHex && IsPartedAlike(text, words) ? Joined(words) : std::string();
+}
+
+/// Those of the text before the first bracket or quotation mark after a digit.
+std::string PlainHead(std::string_view text, const std::vector<Word>& words) {
+    const std::size_t end = text.find_first_of("'\"()[]{}|", words[0].end);
+    const std::string_view head = text.substr(0, end);
+    return end == std::string_view::npos ? std::string() : PlainDigits(head, WordsOf(head));
 }
 
 std::string Longest(const std::vector<Word>& words) {
@@ -129,6 +189,11 @@ std::string Longest(const std::vector<Word>& words) {
 std::optional<std::size_t> EndOfPrefix(std::string_view text, std::string_view prefix) {
     std::size_t at = 0;
     for (std::size_t of = 0; of < prefix.size();) {
+        if (const std::size_t number = SkipBlanks(prefix, of);
+            number < prefix.size() && IsDecimal(prefix[number])) {
+            of = number;
+            at = SkipBlanks(text, at);
+        }
         if (at == text.size() || ClassOf(text[at]) != ClassOf(prefix[of]))
             return std::nullopt;
         const std::size_t end = EndOfClass(prefix, of);
@@ -142,21 +207,20 @@ std::optional<std::size_t> EndOfPrefix(std::string_view text, std::string_view p
     return at;
 }
 
-std::string DigitsIn(std::string_view text, Beside beside, const IsWhole& isWhole) {
+std::string DigitsIn(std::string_view text, Beside beside, const AwaitedPdu& pdu) {
     const std::vector<Word> words = WordsOf(text);
     if (words.empty())
         return {};
-    if (std::string digits = FindWhole(text, words, isWhole); !digits.empty())
-        return digits;
-    if (beside == Beside::Nothing) {
-        if (IsPlain(text, words))
-            return Joined(words);
-        const std::size_t quote = text.find_first_of("'\"", words[0].end);
-        const std::string_view head = text.substr(0, quote);
-        if (const std::vector<Word> first = WordsOf(head);
-            quote != std::string_view::npos && IsPlain(head, first))
-            return Joined(first);
-    }
+    std::string plain = PlainDigits(text, words);
+    const bool isLine = beside == Beside::Nothing && !plain.empty();
+    if (pdu.IsComplete(plain) || (isLine && !pdu.IsTooLong(plain)))
+        return plain;
+    if (std::string sound = FindSound(RunsOf(text, words), pdu); !sound.empty())
+        return sound;
+    if (isLine)
+        return plain;
+    if (std::string head = PlainHead(text, words); beside == Beside::Nothing && !head.empty())
+        return head;
     return Longest(words);
 }
 

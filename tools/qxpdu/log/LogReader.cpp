@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "Messages/Octets.h"
 #include "characters/Letters.h"
 #include "log/Digits.h"
 #include "log/Printed.h"
@@ -12,49 +11,8 @@ namespace qxpdu {
 
 namespace {
 
-constexpr std::size_t c_digitsInOctet = 2;
-constexpr std::size_t c_mostDigits = 2048; ///< of a PDU, whatever is announced
 constexpr unsigned int c_mostStrangers = 16;
 constexpr char c_comment = '#';
-
-/// Whether these digits can stand for themselves: a PDU with or without a service centre.
-bool IsSound(const std::string& digits, const Heading& heading) {
-    if (heading.kind == Heading::Kind::Page)
-        return false;
-    std::vector<std::uint8_t> octets;
-    if (!Messages::FromHex(digits, octets))
-        return false;
-    Messages::ReadOptions options;
-    options.direction = heading.direction;
-    return Messages::Read(octets, options).IsSound();
-}
-
-/// Octets of a TPDU and of the service centre before it, as the first octet tells; nothing where that is
-/// none.
-std::optional<std::size_t> WithServiceCentre(const std::string& digits, std::size_t length) {
-    constexpr std::size_t c_longest = 12; // the type, and 20 digits with one octet more than anybody sends
-    std::vector<std::uint8_t> first;
-    if (!Messages::FromHex(digits.substr(0, c_digitsInOctet), first) || first.empty() || first[0] > c_longest)
-        return std::nullopt;
-    return length + 1 + first[0];
-}
-
-/// Whether a PDU has the length that is announced.
-bool IsComplete(const std::string& digits, const Heading& heading) {
-    if (digits.size() % c_digitsInOctet != 0 || !heading.length)
-        return false;
-    const std::size_t octets = digits.size() / c_digitsInOctet;
-    if (octets != *heading.length)
-        return heading.kind == Heading::Kind::Tpdu && octets == WithServiceCentre(digits, *heading.length);
-    return heading.kind != Heading::Kind::Tpdu || IsSound(digits, heading);
-}
-
-bool IsOverlong(const std::string& digits, const Heading& heading) {
-    const std::size_t announced = heading.length.value_or(0);
-    return digits.size() >= c_mostDigits ||
-           digits.size() / c_digitsInOctet >
-               std::max(announced, WithServiceCentre(digits, announced).value_or(0));
-}
 
 bool HasAlphanumeric(std::string_view text) {
     return std::any_of(text.begin(), text.end(), IsAlphanumeric);
@@ -97,7 +55,7 @@ void LogReader::Take(std::string line, std::size_t number) {
 
 void LogReader::Release() {
     GiveList();
-    if (m_Open && IsSound(m_Open->digits, m_Open->heading))
+    if (m_Open && m_Open->pdu.IsSound())
         End();
 }
 
@@ -160,12 +118,18 @@ void LogReader::ReadSaid(std::string_view said) {
         at = mark->end;
         Begin(std::move(*mark), said.substr(0, mark->begin));
     }
-    if (at == 0 && !m_Typed.empty() && EndsAnswer(said))
-        m_Typed.clear();
+    const std::string_view rest = at > 0 ? said.substr(at) : WithoutPrefix(said);
     if (at > 0)
-        ReadBeside(said.substr(at), true);
+        ReadBeside(rest, true);
     else if (m_Open)
-        ReadRest(said);
+        ReadRest(rest);
+    if (EndsAnswer(rest))
+        m_Typed.clear();
+}
+
+/// Without what a program writes before each line, where it begins with that.
+std::string_view LogReader::WithoutPrefix(std::string_view said) const {
+    return said.substr(EndOfPrefix(said, m_Prefix).value_or(0));
 }
 
 /// What stands in a line beside a heading: strings of a list, or columns, each with a line in it. Before the
@@ -178,15 +142,13 @@ void LogReader::ReadBeside(std::string_view text, bool isAfterHeading) {
         if (isAfterHeading && EndsAnswer(piece))
             End();
         else if (HasAlphanumeric(piece))
-            Gather(piece, isAfterHeading && !m_Open->digits.empty());
+            Gather(piece, isAfterHeading && !m_Open->pdu.IsEmpty());
         text.remove_prefix(std::min(bound + 1, text.size()));
     }
 }
 
 /// A line without a heading, while one waits for its PDU.
 void LogReader::ReadRest(std::string_view text) {
-    if (const auto end = EndOfPrefix(text, m_Open->prefix))
-        text.remove_prefix(*end);
     if (!HasAlphanumeric(text) || IsUnasked(text))
         return;
     if (EndsAnswer(text)) {
@@ -195,26 +157,24 @@ void LogReader::ReadRest(std::string_view text) {
     }
     if (Gather(text, true))
         return;
-    if (IsSound(m_Open->digits, m_Open->heading) || ++m_Open->strangers > c_mostStrangers)
+    if (m_Open->pdu.IsSound() || ++m_Open->strangers > c_mostStrangers)
         End();
 }
 
 /// Takes digits that belong to the open heading; false where there are none.
 bool LogReader::Gather(std::string_view text, bool isWholeLine) {
     Open& open = *m_Open;
-    const auto isWhole = [&open](const std::string& digits) {
-        return IsComplete(open.digits + digits, open.heading);
-    };
-    const std::string digits = DigitsIn(text, isWholeLine ? Beside::Nothing : Beside::Words, isWhole);
+    AwaitedPdu& pdu = open.pdu;
+    const std::string digits = DigitsIn(text, isWholeLine ? Beside::Nothing : Beside::Words, pdu);
     if (digits.empty())
         return false;
     m_HasEntry = true;
-    if (open.digits.empty())
+    if (pdu.IsEmpty())
         open.line = m_Number;
-    open.digits += digits;
+    pdu.Add(digits);
     open.strangers = 0;
     const bool isTyped = text.find(c_endOfTyping) != std::string_view::npos;
-    if (isTyped || IsComplete(open.digits, open.heading) || IsOverlong(open.digits, open.heading))
+    if (isTyped || pdu.IsFull() || pdu.IsComplete() || (pdu.IsTooLong() && pdu.IsSound()))
         End();
     return true;
 }
@@ -224,7 +184,7 @@ void LogReader::Begin(Mark mark, std::string_view prefix) {
     if (mark.kind == Mark::Kind::Notice)
         return;
     const Heading& heading = mark.heading;
-    const bool isEcho = m_Open && m_Open->digits.empty() && heading.isTyped &&
+    const bool isEcho = m_Open && m_Open->pdu.IsEmpty() && heading.isTyped &&
                         heading.name == m_Open->heading.name && heading.length == m_Open->heading.length;
     if (!isEcho)
         End();
@@ -234,7 +194,9 @@ void LogReader::Begin(Mark mark, std::string_view prefix) {
     mark.heading.line = m_Number;
     if (heading.kind == Heading::Kind::Reference)
         return GiveReference(std::move(mark.heading));
-    m_Open = Open{std::move(mark.heading), std::string(prefix), {}, m_Number};
+    m_Prefix = prefix;
+    AwaitedPdu pdu(heading);
+    m_Open = Open{std::move(mark.heading), std::move(pdu), m_Number};
 }
 
 /// The reference goes to the message that was sent last; a report that stands beside it is an entry of its
@@ -257,15 +219,16 @@ void LogReader::End() {
     if (!m_Open)
         return;
     Open open = *std::exchange(m_Open, std::nullopt);
+    const std::string& digits = open.pdu.Digits();
     if (open.heading.isTyped) {
-        if (open.digits.empty() || open.digits == m_Typed)
+        if (digits.empty() || digits == m_Typed)
             return;
-        m_Typed = open.digits;
+        m_Typed = digits;
     }
     if (open.heading.isSent)
         m_SentLine = open.line;
-    const std::size_t line = open.digits.empty() ? open.heading.line : open.line;
-    m_Entries.push_back({line, std::move(open.digits), std::move(open.heading)});
+    const std::size_t line = digits.empty() ? open.heading.line : open.line;
+    m_Entries.push_back({line, digits, std::move(open.heading)});
 }
 
 bool HasHeading(std::string_view text) {

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "log/AwaitedPdu.h"
 #include "log/Headings.h"
 
 namespace qxpdu {
@@ -65,14 +66,14 @@ private:
     /// A heading that waits for its PDU.
     struct Open {
         Heading heading;
-        std::string prefix;         ///< what stands before the heading
-        std::string digits;         ///< that have come
-        std::size_t line = 0;       ///< of the first of them
-        unsigned int strangers = 0; ///< lines since the last of them that say something else
+        AwaitedPdu pdu;
+        std::size_t line = 0;       ///< of its first digits
+        unsigned int strangers = 0; ///< lines since its last digits that say something else
     };
 
     void ReadLogLine(std::string_view printed, std::size_t number);
     void ReadSaid(std::string_view said);
+    std::string_view WithoutPrefix(std::string_view said) const;
     void ReadRest(std::string_view text);
     void ReadBeside(std::string_view text, bool isAfterHeading);
     bool Gather(std::string_view text, bool isWholeLine);
@@ -87,6 +88,7 @@ private:
     std::deque<Line> m_Held; ///< before it is known whether this is a log
     std::size_t m_HeldBytes = 0;
     std::optional<Open> m_Open;
+    std::string m_Prefix;       ///< what a program wrote before the last heading
     std::size_t m_Number = 0;   ///< of the line that is being read
     bool m_HasEntry = false;    ///< in this line
     bool m_HasTextMode = false; ///< in this line

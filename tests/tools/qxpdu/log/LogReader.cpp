@@ -137,4 +137,71 @@ TEST(LogReader, LinesOfAModemMakeALog) {
     }
 }
 
+std::vector<std::string> TextsIn(const std::string& log) {
+    std::vector<std::string> texts;
+    for (const qxpdu::LogEntry& entry : ReadLog(log).entries)
+        texts.push_back(entry.text);
+    return texts;
+}
+
+TEST(LogReader, LineOfOctetsIsTakenWholeHoweverItIsParted) {
+    const std::string good = "0791214365870921040B912143658709F10008423010214365000800"
+                             "47006F006F0064";
+    EXPECT_EQ(TextsIn("+CMT: ,27\n07 91 21 43\n65 87 09 21\n04 0B 91 21\n43 65 87 09\nF1 00 08 42\n"
+                      "30 10 21 43\n65 00 08 00\n47 00 6F 00\n6F 00 64\n"),
+              std::vector<std::string>{good});
+    EXPECT_EQ(TextsIn("+CMT: ,27\n079 121 436 587\n092 104 0B9 121\n436 587 09F 100\n084 230 102 143\n"
+                      "650 008 004 700\n6F0 06F 006 4\n"),
+              std::vector<std::string>{good});
+    EXPECT_EQ(TextsIn("+CMT: ,27\n07:91:21:43:65:87:09:21\n04:0B:91:21:43:65:87:09\nF1:00:08:42:30:10:21:43\n"
+                      "65:00:08:00:47:00:6F:00\n6F:00:64\n"),
+              std::vector<std::string>{good});
+}
+
+TEST(LogReader, WordsAreLeftOutOnlyWhereThereAreTooManyAndTheRestIsSound) {
+    EXPECT_EQ(TextsIn("+CMT: ,24\n12 07 91 2143658709 21040B912143658709F100002120312143658005C8329BFD06\n"),
+              std::vector<std::string>{c_hello});
+    EXPECT_EQ(
+        TextsIn("+CMT: ,24\n2026 rx 07 912143658709 21040B912143658709F100002120312143658005C8329BFD06 64\n"),
+        std::vector<std::string>{c_hello});
+    EXPECT_EQ(TextsIn("+CMT: ,4\nFF 00 11 22 33 44 55 66 77\n"),
+              std::vector<std::string>{"FF0011223344556677"});
+}
+
+TEST(LogReader, WhatStandsAfterAPieceIsNoneOfIt) {
+    const std::string first = std::string(c_hello).substr(0, 40);
+    const std::string rest = std::string(c_hello).substr(40);
+    for (const auto& [before, after] : {std::pair("rx: ", " (40)"), std::pair("rx ('", "', 40)"),
+                                        std::pair("{\"rx\": \"", "\", \"d\": 3}"), std::pair("[", "] 40")}) {
+        EXPECT_EQ(TextsIn(before + std::string("+CMT: ,24") + after + '\n' + before + first + after + '\n' +
+                          before + rest + after + '\n'),
+                  std::vector<std::string>{c_hello})
+            << before;
+    }
+}
+
+TEST(LogReader, BlanksThatPadANumberOfThePrefixMayChange) {
+    const std::string hello = c_hello;
+    EXPECT_EQ(TextsIn("[ 9999.9] +CMT: ,24\n[ 9999.9] " + hello.substr(0, 56) + "\n[10000.0] " +
+                      hello.substr(56) + '\n'),
+              std::vector<std::string>{c_hello});
+    EXPECT_EQ(TextsIn("D/AT (12345): +CMT: ,24\nD/AT ( 1234): " + hello.substr(0, 10) +
+                      "\nD/AT (12345): " + hello.substr(10) + '\n'),
+              std::vector<std::string>{c_hello});
+}
+
+TEST(LogReader, WrappedPduOfATooSmallLengthIsReadUntilItIsSound) {
+    const std::string hello = c_hello;
+    EXPECT_EQ(TextsIn("+CMGL: 1,1,,8\n" + hello.substr(0, 20) + '\n' + hello.substr(20, 20) + '\n' +
+                      hello.substr(40, 20) + '\n' + hello.substr(60) + "\nOK\n"),
+              std::vector<std::string>{c_hello});
+}
+
+TEST(LogReader, LengthThatNoPduHasCostsNoMoreThanItsLine) {
+    std::string digits;
+    for (int i = 0; i < 1 << 19; ++i)
+        digits += "A ";
+    EXPECT_EQ(TextsIn("+CMT: ,9999\n" + digits + '\n'), std::vector<std::string>{std::string(1U << 19, 'A')});
+}
+
 } // namespace

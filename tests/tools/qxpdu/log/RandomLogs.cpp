@@ -25,6 +25,8 @@ public:
         m_LineEnd = OneOf<const char*>({"\n", "\r\n", "\r\r\n"});
         m_Prefix = Below(std::size(c_prefixes));
         m_Strings = Below(4);
+        m_Group = OneOf<std::size_t>({0, 0, 1, 2, 3, 4, 8});
+        m_SaysWidth = m_Group == 0 && Below(4) == 0;
         std::string log;
         for (std::size_t left = 1 + Below(4); left > 0; --left) {
             log += Chatter();
@@ -118,8 +120,22 @@ private:
                         Wrapped(pdu.digits, [](const std::string& piece) { return piece + "\\r\\n"; }) + "'");
         default:
             return Line(heading) +
-                   Wrapped(pdu.digits, [this](const std::string& piece) { return Line(piece); }) + Line("OK");
+                   Wrapped(pdu.digits, [this](const std::string& piece) { return Line(Piece(piece)); }) +
+                   Line("OK");
         }
+    }
+
+    /// The digits as a program prints them: in groups, or with their number after them.
+    std::string Piece(const std::string& digits) const {
+        if (m_SaysWidth)
+            return fmt::format("{} ({})", digits, digits.size());
+        std::string piece;
+        for (std::size_t at = 0; at < digits.size(); ++at) {
+            if (m_Group != 0 && at != 0 && at % m_Group == 0)
+                piece += ' ';
+            piece += digits[at];
+        }
+        return piece;
     }
 
     std::string Wrapped(const std::string& digits,
@@ -135,6 +151,8 @@ private:
     std::string m_LineEnd;
     std::size_t m_Prefix = 0;
     std::size_t m_Strings = 0;
+    std::size_t m_Group = 0; ///< digits after which a blank stands; 0 where none does
+    bool m_SaysWidth = false;
     std::vector<std::string> m_Digits;
 };
 
