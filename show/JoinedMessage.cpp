@@ -98,6 +98,8 @@ const JoinedPart* PartOf(const JoinedMessage& joined, int number) {
 
 /// Whether a character that the part lacks the rest of is whole in the message.
 bool IsHealed(const JoinedMessage& joined, const JoinedPart& part, const Messages::Remark& remark) {
+    if (!MayBeHealed(remark))
+        return false;
     const JoinedPart* const before = PartOf(joined, part.number - 1);
     const JoinedPart* const after = PartOf(joined, part.number + 1);
     if (remark.code == Messages::RemarkCode::EscapeAtEnd)
@@ -138,8 +140,9 @@ std::size_t CharactersIn(std::string_view text) {
 }
 
 bool MayBeHealed(const Messages::Remark& remark) {
-    return remark.code == Messages::RemarkCode::EscapeAtEnd ||
-           remark.code == Messages::RemarkCode::UnpairedSurrogate;
+    return remark.field == Messages::Field::UserData &&
+           (remark.code == Messages::RemarkCode::EscapeAtEnd ||
+            remark.code == Messages::RemarkCode::UnpairedSurrogate);
 }
 
 std::vector<JoinedFlaw> FlawsOf(const JoinedMessage& joined) {
@@ -151,7 +154,7 @@ std::vector<JoinedFlaw> FlawsOf(const JoinedMessage& joined) {
                          fmt::join(missing, ", "), joined.total, missing.size() == 1 ? "is" : "are")});
     for (const JoinedPart& part : joined.parts)
         for (const Messages::Remark& remark : RemarksOn(joined, part))
-            if (ConcernsText(remark) && MayBeHealed(remark))
+            if (MayBeHealed(remark))
                 flaws.push_back({part.source, ToText(remark)});
     return flaws;
 }

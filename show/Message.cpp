@@ -277,11 +277,12 @@ bool ConcernsText(const Messages::Remark& remark) {
     case RemarkCode::Compressed:
     case RemarkCode::HeaderMissing:
     case RemarkCode::HeaderBeyondUserData:
+        return true;
     case RemarkCode::EscapeAtEnd:
     case RemarkCode::NoCharacter:
     case RemarkCode::UnpairedSurrogate:
     case RemarkCode::OddOctet:
-        return true;
+        return remark.field == Field::UserData; // and not the name of who sent it
     default:
         return false;
     }

@@ -205,6 +205,20 @@ TEST(QxpduJoin, WhatNoOtherPartMakesWholeIsToldAndAnErrorWhereItIsStrict) {
     }
 }
 
+TEST(QxpduJoin, EscapeAtTheEndOfANameIsNotOfTheText) {
+    const auto part = [](const std::string& number) { // from A and an escape, with half of "ab"
+        return "004404D0C10D00086230415190624008050003"
+               "0A02" +
+               number + "006" + number.substr(1);
+    };
+    const Outcome run = Qxpdu({"decode", "--join", "--strict", "--jsonl"}, AsLines({part("01"), part("02")}));
+    EXPECT_EQ(run.status, 0) << run.out;
+    const auto object = run.Json();
+    EXPECT_EQ(object["text"], "ab");
+    for (const nlohmann::json& one : object["joined"])
+        EXPECT_EQ(one["remarks"][0]["code"], "escape-at-end");
+}
+
 TEST(QxpduJoin, RemarksStayOnWhatIsNotHealed) {
     const auto remarks = [](const std::vector<std::string>& parts) {
         const auto object = Qxpdu({"decode", "--join", "--jsonl"}, AsLines(parts)).Json();
