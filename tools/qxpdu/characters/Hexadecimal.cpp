@@ -47,6 +47,9 @@ constexpr std::array<std::string_view, 25> c_beside = {" ",
 /// What may stand between octets, but not inside one: "7:91" might be two octets or three digits.
 constexpr std::array<std::string_view, 8> c_between = {",", ";", ":", "-", "0x", "0X", "\\x", "\\X"};
 
+/// What parts all octets or none: a time or a date may stand before them.
+constexpr std::string_view c_marks = ":-";
+
 /// What begins a string of octets in a program, before its quotation mark.
 constexpr std::string_view c_stringMarks = "bBxX";
 
@@ -89,6 +92,7 @@ public:
             throw InputError("no hexadecimal digits");
         if (m_Digits.size() % 2 != 0)
             throw InputError(fmt::format("odd number of hexadecimal digits, {}", m_Digits.size()));
+        CheckMarks();
         return std::move(m_Digits);
     }
 
@@ -106,18 +110,39 @@ private:
 
     void ReadNext() {
         if (IsHexDigit(m_Text[m_At]) && (m_InRun || LengthOfAny(Rest(), c_between) == 0)) {
+            if (!m_InRun)
+                BeginRun();
             m_Digits += m_Text[m_At++];
-            m_InRun = true;
+            m_LongestRun = std::max(m_LongestRun, m_Digits.size() - m_RunBegin);
             return;
         }
         m_InRun = false;
         const std::size_t between = LengthOfAny(Rest(), c_between);
         if (between != 0 && m_Digits.size() % 2 != 0)
             Refuse("stands inside an octet");
+        m_IsMarked = m_IsMarked || c_marks.find(m_Text[m_At]) != std::string_view::npos;
+        m_IsLineEnd = m_IsLineEnd || m_Text[m_At] == '\n';
         const std::size_t length = between != 0 ? between : LengthOfAny(Rest(), c_beside);
         if (length == 0)
             Refuse("is no hexadecimal digit");
         m_At += length;
+    }
+
+    void BeginRun() {
+        if (m_Runs++ > 0 && m_IsMarked)
+            ++m_MarkedGaps;
+        else if (m_Runs > 1 && m_IsLineEnd)
+            ++m_LineEnds;
+        m_InRun = true;
+        m_IsMarked = m_IsLineEnd = false;
+        m_RunBegin = m_Digits.size();
+    }
+
+    /// A time before the digits is none of them.
+    void CheckMarks() const {
+        constexpr std::size_t c_octet = 2;
+        if (m_MarkedGaps > 0 && (m_LongestRun > c_octet || m_MarkedGaps + m_LineEnds + 1 != m_Runs))
+            throw InputError("colons or hyphens stand between some of the octets, but not all");
     }
 
     [[noreturn]] void Refuse(std::string_view why) const {
@@ -126,7 +151,14 @@ private:
 
     std::string_view m_Text;
     std::size_t m_At = 0;
-    bool m_InRun = false; ///< a digit stands right before
+    bool m_InRun = false;         ///< a digit stands right before
+    std::size_t m_RunBegin = 0;   ///< in the digits
+    std::size_t m_LongestRun = 0; ///< digits
+    std::size_t m_Runs = 0;
+    std::size_t m_MarkedGaps = 0; ///< between two runs
+    std::size_t m_LineEnds = 0;   ///< between two runs without a mark
+    bool m_IsMarked = false;      ///< since the last run
+    bool m_IsLineEnd = false;     ///< since the last run
     std::string m_Digits;
 };
 

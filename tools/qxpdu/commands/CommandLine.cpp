@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <new>
+#include <sstream>
 
 #include "commands/Commands.h"
 #include "commands/Help.h"
@@ -72,6 +73,17 @@ std::vector<std::string> WithHelpAsOption(std::vector<std::string> arguments) {
     return arguments;
 }
 
+/// Returns the exit status.
+int WriteText(std::string text, const Streams& streams) {
+    if (text.ends_with('\n'))
+        text.pop_back();
+    Console console(Format::Text);
+    console.Line(text);
+    Writer writer(streams, Format::Text, true);
+    writer.Write(console);
+    return writer.Finish();
+}
+
 } // namespace
 
 int RunTool(const std::vector<std::string>& given, const Streams& streams) {
@@ -98,8 +110,9 @@ int RunTool(const std::vector<std::string>& given, const Streams& streams) {
         tool.parse(std::move(lastFirst));
         return action(streams);
     } catch (const CLI::Success& asked) { // --help, --version
-        tool.exit(asked, streams.out, streams.err);
-        return Writer(streams, Format::Text, false).Finish();
+        std::ostringstream text;
+        tool.exit(asked, text, streams.err);
+        return WriteText(text.str(), streams);
     } catch (const CLI::ParseError& error) {
         std::string message = NoCommandIn(arguments, tool);
         if (message.empty())

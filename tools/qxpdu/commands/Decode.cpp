@@ -186,6 +186,7 @@ show::Row ReadToRow(const DecodeOptions& options, const Input& input, Console& c
     if (message.reading.fault)
         throw InputError(show::ToText(*message.reading.fault));
     WarnOfText(options, message, false, input, console);
+    WarnOfSurplus(message, input, console);
     return show::RowOf(message);
 }
 
@@ -210,6 +211,8 @@ Afterwards Convert(EarlierMessages& earlier, const DecodeOptions& options, const
         return {};
     }
     WarnOfText(options, message, options.join && IsPart(message), input, console);
+    if (options.rows.AreWanted())
+        WarnOfSurplus(message, input, console);
     if (options.join)
         return Join(earlier, input,
                     std::make_shared<const show::ComparedMessage>(Compared(std::move(message))), console);

@@ -109,6 +109,13 @@ void ShowRecord(const show::Message& message, const Input& input, Console& conso
         console.Error(NameOf(input), "rejected by libQX_Encoding");
 }
 
+void WarnOfSurplus(const show::Message& message, const Input& input, Console& console) {
+    for (const Messages::Remark& remark : message.reading.remarks) {
+        if (remark.code == Messages::RemarkCode::SurplusOctets)
+            console.Warning(NameOf(input), show::ToText(remark));
+    }
+}
+
 void WarnOfText(const ReadingOptions& options, const show::Message& message, bool isPart, const Input& input,
                 Console& console) {
     for (const Messages::Remark& remark : message.reading.remarks) {

@@ -30,6 +30,9 @@ show::Message ReadMessage(const ReadingOptions& options, const Input& input, Con
 /// Shows the record of libQX_Encoding.
 void ShowRecord(const show::Message& message, const Input& input, Console& console);
 
+/// Of octets after the PDU, where no remarks are shown.
+void WarnOfSurplus(const show::Message& message, const Input& input, Console& console);
+
 /// Of what concerns the text: warnings, or an InputError where the user is strict. In JSON Lines the remarks
 /// of the object say so. Characters that a part of a message has half of are left to the joined message.
 void WarnOfText(const ReadingOptions& options, const show::Message& message, bool isPart, const Input& input,

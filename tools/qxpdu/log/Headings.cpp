@@ -299,6 +299,16 @@ bool IsAnyOf(std::string_view text, std::span<const std::string_view> words) {
     });
 }
 
+/// Whether it is one of these words with no other after it, but for a number: "CONNECT 9600".
+bool IsOnlyAnyOf(std::string_view text, std::span<const std::string_view> words) {
+    return std::any_of(words.begin(), words.end(), [text](std::string_view word) {
+        return BeginsWith(text, word) &&
+               std::none_of(text.begin() + word.size(), text.end(), [](char character) {
+                   return IsAlphanumeric(character) && !IsDecimal(character);
+               });
+    });
+}
+
 /// "AT", "ATE0", "ATD…", "AT+CSQ"; "ATTACHED" is none.
 bool IsCommand(std::string_view text) {
     if (!BeginsWith(text, c_command) || text.find(' ') != std::string_view::npos)
@@ -376,11 +386,18 @@ bool IsUnasked(std::string_view line) {
     return IsNamed(said) || IsAnyOf(said, c_unasked);
 }
 
+bool IsComment(std::string_view line) {
+    line.remove_prefix(SkipBlanks(line, 0));
+    return line.starts_with("//") || (line.starts_with('#') && !IsNamed(line));
+}
+
 bool IsOfModem(std::string_view line) {
+    if (IsComment(line))
+        return false;
     if (FindMark(line, 0) || HasCommand(line))
         return true;
     const std::string_view said = Said(line);
-    return IsAnyOf(said, c_answers) || IsCommand(said) || IsUnasked(line);
+    return IsOnlyAnyOf(said, c_answers) || IsOnlyAnyOf(said, c_unasked) || IsCommand(said) || IsNamed(said);
 }
 
 } // namespace qxpdu

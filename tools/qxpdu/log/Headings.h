@@ -56,6 +56,9 @@ bool EndsAnswer(std::string_view line);
 /// Whether a modem says so unasked, between a heading and its PDU even.
 bool IsUnasked(std::string_view line);
 
+/// Whether somebody wrote the line beside the PDUs: "# " or "//" begins it. "#CREG: 1" is of a modem.
+bool IsComment(std::string_view line);
+
 /// Whether only a modem, or who talks to one, writes so.
 bool IsOfModem(std::string_view line);
 

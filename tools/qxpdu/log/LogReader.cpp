@@ -1,6 +1,7 @@
 #include "log/LogReader.h"
 
 #include <algorithm>
+#include <sstream>
 #include <utility>
 
 #include "characters/Letters.h"
@@ -12,7 +13,7 @@ namespace qxpdu {
 namespace {
 
 constexpr unsigned int c_mostStrangers = 16;
-constexpr char c_comment = '#';
+constexpr std::string_view c_utf16Marks[] = {"\xFF\xFE", "\xFE\xFF"}; ///< of either byte order
 
 bool HasAlphanumeric(std::string_view text) {
     return std::any_of(text.begin(), text.end(), IsAlphanumeric);
@@ -40,10 +41,8 @@ void LogReader::Take(std::string line, std::size_t number) {
     if (!isDigits && IsOfModemPrinted(line)) {
         m_IsLog = true;
         m_Counts.passedOver += m_Held.size();
-        m_Counts.strayDigits +=
-            static_cast<std::uint64_t>(std::count_if(m_Held.begin(), m_Held.end(), [](const Line& held) {
-                return HasAlphanumeric(held.text) && AreHexDigits(Core(held.text));
-            }));
+        for (const Line& held : m_Held)
+            CountStray(held.text);
         m_Held.clear();
         return ReadLogLine(line, number);
     }
@@ -80,15 +79,33 @@ void LogReader::GiveList() {
     m_HeldBytes = 0;
 }
 
-/// Lines without a letter or digit, a lone prompt for one, and comments are none of the list.
+/// Lines without a letter or digit, a lone prompt for one, and comments are none of the list. Carriage
+/// returns alone end lines as well.
 void LogReader::GiveListed(Line line) {
-    std::erase(line.text, '\0');
-    if (!HasAlphanumeric(line.text) || line.text.starts_with(c_comment)) {
-        ++m_Counts.passedOver;
-        return;
+    for (const std::string_view mark : c_utf16Marks) {
+        if (line.text.starts_with(mark))
+            line.text.erase(0, mark.size());
     }
-    ++m_Counts.entries;
-    m_Entries.push_back({line.number, std::move(line.text), std::nullopt});
+    std::erase(line.text, '\0');
+    bool hasEntry = false;
+    std::istringstream pieces(line.text);
+    for (std::string piece; std::getline(pieces, piece, '\r');) {
+        if (!HasAlphanumeric(piece) || IsComment(piece))
+            continue;
+        m_Entries.push_back({line.number, piece, std::nullopt});
+        hasEntry = true;
+    }
+    ++(hasEntry ? m_Counts.entries : m_Counts.passedOver);
+}
+
+/// A line that was passed over.
+void LogReader::CountStray(std::string_view text) {
+    const std::string_view core = Core(text);
+    if (core.empty() || !AreHexDigits(core))
+        return;
+    ++m_Counts.strayDigits;
+    if (AwaitedPdu().IsSound(core))
+        ++m_Counts.strayPdus;
 }
 
 void LogReader::ReadLogLine(std::string_view printed, std::size_t number) {
@@ -106,8 +123,8 @@ void LogReader::ReadLogLine(std::string_view printed, std::size_t number) {
         return;
     }
     ++(m_HasTextMode ? m_Counts.textModes : m_Counts.passedOver);
-    if (!m_HasTextMode && HasAlphanumeric(printed) && AreHexDigits(Core(printed)))
-        ++m_Counts.strayDigits;
+    if (!m_HasTextMode)
+        CountStray(printed);
 }
 
 /// One line of the modem. It may hold several headings, each with its PDU after it.

@@ -30,6 +30,7 @@ struct LogCounts {
     std::uint64_t textModes = 0;   ///< lines that announce a message in text mode
     std::uint64_t passedOver = 0;  ///< what else modems and programs write
     std::uint64_t strayDigits = 0; ///< of those passed over, nothing but hexadecimal digits
+    std::uint64_t strayPdus = 0;   ///< of those, sound PDUs
 };
 
 /// Takes lines in and gives what stands in them. Where a line of a modem stands in the input, that is a log,
@@ -82,6 +83,7 @@ private:
     void End();
     void GiveList();
     void GiveListed(Line line);
+    void CountStray(std::string_view text);
 
     bool m_IsLog = false;
     bool m_IsList = false;   ///< of so much that no more is kept

@@ -156,7 +156,7 @@ int ConvertStream(const ConversionSettings& settings, const Streams& streams, co
     Console last(settings.format);
     converter.finish(last);
     for (const SourceNote& note : reader.Notes())
-        last.Warning(note.source, note.text);
+        note.isError ? last.Error(note.source, note.text) : last.Warning(note.source, note.text);
     for (const std::string& source : reader.Unreadable())
         last.Error(source, "cannot be read");
     output.Write(last);

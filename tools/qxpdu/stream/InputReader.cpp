@@ -108,14 +108,17 @@ void InputReader::Note(const LogCounts& counts) {
                                : m_LogStart.file.empty()                    ? "standard input"
                                                          : show::Printable(m_LogStart.file);
     if (counts.textModes > 0) {
-        m_Notes.push_back({source, fmt::format("{} in text mode passed over; PDU mode is AT+CMGF=0",
-                                               show::Counted(counts.textModes, "message"))});
+        m_Notes.push_back({source,
+                           fmt::format("{} in text mode passed over; PDU mode is AT+CMGF=0",
+                                       show::Counted(counts.textModes, "message")),
+                           false});
     }
     if (counts.entries == 0 && counts.textModes == 0 && counts.strayDigits > 0) {
-        m_Notes.push_back(
-            {source, fmt::format("the log of a modem without a message; {} of hexadecimal digits "
-                                 "stand in none",
-                                 show::Counted(counts.strayDigits, "line"))});
+        m_Notes.push_back({source,
+                           fmt::format("the log of a modem without a message; {} of hexadecimal digits "
+                                       "stand in none",
+                                       show::Counted(counts.strayDigits, "line")),
+                           counts.strayPdus > 0});
     }
 }
 

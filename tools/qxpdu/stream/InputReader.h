@@ -25,6 +25,7 @@ enum class LineKind {
 struct SourceNote {
     std::string source; ///< "standard input", or a file
     std::string text;
+    bool isError = false;
 };
 
 /// Used by one thread at a time.

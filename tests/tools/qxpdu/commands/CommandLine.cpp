@@ -214,4 +214,12 @@ TEST(QxpduCommandLine, ResultsThatCannotBeWrittenAreAnError) {
     EXPECT_EQ(tests::QxpduInto("/dev/null", {"ucs2", "encode", "A"}), 0);
 }
 
+TEST(QxpduCommandLine, HelpThatCannotBeWrittenSaysWhy) {
+    for (const std::string arguments : {"help", "decode --help", "--version"}) {
+        EXPECT_EQ(tests::Shell("$QXPDU " + arguments + " >/dev/full"),
+                  (Outcome{1, "", "qxpdu: standard output: cannot be written: No space left on device\n"}))
+            << arguments;
+    }
+}
+
 } // namespace

@@ -138,4 +138,16 @@ TEST(QxpduRows, WrongOptionsAreRefused) {
     }
 }
 
+TEST(QxpduRows, OctetsAfterThePduAreAWarning) {
+    for (const std::vector<std::string>& form :
+         {std::vector<std::string>{"--brief"}, {"--columns", "text"}}) {
+        std::vector<std::string> arguments = {"decode", "00010704912143000001610001"};
+        arguments.insert(arguments.end(), form.begin(), form.end());
+        const Outcome outcome = Qxpdu(arguments);
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.err, "qxpdu: argument 1: warning: surplus at octet 11: 2 octets after the TPDU\n")
+            << form[0];
+    }
+}
+
 } // namespace

@@ -204,4 +204,48 @@ TEST(LogReader, LengthThatNoPduHasCostsNoMoreThanItsLine) {
     EXPECT_EQ(TextsIn("+CMT: ,9999\n" + digits + '\n'), std::vector<std::string>{std::string(1U << 19, 'A')});
 }
 
+TEST(LogReader, CommentsAndWordsLeaveAList) {
+    for (const char* line :
+         {"# ring", "# busy line", "# Connect message", "# output of AT+CMGL=4", "# +CMT: from the modem",
+          "// OK", " # OK", "error: the next one is cut", "busy line", "ring the bell"}) {
+        LogReader reader;
+        reader.Take(line, 1);
+        EXPECT_FALSE(reader.IsLog()) << line;
+    }
+    EXPECT_EQ(TextsIn("# error cases\n" + std::string(c_hello) + "\n// OK\n"),
+              std::vector<std::string>{c_hello});
+}
+
+TEST(LogReader, SoundPdusThatStandInNoMessageAreCounted) {
+    const LogOutcome outcome = ReadLog(std::string(c_hello) + "\nOK\nEC25\n" + c_hello + "\n");
+    EXPECT_EQ(outcome.counts.strayDigits, 3U);
+    EXPECT_EQ(outcome.counts.strayPdus, 2U);
+}
+
+TEST(LogReader, AnswerAfterAPrefixEndsWhatWasTyped) {
+    const std::string submit = "0001070491214300000161";
+    for (const std::string prefix : {"", "10:00:00 ", "RX ", "gw smsd[12]: ", "[10:00] <- ", "GSM1: <- ",
+                                     "2026-11-22T10:00:00.000000000Z stdout F "}) {
+        for (const char* answer : {"+CMS ERROR: 38", "ERROR", "OK", "+CMGW: 3 OK"}) {
+            std::string log;
+            for (int i = 0; i < 2; ++i)
+                log += prefix + "AT+CMGW=10\n" + prefix + "> " + submit + '\n' + prefix + answer + '\n';
+            EXPECT_EQ(TextsIn(log), (std::vector<std::string>{submit, submit})) << prefix << answer;
+        }
+    }
+}
+
+TEST(LogReader, CarriageReturnsAloneEndTheLinesOfAList) {
+    const LogOutcome outcome = ReadLog(std::string(c_hello) + "\r0001070491214300000161\r\n");
+    ASSERT_EQ(outcome.entries.size(), 2U);
+    EXPECT_EQ(outcome.entries[0].text, c_hello);
+    EXPECT_EQ(outcome.entries[1].text, "0001070491214300000161");
+    EXPECT_EQ(outcome.counts.entries, 1U) << "the lines are those of line feeds";
+}
+
+TEST(LogReader, MarkOfUtf16BeginsNoDigits) {
+    for (const char* mark : {"\xFF\xFE", "\xFE\xFF"})
+        EXPECT_EQ(TextsIn(mark + std::string(c_hello) + '\n'), std::vector<std::string>{c_hello});
+}
+
 } // namespace

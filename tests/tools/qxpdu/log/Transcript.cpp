@@ -181,9 +181,16 @@ TEST(QxpduTranscript, MessagesInTextModeArePassedOverAndCounted) {
 }
 
 TEST(QxpduTranscript, DigitsOutsideAMessageAreNoPduInALog) {
-    EXPECT_EQ(Qxpdu({"decode"}, std::string("AT+CGMM\nEC25\nOK\n") + c_hello + '\n'),
+    EXPECT_EQ(Qxpdu({"decode"}, "AT+CGMM\nEC25\nOK\n"),
               (Outcome{0, "",
-                       "qxpdu: standard input: warning: the log of a modem without a message; 2 lines of "
+                       "qxpdu: standard input: warning: the log of a modem without a message; 1 line of "
+                       "hexadecimal digits stand in none\n"}));
+}
+
+TEST(QxpduTranscript, LogWithoutAMessageInWhichPdusStandIsAnError) {
+    EXPECT_EQ(Qxpdu({"decode"}, std::string("AT+CGMM\nEC25\nOK\n") + c_hello + '\n'),
+              (Outcome{1, "",
+                       "qxpdu: standard input: the log of a modem without a message; 2 lines of "
                        "hexadecimal digits stand in none\n"}));
 }
 
