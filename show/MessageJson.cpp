@@ -83,6 +83,32 @@ constexpr std::string_view MemberOf(Field field) {
         return "tp_ud";
     case Field::Surplus:
         return "surplus";
+    case Field::SerialNumber:
+        return "serial_number";
+    case Field::MessageIdentifier:
+        return "message_identifier";
+    case Field::CellDataCoding:
+        return "data_coding_scheme";
+    case Field::PageParameter:
+        return "page_parameter";
+    case Field::CellMessageType:
+        return "message_type";
+    case Field::PageCount:
+        return "number_of_pages";
+    case Field::PageLanguage:
+        return "language";
+    case Field::PageContent:
+        return "content";
+    case Field::PageFilling:
+        return "filling";
+    case Field::PageLength:
+        return "page_length";
+    case Field::WarningType:
+        return "warning_type";
+    case Field::WarningTime:
+        return "warning_time";
+    case Field::WarningSignature:
+        return "signature";
     }
     return "other";
 }

@@ -10,7 +10,8 @@
 
 namespace Messages {
 
-/// The fields of all TPDUs, 3GPP TS 23.040 clause 9.2.3, in no order that means anything.
+/// The fields of all TPDUs, 3GPP TS 23.040 clause 9.2.3, and of cell broadcast, TS 23.041 clause 9.4, in no
+/// order that means anything.
 enum class Field : std::uint8_t {
     ServiceCentre, ///< the service-centre address before the TPDU
     // in the first octet
@@ -48,7 +49,21 @@ enum class Field : std::uint8_t {
     IgnoredHeader,          ///< octets of a header whose elements do not add up
     FillBits,               ///< between the header and the first septet
     UserData,               ///< TP-UD after its header
-    Surplus                 ///< octets after the TPDU
+    Surplus,                ///< octets after the TPDU, or after what cell broadcast sends
+    // of cell broadcast
+    SerialNumber,      ///< scope, message code and update number
+    MessageIdentifier, ///< what the message is about
+    CellDataCoding,    ///< the data coding scheme
+    PageParameter,     ///< page and pages, of a GSM page
+    CellMessageType,   ///< of a UMTS message
+    PageCount,         ///< of a UMTS message
+    PageLanguage,      ///< that stands before the text of a page
+    PageContent,       ///< of a page, after its header and its language; with the padding
+    PageFilling,       ///< octets of a UMTS message's page that are not used
+    PageLength,        ///< octets that are used of it
+    WarningType,       ///< of an ETWS primary notification
+    WarningTime,       ///< when it was signed
+    WarningSignature   ///< octets
 };
 
 /// Which octets of a field a place covers, for the fields that have an inner order.
@@ -101,7 +116,7 @@ enum class RemarkCode : std::uint8_t {
     ValidityOctetsSet,   ///< unused octets of the enhanced format are not 0
     // values
     ReservedProtocol,           ///< number: TP-PID
-    ReservedDataCoding,         ///< number: TP-DCS
+    ReservedDataCoding,         ///< number: the data coding scheme
     ReservedStatus,             ///< number: TP-ST
     ReservedFailureCause,       ///< number: TP-FCS
     ReservedCommandType,        ///< number: TP-CT
@@ -114,7 +129,7 @@ enum class RemarkCode : std::uint8_t {
     SpareBitsSet,    ///< number: the bits after the last septet, which are not 0
     FillBitsSet,     ///< number: the fill bits, which are not 0
     // user-data header
-    HeaderMissing,        ///< TP-UDHI is set and there is no user data
+    HeaderMissing,        ///< a header is announced and there is no user data
     HeaderBeyondUserData, ///< number: octets of the header; other: octets of the user data that are there. No
                           ///< text
     HeaderOverrun,        ///< number: octets that the last element lacks; the header is ignored
@@ -135,7 +150,21 @@ enum class RemarkCode : std::uint8_t {
     UnpairedSurrogate, ///< number: the UTF-16 unit; other: its place, in units of the text from 0
     OddOctet,          ///< UCS2 text of an odd number of octets; number: the last octet, which is passed over
     // user-data header, once more
-    HeaderNotCounted ///< number: septets announced; other: those of the header with its fill bits, one more
+    HeaderNotCounted, ///< number: septets announced; other: those of the header with its fill bits, one more
+    // cell broadcast
+    PageSurplus,           ///< number: octets after the page, message or notification
+    PageParameterZero,     ///< number: the page parameter, half of which is 0; read as page 1 of 1
+    PageBeyondTotal,       ///< number: the page; other: the pages
+    ReservedCellType,      ///< number: the message type, which is not that of a CBS message
+    ReservedPageCount,     ///< number: the number of pages; 0 is read as 1, and more than 15 as 15
+    PagesMissing,          ///< number: pages announced; other: pages wholly there
+    ReservedPageLength,    ///< number: the octets said to be used, 0 or more than 82
+    LanguageMissing,       ///< the first page has no language where its coding says that there is one
+    PagePossibleFilling,   ///< number: septets of 0 at the end, "@" or filling
+    NoWarningIdentifier,   ///< number: the message identifier of a notification, which is none of ETWS
+    ReservedWarningType,   ///< number: the warning type
+    WarningFillingSet,     ///< number: bits 6 to 0 of the warning type, which are not 0
+    WarningSecurityMissing ///< a notification without time and signature
 };
 
 /// One remark.

@@ -2,6 +2,8 @@
 #ifndef TABLES_VALUES_H
 #define TABLES_VALUES_H
 
+#include <algorithm>
+#include <iterator>
 #include <string_view>
 
 #include "tables/Cells.h"
@@ -191,7 +193,67 @@ constexpr IndicatorRow c_parameterIndicator[] = {
 #include "rows/parameter-indicator.inc"
 };
 
+struct CellCodingRow {
+    Hexadecimal value;
+    std::string_view group;
+    std::string_view alphabet;
+    YesNo isCompressed;
+    Decimal messageClass;
+    std::string_view language;
+    std::string_view code;
+    YesNo hasHeader;
+    YesNo isReserved;
+};
+constexpr CellCodingRow c_cellCodings[] = {
+#include "rows/cbs-data-coding.inc"
+};
+
+struct IdentifierRow {
+    Decimal from;
+    Decimal to;
+    std::string_view family;
+    std::string_view name;
+    std::string_view euAlert;
+    std::string_view kpas;
+};
+constexpr IdentifierRow c_messageIdentifiers[] = {
+#include "rows/cbs-message-identifiers.inc"
+};
+
+struct CodeBitRow {
+    Decimal bit;
+    std::string_view name;
+};
+constexpr CodeBitRow c_messageCodeBits[] = {
+#include "rows/cbs-message-code.inc"
+};
+
+struct ScopeRow {
+    Decimal value;
+    std::string_view display;
+    std::string_view scope;
+};
+constexpr ScopeRow c_scopes[] = {
+#include "rows/cbs-scopes.inc"
+};
+
+struct WarningTypeRow {
+    Decimal from;
+    Decimal to;
+    std::string_view name;
+};
+constexpr WarningTypeRow c_warningTypes[] = {
+#include "rows/etws-warning-types.inc"
+};
+
 constexpr std::string_view c_reserved = "reserved";
+
+/// The row whose range a value is in; the last one of a value beyond them.
+template <class Row, std::size_t Count>
+constexpr const Row& RowWith(const Row (&rows)[Count], int value) noexcept {
+    return *std::find_if(std::begin(rows), std::end(rows) - 1,
+                         [&](const Row& row) { return value <= row.to; });
+}
 
 /// Whether a row names what the standard reserves.
 template <class Row>

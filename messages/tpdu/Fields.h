@@ -22,6 +22,7 @@ enum class Coding {
     Time,
     Validity,
     UserData, ///< TP-UDL and TP-UD
+    Cell,     ///< of cell broadcast
     Command   ///< TP-CDL and TP-CD
 };
 
@@ -69,7 +70,20 @@ constexpr FieldFacts c_fieldFacts[] = {
      Coding::Inside},
     {Field::FillBits, "fill bits", "bits between the header and the first septet", Coding::Inside},
     {Field::UserData, "TP-UD", "user data", Coding::Inside},
-    {Field::Surplus, "surplus", "octets after the TPDU", Coding::Inside},
+    {Field::Surplus, "surplus", "octets after the end", Coding::Inside},
+    {Field::SerialNumber, "serial number", "scope, message code and update number", Coding::Cell},
+    {Field::MessageIdentifier, "message identifier", "what the message is about", Coding::Cell},
+    {Field::CellDataCoding, "data coding scheme", "data coding scheme of cell broadcast", Coding::Cell},
+    {Field::PageParameter, "page parameter", "number of the page, and of pages", Coding::Cell},
+    {Field::CellMessageType, "message type", "type of a message of cell broadcast", Coding::Cell},
+    {Field::PageCount, "number of pages", "pages of the message", Coding::Cell},
+    {Field::PageLanguage, "language", "language before the text of a page", Coding::Cell},
+    {Field::PageContent, "content", "content of a page", Coding::Cell},
+    {Field::PageFilling, "filling", "octets of a page that are not used", Coding::Cell},
+    {Field::PageLength, "page length", "octets of a page that are used", Coding::Cell},
+    {Field::WarningType, "warning type", "type of a warning, and how it is shown", Coding::Cell},
+    {Field::WarningTime, "warning time", "when the warning was signed", Coding::Cell},
+    {Field::WarningSignature, "signature", "signature of a warning", Coding::Cell},
 };
 
 constexpr const FieldFacts& FactsOf(Field field) {

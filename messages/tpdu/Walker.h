@@ -3,13 +3,9 @@
 #ifndef TPDU_WALKER_H
 #define TPDU_WALKER_H
 
-#include <limits>
-
-#include "alphabet/Packing.h"
-#include "tables/Values.h"
 #include "tpdu/Addresses.h"
+#include "tpdu/Headers.h"
 #include "tpdu/Rows.h"
-#include "tpdu/Sinks.h"
 #include "tpdu/Times.h"
 
 namespace Messages {
@@ -28,26 +24,6 @@ constexpr Direction LikelyDirection(std::uint8_t firstOctet) {
                                                                                      : Direction::FromMobile;
 }
 
-/// What is known of the elements of the user-data header with an identifier.
-struct ElementFacts {
-    bool isReserved = false;
-    bool standsOnce = false;
-    std::int16_t least = -1;
-    std::int16_t most = -1;
-    std::int16_t excludes = -1;
-
-    constexpr bool Allows(std::size_t length) const {
-        return (least < 0 || length >= static_cast<std::size_t>(least)) &&
-               (most < 0 || length <= static_cast<std::size_t>(most));
-    }
-};
-
-constexpr auto c_elementFacts = Tables::ByOctet(Tables::c_headerElements, [](const Tables::ElementRow& row) {
-    return ElementFacts{row.isReserved, row.times == "once", static_cast<std::int16_t>(row.least.value),
-                        static_cast<std::int16_t>(row.most.value),
-                        static_cast<std::int16_t>(row.excludes.value)};
-});
-
 constexpr auto c_isReserved = [](const auto& row) { return Tables::IsReserved(row); };
 constexpr auto c_reservedProtocols = Tables::ByOctet(Tables::c_protocols, c_isReserved);
 constexpr auto c_reservedStatuses = Tables::ByOctet(Tables::c_statuses, c_isReserved);
@@ -60,10 +36,10 @@ constexpr auto c_reservedCommands =
     });
 
 template <class Sink>
-class Walker {
+class Walker : Telling<Sink> {
 public:
     Walker(OctetView pdu, const ReadOptions& options, Sink& sink)
-        : m_Pdu(pdu), m_Options(options), m_Sink(sink) {}
+        : Telling<Sink>(sink), m_Pdu(pdu), m_Options(options) {}
 
     void Walk(const Layout& layout) {
         if (m_Pdu.empty())
@@ -86,33 +62,13 @@ public:
     }
 
 private:
-    // Places, remarks and faults.
+    using Telling<Sink>::Count;
+    using Telling<Sink>::Place;
+    using Telling<Sink>::Note;
+    using Telling<Sink>::NoteText;
+    using Telling<Sink>::m_Sink;
 
     std::size_t Left() const { return m_Pdu.size() - m_At; }
-
-    static std::uint32_t Count(std::size_t count) {
-        return static_cast<std::uint32_t>(
-            std::min<std::size_t>(count, std::numeric_limits<std::uint32_t>::max()));
-    }
-
-    void Place(Field field, Piece piece, std::size_t octet, std::size_t count, std::uint8_t mask = 0xFF,
-               std::uint8_t value = 0) {
-        if (count != 0)
-            m_Sink.OnPlace({field, piece, mask, value, Count(octet), Count(count)});
-    }
-
-    void Note(RemarkCode code, Field field, std::size_t octet, std::size_t number = 0,
-              std::size_t other = 0) {
-        m_Sink.OnRemark({code, field, Count(octet), Count(number), Count(other)});
-    }
-
-    /// On a septet of a text or a name. A lone escape has no numbers.
-    void NoteText(RemarkCode code, Field field, std::size_t octet, std::size_t septet, std::size_t place) {
-        if (code == RemarkCode::EscapeAtEnd)
-            Note(code, field, octet);
-        else
-            Note(code, field, octet, septet, place);
-    }
 
     /// Whether a field's octets are there; otherwise the reading has ended.
     bool Has(Field field, std::size_t count) {
@@ -401,7 +357,7 @@ private:
         if (m_HasHeader && head.octets.empty())
             Note(RemarkCode::HeaderMissing, Field::UserDataHeaderIndicator, m_FirstOctetAt);
         if (head.hasHeader)
-            ReadHeader(head, coding);
+            HeaderReader(m_Sink, m_At, coding.CountsSeptets()).Read(head);
         ReadText(head, coding, field);
         m_At += head.octets.size();
         return true;
@@ -410,98 +366,6 @@ private:
     std::size_t RoomForUserData(const TpduRow& row) const {
         const std::size_t used = std::min(m_At - m_FirstOctetAt, c_longestTpdu);
         return row.mostUserData != 0 ? row.mostUserData : c_longestTpdu - used;
-    }
-
-    void ReadHeader(UserDataHead& head, const DataCoding& coding) {
-        const std::size_t octets = 1U + head.octets[0];
-        Place(Field::HeaderLength, Piece::Whole, m_At, 1);
-        head.isHeaderIgnored = !HeaderAddsUp(head, octets);
-        head.textOffset = std::min(octets, head.octets.size());
-        if (head.isHeaderIgnored)
-            Place(Field::IgnoredHeader, Piece::Whole, m_At + 1, head.textOffset - 1);
-        else
-            ReadElements(head, octets, coding);
-    }
-
-    bool HeaderAddsUp(const UserDataHead& head, std::size_t octets) {
-        constexpr std::size_t elementHead = 2;
-        if (octets > head.octets.size()) {
-            Note(RemarkCode::HeaderBeyondUserData, Field::HeaderLength, m_At, octets, head.octets.size());
-            return false;
-        }
-        std::size_t at = 1;
-        while (at + elementHead <= octets) {
-            const std::size_t next = at + elementHead + head.octets[at + 1];
-            if (next > octets) {
-                Note(RemarkCode::HeaderOverrun, Field::HeaderElement, m_At + at, next - octets);
-                return false;
-            }
-            at = next;
-        }
-        if (at < octets)
-            Note(RemarkCode::HeaderLeftOver, Field::HeaderElement, m_At + at, octets - at);
-        return at == octets;
-    }
-
-    void ReadElements(UserDataHead& head, std::size_t octets, const DataCoding& coding) {
-        constexpr std::size_t elementHead = 2;
-        std::array<bool, 256> seen{};
-        for (std::size_t at = 1; at < octets;) {
-            const HeaderElement element{head.octets[at], head.octets[at + 1],
-                                        static_cast<std::uint8_t>(at + elementHead)};
-            Place(Field::HeaderElement, Piece::Identifier, m_At + at, 1);
-            Place(Field::HeaderElement, Piece::Length, m_At + at + 1, 1);
-            Place(Field::HeaderElement, Piece::Content, m_At + element.offset, element.length);
-            m_Sink.OnElement(element);
-            NoteElement(element, element.Data(head.octets), m_At + at, seen);
-            ReadElement(head, element, m_At + at, coding);
-            seen[element.identifier] = true;
-            at += elementHead + element.length;
-        }
-    }
-
-    void NoteElement(const HeaderElement& element, OctetView data, std::size_t octet,
-                     const std::array<bool, 256>& seen) {
-        const ElementFacts& facts = c_elementFacts[element.identifier];
-        if (facts.isReserved)
-            Note(RemarkCode::ReservedElement, Field::HeaderElement, octet, element.identifier);
-        if (!facts.Allows(element.length) || (element.Is(ElementId::ReplyAddress) && !IsReplyAddress(data)))
-            Note(RemarkCode::ElementLength, Field::HeaderElement, octet, element.identifier, element.length);
-        if (facts.standsOnce && seen[element.identifier])
-            Note(RemarkCode::ElementRepeated, Field::HeaderElement, octet, element.identifier);
-        if (facts.excludes >= 0 && seen[static_cast<std::size_t>(facts.excludes)])
-            Note(RemarkCode::ElementsExclusive, Field::HeaderElement, octet, element.identifier,
-                 static_cast<std::size_t>(facts.excludes));
-    }
-
-    /// The elements that say how the text is read, and where it belongs.
-    void ReadElement(UserDataHead& head, const HeaderElement& element, std::size_t octet,
-                     const DataCoding& coding) {
-        const OctetView data = element.Data(head.octets);
-        if (const auto concatenation = ReadConcatenation(element.identifier, data)) {
-            if (concatenation->part != 0 && concatenation->part <= concatenation->total)
-                head.concatenation = concatenation;
-            else
-                Note(RemarkCode::ConcatenationInvalid, Field::HeaderElement, octet, concatenation->part,
-                     concatenation->total);
-        } else if (const auto ports = ReadPorts(element.identifier, data)) {
-            head.ports = ports;
-        } else if (element.Is(ElementId::SingleShift)) {
-            ReadLanguage(element, data, octet, coding, HasSingleShiftTable, head.tables.single);
-        } else if (element.Is(ElementId::LockingShift)) {
-            ReadLanguage(element, data, octet, coding, HasLockingTable, head.tables.locking);
-        }
-    }
-
-    void ReadLanguage(const HeaderElement& element, OctetView data, std::size_t octet,
-                      const DataCoding& coding, bool (&hasTable)(Language) noexcept, Language& language) {
-        if (data.size() != 1)
-            return;
-        const auto told = static_cast<Language>(data[0]);
-        if (told == Language::Default || !hasTable(told))
-            Note(RemarkCode::UnknownLanguage, Field::HeaderElement, octet, data[0], element.identifier);
-        else if (coding.CountsSeptets())
-            language = told;
     }
 
     void ReadText(UserDataHead& head, const DataCoding& coding, Field field) {
@@ -578,7 +442,6 @@ private:
 
     OctetView m_Pdu;
     const ReadOptions& m_Options;
-    Sink& m_Sink;
     std::size_t m_At = 0; ///< the next octet
 
     // What later fields depend on.

@@ -1,7 +1,6 @@
 // Names of single values, out of the standards' tables where they have them.
 #include "Messages/Words.h"
 
-#include <algorithm>
 #include <array>
 
 #include "tables/Values.h"
@@ -46,13 +45,6 @@ constexpr auto c_writeFaultCodes = CodesOf(c_writeFaultWords);
 constexpr auto c_cutFaultCodes = CodesOf(c_cutFaultWords);
 constexpr auto c_joinOutcomeCodes = CodesOf(c_joinOutcomeWords);
 
-/// The row whose range a value is in.
-template <class Row, std::size_t Count>
-const Row& RowWith(const Row (&rows)[Count], int value) noexcept {
-    return *std::find_if(std::begin(rows), std::end(rows) - 1,
-                         [&](const Row& row) { return value <= row.to; });
-}
-
 constexpr std::string_view c_outcomes[][2] = {
     {"completed", "completed"},
     {"trying", "temporary error, the service centre tries on"},
@@ -90,19 +82,19 @@ std::string_view NameOf(TypeOfNumber type) noexcept {
 }
 
 std::string_view NameOfNumberingPlan(std::uint8_t plan) noexcept {
-    return RowWith(Tables::c_numberingPlans, plan).name;
+    return Tables::RowWith(Tables::c_numberingPlans, plan).name;
 }
 
 std::string_view MeaningOfProtocol(std::uint8_t pid) noexcept {
-    return RowWith(Tables::c_protocols, pid).name;
+    return Tables::RowWith(Tables::c_protocols, pid).name;
 }
 
 std::string_view MeaningOfStatus(std::uint8_t status) noexcept {
-    return RowWith(Tables::c_statuses, status).name;
+    return Tables::RowWith(Tables::c_statuses, status).name;
 }
 
 std::string_view ClassOfStatus(std::uint8_t status) noexcept {
-    const std::string_view outcome = RowWith(Tables::c_statuses, status).outcome;
+    const std::string_view outcome = Tables::RowWith(Tables::c_statuses, status).outcome;
     for (const auto& [cell, words] : c_outcomes)
         if (cell == outcome)
             return words;
@@ -110,15 +102,15 @@ std::string_view ClassOfStatus(std::uint8_t status) noexcept {
 }
 
 std::string_view MeaningOfFailureCause(std::uint8_t cause) noexcept {
-    return RowWith(Tables::c_failureCauses, cause).name;
+    return Tables::RowWith(Tables::c_failureCauses, cause).name;
 }
 
 std::string_view MeaningOfCommandType(std::uint8_t type) noexcept {
-    return RowWith(Tables::c_commandTypes, type).name;
+    return Tables::RowWith(Tables::c_commandTypes, type).name;
 }
 
 std::string_view NameOfElement(std::uint8_t identifier) noexcept {
-    return RowWith(Tables::c_headerElements, identifier).name;
+    return Tables::RowWith(Tables::c_headerElements, identifier).name;
 }
 
 std::string_view MeaningOfPort(const Ports& ports, std::uint16_t port) noexcept {

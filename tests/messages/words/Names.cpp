@@ -56,7 +56,20 @@ TEST(NameOf, Fields) {
         {Field::IgnoredHeader, "ignored header", "octets of a user-data header that do not add up"},
         {Field::FillBits, "fill bits", "bits between the header and the first septet"},
         {Field::UserData, "TP-UD", "user data"},
-        {Field::Surplus, "surplus", "octets after the TPDU"},
+        {Field::Surplus, "surplus", "octets after the end"},
+        {Field::SerialNumber, "serial number", "scope, message code and update number"},
+        {Field::MessageIdentifier, "message identifier", "what the message is about"},
+        {Field::CellDataCoding, "data coding scheme", "data coding scheme of cell broadcast"},
+        {Field::PageParameter, "page parameter", "number of the page, and of pages"},
+        {Field::CellMessageType, "message type", "type of a message of cell broadcast"},
+        {Field::PageCount, "number of pages", "pages of the message"},
+        {Field::PageLanguage, "language", "language before the text of a page"},
+        {Field::PageContent, "content", "content of a page"},
+        {Field::PageFilling, "filling", "octets of a page that are not used"},
+        {Field::PageLength, "page length", "octets of a page that are used"},
+        {Field::WarningType, "warning type", "type of a warning, and how it is shown"},
+        {Field::WarningTime, "warning time", "when the warning was signed"},
+        {Field::WarningSignature, "signature", "signature of a warning"},
     };
     for (const auto& one : cases) {
         EXPECT_EQ(NameOf(one.field), one.name);

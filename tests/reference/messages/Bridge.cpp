@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "BridgeParts.h"
 #include "Json.h"
-#include "Messages/Read.h"
 #include "Messages/Words.h"
 #include "model/Codes.h"
 
@@ -15,7 +15,7 @@ namespace {
 using Messages::Field;
 
 /// In the order of Messages::Field.
-constexpr std::array<Name, 35> c_fields = {field::CENTRE,
+constexpr std::array<Name, 48> c_fields = {field::CENTRE,
                                            "TP-MTI",
                                            "TP-MMS",
                                            "TP-LP",
@@ -49,11 +49,28 @@ constexpr std::array<Name, 35> c_fields = {field::CENTRE,
                                            field::IGNORED_HEADER,
                                            field::FILL_BITS,
                                            "TP-UD",
-                                           field::SURPLUS};
+                                           field::SURPLUS,
+                                           field::SERIAL_NUMBER,
+                                           field::MESSAGE_IDENTIFIER,
+                                           field::CELL_CODING,
+                                           field::PAGE_PARAMETER,
+                                           field::CELL_TYPE,
+                                           field::PAGE_COUNT,
+                                           field::PAGE_LANGUAGE,
+                                           field::PAGE_CONTENT,
+                                           field::PAGE_FILLING,
+                                           field::PAGE_LENGTH,
+                                           field::WARNING_TYPE,
+                                           field::WARNING_TIME,
+                                           field::WARNING_SIGNATURE};
+
+} // namespace
 
 Name NameOfField(Field field) {
     return c_fields.at(static_cast<std::size_t>(field));
 }
+
+namespace {
 
 /// The fields of the first octet stand in a row.
 bool IsOfFirstOctet(Field field) {
@@ -63,6 +80,8 @@ bool IsOfFirstOctet(Field field) {
 Address PlainAddress(const Messages::Address& address) {
     return {address.text, address.typeOfAddress >> 4 & 7, address.typeOfAddress & 15, address.length, {}};
 }
+
+} // namespace
 
 Time PlainTime(const Messages::Timestamp& time) {
     return {Octets(time.octets.begin(), time.octets.end()),
@@ -75,6 +94,8 @@ Time PlainTime(const Messages::Timestamp& time) {
             time.second,
             15 * time.quarters};
 }
+
+namespace {
 
 Coding PlainCoding(const Messages::DataCoding& coding) {
     static const std::array<const char*, 3> alphabets = {"gsm7", "octets", "ucs2"};
@@ -300,6 +321,43 @@ private:
     std::string& m_Contradictions;
 };
 
+} // namespace
+
+std::vector<Element> PlainElements(const std::vector<Messages::HeaderElement>& elements,
+                                   const Octets& userData, std::size_t at, std::string& contradictions) {
+    std::vector<Element> plain;
+    for (const Messages::HeaderElement& element : elements) {
+        const Messages::OctetView octets = element.Data(userData);
+        Element one;
+        one.identifier = element.identifier;
+        one.octet = at + element.offset - 2;
+        one.octets.assign(octets.begin(), octets.end());
+        DecodeElement(one, octets);
+        if (one.octets.size() != element.length)
+            contradictions += "an element's data reaches beyond the user data\n";
+        plain.push_back(std::move(one));
+    }
+    return plain;
+}
+
+std::vector<Remark> PlainRemarks(const std::vector<Messages::Remark>& remarks) {
+    std::vector<Remark> plain;
+    for (const Messages::Remark& remark : remarks)
+        plain.push_back({Messages::CodeOf(remark.code), NameOfField(remark.field), remark.octet,
+                         remark.number, remark.other});
+    std::sort(plain.begin(), plain.end());
+    return plain;
+}
+
+std::optional<Fault> PlainFault(const std::optional<Messages::Fault>& fault) {
+    if (!fault)
+        return std::nullopt;
+    return Fault{Messages::CodeOf(fault->code), NameOfField(fault->field), fault->octet, fault->expected,
+                 fault->found};
+}
+
+namespace {
+
 void Gatherer::TakeUserData(const Messages::UserData& data) const {
     m_Plain.length = data.length;
     m_Plain.userData = data.octets;
@@ -324,17 +382,7 @@ void Gatherer::TakeUserData(const Messages::UserData& data) const {
     for (const Place& place : m_Plain.places)
         if (place.field == field::HEADER_LENGTH)
             at = place.octet;
-    for (const Messages::HeaderElement& element : data.elements) {
-        const Messages::OctetView octets = element.Data(data.octets);
-        Element plain;
-        plain.identifier = element.identifier;
-        plain.octet = at + element.offset - 2;
-        plain.octets.assign(octets.begin(), octets.end());
-        DecodeElement(plain, octets);
-        if (plain.octets.size() != element.length)
-            m_Contradictions += "an element's data reaches beyond the user data\n";
-        m_Plain.elements.push_back(std::move(plain));
-    }
+    m_Plain.elements = PlainElements(data.elements, data.octets, at, m_Contradictions);
     if (beyond || m_Plain.coding.compressed || m_Plain.coding.alphabet == "octets") {
         const Messages::OctetView content = data.Content();
         m_Plain.data = Octets(content.begin(), content.end());
@@ -344,6 +392,8 @@ void Gatherer::TakeUserData(const Messages::UserData& data) const {
         m_Plain.text = data.text;
     }
 }
+
+} // namespace
 
 /// Places as the second reading has them: fields whole, and only where there is an octet.
 std::vector<Place> PlainPlaces(const std::vector<Messages::FieldPlace>& places) {
@@ -365,6 +415,8 @@ std::vector<Place> PlainPlaces(const std::vector<Messages::FieldPlace>& places) 
         plain.end());
     return plain;
 }
+
+namespace {
 
 /// What a fault leaves unread is missing in the second reading, and holds nothing in the library's.
 void LeaveOutWhatIsUnread(Reading& plain) {
@@ -472,13 +524,8 @@ Reading ReadByLibrary(const Input& input, std::string& contradictions) {
         }
     plain.places = PlainPlaces(reading.places);
     std::visit(Gatherer(plain, contradictions), reading.tpdu);
-    for (const Messages::Remark& remark : reading.remarks)
-        plain.remarks.push_back({Messages::CodeOf(remark.code), NameOfField(remark.field), remark.octet,
-                                 remark.number, remark.other});
-    std::sort(plain.remarks.begin(), plain.remarks.end());
-    if (reading.fault)
-        plain.fault = {Messages::CodeOf(reading.fault->code), NameOfField(reading.fault->field),
-                       reading.fault->octet, reading.fault->expected, reading.fault->found};
+    plain.remarks = PlainRemarks(reading.remarks);
+    plain.fault = PlainFault(reading.fault);
     if (reading.fault)
         LeaveOutWhatIsUnread(plain);
     return plain;
@@ -510,10 +557,7 @@ std::string OnlyIn(const char* name, const Json& one, const Json& other, const c
 
 } // namespace
 
-std::string Differences(const Reading& library, const Reading& expected) {
-    if (library == expected)
-        return {};
-    Json left = ToJson(library), right = ToJson(expected);
+std::string Differences(Json left, Json right) {
     std::string lines;
     for (const char* list : {"remarks", "places"}) {
         lines += OnlyIn(list, left.at(list), right.at(list), "the library's") +
@@ -530,6 +574,13 @@ std::string Differences(const Reading& library, const Reading& expected) {
     for (const auto& [name, value] : right.items())
         if (!left.contains(name))
             lines += name + ": library nothing, second reading " + value.dump() + "\n";
+    return lines;
+}
+
+std::string Differences(const Reading& library, const Reading& expected) {
+    if (library == expected)
+        return {};
+    std::string lines = Differences(ToJson(library), ToJson(expected));
     if (library.units != expected.units)
         lines += "units: library " + std::to_string(library.units) + ", second reading " +
                  std::to_string(expected.units) + "\n";

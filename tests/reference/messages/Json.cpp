@@ -46,13 +46,6 @@ std::string Iso8601(const Time& time) {
     return text.data();
 }
 
-Json TimeJson(const Time& time) {
-    Json json = {{"octets", Hex(time.octets)}};
-    if (time.known)
-        json["time"] = Iso8601(time);
-    return json;
-}
-
 Json ValidityJson(const Validity& validity) {
     Json json = {{"octets", Hex(validity.octets)}, {"kind", validity.kind}};
     if (validity.seconds)
@@ -83,16 +76,7 @@ Json CodingJson(const Coding& coding) {
 }
 
 Json HeaderJson(const Reading& reading) {
-    Json elements = Json::array();
-    for (const Element& element : reading.elements) {
-        Json json = {{"iei", element.identifier}, {"octet", element.octet}, {"octets", Hex(element.octets)}};
-        for (const auto& [name, value] : element.values)
-            json[name] = value;
-        if (element.address)
-            json["address"] = AddressJson(*element.address);
-        elements.push_back(json);
-    }
-    Json json = {{"octets", Hex(reading.header)}, {"elements", elements}};
+    Json json = {{"octets", Hex(reading.header)}, {"elements", ElementsJson(reading.elements)}};
     if (reading.ignoresHeader)
         json["ignored"] = true;
     if (reading.concatenation)
@@ -136,6 +120,42 @@ const char* AddressField(const std::string& type) {
 }
 
 } // namespace
+
+Json TimeJson(const Time& time) {
+    Json json = {{"octets", Hex(time.octets)}};
+    if (time.known)
+        json["time"] = Iso8601(time);
+    return json;
+}
+
+Json ElementsJson(const std::vector<Element>& elements) {
+    Json array = Json::array();
+    for (const Element& element : elements) {
+        Json json = {{"iei", element.identifier}, {"octet", element.octet}, {"octets", Hex(element.octets)}};
+        for (const auto& [name, value] : element.values)
+            json[name] = value;
+        if (element.address)
+            json["address"] = AddressJson(*element.address);
+        array.push_back(json);
+    }
+    return array;
+}
+
+void AddFindings(Json& json, const std::vector<Remark>& remarks, const std::optional<Fault>& fault,
+                 const std::vector<Place>& places) {
+    json["remarks"] = Json::array();
+    for (const Remark& remark : remarks)
+        json["remarks"].push_back(RemarkJson(remark));
+    if (fault)
+        json["fault"] = {{"code", fault->code},
+                         {"field", fault->field},
+                         {"octet", fault->octet},
+                         {"expected", fault->expected},
+                         {"found", fault->found}};
+    json["places"] = Json::array();
+    for (const Place& place : places)
+        json["places"].push_back(PlaceJson(place));
+}
 
 std::string Hex(const Octets& octets) {
     static const char* const digits = "0123456789ABCDEF";
@@ -221,18 +241,7 @@ Json ToJson(const Reading& reading) {
     if (reading.data)
         json["data"] = Hex(*reading.data);
     json["sound"] = reading.isSound;
-    json["remarks"] = Json::array();
-    for (const Remark& remark : reading.remarks)
-        json["remarks"].push_back(RemarkJson(remark));
-    if (reading.fault)
-        json["fault"] = {{"code", reading.fault->code},
-                         {"field", reading.fault->field},
-                         {"octet", reading.fault->octet},
-                         {"expected", reading.fault->expected},
-                         {"found", reading.fault->found}};
-    json["places"] = Json::array();
-    for (const Place& place : reading.places)
-        json["places"].push_back(PlaceJson(place));
+    AddFindings(json, reading.remarks, reading.fault, reading.places);
     return json;
 }
 

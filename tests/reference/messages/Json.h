@@ -19,6 +19,14 @@ Input InputOf(const Json& vector);
 void AddInput(Json& vector, const Input& input);
 Json ToJson(const Reading& reading);
 
+/// What messages and cell broadcast have in common.
+/// @{
+Json TimeJson(const Time& time);
+Json ElementsJson(const std::vector<Element>& elements);
+void AddFindings(Json& json, const std::vector<Remark>& remarks, const std::optional<Fault>& fault,
+                 const std::vector<Place>& places);
+/// @}
+
 } // namespace plain
 
 #endif

@@ -3,7 +3,21 @@
 #include <exception>
 #include <fstream>
 
+#include "CellVectors.h"
 #include "Vectors.h"
+
+namespace {
+
+void WriteFile(const std::string& folder, const std::string& name, const std::string& text,
+               std::size_t vectors) {
+    std::ofstream out(folder + "/" + name + ".jsonl", std::ios::binary);
+    out << text;
+    if (!out.flush())
+        throw std::runtime_error("cannot write " + name);
+    std::printf("%s: %zu vectors\n", name.c_str(), vectors);
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     if (argc != 2) {
@@ -12,13 +26,10 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        for (const plain::VectorFile& file : plain::WrittenFiles()) {
-            std::ofstream out(std::string(argv[1]) + "/" + file.name + ".jsonl", std::ios::binary);
-            out << plain::TextOf(file);
-            if (!out.flush())
-                throw std::runtime_error("cannot write " + file.name);
-            std::printf("%s: %zu vectors\n", file.name.c_str(), file.vectors.size());
-        }
+        for (const plain::VectorFile& file : plain::WrittenFiles())
+            WriteFile(argv[1], file.name, plain::TextOf(file), file.vectors.size());
+        const std::vector<plain::CellVector> cell = plain::CellVectors();
+        WriteFile(argv[1], plain::c_cellFile, plain::TextOf(cell), cell.size());
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());
         return 1;

@@ -71,7 +71,59 @@ inline constexpr Name NO_CHARACTER = "no-character";             ///< the septet
 inline constexpr Name UNPAIRED_SURROGATE = "unpaired-surrogate"; ///< the unit, its place
 inline constexpr Name ODD_OCTET = "odd-octet";                   ///< the octet
 
-/// All of them.
+// on cell broadcast
+inline constexpr Name PAGE_SURPLUS = "page-surplus";                 ///< octets
+inline constexpr Name PAGE_PARAMETER_ZERO = "page-parameter-zero";   ///< the page parameter
+inline constexpr Name PAGE_BEYOND_TOTAL = "page-beyond-total";       ///< page, pages
+inline constexpr Name RESERVED_CELL_TYPE = "reserved-cell-type";     ///< the message type
+inline constexpr Name RESERVED_PAGE_COUNT = "reserved-page-count";   ///< the number of pages
+inline constexpr Name PAGES_MISSING = "pages-missing";               ///< pages announced, those wholly there
+inline constexpr Name RESERVED_PAGE_LENGTH = "reserved-page-length"; ///< the octets said to be used
+inline constexpr Name LANGUAGE_MISSING = "language-missing";
+inline constexpr Name PAGE_POSSIBLE_FILLING = "page-possible-filling"; ///< septets of 0 at the end
+inline constexpr Name NO_WARNING_IDENTIFIER = "no-warning-identifier"; ///< the message identifier
+inline constexpr Name RESERVED_WARNING_TYPE = "reserved-warning-type"; ///< the type
+inline constexpr Name WARNING_FILLING_SET = "warning-filling-set";     ///< bits 6 to 0
+inline constexpr Name WARNING_SECURITY_MISSING = "warning-security-missing";
+
+/// Those that pages, messages and notifications of cell broadcast have.
+inline constexpr std::array CELL_REMARKS = {RESERVED_DATA_CODING,
+                                            COMPRESSED,
+                                            FILL_BITS_SET,
+                                            HEADER_MISSING,
+                                            HEADER_BEYOND_USER_DATA,
+                                            HEADER_OVERRUN,
+                                            HEADER_LEFT_OVER,
+                                            ELEMENT_REPEATED,
+                                            ELEMENTS_EXCLUSIVE,
+                                            ELEMENT_LENGTH,
+                                            RESERVED_ELEMENT,
+                                            CONCATENATION_INVALID,
+                                            UNKNOWN_LANGUAGE,
+                                            TIME_SEMI_OCTET,
+                                            TIME_OUT_OF_RANGE,
+                                            TIME_ALL_ZERO,
+                                            ESCAPE_AT_END,
+                                            UNKNOWN_ESCAPE,
+                                            CONTROL_ESCAPE,
+                                            NO_CHARACTER,
+                                            UNPAIRED_SURROGATE,
+                                            ODD_OCTET,
+                                            PAGE_SURPLUS,
+                                            PAGE_PARAMETER_ZERO,
+                                            PAGE_BEYOND_TOTAL,
+                                            RESERVED_CELL_TYPE,
+                                            RESERVED_PAGE_COUNT,
+                                            PAGES_MISSING,
+                                            RESERVED_PAGE_LENGTH,
+                                            LANGUAGE_MISSING,
+                                            PAGE_POSSIBLE_FILLING,
+                                            NO_WARNING_IDENTIFIER,
+                                            RESERVED_WARNING_TYPE,
+                                            WARNING_FILLING_SET,
+                                            WARNING_SECURITY_MISSING};
+
+/// All of messages.
 inline constexpr std::array REMARKS = {TYPE_GUESSED,
                                        RESERVED_TYPE,
                                        LENGTH_DISAGREES,
@@ -138,6 +190,20 @@ inline constexpr Name HEADER_ELEMENT = "header-element";
 inline constexpr Name IGNORED_HEADER = "ignored-header";
 inline constexpr Name FILL_BITS = "fill-bits";
 inline constexpr Name SURPLUS = "surplus";
+// of cell broadcast
+inline constexpr Name SERIAL_NUMBER = "serial-number";
+inline constexpr Name MESSAGE_IDENTIFIER = "message-identifier";
+inline constexpr Name CELL_CODING = "data-coding-scheme";
+inline constexpr Name PAGE_PARAMETER = "page-parameter";
+inline constexpr Name CELL_TYPE = "message-type";
+inline constexpr Name PAGE_COUNT = "number-of-pages";
+inline constexpr Name PAGE_LANGUAGE = "language";
+inline constexpr Name PAGE_CONTENT = "content";
+inline constexpr Name PAGE_FILLING = "filling";
+inline constexpr Name PAGE_LENGTH = "page-length";
+inline constexpr Name WARNING_TYPE = "warning-type";
+inline constexpr Name WARNING_TIME = "warning-time";
+inline constexpr Name WARNING_SIGNATURE = "warning-signature";
 
 } // namespace field
 

@@ -1,0 +1,197 @@
+// Pages put together.
+#include <gtest/gtest.h>
+
+#include "Messages/Cell.h"
+
+namespace {
+
+using namespace Messages;
+
+/// A page whose text is one letter, of message code 2.
+CellReading Page(char letter, int number, int total, std::uint8_t update = 0, std::uint16_t identifier = 50) {
+    const std::vector<std::uint8_t> octets = {0x40,
+                                              static_cast<std::uint8_t>(0x20 | update),
+                                              static_cast<std::uint8_t>(identifier >> 8),
+                                              static_cast<std::uint8_t>(identifier & 0xFF),
+                                              0x0F,
+                                              static_cast<std::uint8_t>(number << 4 | total),
+                                              static_cast<std::uint8_t>(letter)};
+    return ReadCell(octets);
+}
+
+TEST(CellJoiner, JoinsPagesInAnyOrder) {
+    CellJoiner joiner;
+    EXPECT_FALSE(joiner.Take(Page('c', 3, 3)).complete);
+    EXPECT_FALSE(joiner.Take(Page('a', 1, 3)).complete);
+    const CellTaken taken = joiner.Take(Page('b', 2, 3));
+    ASSERT_TRUE(taken.complete);
+    EXPECT_EQ(taken.complete->Text(), "abc");
+    EXPECT_TRUE(taken.complete->IsComplete());
+    EXPECT_TRUE(taken.complete->Missing().empty());
+    EXPECT_TRUE(taken.givenUp.empty());
+    EXPECT_FALSE(joiner.TakeOldest());
+}
+
+TEST(CellJoiner, KnowsAPageThatComesAgain) {
+    CellJoiner joiner;
+    EXPECT_FALSE(joiner.Take(Page('a', 1, 2)).isDuplicate);
+    EXPECT_TRUE(joiner.Take(Page('a', 1, 2)).isDuplicate);
+    EXPECT_TRUE(joiner.Take(Page('b', 2, 2)).complete);
+    const CellTaken again = joiner.Take(Page('a', 1, 2));
+    EXPECT_TRUE(again.isDuplicate);
+    EXPECT_FALSE(again.complete);
+    EXPECT_FALSE(joiner.TakeOldest());
+}
+
+TEST(CellJoiner, ReplacesAnOlderUpdate) {
+    CellJoiner joiner;
+    joiner.Take(Page('a', 1, 2, 15));
+    const CellTaken taken = joiner.Take(Page('x', 1, 2, 0)); // goes around
+    ASSERT_EQ(taken.givenUp.size(), 1U);
+    EXPECT_EQ(taken.givenUp[0].Text(), "a");
+    EXPECT_EQ(taken.givenUp[0].Missing(), (std::vector<std::uint8_t>{2}));
+    EXPECT_EQ(joiner.Take(Page('y', 2, 2, 0)).complete->Text(), "xy");
+    EXPECT_TRUE(joiner.Take(Page('n', 1, 1, 8)).complete) << "eight numbers on is newer";
+}
+
+TEST(CellJoiner, GivesUpAPageOfAnOlderUpdateByItself) {
+    CellJoiner joiner;
+    joiner.Take(Page('x', 1, 2, 9));
+    for (const int update : {8, 2}) {
+        const CellTaken taken = joiner.Take(Page('a', 2, 2, static_cast<std::uint8_t>(update)));
+        ASSERT_EQ(taken.givenUp.size(), 1U);
+        EXPECT_EQ(taken.givenUp[0].Text(), "a");
+        EXPECT_FALSE(taken.complete);
+    }
+    EXPECT_EQ(joiner.Take(Page('y', 2, 2, 9)).complete->Text(), "xy");
+}
+
+TEST(CellJoiner, ForgetsACompleteMessageWithANewerUpdate) {
+    CellJoiner joiner;
+    joiner.Take(Page('a', 1, 1, 1));
+    const CellTaken taken = joiner.Take(Page('b', 1, 1, 2));
+    EXPECT_TRUE(taken.givenUp.empty());
+    EXPECT_EQ(taken.complete->Text(), "b");
+}
+
+TEST(CellJoiner, BeginsANewMessageWithOtherOctetsOrAnotherNumberOfPages) {
+    CellJoiner joiner;
+    joiner.Take(Page('a', 1, 2));
+    EXPECT_EQ(joiner.Take(Page('b', 1, 2)).givenUp.at(0).Text(), "a");
+    EXPECT_EQ(joiner.Take(Page('c', 2, 3)).givenUp.at(0).Text(), "b");
+    EXPECT_EQ(joiner.TakeOldest()->Text(), "c");
+}
+
+TEST(CellJoiner, KeepsMessagesOfOtherIdentifiersApart) {
+    CellJoiner joiner;
+    joiner.Take(Page('a', 1, 2, 0, 50));
+    EXPECT_TRUE(joiner.Take(Page('x', 1, 2, 0, 51)).givenUp.empty());
+    EXPECT_EQ(joiner.Take(Page('b', 2, 2, 0, 50)).complete->Text(), "ab");
+}
+
+TEST(CellJoiner, KeepsMessagesOfOtherScopesAndCodesApart) {
+    CellJoiner joiner;
+    joiner.Take(ReadCellHex("402000320F12"
+                            "61"));
+    EXPECT_TRUE(joiner
+                    .Take(ReadCellHex("802000320F22"
+                                      "62"))
+                    .givenUp.empty());
+    EXPECT_TRUE(joiner
+                    .Take(ReadCellHex("403000320F22"
+                                      "63"))
+                    .givenUp.empty());
+    EXPECT_EQ(joiner
+                  .Take(ReadCellHex("402000320F22"
+                                    "64"))
+                  .complete->Text(),
+              "ad");
+}
+
+TEST(CellJoiner, BeginsANewMessageWithAnotherCoding) {
+    CellJoiner joiner;
+    joiner.Take(ReadCellHex("402000320F12"
+                            "61"));
+    EXPECT_EQ(joiner
+                  .Take(ReadCellHex("402000320112"
+                                    "62"))
+                  .givenUp.at(0)
+                  .Text(),
+              "a");
+    EXPECT_EQ(joiner.TakeOldest()->Text(), "b");
+}
+
+TEST(CellJoiner, GivesUpTheOldestToMakeRoom) {
+    CellJoiner joiner(2);
+    joiner.Take(Page('a', 1, 2, 0, 1));
+    joiner.Take(Page('b', 1, 2, 0, 2));
+    const CellTaken taken = joiner.Take(Page('c', 1, 2, 0, 3));
+    ASSERT_EQ(taken.givenUp.size(), 1U);
+    EXPECT_EQ(taken.givenUp[0].Text(), "a");
+    EXPECT_EQ(joiner.TakeOldest()->Text(), "b");
+    EXPECT_EQ(joiner.TakeOldest()->Text(), "c");
+    EXPECT_FALSE(joiner.TakeOldest());
+}
+
+TEST(CellJoiner, ForgetsCompleteMessagesBeforeItGivesUpOthers) {
+    CellJoiner joiner(2);
+    joiner.Take(Page('a', 1, 2, 0, 1));
+    joiner.Take(Page('b', 1, 1, 0, 2));
+    EXPECT_TRUE(joiner.Take(Page('c', 1, 2, 0, 3)).givenUp.empty());
+    EXPECT_FALSE(joiner.Take(Page('b', 1, 1, 0, 2)).isDuplicate);
+}
+
+TEST(CellJoiner, GivesUpAPageBeyondTheTotal) {
+    CellJoiner joiner;
+    const CellTaken taken = joiner.Take(Page('a', 3, 2));
+    ASSERT_EQ(taken.givenUp.size(), 1U);
+    EXPECT_EQ(taken.givenUp[0].Text(), "a");
+    EXPECT_FALSE(joiner.TakeOldest());
+}
+
+TEST(CellJoiner, TakesAMessageWhole) {
+    CellJoiner joiner;
+    const std::string rest(160, '0');
+    const CellTaken taken =
+        joiner.Take(ReadCellHex("01003240200F02" + ("C834" + rest + "02") + ("21" + rest + "0001")));
+    EXPECT_EQ(taken.complete->Text(), "Hi!");
+}
+
+/// A page of septets, each below 128.
+CellReading SeptetsPage(const std::vector<std::uint8_t>& septets, int number, int total) {
+    std::vector<std::uint8_t> octets = {0x40, 0x20, 0x00,
+                                        0x32, 0x0F, static_cast<std::uint8_t>(number << 4 | total)};
+    const std::size_t head = octets.size();
+    octets.resize(head + septets.size());
+    octets.resize(head + PackSeptets(septets, 0, octets.data() + head));
+    return ReadCell(octets);
+}
+
+constexpr std::uint8_t c_euro = 0x65; ///< after an escape; "e" by itself
+constexpr std::uint8_t c_escape = c_escapeSeptet;
+
+TEST(CellJoiner, LeavesTheSpaceOfTwoEscapes) {
+    CellJoiner joiner;
+    joiner.Take(SeptetsPage({'a', 'b', 'c', 'd', 'e', 'f', c_escape, c_escape}, 1, 2));
+    EXPECT_EQ(joiner.Take(SeptetsPage({c_escape, c_euro}, 2, 2)).complete->Text(), "abcdef €");
+}
+
+TEST(CellJoiner, JoinsNothingAcrossAMissingPage) {
+    CellJoiner septets;
+    septets.Take(SeptetsPage({'a', 'b', 'c', 'd', 'e', 'f', 'g', c_escape}, 1, 3));
+    septets.Take(SeptetsPage({c_euro}, 3, 3));
+    EXPECT_EQ(septets.TakeOldest()->Text(), "abcdefge");
+    CellJoiner units;
+    units.Take(ReadCellHex("402000324813D83D"));
+    units.Take(ReadCellHex("402000324833DE00"));
+    EXPECT_EQ(units.TakeOldest()->Text(), "\xEF\xBF\xBD\xEF\xBF\xBD");
+}
+
+TEST(CellJoiner, PassesOverNotificationsAndFaults) {
+    CellJoiner joiner;
+    EXPECT_FALSE(joiner.Take(ReadCellHex("300011000180", CellFormat::EtwsNotification)).complete);
+    EXPECT_FALSE(joiner.Take(ReadCellHex("4020")).complete);
+    EXPECT_FALSE(joiner.TakeOldest());
+}
+
+} // namespace
