@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "Messages/Cell.h"
 #include "Messages/Parts.h"
 #include "Messages/Read.h"
 #include "Messages/Words.h"
@@ -24,6 +25,9 @@ const char* const c_deliver =
 /// A number longer than that, and octets.
 const char* const c_statusReport =
     "00262A1491214365870921436587092120312143658021203131436580460604051234567890";
+
+/// A page of two with a header, and a text longer than a string holds by itself.
+const char* const c_page = "402011129012050003010201416190BA0EE2BFE56C320B1476934161361B7447BF41";
 
 const struct Operation {
     const char* name;
@@ -103,6 +107,32 @@ const struct Operation {
          EXPECT_TRUE(joiner.Add(part, 0).empty());
          EXPECT_EQ(joiner.Finish().size(), 1U);
      }},
+    {"CellPage",
+     [](Reading&) {
+         const CellReading page = ReadCellHex(c_page);
+         EXPECT_FALSE(page.fault);
+         EXPECT_EQ(page.pages.at(0).elements.size(), 1U);
+     }},
+    {"CellNotification",
+     [](Reading&) {
+         const CellReading reading = ReadCellHex("300011000180" + std::string(100, '1'));
+         EXPECT_EQ(reading.warning->signature.size(), 43U);
+     }},
+    {"CellJoiner",
+     [](Reading&) {
+         CellJoiner joiner;
+         EXPECT_FALSE(joiner.Take(ReadCellHex(c_page)).complete);
+         EXPECT_EQ(joiner.TakeOldest()->Missing().size(), 1U);
+     }},
+    {"WriteCell",
+     [](Reading&) {
+         CellDraft draft;
+         draft.text = "A warning that no string holds by itself, in Łódź";
+         draft.language = "pl";
+         EXPECT_EQ(WriteCell(draft).pages, 2U);
+         draft.format = CellFormat::UmtsMessage;
+         EXPECT_EQ(WriteCell(draft).octets.size(), 1U);
+     }},
     {"Number",
      [](Reading&) {
          Address address;
@@ -117,6 +147,10 @@ const struct Operation {
          MeaningOf(WriteFault{WriteFaultCode::AddressTooLong, Field::RecipientAddress, 21, 20});
          MeaningOf(CutFault{CutFaultCode::NoCharacter, 1, 0x1F600});
          MeaningOf(Fault{FaultCode::FieldCut, Field::ServiceCentreTimestamp, 0, 7, 0});
+         MeaningOf(GeographicalScope::ImmediateCell);
+         MeaningOf(SerialNumber{0x4020}, 4352);
+         MeaningOf(CellCoding(0x5F));
+         MeaningOfMessageIdentifier(4370);
      }},
 };
 
@@ -172,6 +206,29 @@ TEST(EveryAllocationOfAJoiner, FailsAndNothingThatWasAddedIsLost) {
         ASSERT_GE(left[0].parts.size(), 1U) << points;
         EXPECT_EQ(left[0].parts[0].tag, 1U) << points;
         EXPECT_EQ(left[0].parts.size() == 2, left[0].parts.back().tag == 2) << points;
+    }
+}
+
+TEST(EveryAllocationOfACellJoiner, FailsAndNothingHasChanged) {
+    std::string other = c_page;
+    other.replace(other.find("9012"), 4, "9022");
+    bool isThrough = false;
+    for (unsigned long points = 1; !isThrough; ++points) {
+        CellJoiner joiner;
+        ASSERT_FALSE(joiner.Take(ReadCellHex(c_page)).complete);
+        const CellReading second = ReadCellHex(other);
+        {
+            const tests::FailAllocation fail(points);
+            try {
+                EXPECT_TRUE(joiner.Take(second).complete) << points;
+            } catch (const std::bad_alloc&) {
+            }
+            isThrough = !fail.Happened();
+        }
+        const CellTaken again = joiner.Take(second);
+        EXPECT_EQ(again.isDuplicate, isThrough) << points;
+        EXPECT_EQ(again.complete.has_value(), !isThrough) << points;
+        EXPECT_TRUE(again.givenUp.empty()) << points;
     }
 }
 
