@@ -72,10 +72,10 @@ public:
     void OnFault(const Fault& one) override { fault = one; }
 };
 
-/// Each bit of each octet in one place. What follows a reserved type belongs to no field.
-bool CoverAllOnce(const Reading& reading, std::size_t octets) {
+/// Each bit of each octet in one place.
+bool CoverAllOnce(const std::vector<FieldPlace>& places, std::size_t octets, bool hasRest = false) {
     std::vector<unsigned int> covered(octets);
-    for (const FieldPlace& place : reading.places) {
+    for (const FieldPlace& place : places) {
         for (std::uint32_t i = 0; i < place.count; ++i) {
             const unsigned int mask = i == 0 ? place.mask : 0xFFU;
             if (place.octet + i >= octets || (covered[place.octet + i] & mask) != 0)
@@ -83,8 +83,7 @@ bool CoverAllOnce(const Reading& reading, std::size_t octets) {
             covered[place.octet + i] |= mask;
         }
     }
-    const bool isReserved = reading.fault && reading.fault->code == FaultCode::ReservedType;
-    return isReserved ||
+    return hasRest ||
            std::all_of(covered.begin(), covered.end(), [](unsigned int bits) { return bits == 0xFF; });
 }
 
@@ -113,6 +112,15 @@ bool IsUtf8(std::string_view text) {
     return true;
 }
 
+void CheckFindings(const std::vector<Remark>& remarks, const std::optional<Fault>& fault, OctetView pdu) {
+    for (const Remark& remark : remarks) {
+        Require(remark.octet <= pdu.size(), "a remark is about an octet", pdu);
+        Require(!MeaningOf(remark).empty(), "a remark has words", pdu);
+    }
+    if (fault)
+        Require(!MeaningOf(*fault).empty(), "a fault has words", pdu);
+}
+
 void CheckTexts(const Reading& reading, OctetView pdu) {
     if (const Address* const party = PartyOf(reading.tpdu))
         Require(IsUtf8(party->text), "a name is UTF-8", pdu);
@@ -123,12 +131,7 @@ void CheckTexts(const Reading& reading, OctetView pdu) {
             Require(element.Data(data->octets).size() == element.length, "elements lie in the user data",
                     pdu);
     }
-    for (const Remark& remark : reading.remarks) {
-        Require(remark.octet <= pdu.size(), "a remark is about an octet", pdu);
-        Require(!MeaningOf(remark).empty(), "a remark has words", pdu);
-    }
-    if (reading.fault)
-        Require(!MeaningOf(*reading.fault).empty(), "a fault has words", pdu);
+    CheckFindings(reading.remarks, reading.fault, pdu);
 }
 
 ReadOptions OptionsOf(unsigned int way, OctetView pdu) {
@@ -147,7 +150,8 @@ ReadOptions OptionsOf(unsigned int way, OctetView pdu) {
 void CheckWay(OctetView pdu, unsigned int way) {
     const ReadOptions options = OptionsOf(way, pdu);
     const Reading reading = Read(pdu, options);
-    Require(CoverAllOnce(reading, pdu.size()), "places cover all octets once", pdu);
+    const bool isReserved = reading.fault && reading.fault->code == FaultCode::ReservedType;
+    Require(CoverAllOnce(reading.places, pdu.size(), isReserved), "places cover all octets once", pdu);
     CheckTexts(reading, pdu);
     Require(!reading.IsSound() || reading.Type() != TpduType::None, "what is sound has a type", pdu);
     Reading used = Read(pdu, OptionsOf(way + 1, pdu));
@@ -160,13 +164,92 @@ void CheckWay(OctetView pdu, unsigned int way) {
             "a walk tells what a reading gives", pdu);
 }
 
+void CheckPages(const CellReading& reading, OctetView octets) {
+    Require(IsUtf8(reading.text), "text is UTF-8", octets);
+    Require(reading.pages.size() <= c_cellPages, "pages are 15 at most", octets);
+    for (const CellPage& page : reading.pages) {
+        Require(IsUtf8(page.text), "the text of a page is UTF-8", octets);
+        Require(page.octets.size() <= c_cellPageOctets, "a page has 82 octets at most", octets);
+        Require(page.textOffset <= page.octets.size(), "text begins in its page", octets);
+        for (const HeaderElement& element : page.elements)
+            Require(element.Data(page.octets).size() == element.length, "elements lie in the page", octets);
+    }
+}
+
+void CheckJoining(const CellReading& reading, OctetView octets) {
+    CellJoiner joiner;
+    CellTaken taken = joiner.Take(reading);
+    const bool isTaken = !reading.fault && !reading.pages.empty();
+    std::optional<CellMessage> message = std::move(taken.complete);
+    if (!message && !taken.givenUp.empty())
+        message = std::move(taken.givenUp.front());
+    if (!message)
+        message = joiner.TakeOldest();
+    Require(message.has_value() == isTaken, "a joiner keeps or gives back what it takes", octets);
+    Require(!message || message->Text() == reading.text, "a message has the text of its reading", octets);
+}
+
+/// Pages without a return or a NUL, which end a text as padding does.
+void CheckWriting(const CellReading& reading, OctetView octets) {
+    if (reading.text.find_first_of(std::string_view("\r\0", 2)) != std::string::npos)
+        return;
+    for (const CellFormat format : {CellFormat::GsmPage, CellFormat::UmtsMessage}) {
+        CellDraft draft;
+        draft.format = format;
+        draft.serialNumber = reading.serialNumber;
+        draft.text = reading.text;
+        const CellWritten written = WriteCell(draft);
+        Require(written.fault == CellDraftFault::None || written.fault == CellDraftFault::TooLong,
+                "a text can be written", octets);
+        CellJoiner joiner;
+        std::optional<CellMessage> message;
+        for (const std::vector<std::uint8_t>& sent : written.octets) {
+            const CellReading page = ReadCell(sent, format);
+            Require(!page.fault && page.remarks.empty(), "what is written is read without a remark", sent);
+            message = joiner.Take(page).complete;
+        }
+        Require(written.octets.empty() || (message && message->Text() == reading.text),
+                "what is written is read as it was", octets);
+    }
+}
+
+void CheckCell(OctetView octets, CellFormat format) {
+    const CellReading reading = ReadCell(octets, format);
+    Require(CoverAllOnce(reading.places, octets.size()), "places cover all octets once", octets);
+    Require(format == CellFormat::Unknown || reading.format == format, "a format that is told holds", octets);
+    const CellReading told = ReadCell(octets, reading.format);
+    Require(told.text == reading.text && AreSame(told.places, reading.places) &&
+                AreSame(told.remarks, reading.remarks) && AreSame(told.fault, reading.fault),
+            "a format is read alike, told or recognised", octets);
+    CheckFindings(reading.remarks, reading.fault, octets);
+    CheckPages(reading, octets);
+    CheckJoining(reading, octets);
+    CheckWriting(reading, octets);
+}
+
+/// A copy of its own, so that a sanitizer sees whatever is read after its end.
+class Copy {
+public:
+    explicit Copy(OctetView octets) : m_Octets(new std::uint8_t[octets.size()]), m_Size(octets.size()) {
+        std::copy(octets.begin(), octets.end(), m_Octets.get());
+    }
+    OctetView View() const { return {m_Octets.get(), m_Size}; }
+
+private:
+    std::unique_ptr<std::uint8_t[]> m_Octets;
+    std::size_t m_Size;
+};
+
 } // namespace
 
 void CheckAgreement(OctetView pdu, unsigned int way) {
-    // A copy of its own, so that a sanitizer sees whatever is read after its end.
-    const std::unique_ptr<std::uint8_t[]> copy(new std::uint8_t[pdu.size()]);
-    std::copy(pdu.begin(), pdu.end(), copy.get());
-    CheckWay({copy.get(), pdu.size()}, way);
+    const Copy copy(pdu);
+    CheckWay(copy.View(), way);
+}
+
+void CheckCellAgreement(OctetView octets, CellFormat format) {
+    const Copy copy(octets);
+    CheckCell(copy.View(), format);
 }
 
 void CheckAgreement(OctetView pdu) {

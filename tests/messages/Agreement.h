@@ -2,6 +2,7 @@
 #ifndef MESSAGES_AGREEMENT_H
 #define MESSAGES_AGREEMENT_H
 
+#include "Messages/Cell.h"
 #include "Messages/Octets.h"
 #include "Messages/Read.h"
 
@@ -17,6 +18,11 @@ void CheckAgreement(Messages::OctetView pdu, unsigned int way);
 
 /// The same in all ways.
 void CheckAgreement(Messages::OctetView pdu);
+
+/// Reads the octets as cell broadcast: places cover all octets once, texts are UTF-8, a format that is
+/// recognised and then told gives the same, a joiner keeps or gives back what it takes, and a text can be
+/// written in either geometry and be read again. Ends the program likewise.
+void CheckCellAgreement(Messages::OctetView octets, Messages::CellFormat format);
 
 } // namespace tests
 
