@@ -133,12 +133,14 @@ long Number(const Fields& fields, const std::string& name, std::size_t n) {
     return value.is_string() ? std::stol(value.get<std::string>(), nullptr, 0) : -1;
 }
 
+std::u32string CodePoints(const std::string& utf8) {
+    const TString<wchar_t> text = Toolkit::UTF8::ToUNICODE(TString<char>(utf8));
+    return {text.begin(), text.end()};
+}
+
 std::u32string Text(const Fields& fields, const std::string& name) {
     const Fields value = fields.value(name, Fields());
-    if (!value.is_string())
-        return {};
-    const TString<wchar_t> text = Toolkit::UTF8::ToUNICODE(TString<char>(value.get<std::string>()));
-    return {text.begin(), text.end()};
+    return value.is_string() ? CodePoints(value.get<std::string>()) : std::u32string();
 }
 
 unsigned int MessageCount() {

@@ -24,6 +24,8 @@ std::vector<Fields> DissectCellBroadcast(const std::vector<tests::Bytes>& pages)
 
 /// A number field, the n-th where it stands several times; -1 when it is not there.
 long Number(const Fields& fields, const std::string& name, std::size_t n = 0);
+/// The characters of a text.
+std::u32string CodePoints(const std::string& utf8);
 /// A text field; empty when it is not there.
 std::u32string Text(const Fields& fields, const std::string& name);
 
