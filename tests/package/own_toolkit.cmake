@@ -47,7 +47,7 @@ refused("it has no components" ${CMAKE_COMMAND} -S ${WORK}/component -B ${WORK}/
 file(WRITE ${WORK}/intree/toolkit.cpp "")
 consumer(intree "add_library(toolkit SHARED toolkit.cpp)
 add_library(QX::Toolkit ALIAS toolkit)
-add_subdirectory(${SOURCE} library)")
+add_subdirectory(\"${SOURCE}\" library)")
 refused("takes a libQX_Toolkit that is installed" ${CMAKE_COMMAND} -S ${WORK}/intree -B ${WORK}/intree/build -G Ninja
   -DCMAKE_CXX_COMPILER=${COMPILER} -DQX_BUNDLED_TOOLKIT=OFF -DQX_INSTALL=ON)
 

@@ -3,6 +3,7 @@ import functools
 import json
 import subprocess
 import sys
+import tempfile
 
 import jsonschema
 
@@ -30,15 +31,18 @@ LIST = "\n".join([HELLO, UPPER, UPPER, LOWER, LOWER, SUBMIT, TIMED, REPORT, "0G"
 LOG = "\n".join(["+CMT: ,24", HELLO, "+CMT: ,9", "OK", "+CBM: 11", PAGE, "+CBM: 88", WARNING, "+CMT: ,26", UPPER,
                  "+CMT: ,25", LOWER, "+CMT: ,9", REPORT[:8], "AT+CMGS=10", SUBMIT, '+CMGS: 7,"010021203121436580"',
                  "+CDS: 21", REPORT, ""])
+LOG_FILE = tempfile.NamedTemporaryFile("w", encoding="utf-8", suffix=".log")
+LOG_FILE.write(LOG)
+LOG_FILE.flush()
 
 # The command, standard input, and how many objects come of it.
 CASES = [
     (["decode"], LIST, 12),
     (["decode", "--join"], LIST, 11),
-    (["decode", "--file", "/dev/stdin"], LOG, 10),
-    (["decode", "--join", "--file", "/dev/stdin"], LOG, 9),
-    (["inspect", "--file", "/dev/stdin"], LOG, 8),
-    (["cell", "--file", "/dev/stdin"], LOG, 3),
+    (["decode", "--file", LOG_FILE.name], "", 10),
+    (["decode", "--join", "--file", LOG_FILE.name], "", 9),
+    (["inspect", "--file", LOG_FILE.name], "", 8),
+    (["cell", "--file", LOG_FILE.name], "", 3),
     (["decode"], "\n".join(KINDS), len(KINDS)),
     (["decode", "--direction", "from-mobile"], "\n".join(REPORTS), len(REPORTS)),
     (["decode", "--as", "libQX_Encoding"], HELLO, 1),
