@@ -98,27 +98,18 @@ std::string MeaningOf(const CellCoding& coding) {
 }
 
 std::string_view MeaningOf(CellDraftFault fault) noexcept {
-    switch (fault) {
-    case CellDraftFault::None:
-        break;
-    case CellDraftFault::NotUtf8:
-        return "the text is not UTF-8";
-    case CellDraftFault::NotInAlphabet:
-        return "the text has a character that the alphabet lacks";
-    case CellDraftFault::TooLong:
-        return "the text takes more than 15 pages";
-    case CellDraftFault::NoSuchLanguage:
-        return "a language is two letters from a to z";
-    case CellDraftFault::LanguageAndClass:
-        return "no data coding scheme has both a language and a class";
-    case CellDraftFault::NoSuchClass:
-        return "a class is 0 to 3";
-    case CellDraftFault::NoSuchFormat:
-        return "text goes into GSM pages or a UMTS message";
-    case CellDraftFault::NoSuchAlphabet:
-        return "text is GSM 7-bit or UCS2";
-    }
-    return "nothing is wrong";
+    constexpr std::string_view sentences[] = {
+        "nothing is wrong",
+        "the text is not UTF-8",
+        "the text has a character that the alphabet lacks",
+        "the text takes more than 15 pages",
+        "a language is two letters from a to z",
+        "no data coding scheme has both a language and a class",
+        "a class is 0 to 3",
+        "text goes into GSM pages or a UMTS message",
+        "text is GSM 7-bit or UCS2",
+    };
+    return sentences[static_cast<std::size_t>(fault)];
 }
 
 } // namespace Messages

@@ -43,6 +43,15 @@ TEST(ReadCell, TakesTheLanguageFromTheTextBeforeThatOfTheCoding) {
     EXPECT_EQ(ReadCellHex("402000320B11C834").Language(), "el");
     EXPECT_EQ(ReadCellHex("402000321111EA3057309707").Language(), "ja");
     EXPECT_EQ(ReadCellHex("402000320F11C834").Language(), "");
+    EXPECT_EQ(ReadCellHex("4020").Language(), "") << "no page";
+}
+
+TEST(ReadCell, LanguageElementOfAnotherLengthThanOneChoosesNoTable) {
+    const CellReading reading = ReadCellHex("402000329011" "0424020101" "20D3"); // Hi, from bit 2 on
+    EXPECT_EQ(reading.text, "Hi");
+    ASSERT_EQ(reading.remarks.size(), 1U);
+    EXPECT_EQ(reading.remarks[0].code, RemarkCode::ElementLength);
+    EXPECT_EQ(reading.remarks[0].octet, 7U);
 }
 
 TEST(ReadCell, JoinsWhatStandsBetweenTwoPagesOfAMessage) {

@@ -431,7 +431,7 @@ TEST(QxpduInspect, LongFieldsGoOnInTheNextLines) {
 }
 
 TEST(QxpduInspect, OctetsAfterTheTpduAreShown) {
-    ExpectLine("00010004912143000001617F", "11  7F                       surplus: octets after the TPDU");
+    ExpectLine("00010004912143000001617F", "11  7F                       surplus: octets after the end");
     ExpectLine("00020004912143212031214365802120312143658000FF", "22  FF                       TP-PI: cut");
     ExpectLine("00020004912143212031214365802120312143658000FF", "~ libQX_Encoding decodes this PDU");
     ExpectLine("07912143", "0  07 91 21 43              service centre: cut");
