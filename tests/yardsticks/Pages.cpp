@@ -136,12 +136,13 @@ TEST(Yardsticks, CellBroadcastPageIsReadAlikeByTheStandard) {
         EXPECT_EQ(Number(fields, "total_pages"), reading.total);
         const Named difference = DifferenceOf(reading.coding);
         ++counts[difference];
-        if (difference == Named::NoText)
+        if (difference == Named::NoText) {
             EXPECT_EQ(reading.text, "");
-        else if (difference == Named::ReservedUnread)
+        } else if (difference == Named::ReservedUnread) {
             EXPECT_EQ(Text(fields, "page_content"), U"");
-        else if (difference != Named::Header && difference != Named::ReservedAsUcs2)
+        } else if (difference != Named::Header && difference != Named::ReservedAsUcs2) {
             EXPECT_EQ(Expected(difference, Text(fields, "page_content")), CodePoints(reading.text));
+        }
         ASSERT_FALSE(testing::Test::HasFailure());
     }
     for (const auto& [difference, reason] : c_reasons)

@@ -47,7 +47,7 @@ TEST(ReadCell, TakesTheLanguageFromTheTextBeforeThatOfTheCoding) {
 }
 
 TEST(ReadCell, LanguageElementOfAnotherLengthThanOneChoosesNoTable) {
-    const CellReading reading = ReadCellHex("402000329011" "0424020101" "20D3"); // Hi, from bit 2 on
+    const CellReading reading = ReadCellHex("402000329011042402010120D3"); // Hi, from bit 2 on
     EXPECT_EQ(reading.text, "Hi");
     ASSERT_EQ(reading.remarks.size(), 1U);
     EXPECT_EQ(reading.remarks[0].code, RemarkCode::ElementLength);
