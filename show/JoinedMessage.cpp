@@ -84,10 +84,8 @@ std::size_t LastUnitOf(const JoinedPart& part) {
 /// Whether the part goes on with septets of the same tables.
 bool GoesOn(const JoinedPart& part, const JoinedPart& after) {
     const Messages::DataCoding* const coding = Messages::CodingOf(after.message->message.reading.tpdu);
-    const Messages::SeptetTables& tables = UserDataOf(part).tables;
-    const Messages::SeptetTables& others = UserDataOf(after).tables;
     return (coding == nullptr || coding->CountsSeptets()) && UserDataOf(after).textUnits != 0 &&
-           tables.locking == others.locking && tables.single == others.single;
+           UserDataOf(after).tables == UserDataOf(part).tables;
 }
 
 const JoinedPart* PartOf(const JoinedMessage& joined, int number) {

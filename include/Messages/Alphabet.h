@@ -46,6 +46,15 @@ inline constexpr std::uint8_t c_escapeSeptet = 0x1B;
 struct SeptetTables {
     Language locking = Language::Default; ///< element 25
     Language single = Language::Default;  ///< element 24
+
+    /// The same tables.
+    friend constexpr bool operator==(const SeptetTables& left, const SeptetTables& right) noexcept {
+        return left.locking == right.locking && left.single == right.single;
+    }
+    /// The opposite.
+    friend constexpr bool operator!=(const SeptetTables& left, const SeptetTables& right) noexcept {
+        return !(left == right);
+    }
 };
 
 /// Whether a locking shift table is known of the language; so is the default alphabet.

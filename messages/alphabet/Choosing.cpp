@@ -208,23 +208,26 @@ std::optional<MisfitCharacter> Choose(std::string_view text, const ChoiceOptions
 
 std::optional<MisfitCharacter> Explain(std::string_view text, const ChoiceOptions& options,
                                        Explanation& explanation) {
-    Choice cheapest;
-    if (const auto misfit = Choose(text, options, cheapest))
-        return misfit;
-    Explanation found{{cheapest}, {}, CostlyIn(text)};
-    if (!options.tables) {
+    Explanation found;
+    if (options.tables) {
+        if (const auto misfit = Force(text, *options.tables, options.room, found.choices.emplace_back()))
+            return misfit;
+    } else {
         Survey survey;
-        Look(text, options.languages.Bits(), survey);
-        found.choices.clear();
+        if (const auto misfit = Look(text, options.languages.Bits(), survey))
+            return misfit;
         VisitChoices(survey, options, Each, [&](Choice one) {
             Count(text, options.room, one);
             found.choices.push_back(one);
         });
+        if (found.choices.empty())
+            return survey.misfit;
         std::sort(found.choices.begin(), found.choices.end(),
                   [](const Choice& left, const Choice& right) { return Rank(left) < Rank(right); });
     }
-    if (cheapest.parts != c_noParts)
+    if (const Choice& cheapest = found.choices.front(); cheapest.parts != c_noParts)
         found.offsets = PartOffsets(text, cheapest, options.room);
+    found.characters = CostlyIn(text);
     explanation = std::move(found);
     return std::nullopt;
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <vector>
 
 #include "Messages/Octets.h"
 #include "Messages/Remarks.h"
@@ -33,6 +34,13 @@ inline bool EndsInEscape(OctetView septets) {
     while (escapes < septets.size() && septets[septets.size() - 1 - escapes] == c_escapeSeptet)
         ++escapes;
     return escapes % 2 != 0;
+}
+
+/// Makes one pair of a pair that was cut, at that place of septets: some send its escape in both parts.
+inline void HealCut(std::vector<std::uint8_t>& septets, std::size_t cut) {
+    if (cut < septets.size() && septets[cut] == c_escapeSeptet &&
+        EndsInEscape(OctetView(septets).Sub(0, cut)))
+        septets.erase(septets.begin() + static_cast<std::ptrdiff_t>(cut));
 }
 
 inline char* Put(const Utf8Character& character, char* out) {

@@ -8,32 +8,14 @@ namespace Messages {
 namespace {
 
 constexpr CellCodingGroup GroupOf(std::string_view cell) {
-    struct Group {
-        std::string_view cell;
-        CellCodingGroup group;
-    };
-    constexpr Group groups[] = {{"language", CellCodingGroup::Language},
-                                {"language in text", CellCodingGroup::LanguageInText},
-                                {"general", CellCodingGroup::General},
-                                {"user-data header", CellCodingGroup::UserDataHeader},
-                                {"I1 protocol", CellCodingGroup::I1Protocol},
-                                {"WAP Forum", CellCodingGroup::Wap},
-                                {"coding and class", CellCodingGroup::DataCodingAndClass},
-                                {"reserved", CellCodingGroup::Reserved}};
-    for (const Group& group : groups)
-        if (group.cell == cell)
-            return group.group;
-    throw std::invalid_argument("no such group");
-}
-
-constexpr Alphabet AlphabetOf(std::string_view cell) {
-    if (cell == "gsm7")
-        return Alphabet::Gsm7;
-    if (cell == "ucs2")
-        return Alphabet::Ucs2;
-    if (cell == "octets" || cell == Tables::c_nothing)
-        return Alphabet::Data;
-    throw std::invalid_argument("no such alphabet");
+    return Tables::ValueOf<CellCodingGroup>(cell, {{"language", CellCodingGroup::Language},
+                                                   {"language in text", CellCodingGroup::LanguageInText},
+                                                   {"general", CellCodingGroup::General},
+                                                   {"user-data header", CellCodingGroup::UserDataHeader},
+                                                   {"I1 protocol", CellCodingGroup::I1Protocol},
+                                                   {"WAP Forum", CellCodingGroup::Wap},
+                                                   {"coding and class", CellCodingGroup::DataCodingAndClass},
+                                                   {"reserved", CellCodingGroup::Reserved}});
 }
 
 /// One row of the table as enumerators.
@@ -50,7 +32,10 @@ struct Scheme {
 constexpr Scheme SchemeOf(const Tables::CellCodingRow& row) {
     Scheme scheme;
     scheme.group = GroupOf(row.group);
-    scheme.alphabet = AlphabetOf(row.alphabet);
+    if (row.alphabet == Tables::c_nothing)
+        scheme.alphabet = Alphabet::Data;
+    else
+        scheme.alphabet = Tables::AlphabetOf(row.alphabet);
     scheme.messageClass = static_cast<std::int8_t>(static_cast<int>(row.messageClass));
     scheme.isCompressed = row.isCompressed;
     scheme.hasHeader = row.hasHeader;

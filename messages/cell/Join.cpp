@@ -10,17 +10,14 @@ namespace {
 
 /// Whether the text of one page goes on in the next.
 bool GoesOn(const CellPage& page, const CellPage& next) {
-    return next.number == page.number + 1 && next.tables.locking == page.tables.locking &&
-           next.tables.single == page.tables.single;
+    return next.number == page.number + 1 && next.tables == page.tables;
 }
 
 void AppendSeptets(const CellPage& page, std::vector<std::uint8_t>& septets) {
-    const PageSeptets text = TextSeptets(page);
-    OctetView added = text.View();
-    // Some cut before the pair and send its escape twice.
-    if (!added.empty() && added[0] == c_escapeSeptet && EndsInEscape(septets))
-        added = added.Sub(1);
-    septets.insert(septets.end(), added.begin(), added.end());
+    const std::size_t cut = septets.size();
+    septets.resize(cut + page.textUnits);
+    septets.resize(cut + UnpackSeptets(page.Content(), page.textBit, page.textUnits, septets.data() + cut));
+    HealCut(septets, cut);
 }
 
 void AppendUnits(const CellPage& page, std::vector<std::uint8_t>& octets) {

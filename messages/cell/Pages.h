@@ -2,8 +2,6 @@
 #ifndef CELL_PAGES_H
 #define CELL_PAGES_H
 
-#include <array>
-
 #include "Messages/Cell.h"
 #include "alphabet/Packing.h"
 
@@ -21,21 +19,6 @@ constexpr std::size_t c_pageSeptets = c_cellPageOctets * c_octetBits / c_septetB
 constexpr std::uint8_t c_carriageReturn = 0x0D; ///< padding, in septets and in UCS2
 constexpr std::size_t c_languageSeptets = 2;    ///< letters before the text
 constexpr std::size_t c_languageOctets = 2;     ///< that they take before UCS2
-
-/// Septets of a page, one an octet.
-struct PageSeptets {
-    std::array<std::uint8_t, c_pageSeptets> septets;
-    std::size_t count = 0;
-
-    OctetView View() const { return {septets.data(), count}; }
-};
-
-/// The septets of the text of a page that has septets, without padding.
-inline PageSeptets TextSeptets(const CellPage& page) {
-    PageSeptets unpacked;
-    unpacked.count = UnpackSeptets(page.Content(), page.textBit, page.textUnits, unpacked.septets.data());
-    return unpacked;
-}
 
 constexpr bool IsSmallLetter(std::uint8_t septet) {
     return septet >= 'a' && septet <= 'z';

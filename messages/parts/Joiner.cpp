@@ -27,9 +27,7 @@ public:
         const UserData& userData = *UserDataOf(part.tpdu);
         const DataCoding coding = CodingOfPart(part.tpdu);
         const bool goesOn = part.number == m_Number + 1 && coding.alphabet == m_Coding.alphabet &&
-                            coding.isCompressed == m_Coding.isCompressed &&
-                            userData.tables.locking == m_Tables.locking &&
-                            userData.tables.single == m_Tables.single;
+                            coding.isCompressed == m_Coding.isCompressed && userData.tables == m_Tables;
         if (!goesOn)
             Flush();
         m_Number = part.number;
@@ -60,10 +58,7 @@ private:
         const std::size_t at = m_Units.size();
         m_Units.resize(at + userData.textUnits);
         UnpackSeptets(content, userData.fillBits, userData.textUnits, m_Units.data() + at);
-        // Some cut before the pair and send its escape twice.
-        if (at < m_Units.size() && m_Units[at] == c_escapeSeptet &&
-            EndsInEscape(OctetView(m_Units).Sub(0, at)))
-            m_Units.erase(m_Units.begin() + static_cast<std::ptrdiff_t>(at));
+        HealCut(m_Units, at);
     }
 
     bool IsUcs2Text() const { return m_Coding.alphabet == Alphabet::Ucs2 && !m_Coding.isCompressed; }

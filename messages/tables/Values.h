@@ -6,6 +6,7 @@
 #include <iterator>
 #include <string_view>
 
+#include "Messages/DataCoding.h"
 #include "tables/Cells.h"
 
 namespace Messages::Tables {
@@ -247,6 +248,26 @@ constexpr WarningTypeRow c_warningTypes[] = {
 };
 
 constexpr std::string_view c_reserved = "reserved";
+
+/// What a word in a cell stands for.
+template <class Value>
+struct Meaning {
+    std::string_view cell;
+    Value value;
+};
+
+template <class Value, std::size_t Count>
+constexpr Value ValueOf(std::string_view cell, const Meaning<Value> (&meanings)[Count]) {
+    for (const Meaning<Value>& meaning : meanings)
+        if (meaning.cell == cell)
+            return meaning.value;
+    throw std::invalid_argument("no such cell");
+}
+
+constexpr Alphabet AlphabetOf(std::string_view cell) {
+    return ValueOf<Alphabet>(
+        cell, {{"gsm7", Alphabet::Gsm7}, {"octets", Alphabet::Data}, {"ucs2", Alphabet::Ucs2}});
+}
 
 /// The row whose range a value is in; the last one of a value beyond them.
 template <class Row, std::size_t Count>

@@ -18,30 +18,11 @@ struct Scheme {
     bool isReserved = false;
 };
 
-struct Meaning {
-    std::string_view cell;
-    int value;
-};
-
-template <std::size_t Count>
-constexpr int ValueOf(std::string_view cell, const Meaning (&meanings)[Count]) {
-    for (const Meaning& meaning : meanings)
-        if (meaning.cell == cell)
-            return meaning.value;
-    throw std::invalid_argument("no such cell");
-}
-
-constexpr Alphabet AlphabetOf(std::string_view cell) {
-    return static_cast<Alphabet>(ValueOf(cell, {{"gsm7", static_cast<int>(Alphabet::Gsm7)},
-                                                {"octets", static_cast<int>(Alphabet::Data)},
-                                                {"ucs2", static_cast<int>(Alphabet::Ucs2)}}));
-}
-
 constexpr WaitingType WaitingTypeOf(std::string_view cell) {
-    return static_cast<WaitingType>(ValueOf(cell, {{"voicemail", static_cast<int>(WaitingType::Voice)},
-                                                   {"fax", static_cast<int>(WaitingType::Fax)},
-                                                   {"e-mail", static_cast<int>(WaitingType::Email)},
-                                                   {"other", static_cast<int>(WaitingType::Other)}}));
+    return Tables::ValueOf<WaitingType>(cell, {{"voicemail", WaitingType::Voice},
+                                               {"fax", WaitingType::Fax},
+                                               {"e-mail", WaitingType::Email},
+                                               {"other", WaitingType::Other}});
 }
 
 constexpr CodingGroup GroupOf(const Tables::CodingRow& row) {
@@ -50,17 +31,16 @@ constexpr CodingGroup GroupOf(const Tables::CodingRow& row) {
             return CodingGroup::WaitingDiscard;
         return row.alphabet == "ucs2" ? CodingGroup::WaitingStoreUcs2 : CodingGroup::WaitingStore;
     }
-    return static_cast<CodingGroup>(
-        ValueOf(row.group, {{"general", static_cast<int>(CodingGroup::General)},
-                            {"automatic deletion", static_cast<int>(CodingGroup::AutomaticDeletion)},
-                            {"reserved", static_cast<int>(CodingGroup::Reserved)},
-                            {"coding and class", static_cast<int>(CodingGroup::DataCodingAndClass)}}));
+    return Tables::ValueOf<CodingGroup>(row.group, {{"general", CodingGroup::General},
+                                                    {"automatic deletion", CodingGroup::AutomaticDeletion},
+                                                    {"reserved", CodingGroup::Reserved},
+                                                    {"coding and class", CodingGroup::DataCodingAndClass}});
 }
 
 constexpr Scheme SchemeOf(const Tables::CodingRow& row) {
     Scheme scheme;
     scheme.group = GroupOf(row);
-    scheme.alphabet = AlphabetOf(row.alphabet);
+    scheme.alphabet = Tables::AlphabetOf(row.alphabet);
     scheme.messageClass = static_cast<std::int8_t>(static_cast<int>(row.messageClass));
     scheme.isWaiting = row.waiting != Tables::c_nothing;
     if (scheme.isWaiting)

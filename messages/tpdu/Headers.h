@@ -10,6 +10,8 @@
 
 namespace Messages {
 
+constexpr std::size_t c_elementHeadOctets = 2; ///< identifier and length
+
 /// What is known of the elements of the user-data header with an identifier.
 struct ElementFacts {
     bool isReserved = false;
@@ -56,14 +58,13 @@ private:
     using Telling<Sink>::m_Sink;
 
     bool HeaderAddsUp(const UserDataHead& head, std::size_t octets) {
-        constexpr std::size_t elementHead = 2;
         if (octets > head.octets.size()) {
             Note(RemarkCode::HeaderBeyondUserData, Field::HeaderLength, m_At, octets, head.octets.size());
             return false;
         }
         std::size_t at = 1;
-        while (at + elementHead <= octets) {
-            const std::size_t next = at + elementHead + head.octets[at + 1];
+        while (at + c_elementHeadOctets <= octets) {
+            const std::size_t next = at + c_elementHeadOctets + head.octets[at + 1];
             if (next > octets) {
                 Note(RemarkCode::HeaderOverrun, Field::HeaderElement, m_At + at, next - octets);
                 return false;
@@ -76,11 +77,10 @@ private:
     }
 
     void ReadElements(UserDataHead& head, std::size_t octets) {
-        constexpr std::size_t elementHead = 2;
         std::array<bool, 256> seen{};
         for (std::size_t at = 1; at < octets;) {
             const HeaderElement element{head.octets[at], head.octets[at + 1],
-                                        static_cast<std::uint8_t>(at + elementHead)};
+                                        static_cast<std::uint8_t>(at + c_elementHeadOctets)};
             Place(Field::HeaderElement, Piece::Identifier, m_At + at, 1);
             Place(Field::HeaderElement, Piece::Length, m_At + at + 1, 1);
             Place(Field::HeaderElement, Piece::Content, m_At + element.offset, element.length);
@@ -88,7 +88,7 @@ private:
             NoteElement(element, element.Data(head.octets), m_At + at, seen);
             ReadElement(head, element, m_At + at);
             seen[element.identifier] = true;
-            at += elementHead + element.length;
+            at += c_elementHeadOctets + element.length;
         }
     }
 

@@ -7,6 +7,14 @@ namespace {
 
 using namespace Messages;
 
+template <class Case, std::size_t Count>
+void ExpectCodesAndSentences(const Case (&cases)[Count]) {
+    for (const Case& one : cases) {
+        EXPECT_EQ(CodeOf(one.fault.code), one.code);
+        EXPECT_EQ(MeaningOf(one.fault), one.meaning);
+    }
+}
+
 struct RemarkCase {
     Remark remark;
     const char* code;
@@ -157,10 +165,7 @@ TEST(Faults, HaveACodeAndASentence) {
          "not-hexadecimal",
          "octet 4 is no pair of hexadecimal digits"},
     };
-    for (const auto& one : cases) {
-        EXPECT_EQ(CodeOf(one.fault.code), one.code);
-        EXPECT_EQ(MeaningOf(one.fault), one.meaning);
-    }
+    ExpectCodesAndSentences(cases);
 }
 
 TEST(WriteFaults, HaveACodeAndASentence) {
@@ -197,10 +202,7 @@ TEST(WriteFaults, HaveACodeAndASentence) {
         {of(WriteFaultCode::TextDisagrees), "text-disagrees",
          "the octets of the user data say something else than its members"},
     };
-    for (const auto& one : cases) {
-        EXPECT_EQ(CodeOf(one.fault.code), one.code);
-        EXPECT_EQ(MeaningOf(one.fault), one.meaning);
-    }
+    ExpectCodesAndSentences(cases);
 }
 
 TEST(CutFaults, HaveACodeAndASentence) {
@@ -218,10 +220,7 @@ TEST(CutFaults, HaveACodeAndASentence) {
         {{CutFaultCode::Reference, 0, 0}, "reference", "a concatenation reference of 8 bits is at most 255"},
         {{CutFaultCode::NoRandom, 0, 0}, "no-random", "the system gives no random concatenation reference"},
     };
-    for (const auto& one : cases) {
-        EXPECT_EQ(CodeOf(one.fault.code), one.code);
-        EXPECT_EQ(MeaningOf(one.fault), one.meaning);
-    }
+    ExpectCodesAndSentences(cases);
 }
 
 TEST(JoinOutcomes, HaveACodeAndASentence) {

@@ -1,39 +1,16 @@
 // The vectors of cell broadcast beside the second reading.
-#include <fstream>
 #include <set>
-#include <sstream>
 
 #include <gtest/gtest.h>
 
 #include "CellJson.h"
 #include "CellVectors.h"
+#include "VectorText.h"
 #include "model/Codes.h"
 #include "model/Tables.h"
 
 namespace plain {
 namespace {
-
-std::string FileText(const std::string& file) {
-    const std::string path = std::string(QX_VECTORS) + "/" + file + ".jsonl";
-    std::ifstream in(path, std::ios::binary);
-    EXPECT_TRUE(in) << path;
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
-std::vector<Json> VectorsOf(const std::string& file) {
-    std::vector<Json> vectors;
-    std::istringstream lines(FileText(file));
-    for (std::string line; std::getline(lines, line);)
-        vectors.push_back(Json::parse(line));
-    return vectors;
-}
-
-/// Members in any order, as JSON has them.
-nlohmann::json Unordered(const Json& json) {
-    return nlohmann::json::parse(json.dump());
-}
 
 TEST(CellVectors, ThoseByHandAreWhatTheSecondReadingSays) {
     const std::vector<Json> vectors = VectorsOf("cell-by-hand");
@@ -46,7 +23,7 @@ TEST(CellVectors, ThoseByHandAreWhatTheSecondReadingSays) {
 }
 
 TEST(CellVectors, TheOthersAreAsTheSecondReadingWritesThem) {
-    EXPECT_TRUE(FileText(c_cellFile) == TextOf(CellVectors())) << "run write_vectors";
+    EXPECT_TRUE(VectorText(c_cellFile) == TextOf(CellVectors())) << "run write_vectors";
 }
 
 TEST(CellVectors, HaveANameEach) {

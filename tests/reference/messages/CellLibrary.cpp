@@ -1,7 +1,6 @@
 // Pages, messages and notifications by libQX_Messages beside the second reading: on the vectors, and on
 // random ones.
 #include <algorithm>
-#include <fstream>
 
 #include <gtest/gtest.h>
 
@@ -11,6 +10,7 @@
 #include "CellJson.h"
 #include "CellVectors.h"
 #include "Messages/Cell.h"
+#include "VectorText.h"
 
 namespace plain {
 namespace {
@@ -167,13 +167,10 @@ TEST(LibraryBesideSecondReading, ReadsTheVectorsOfCellBroadcastAlike) {
 }
 
 TEST(LibraryBesideSecondReading, ReadsTheVectorsOfCellBroadcastByHandAlike) {
-    std::ifstream file(std::string(QX_VECTORS) + "/cell-by-hand.jsonl");
-    std::size_t count = 0;
-    for (std::string line; std::getline(file, line); ++count) {
-        const Json vector = Json::parse(line);
+    const std::vector<Json> vectors = VectorsOf("cell-by-hand");
+    for (const Json& vector : vectors)
         EXPECT_EQ(DifferencesOn(CellInputOf(vector)), "") << vector.at("name");
-    }
-    EXPECT_GE(count, 12U);
+    EXPECT_GE(vectors.size(), 12U);
 }
 
 TEST(LibraryBesideSecondReading, ReadsRandomCellBroadcastAlike) {

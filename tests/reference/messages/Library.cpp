@@ -1,12 +1,11 @@
 // libQX_Messages beside the second reading: on the vectors, and on random PDUs.
-#include <fstream>
 
 #include <gtest/gtest.h>
 
 #include "../Cases.h"
 #include "Bridge.h"
 #include "Inputs.h"
-#include "Json.h"
+#include "VectorText.h"
 #include "Vectors.h"
 
 namespace plain {
@@ -38,13 +37,10 @@ TEST(LibraryBesideSecondReading, ReadsTheVectorsAlike) {
 }
 
 TEST(LibraryBesideSecondReading, ReadsTheVectorsByHandAlike) {
-    std::ifstream file(std::string(QX_VECTORS) + "/by-hand.jsonl");
-    std::size_t count = 0;
-    for (std::string line; std::getline(file, line); ++count) {
-        const Json vector = Json::parse(line);
+    const std::vector<Json> vectors = VectorsOf("by-hand");
+    for (const Json& vector : vectors)
         EXPECT_EQ(DifferencesOn(InputOf(vector)), "") << vector.at("name");
-    }
-    EXPECT_GE(count, 60U);
+    EXPECT_GE(vectors.size(), 60U);
 }
 
 TEST(LibraryBesideSecondReading, ReadsRandomPdusAlike) {

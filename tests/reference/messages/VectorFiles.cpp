@@ -1,13 +1,11 @@
 // The files in tests/vectors beside the second reading.
 #include <algorithm>
-#include <fstream>
 #include <map>
 #include <set>
-#include <sstream>
 
 #include <gtest/gtest.h>
 
-#include "Json.h"
+#include "VectorText.h"
 #include "Vectors.h"
 #include "model/Codes.h"
 #include "model/Tables.h"
@@ -15,23 +13,6 @@
 
 namespace plain {
 namespace {
-
-std::string TextOf(const std::string& file) {
-    const std::string path = std::string(QX_VECTORS) + "/" + file + ".jsonl";
-    std::ifstream in(path, std::ios::binary);
-    EXPECT_TRUE(in) << path;
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
-std::vector<Json> VectorsOf(const std::string& file) {
-    std::vector<Json> vectors;
-    std::istringstream lines(TextOf(file));
-    for (std::string line; std::getline(lines, line);)
-        vectors.push_back(Json::parse(line));
-    return vectors;
-}
 
 const std::vector<Json>& AllVectors() {
     static const std::vector<Json> all = [] {
@@ -42,11 +23,6 @@ const std::vector<Json>& AllVectors() {
         return vectors;
     }();
     return all;
-}
-
-/// Members in any order, as JSON has them.
-nlohmann::json Unordered(const Json& json) {
-    return nlohmann::json::parse(json.dump());
 }
 
 TEST(Vectors, ThoseByHandAreWhatTheSecondReadingSays) {
@@ -61,7 +37,7 @@ TEST(Vectors, ThoseByHandAreWhatTheSecondReadingSays) {
 
 TEST(Vectors, TheOthersAreAsTheSecondReadingWritesThem) {
     for (const VectorFile& file : WrittenFiles())
-        EXPECT_TRUE(TextOf(file.name) == TextOf(file)) << file.name << ".jsonl: run write_vectors";
+        EXPECT_TRUE(VectorText(file.name) == TextOf(file)) << file.name << ".jsonl: run write_vectors";
 }
 
 TEST(Vectors, HaveANameEach) {

@@ -1,5 +1,4 @@
 // What is read without a remark is written back, octet for octet.
-#include <fstream>
 #include <iostream>
 
 #include <gtest/gtest.h>
@@ -7,8 +6,8 @@
 #include "../Cases.h"
 #include "Bridge.h"
 #include "Inputs.h"
-#include "Json.h"
 #include "Messages/Write.h"
+#include "VectorText.h"
 #include "Vectors.h"
 
 namespace plain {
@@ -43,9 +42,8 @@ TEST(WrittenBack, AreTheVectors) {
     for (const VectorFile& file : WrittenFiles())
         for (const Vector& vector : file.vectors)
             EXPECT_EQ(back.DifferenceOf(vector.input), "") << file.name << ": " << vector.name;
-    std::ifstream file(std::string(QX_VECTORS) + "/by-hand.jsonl");
-    for (std::string line; std::getline(file, line);)
-        EXPECT_EQ(back.DifferenceOf(InputOf(Json::parse(line))), "") << line;
+    for (const Json& vector : VectorsOf("by-hand"))
+        EXPECT_EQ(back.DifferenceOf(InputOf(vector)), "") << vector;
     EXPECT_GT(back.Count(), 500U);
 }
 

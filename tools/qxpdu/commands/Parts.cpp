@@ -5,8 +5,7 @@
 namespace qxpdu {
 
 bool PartContent::IsAlike(const PartContent& other) const {
-    return alphabet == other.alphabet && tables.locking == other.tables.locking &&
-           tables.single == other.tables.single;
+    return alphabet == other.alphabet && tables == other.tables;
 }
 
 bool PartContent::operator==(const PartContent& other) const {
