@@ -54,14 +54,18 @@ inline bool AreMappedFilesListed() {
     return std::ifstream("/proc/self/maps").is_open();
 }
 
-/// Whether a file of this name, or with a version after it, is mapped; the folder that it is in does not
-/// matter.
-inline bool IsMapped(std::string_view name) {
-    std::ifstream maps("/proc/self/maps");
+/// Whether a list of mapped files, a line each, has one of this name, or with a version after it; the folder
+/// that it is in does not matter.
+inline bool IsListed(std::istream& maps, std::string_view name) {
     for (std::string line; std::getline(maps, line);)
         if (std::string_view(line).substr(line.rfind('/') + 1).substr(0, name.size()) == name)
             return true;
     return false;
+}
+
+inline bool IsMapped(std::string_view name) {
+    std::ifstream maps("/proc/self/maps");
+    return IsListed(maps, name);
 }
 
 inline bool IsLibraryMapped() {

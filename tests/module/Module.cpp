@@ -1,6 +1,8 @@
 // Load and unload with the default support library.
 #include <new>
 #include <regex>
+#include <sstream>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -25,6 +27,20 @@ bool IsRegistered(const LibModule* pModule) {
 
 int ManagerCount() {
     return tests::CountOf(*LibModuleManager::s_pInstance);
+}
+
+TEST(MappedFiles, AreKnownByTheirNamesWhereverTheyLie) {
+    const auto isListed = [](const char* line) {
+        std::istringstream maps(std::string("00400000-00401000 r-xp 00000000 08:01 5 /usr/bin/host\n") +
+                                line);
+        return tests::IsListed(maps, "libQX_Encoding.so");
+    };
+    EXPECT_TRUE(isListed("7f00-7f10 r-xp 00000000 08:01 7 /usr/lib/libQX_Encoding.so"));
+    EXPECT_TRUE(isListed("7f00-7f10 r-xp 00000000 08:01 7 /home/a b/libQX_Encoding/libQX_Encoding.so.1\n"));
+    EXPECT_FALSE(isListed("7f00-7f10 r-xp 00000000 08:01 7 /home/libQX_Encoding.so/module_tests\n"));
+    EXPECT_FALSE(isListed("7f00-7f10 r-xp 00000000 08:01 7 /home/libQX_Encoding/libQX_Toolkit.so.1\n"));
+    EXPECT_FALSE(isListed("7f00-7f10 r-xp 00000000 08:01 7 /usr/lib/notlibQX_Encoding.so\n"));
+    EXPECT_FALSE(isListed("7ffd-7ffe rw-p 00000000 00:00 0\n"));
 }
 
 TEST(Module, IsMadeAndRegisteredWhenTheLibraryIsLoaded) {
