@@ -7,6 +7,7 @@
 
 #include "Messages/Words.h"
 #include "show/CodeUnits.h"
+#include "show/Values.h"
 
 namespace show {
 

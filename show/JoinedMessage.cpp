@@ -10,6 +10,7 @@
 #include "show/Lines.h"
 #include "show/MessageJson.h"
 #include "show/MessageText.h"
+#include "show/Values.h"
 
 namespace show {
 

@@ -22,8 +22,8 @@ void WriteRow(const OctetRow& row, const Message& message, JsonText& object) {
     const Messages::OctetView octets = message.Octets(row.octet, row.count);
     object.Octets("octets", octets);
     object.Member("field", row.field);
-    if (!row.part.empty())
-        object.Member("part", row.part);
+    if (!row.subfield.empty())
+        object.Member("subfield", row.subfield);
     if (const int* number = std::get_if<int>(&row.value))
         object.Member("value", *number);
     else if (const auto* text = std::get_if<std::string>(&row.value))

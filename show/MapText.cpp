@@ -99,9 +99,9 @@ private:
     void AppendExplanation(const OctetRow& row) {
         m_Lines += c_between;
         m_Lines += row.field;
-        if (!row.part.empty()) {
+        if (!row.subfield.empty()) {
             m_Lines += ' ';
-            m_Lines += row.part;
+            m_Lines += row.subfield;
         }
         AppendValue(row, m_Lines);
         AppendMeaning(row.meaning, m_Lines);

@@ -28,7 +28,7 @@ struct Message {
 /// A field that is nothing but its octets.
 struct PlainOctets {};
 
-/// A field as people speak of it: the pieces of an address are one field, and so are the length and the
+/// A field as people speak of it: the subfields of an address are one field, and so are the length and the
 /// elements of a header. What it points to belongs to the message.
 struct MessageField {
     /// The number of a field of one octet, or of some bits of one; an address; and so on.
@@ -65,23 +65,11 @@ bool AreOneField(Messages::Field one, Messages::Field other);
 /// By the standard, "TP-OA".
 std::string_view ShownNameOf(Messages::Field field);
 
-/// What a field of the first octet, or of the parameter indicator, says.
-std::string_view MeaningOfFlag(Messages::Field field, unsigned int value);
-
-/// "to-mobile" or "from-mobile"; empty where it is not known.
-std::string_view DirectionName(Messages::Direction direction);
-
-/// "+12345678901, international, ISDN/telephone (E.164)"
-std::string MeaningOf(const Messages::Address& address);
-
 /// ISO 8601; empty where it is no time.
 std::string TimeOf(const Messages::Timestamp& time, const Message& message);
 
 /// Whether the user data are octets and no text: 8-bit data, and what is compressed.
 bool IsData(const Messages::Tpdu& tpdu);
-
-/// Such octets for a person: ASCII, and a point for what is none.
-std::string DataText(Messages::OctetView data);
 
 /// Whether something of the text is missing or is no whole character, which a reader of the text alone would
 /// not see.

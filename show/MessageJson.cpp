@@ -3,8 +3,9 @@
 #include <string>
 
 #include "Messages/Words.h"
-#include "show/ElementParts.h"
 #include "show/Record.h"
+#include "show/Subfields.h"
+#include "show/Values.h"
 
 namespace show {
 
@@ -131,10 +132,10 @@ void WriteElement(const Messages::HeaderElement& element, Messages::OctetView da
         else
             WriteNumber(KeyOf(name), value, meaning, object);
     };
-    for (const ElementPart& part : PartsOf(element, data)) {
-        if (part.bits.empty())
-            write(part.name, part.value, part.meaning);
-        for (const OctetBits& bits : part.bits)
+    for (const Subfield& subfield : SubfieldsOf(element, data)) {
+        if (subfield.bits.empty())
+            write(subfield.name, subfield.value, subfield.meaning);
+        for (const OctetBits& bits : subfield.bits)
             write(bits.name, bits.value, bits.meaning);
     }
     if (!element.Is(Messages::ElementId::ReplyAddress))

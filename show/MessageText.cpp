@@ -8,6 +8,7 @@
 #include "Messages/Words.h"
 #include "show/CodeUnits.h"
 #include "show/Lines.h"
+#include "show/Values.h"
 
 namespace show {
 

@@ -8,8 +8,9 @@
 #include <fmt/format.h>
 
 #include "Messages/Words.h"
-#include "show/ElementParts.h"
 #include "show/Plural.h"
+#include "show/Subfields.h"
+#include "show/Values.h"
 
 namespace show {
 
@@ -94,13 +95,13 @@ private:
     const Messages::Tpdu& Tpdu() const { return m_Message.reading.tpdu; }
 
     /// The next octets of a field.
-    OctetRow& Add(Field field, std::uint32_t count, std::string_view part = {}) {
-        m_Rows.push_back({End(), count, ShownNameOf(field), part});
+    OctetRow& Add(Field field, std::uint32_t count, std::string_view subfield = {}) {
+        m_Rows.push_back({End(), count, ShownNameOf(field), subfield});
         return m_Rows.back();
     }
-    OctetRow& AddNumber(Field field, std::string_view part = {}) {
+    OctetRow& AddNumber(Field field, std::string_view subfield = {}) {
         const int number = Next();
-        OctetRow& row = Add(field, 1, part);
+        OctetRow& row = Add(field, 1, subfield);
         row.value = number;
         return row;
     }
@@ -203,15 +204,15 @@ void Mapper::AddAddress(const FieldPlace& place) {
 }
 
 void Mapper::AddTime(Field field, const Timestamp& time) {
-    const std::array<std::pair<std::string_view, int>, 6> parts = {{{"year", time.year},
-                                                                    {"month", time.month},
-                                                                    {"day", time.day},
-                                                                    {"hour", time.hour},
-                                                                    {"minute", time.minute},
-                                                                    {"second", time.second}}};
+    const std::array<std::pair<std::string_view, int>, 6> subfields = {{{"year", time.year},
+                                                                        {"month", time.month},
+                                                                        {"day", time.day},
+                                                                        {"hour", time.hour},
+                                                                        {"minute", time.minute},
+                                                                        {"second", time.second}}};
     const std::size_t first = m_Rows.size();
-    for (const auto& [part, value] : parts) {
-        OctetRow& row = Add(field, 1, part);
+    for (const auto& [subfield, value] : subfields) {
+        OctetRow& row = Add(field, 1, subfield);
         if (time.isValid)
             row.value = value;
     }
@@ -278,14 +279,14 @@ void Mapper::AddElement(const FieldPlace& place) {
 void Mapper::AddContent(const FieldPlace& place) {
     const OctetView data = m_Message.Octets(place.octet, place.count);
     const Messages::HeaderElement element{m_Element, static_cast<std::uint8_t>(place.count), 0};
-    const std::vector<ElementPart> parts = PartsOf(element, data);
-    for (const ElementPart& part : parts) {
-        OctetRow& row = Add(place.field, part.octets, part.name);
-        row.value = static_cast<int>(part.value);
-        row.meaning = part.meaning;
-        row.bits = part.bits;
+    const Subfields subfields = SubfieldsOf(element, data);
+    for (const Subfield& subfield : subfields) {
+        OctetRow& row = Add(place.field, subfield.octets, subfield.name);
+        row.value = static_cast<int>(subfield.value);
+        row.meaning = subfield.meaning;
+        row.bits = subfield.bits;
     }
-    if (!parts.empty())
+    if (!subfields.empty())
         return;
     OctetRow& row = Add(place.field, place.count, "data");
     row.meaning = MeaningOf(element, data);

@@ -21,8 +21,8 @@ struct QuotedText {
 struct OctetRow {
     std::uint32_t octet;
     std::uint32_t count;
-    std::string_view field;     ///< by the standard, "TP-OA"
-    std::string_view part = {}; ///< of the field, "length"; empty where the row is the whole of it
+    std::string_view field;         ///< by the standard, "TP-OA"
+    std::string_view subfield = {}; ///< of the field, "length"; empty where the row is the whole of it
     std::variant<std::monostate, int, std::string, QuotedText> value = {};
     std::string meaning = {};         ///< may be empty
     std::vector<OctetBits> bits = {}; ///< of the first octet; empty where that is a number

@@ -40,7 +40,7 @@ inline std::string TextOf(const std::vector<show::OctetRow>& rows) {
     std::string text;
     for (const show::OctetRow& row : rows) {
         const auto* quoted = std::get_if<show::QuotedText>(&row.value);
-        if (quoted != nullptr && row.part.empty())
+        if (quoted != nullptr && row.subfield.empty())
             text += quoted->text;
     }
     return text;

@@ -61,13 +61,13 @@ TEST(OctetMap, HasEveryOctetOnceAndAgreesWithTheReadingOnEveryFlippedBit) {
     }
 }
 
-/// "field part: meaning" of each row, without the octets' bits.
+/// "field subfield: meaning" of each row, without the octets' bits.
 std::string RowsOf(const std::string& pdu, Messages::Direction direction, std::string_view field) {
     const Message message = Read(tests::Octets(pdu), Messages::Presence::No, direction);
     std::string all;
     for (const OctetRow& row : show::MapOctets(message)) {
         if (row.field == field)
-            all += std::to_string(row.octet) + ' ' + std::string(row.part) + ": " + row.meaning + '\n';
+            all += std::to_string(row.octet) + ' ' + std::string(row.subfield) + ": " + row.meaning + '\n';
     }
     return all;
 }

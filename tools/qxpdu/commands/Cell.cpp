@@ -14,6 +14,7 @@
 #include "show/CodeUnits.h"
 #include "show/Plural.h"
 #include "show/Record.h"
+#include "show/Values.h"
 
 namespace qxpdu {
 

@@ -10,6 +10,7 @@
 #include "show/JoinedMessage.h"
 #include "show/MessageJson.h"
 #include "show/MessageText.h"
+#include "show/Values.h"
 
 namespace qxpdu {
 

@@ -450,8 +450,8 @@ TEST(QxpduInspect, JsonHasOffsetAndLengthOfEachRow) {
             {"bits":".... .0..","name":"TP-RD","value":0,"meaning":"duplicates accepted"},
             {"bits":".... ..01","name":"TP-MTI","value":1,"meaning":"SMS-SUBMIT"}]},
         {"offset":1,"length":1,"octets":"00","field":"TP-MR","value":0},
-        {"offset":2,"length":1,"octets":"00","field":"TP-DA","part":"length","value":0,"meaning":"0 semi-octets"},
-        {"offset":3,"length":1,"octets":"80","field":"TP-DA","part":"type","value":128,"bits":[
+        {"offset":2,"length":1,"octets":"00","field":"TP-DA","subfield":"length","value":0,"meaning":"0 semi-octets"},
+        {"offset":3,"length":1,"octets":"80","field":"TP-DA","subfield":"type","value":128,"bits":[
             {"bits":"1... ....","name":"extension","value":1,"meaning":"none"},
             {"bits":".000 ....","name":"type of number","value":0,"meaning":"unknown"},
             {"bits":".... 0000","name":"numbering plan","value":0,"meaning":"unknown"}]},

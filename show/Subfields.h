@@ -1,6 +1,6 @@
 // What the data of a header element are made of, 3GPP TS 23.040 clause 9.2.3.24.
-#ifndef SHOW_ELEMENTPARTS_H
-#define SHOW_ELEMENTPARTS_H
+#ifndef SHOW_SUBFIELDS_H
+#define SHOW_SUBFIELDS_H
 
 #include <cstdint>
 #include <string>
@@ -13,17 +13,18 @@
 namespace show {
 
 /// Neighbouring octets of an element's data that say one thing.
-struct ElementPart {
+struct Subfield {
     std::string_view name;
     std::uint8_t octets;
     unsigned int value;
     std::string_view meaning = {};    ///< may be empty
     std::vector<OctetBits> bits = {}; ///< of an octet of bits
 };
+using Subfields = std::vector<Subfield>;
 
-/// All parts of the data, in their order; none where they are not known, or have another length than they
+/// All subfields of the data, in their order; none where they are not known, or have another length than they
 /// should. A reply address has none either: it is an address.
-std::vector<ElementPart> PartsOf(const Messages::HeaderElement& element, Messages::OctetView data);
+Subfields SubfieldsOf(const Messages::HeaderElement& element, Messages::OctetView data);
 
 /// "concatenation, 8-bit reference: reference 42, total 3, part 2"
 std::string MeaningOf(const Messages::HeaderElement& element, Messages::OctetView data);

@@ -1,4 +1,4 @@
-#include "show/ElementParts.h"
+#include "show/Subfields.h"
 
 #include <array>
 #include <iterator>
@@ -6,7 +6,7 @@
 #include <fmt/format.h>
 
 #include "Messages/Words.h"
-#include "show/Message.h"
+#include "show/Values.h"
 
 namespace show {
 
@@ -15,9 +15,7 @@ namespace {
 using Messages::ElementId;
 using Messages::OctetView;
 
-using Parts = std::vector<ElementPart>;
-
-Parts ConcatenationParts(std::uint8_t identifier, OctetView data) {
+Subfields ConcatenationSubfields(std::uint8_t identifier, OctetView data) {
     const auto place = Messages::ReadConcatenation(identifier, data);
     if (!place)
         return {};
@@ -25,7 +23,7 @@ Parts ConcatenationParts(std::uint8_t identifier, OctetView data) {
     return {{"reference", width, place->reference}, {"total", 1, place->total}, {"part", 1, place->part}};
 }
 
-Parts PortParts(std::uint8_t identifier, OctetView data) {
+Subfields PortSubfields(std::uint8_t identifier, OctetView data) {
     const auto ports = Messages::ReadPorts(identifier, data);
     if (!ports)
         return {};
@@ -35,7 +33,7 @@ Parts PortParts(std::uint8_t identifier, OctetView data) {
         {"originator port", width, ports->originator, Messages::MeaningOfPort(*ports, ports->originator)}};
 }
 
-Parts SpecialMessageParts(OctetView data) {
+Subfields SpecialMessageSubfields(OctetView data) {
     const auto indication = Messages::ReadSpecialMessageIndication(data);
     if (!indication)
         return {};
@@ -43,24 +41,24 @@ Parts SpecialMessageParts(OctetView data) {
             {"message count", 1, indication->count}};
 }
 
-Parts FormattingParts(OctetView data) {
+Subfields FormattingSubfields(OctetView data) {
     const auto formatting = Messages::ReadTextFormatting(data);
     if (!formatting)
         return {};
-    Parts parts = {{"start", 1, formatting->start},
-                   {"characters", 1, formatting->length},
-                   {"style", 1, data[2], {}, TextFormattingBits(data[2])}};
+    Subfields subfields = {{"start", 1, formatting->start},
+                           {"characters", 1, formatting->length},
+                           {"style", 1, data[2], {}, TextFormattingBits(data[2])}};
     if (formatting->colour)
-        parts.push_back({"colour", 1, *formatting->colour, {}, ColourBits(*formatting->colour)});
-    return parts;
+        subfields.push_back({"colour", 1, *formatting->colour, {}, ColourBits(*formatting->colour)});
+    return subfields;
 }
 
-Parts PredefinedObjectParts(OctetView data) {
+Subfields PredefinedObjectSubfields(OctetView data) {
     const auto object = Messages::ReadPredefinedObject(data);
-    return object ? Parts{{"position", 1, object->position}, {"number", 1, object->number}} : Parts{};
+    return object ? Subfields{{"position", 1, object->position}, {"number", 1, object->number}} : Subfields{};
 }
 
-Parts ObjectDistributionParts(OctetView data) {
+Subfields ObjectDistributionSubfields(OctetView data) {
     const auto objects = Messages::ReadObjectDistribution(data);
     if (!objects)
         return {};
@@ -68,7 +66,7 @@ Parts ObjectDistributionParts(OctetView data) {
             {"distribution", 1, data[1], {}, ObjectDistributionBits(data[1])}};
 }
 
-Parts HyperlinkParts(OctetView data) {
+Subfields HyperlinkSubfields(OctetView data) {
     const auto link = Messages::ReadHyperlink(data);
     if (!link)
         return {};
@@ -88,7 +86,7 @@ std::string_view LanguageMeaning(unsigned int language) {
     return isKnown ? Messages::NameOf(static_cast<Messages::Language>(language)) : "reserved";
 }
 
-Parts SingleOctetParts(ElementId identifier, OctetView data) {
+Subfields SingleOctetSubfields(ElementId identifier, OctetView data) {
     const auto octet = Messages::ReadSingleOctet(data);
     if (!octet)
         return {};
@@ -110,7 +108,7 @@ Parts SingleOctetParts(ElementId identifier, OctetView data) {
 }
 
 /// "part 2", "language Turkish", "storage store, kind fax".
-void AppendWords(const ElementPart& part, std::string& words) {
+void AppendWords(const Subfield& subfield, std::string& words) {
     const auto add = [&words](std::string_view name, unsigned int value, std::string_view meaning) {
         const std::string_view separator = words.empty() ? "" : ", ";
         if (meaning.empty())
@@ -118,43 +116,43 @@ void AppendWords(const ElementPart& part, std::string& words) {
         else
             fmt::format_to(std::back_inserter(words), "{}{} {} ({})", separator, name, value, meaning);
     };
-    for (const OctetBits& bits : part.bits)
+    for (const OctetBits& bits : subfield.bits)
         add(bits.name, bits.value, bits.meaning);
-    if (part.bits.empty())
-        add(part.name, part.value, part.meaning);
+    if (subfield.bits.empty())
+        add(subfield.name, subfield.value, subfield.meaning);
 }
 
 } // namespace
 
-std::vector<ElementPart> PartsOf(const Messages::HeaderElement& element, OctetView data) {
+Subfields SubfieldsOf(const Messages::HeaderElement& element, OctetView data) {
     const auto identifier = static_cast<ElementId>(element.identifier);
     switch (identifier) {
     case ElementId::Concatenation8:
     case ElementId::Concatenation16:
-        return ConcatenationParts(element.identifier, data);
+        return ConcatenationSubfields(element.identifier, data);
     case ElementId::Ports8:
     case ElementId::Ports16:
-        return PortParts(element.identifier, data);
+        return PortSubfields(element.identifier, data);
     case ElementId::SpecialMessageIndication:
-        return SpecialMessageParts(data);
+        return SpecialMessageSubfields(data);
     case ElementId::TextFormatting:
-        return FormattingParts(data);
+        return FormattingSubfields(data);
     case ElementId::PredefinedSound:
     case ElementId::PredefinedAnimation:
-        return PredefinedObjectParts(data);
+        return PredefinedObjectSubfields(data);
     case ElementId::ObjectDistribution:
-        return ObjectDistributionParts(data);
+        return ObjectDistributionSubfields(data);
     case ElementId::Hyperlink:
-        return HyperlinkParts(data);
+        return HyperlinkSubfields(data);
     default:
-        return SingleOctetParts(identifier, data);
+        return SingleOctetSubfields(identifier, data);
     }
 }
 
 std::string MeaningOf(const Messages::HeaderElement& element, OctetView data) {
     std::string words;
-    for (const ElementPart& part : PartsOf(element, data))
-        AppendWords(part, words);
+    for (const Subfield& subfield : SubfieldsOf(element, data))
+        AppendWords(subfield, words);
     if (element.Is(ElementId::ReplyAddress)) {
         if (const auto address = Messages::ReadReplyAddress(data))
             words = MeaningOf(*address);
