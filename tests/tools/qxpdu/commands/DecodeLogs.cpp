@@ -1,4 +1,4 @@
-// Logs of modems.
+// Logs of modems, as the commands take them.
 #include <algorithm>
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ using tests::Qxpdu;
 
 using Arguments = std::vector<std::string>;
 
-TEST(QxpduTranscript, LogOfAModemIsReadAsItIs) {
+TEST(QxpduLogs, LogOfAModemIsReadAsItIs) {
     const Outcome run = Qxpdu({"decode", "--jsonl"}, AsLines({"AT+CMGL=4\r",
                                                               "+CMGL: 1,1,,24\r",
                                                               std::string(c_hello) + '\r',
@@ -66,7 +66,7 @@ TEST(QxpduTranscript, LogOfAModemIsReadAsItIs) {
     EXPECT_EQ(objects[4]["text"], "Hello");
 }
 
-TEST(QxpduTranscript, LengthThatDisagreesIsAWarning) {
+TEST(QxpduLogs, LengthThatDisagreesIsAWarning) {
     struct Row {
         Arguments arguments;
         std::string input;
@@ -98,7 +98,7 @@ TEST(QxpduTranscript, LengthThatDisagreesIsAWarning) {
     }
 }
 
-TEST(QxpduTranscript, ServiceCentreIsWhereItMakesSenseUnlessAnOptionSettlesIt) {
+TEST(QxpduLogs, ServiceCentreIsWhereItMakesSenseUnlessAnOptionSettlesIt) {
     const std::string tpdu = std::string(c_hello).substr(16);
     const auto warningsOf = [](const Arguments& arguments) {
         const nlohmann::json object = JsonLines(Qxpdu(arguments).out).at(0);
@@ -116,7 +116,7 @@ TEST(QxpduTranscript, ServiceCentreIsWhereItMakesSenseUnlessAnOptionSettlesIt) {
     EXPECT_EQ(Qxpdu({"decode", "--smsc", "no", "--no-smsc", tpdu}).status, 2);
 }
 
-TEST(QxpduTranscript, ReferenceThatTheModemGaveFindsTheReport) {
+TEST(QxpduLogs, ReferenceThatTheModemGaveFindsTheReport) {
     const std::string log = std::string("AT+CMGS=10\n> ") + "0001000491214300000161" + // TP-MR 0
                             "\x1A\n+CMGS: 7,\"010021203121436580\"\nOK\n+CDS: 21\n" + c_report + "\n";
     const auto objects = JsonLines(Qxpdu({"decode", "--join", "--jsonl"}, log).out);
@@ -129,7 +129,7 @@ TEST(QxpduTranscript, ReferenceThatTheModemGaveFindsTheReport) {
     EXPECT_TRUE(tests::HasLine(Qxpdu({"decode", "--join"}, log).out, "report on line 2"));
 }
 
-TEST(QxpduTranscript, InspectPassesPagesOverWithAWarning) {
+TEST(QxpduLogs, InspectPassesPagesOverWithAWarning) {
     const Outcome run = Qxpdu({"inspect", "--jsonl"},
                               std::string("+CBM: 11\n") + c_cellPage + "\n+CMT: ,24\n" + c_hello + '\n');
     EXPECT_EQ(run.err, "qxpdu: line 2: warning: a cell broadcast page, which qxpdu cell shows\n");
@@ -137,7 +137,7 @@ TEST(QxpduTranscript, InspectPassesPagesOverWithAWarning) {
     EXPECT_EQ(JsonLines(run.out)[0]["line"], 4);
 }
 
-TEST(QxpduTranscript, ModemMaySpeakUnaskedBetweenAHeadingAndItsPdu) {
+TEST(QxpduLogs, ModemMaySpeakUnaskedBetweenAHeadingAndItsPdu) {
     EXPECT_EQ(JsonLines(Qxpdu({"decode", "--jsonl"},
                               std::string("+CBM: 11\n\n+CREG: 1\nRING\n^RSSI: 1\n") + c_cellPage)
                             .out)
@@ -147,7 +147,7 @@ TEST(QxpduTranscript, ModemMaySpeakUnaskedBetweenAHeadingAndItsPdu) {
               "qxpdu: line 3: warning: +CMT announces 23 octets, here are 24\n");
 }
 
-TEST(QxpduTranscript, PromptAloneMayStandBetweenAHeadingAndItsPdu) {
+TEST(QxpduLogs, PromptAloneMayStandBetweenAHeadingAndItsPdu) {
     for (const char* prompt : {">", "> ", ">\r"}) {
         const Outcome run = Qxpdu({"decode", "--brief"}, AsLines({"AT+CMGS=10", prompt, c_submit, "OK"}));
         EXPECT_EQ(run, (Outcome{0, "to +1234 a\n", ""})) << prompt;
@@ -156,7 +156,7 @@ TEST(QxpduTranscript, PromptAloneMayStandBetweenAHeadingAndItsPdu) {
               "2012-02-13T12:34:56+02:00 from +12345678901 Hello\n");
 }
 
-TEST(QxpduTranscript, MessagesInTextModeArePassedOverAndCounted) {
+TEST(QxpduLogs, MessagesInTextModeArePassedOverAndCounted) {
     const struct {
         const char* name;
         const char* values;
@@ -180,21 +180,21 @@ TEST(QxpduTranscript, MessagesInTextModeArePassedOverAndCounted) {
         EXPECT_EQ(Qxpdu({"decode"}, std::string(heading) + '\n' + c_hello + '\n').status, 0) << heading;
 }
 
-TEST(QxpduTranscript, DigitsOutsideAMessageAreNoPduInALog) {
+TEST(QxpduLogs, DigitsOutsideAMessageAreNoPduInALog) {
     EXPECT_EQ(Qxpdu({"decode"}, "AT+CGMM\nEC25\nOK\n"),
               (Outcome{0, "",
                        "qxpdu: standard input: warning: the log of a modem without a message; 1 line of "
                        "hexadecimal digits stand in none\n"}));
 }
 
-TEST(QxpduTranscript, LogWithoutAMessageInWhichPdusStandIsAnError) {
+TEST(QxpduLogs, LogWithoutAMessageInWhichPdusStandIsAnError) {
     EXPECT_EQ(Qxpdu({"decode"}, std::string("AT+CGMM\nEC25\nOK\n") + c_hello + '\n'),
               (Outcome{1, "",
                        "qxpdu: standard input: the log of a modem without a message; 2 lines of "
                        "hexadecimal digits stand in none\n"}));
 }
 
-TEST(QxpduTranscript, PduThatWasTypedAfterThePromptIsRead) {
+TEST(QxpduLogs, PduThatWasTypedAfterThePromptIsRead) {
     const std::string submit = c_submit;
     for (const std::string& line :
          {"> " + submit + '\x1A', '>' + submit, submit + "\x1A\r", "> " + submit + " \x1A"}) {
@@ -207,7 +207,7 @@ TEST(QxpduTranscript, PduThatWasTypedAfterThePromptIsRead) {
     EXPECT_EQ(Qxpdu({"decode"}, ">\n> \n"), (Outcome{0, "", ""}));
 }
 
-TEST(QxpduTranscript, LogMayBeGivenAsOneArgument) {
+TEST(QxpduLogs, LogMayBeGivenAsOneArgument) {
     const Outcome run = Qxpdu({"decode", "--jsonl", std::string("+CMT: ,24\r\n") + c_hello + "\r\nOK\r\n"});
     const auto objects = JsonLines(run.out);
     ASSERT_EQ(objects.size(), 1U) << run.out;
@@ -215,26 +215,26 @@ TEST(QxpduTranscript, LogMayBeGivenAsOneArgument) {
     EXPECT_EQ(objects[0]["text"], "Hello");
 }
 
-TEST(QxpduTranscript, CarriageReturnsAloneEndLinesHoweverLongTheLogIs) {
+TEST(QxpduLogs, CarriageReturnsAloneEndLinesHoweverLongTheLogIs) {
     const std::string message = std::string("+CMT: ,24\r") + c_hello + "\r";
     const Outcome run = Qxpdu({"decode", "--jsonl"}, tests::Repeated(message, 15000));
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(std::count(run.out.begin(), run.out.end(), '\n'), 15000);
 }
 
-TEST(QxpduTranscript, WhatOnlyBeginsLikeAnAnswerIsAnError) {
+TEST(QxpduLogs, WhatOnlyBeginsLikeAnAnswerIsAnError) {
     for (const char* line : {"OKAY", "ERRORS", "NO CARRIERS", "RINGS"})
         EXPECT_EQ(Qxpdu({"decode"}, std::string(line) + '\n').status, 1) << line;
 }
 
-TEST(QxpduTranscript, HeadingWithoutItsPduIsAnError) {
+TEST(QxpduLogs, HeadingWithoutItsPduIsAnError) {
     EXPECT_EQ(Qxpdu({"decode"}, "+CMGR: 0,,24\nOK\n"),
               (Outcome{1, "", "qxpdu: line 1: no PDU follows +CMGR\n"}));
     EXPECT_EQ(Qxpdu({"decode"}, "\n+CDS: 24\n+CMT: ,24\n"),
               (Outcome{1, "", "qxpdu: line 2: no PDU follows +CDS\nqxpdu: line 3: no PDU follows +CMT\n"}));
 }
 
-TEST(QxpduTranscript, CellReadsThePagesOfALog) {
+TEST(QxpduLogs, CellReadsThePagesOfALog) {
     const auto objects = JsonLines(
         Qxpdu({"cell", "--jsonl"}, std::string("+CMT: ,24\n") + c_hello + "\n+CBM: 11\n" + c_cellPage).out);
     ASSERT_EQ(objects.size(), 1U);
