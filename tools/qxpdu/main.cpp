@@ -37,9 +37,10 @@ int main(int argc, char** argv) {
     const qxpdu::StopSignals signals;
     qxpdu::DescriptorBuffer buffer(STDIN_FILENO, signals.Descriptor());
     std::istream in(&buffer);
-    const int status = qxpdu::RunTool({argv + 1, argv + argc},
-                                      {in, std::cout, std::cerr, isatty(STDOUT_FILENO) != 0,
-                                       isatty(STDERR_FILENO) != 0, SizeOfInput(), [&] { signals.Catch(); }});
+    const int status =
+        qxpdu::RunTool({argv + 1, argv + argc},
+                       {in, std::cout, std::cerr, isatty(STDOUT_FILENO) != 0, isatty(STDERR_FILENO) != 0,
+                        SizeOfInput(), [&] { signals.Catch(); }, signals.Descriptor()});
     qxpdu::StopSignals::Follow();
     return status;
 }

@@ -25,7 +25,8 @@ struct Streams {
     bool errIsTerminal = false; ///< the progress is shown unless results go to the same place
     std::optional<std::uint64_t> inSize = std::nullopt; ///< in bytes, where it is known
     std::function<void()> endInputOnSignal =
-        nullptr; ///< from now on, what asks the process to end only ends `in`
+        nullptr;   ///< from now on, what asks the process to end only ends `in`, and makes `stop` readable
+    int stop = -1; ///< a descriptor; none where that is -1
 };
 
 enum class Format {

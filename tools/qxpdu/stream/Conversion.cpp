@@ -86,7 +86,7 @@ public:
         : m_OutIsTerminal(streams.outIsTerminal),
           m_Writer(streams, settings.format, flushLines),
           m_Progress(streams.err, settings.progress.value_or(streams.errIsTerminal && !streams.outIsTerminal),
-                     settings.arguments.empty() ? streams.inSize : std::nullopt,
+                     settings.arguments.empty() && settings.files.empty() ? streams.inSize : std::nullopt,
                      settings.arguments.empty() ? "line" : "input") {}
 
     void Write(const Console& console) {
@@ -123,8 +123,9 @@ private:
 
 int ConvertStream(const ConversionSettings& settings, const Streams& streams, const Converter& converter) {
     const bool flushLines = settings.lineBuffered || streams.outIsTerminal;
-    InputReader reader(Inputs({settings.arguments, settings.files, streams.in}, CutOf(converter.kind)),
-                       converter.kind);
+    InputReader reader(
+        Inputs({settings.arguments, settings.files, streams.in, streams.stop}, CutOf(converter.kind)),
+        converter.kind);
     bool mayWait = false; // nothing has been kept back
     Output output(settings, streams, flushLines);
     const auto convert = [&](const Batch& batch) {

@@ -44,7 +44,10 @@ bool InputReader::NextEntry(Input& input, bool mayWait) {
             return true;
         }
         if (!m_Line && !m_Inputs.IsReady()) {
-            if (ReleaseLog())
+            const bool hasLogEnded = m_IsInLog && m_Inputs.StreamsOpened() != m_LogStream;
+            if (hasLogEnded)
+                EndLog();
+            if (hasLogEnded || ReleaseLog())
                 continue;
             if (!mayWait)
                 return false;

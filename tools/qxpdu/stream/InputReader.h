@@ -38,9 +38,7 @@ public:
     bool Next(Input& input, bool mayWait);
 
     /// Whether the next input, or that there is none, can be told without waiting for it.
-    bool IsReady() const {
-        return m_HasEnded || m_Line || (m_Log && m_Log->HasEntries()) || m_Inputs.IsReady();
-    }
+    bool IsReady() { return m_HasEnded || m_Line || (m_Log && m_Log->HasEntries()) || m_Inputs.IsReady(); }
 
     /// Whether all inputs have been given.
     bool HasEnded() const { return m_HasEnded; }

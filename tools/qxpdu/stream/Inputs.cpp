@@ -41,11 +41,23 @@ void Inputs::Open(std::istream& stream, std::string_view file) {
     ++m_StreamsOpened;
 }
 
+/// Opens what comes next, unless that is an argument or nothing.
+void Inputs::OpenNext() {
+    if (m_Argument < m_Sources.arguments.size()) {
+        if (m_Sources.arguments[m_Argument] != c_standardInput)
+            return;
+        ++m_Argument;
+        return Open(m_Sources.in, {});
+    }
+    while (m_Stream == nullptr && m_File < m_Sources.files.size())
+        OpenFile(m_Sources.files[m_File++]);
+}
+
 void Inputs::OpenFile(const std::string& name) {
     if (name == c_standardInput)
         return Open(m_Sources.in, {});
-    m_OpenFile = std::make_unique<std::ifstream>(name, std::ios::binary);
-    if (m_OpenFile->is_open())
+    m_OpenFile = std::make_unique<FileStream>(name, m_Sources.stop);
+    if (m_OpenFile->IsOpen())
         Open(*m_OpenFile, name);
     else
         m_Unreadable.push_back(show::Printable(name));
@@ -111,24 +123,37 @@ bool Inputs::NextOfStream(Input& input) {
 
 bool Inputs::Next(Input& input) {
     for (;;) {
-        if (m_Stream != nullptr) {
-            if (NextOfStream(input))
-                return true;
-            CloseStream();
-        }
-        if (m_Argument < m_Sources.arguments.size()) {
-            const std::string& argument = m_Sources.arguments[m_Argument++];
-            if (argument != c_standardInput) {
-                ++m_Lines;
-                input = {Input::Source::Argument, m_Argument, argument};
-                return true;
-            }
-            Open(m_Sources.in, {});
-        } else if (m_File < m_Sources.files.size()) {
-            OpenFile(m_Sources.files[m_File++]);
-        } else {
-            return false;
-        }
+        if (m_Stream == nullptr)
+            OpenNext();
+        if (m_Stream == nullptr)
+            break;
+        if (NextOfStream(input))
+            return true;
+        CloseStream();
+    }
+    if (m_Argument == m_Sources.arguments.size())
+        return false;
+    const std::string& argument = m_Sources.arguments[m_Argument++];
+    ++m_Lines;
+    input = {Input::Source::Argument, m_Argument, argument};
+    return true;
+}
+
+/// Only a reader is told that the stream cannot be read to its end.
+bool Inputs::HasStreamEnded() {
+    return m_Cut != Cut::Whole && m_Rest.empty() && m_Stream->rdbuf()->in_avail() < 0 &&
+           m_Stream->peek() == std::istream::traits_type::eof();
+}
+
+bool Inputs::IsReady() {
+    for (;;) {
+        if (m_Stream == nullptr)
+            OpenNext();
+        if (m_Stream == nullptr)
+            return true;
+        if (!HasStreamEnded())
+            return m_Stream->rdbuf()->in_avail() != 0;
+        CloseStream();
     }
 }
 

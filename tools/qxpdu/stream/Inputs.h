@@ -4,13 +4,13 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <fstream>
 #include <istream>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "stream/FileStream.h"
 #include "stream/Input.h"
 
 namespace qxpdu {
@@ -20,6 +20,7 @@ struct InputSources {
     const std::vector<std::string>& arguments;
     const std::vector<std::string>& files; ///< read after the arguments
     std::istream& in;
+    int stop = -1; ///< a descriptor that ends the files once it can be read; none where that is -1
 };
 
 /// Gives the inputs one after the other, in memory bounded by the longest line allowed.
@@ -41,8 +42,9 @@ public:
     /// Reads the next input; false when there is none. A line comes without its line feed.
     bool Next(Input& input);
 
-    /// Whether the next input, or that there is none, can be told without waiting for it.
-    bool IsReady() const { return m_Stream != &m_Sources.in || m_Stream->rdbuf()->in_avail() != 0; }
+    /// Whether the next input, or that there is none, can be told without waiting for it. Where the next one
+    /// is of the next stream, that is opened.
+    bool IsReady();
 
     /// Sources that could not be read to their end.
     const std::vector<std::string>& Unreadable() const { return m_Unreadable; }
@@ -56,8 +58,10 @@ public:
 
 private:
     void Open(std::istream& stream, std::string_view file);
+    void OpenNext();
     void OpenFile(const std::string& name);
     void CloseStream();
+    bool HasStreamEnded();
     bool NextLine(Input& input);
     bool NextOfStream(Input& input);
     bool ReadLine(std::string& line);
@@ -68,7 +72,7 @@ private:
     std::size_t m_File = 0;     ///< files opened so far
 
     std::istream* m_Stream = nullptr; ///< that is being read
-    std::unique_ptr<std::ifstream> m_OpenFile;
+    std::unique_ptr<FileStream> m_OpenFile;
     std::string_view m_FileName;
     bool m_IsGiven = false;      ///< the whole of it
     std::string m_Rest;          ///< of the stream, after a carriage return that ended a line

@@ -62,4 +62,70 @@ TEST(QxpduFiles, FileGivenAsAPduIsAskedAbout) {
               "qxpdu: argument 1: character 2, '.', is no hexadecimal digit\n");
 }
 
+/// Runs qxpdu where `in` is a pipe with a name, and beside it the script, for which 4 is the tool's output.
+Outcome Beside(const std::string& arguments, const std::string& script) {
+    return InFolder("mkfifo in out && { $QXPDU " + arguments + " >out & } && exec 4<out && " + script);
+}
+
+TEST(QxpduFiles, ResultOfAPipeIsWrittenAsSoonAsNoInputWaits) {
+    const std::string first = "read -r result <&4 && echo \"$result\"";
+    const char* const odd =
+        R"({"format":2,"file":"in","line":1,"error":"odd number of hexadecimal digits, 1"})"
+        "\n";
+    for (const char* threads : {"1", "3"}) {
+        const std::string decode = std::string("decode --jsonl --file in -j ") + threads;
+        EXPECT_EQ(Beside(decode, "exec 3>in && printf '0\\n0' >&3 && " + first).out, odd);
+        EXPECT_EQ(Beside(decode, "echo 0 >in && " + first).out, odd);
+    }
+}
+
+TEST(QxpduFiles, ResultsWaitForNoFileAfterTheirOwn) {
+    const std::string log = "head -n 1 a.log >c.log && printf '0791\\n' >>c.log && ";
+    const std::string read = "read -r first <&4 && read -r second <&4 && echo \"$second\"; : >in";
+    EXPECT_EQ(Beside("decode --jsonl --file b.txt - in </dev/null", read).out.substr(0, 36),
+              R"({"format":2,"file":"b.txt","line":3,)");
+    EXPECT_EQ(InFolder(log +
+                       "mkfifo in out && { $QXPDU decode --jsonl 0 --file c.log none in >out & } && "
+                       "exec 4<out && " +
+                       read)
+                  .out.substr(0, 36),
+              R"({"format":2,"file":"c.log","line":2,)")
+        << "a PDU that waits for the rest of it";
+}
+
+TEST(QxpduFiles, SignalEndsTheWaitForAPipe) {
+    const struct {
+        const char* script; ///< up to the signal
+        const char* found;
+    } rows[] = {
+        {"", R"({"format":2,"argument":1,"error":"odd number of hexadecimal digits, 1"})"
+             "\n"},
+        {"exec 3>in && printf '0\\n000' >&3 && while [ $(wc -l <out) -lt 2 ]; do sleep 0.01; done && ",
+         R"({"format":2,"argument":1,"error":"odd number of hexadecimal digits, 1"})"
+         "\n"
+         R"({"format":2,"file":"in","line":1,"error":"odd number of hexadecimal digits, 1"})"
+         "\n"
+         R"({"format":2,"file":"in","line":2,"error":"odd number of hexadecimal digits, 3"})"
+         "\n"},
+    };
+    for (const auto& row : rows) {
+        for (const auto& [signal, status] :
+             {std::pair("INT", "130\n"), std::pair("TERM", "143\n"), std::pair("HUP", "129\n")}) {
+            // The shell starts what stands in the background with SIGINT ignored; env undoes that.
+            EXPECT_EQ(
+                InFolder("mkfifo in && { env --default-signal=INT $QXPDU decode --jsonl 0 --file in a.log "
+                         ">out & } && while ! [ -s out ]; do sleep 0.01; done && " +
+                         std::string(row.script) + "kill -" + signal + " $!; wait $!; echo $?; cat out")
+                    .out,
+                std::string(status) + row.found);
+        }
+    }
+}
+
+TEST(QxpduFiles, ReadErrorIsToldWhereverTheFileStands) {
+    const Outcome run = InFolder("$QXPDU decode --jsonl --file . b.txt .");
+    EXPECT_EQ(run.err, "qxpdu: .: cannot be read\nqxpdu: .: cannot be read\n");
+    EXPECT_EQ(JsonLines(run.out).size(), 2U);
+}
+
 } // namespace
