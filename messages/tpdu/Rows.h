@@ -3,6 +3,7 @@
 #ifndef TPDU_ROWS_H
 #define TPDU_ROWS_H
 
+#include <algorithm>
 #include <array>
 
 #include "Messages/Read.h"
@@ -65,6 +66,12 @@ constexpr std::size_t MostUserData(TpduType type, bool hasFailureCause) {
     default:
         return 140;
     }
+}
+
+/// Octets of user data that fit after so many octets of the TPDU.
+constexpr std::size_t RoomForUserData(const TpduRow& row, std::size_t used) {
+    const std::size_t room = c_longestTpdu - std::min(used, c_longestTpdu);
+    return row.mostUserData != 0 ? std::min(row.mostUserData, room) : room;
 }
 
 /// The bit of TP-PI whose meaning begins so; 0 where there is none.

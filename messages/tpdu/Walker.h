@@ -351,7 +351,7 @@ private:
             Note(RemarkCode::UserDataMissing, lengthField, m_At - 1, head.length,
                  coding.CountsSeptets() ? head.octets.size() * c_octetBits / c_septetBits
                                         : head.octets.size());
-        if (const std::size_t most = RoomForUserData(row); head.octets.size() > most)
+        if (const std::size_t most = RoomForUserData(row, m_At - m_FirstOctetAt); head.octets.size() > most)
             Note(RemarkCode::UserDataTooLong, lengthField, m_At - 1, head.octets.size(), most);
         head.hasHeader = m_HasHeader && !head.octets.empty();
         if (m_HasHeader && head.octets.empty())
@@ -361,11 +361,6 @@ private:
         ReadText(head, coding, field);
         m_At += head.octets.size();
         return true;
-    }
-
-    std::size_t RoomForUserData(const TpduRow& row) const {
-        const std::size_t used = std::min(m_At - m_FirstOctetAt, c_longestTpdu);
-        return row.mostUserData != 0 ? row.mostUserData : c_longestTpdu - used;
     }
 
     void ReadText(UserDataHead& head, const DataCoding& coding, Field field) {

@@ -359,9 +359,7 @@ private:
         const std::size_t announced =
             coding.CountsSeptets() ? OctetsOfSeptets(userData.length) : userData.length;
         const std::size_t octets = userData.octets.size();
-        const std::size_t used = m_Octets.size() - m_TpduAt;
-        const std::size_t room = c_longestTpdu - std::min(used, c_longestTpdu);
-        const std::size_t most = row.mostUserData != 0 ? std::min(row.mostUserData, room) : room;
+        const std::size_t most = RoomForUserData(row, m_Octets.size() - m_TpduAt);
         if (octets > most)
             Fail(WriteFaultCode::UserDataTooLong, field, octets, most);
         else if (octets != announced)

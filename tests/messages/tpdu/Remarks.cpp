@@ -176,6 +176,15 @@ TEST(Validity, AbsoluteAndSingleShot) {
     EXPECT_TRUE(std::get<Submit>(once.tpdu).validity.IsSingleShot());
 }
 
+TEST(Remarks, OfUserDataThatTheOtherFieldsLeaveNoRoomFor) {
+    const auto remarksOf = [](const char* length, std::size_t octets) {
+        const std::string command = "022A00000B0B912143658709F1"; // a number of eleven digits
+        return RemarksOf(ReadHex(command + length + std::string(octets * 2, 'A'), FromMobile()));
+    };
+    EXPECT_EQ(remarksOf("96", 150), "") << "164 octets in all";
+    EXPECT_EQ(remarksOf("97", 151), "user-data-too-long 151 150 at 13");
+}
+
 TEST(Remarks, OfReservedValues) {
     EXPECT_EQ(RemarksOf(ReadDeliver({.first = "14"})), "unused-bits-set 16 at 0");
     EXPECT_EQ(RemarksOf(ReadDeliver({.protocol = "7F"})), "");
@@ -362,7 +371,7 @@ TEST(Remarks, OfTooMuchUserData) {
               "");
     EXPECT_EQ(RemarksOf(ReadHex("022A0000000481103296" + octets150, FromMobile())), "");
     EXPECT_EQ(RemarksOf(ReadHex("022A000000048110329D" + octets150 + "00000000000000", FromMobile())),
-              "user-data-too-long 157 156 at 9");
+              "user-data-too-long 157 154 at 9");
     EXPECT_EQ(RemarksOf(ReadHex("000604"
                                 "9F" +
                                     octets150 + "000000000000000000",

@@ -189,16 +189,17 @@ void Reader::ReadCoding() {
         remarks(code::RESERVED_DATA_CODING, 0, static_cast<std::size_t>(value));
 }
 
-/// The most octets of TP-UD or TP-CD; in a STATUS-REPORT, what is left of the longest TPDU's 164.
+/// The most octets of TP-UD or TP-CD: what the type allows, and what is left of the longest TPDU's 164.
 std::size_t Reader::MostOctets() const {
+    const std::size_t left = 164 - std::min<std::size_t>(164, m_At - *m_Reading.tpdu);
     const std::size_t error = m_Reading.failureCause ? 1 : 0;
     if (m_Reading.type == "SMS-DELIVER-REPORT")
-        return 159 - error;
+        return std::min(left, 159 - error);
     if (m_Reading.type == "SMS-SUBMIT-REPORT")
-        return 152 - error;
+        return std::min(left, 152 - error);
     if (m_Reading.type == "SMS-STATUS-REPORT")
-        return 164 - std::min<std::size_t>(164, m_At - *m_Reading.tpdu);
-    return m_Reading.type == "SMS-COMMAND" ? 156 : 140;
+        return left;
+    return std::min<std::size_t>(left, m_Reading.type == "SMS-COMMAND" ? 156 : 140);
 }
 
 void Reader::ReadUserData() {
