@@ -504,7 +504,7 @@ Messages::ReadOptions OptionsOf(const Input& input) {
 
 Reading ReadByLibrary(const Input& input, std::string& contradictions) {
     const Messages::ReadOptions options = OptionsOf(input);
-    // Memory of just this many octets, so that the sanitizers see a read behind them.
+    // Memory of just this many octets, so that the sanitizers see a read after them.
     const Octets octets(input.octets);
     const Messages::Reading reading = Messages::Read(octets, options);
     if (!TellsTheSame(reading, octets, options))

@@ -33,9 +33,9 @@ Octets HeaderElement(int identifier, const Octets& octets);
 /// A header: its length, and elements.
 Octets Header(std::initializer_list<Octets> elements);
 
-/// TP-UDL and TP-UD of septets behind a header, which may be empty.
+/// TP-UDL and TP-UD of septets after a header, which may be empty.
 Octets SeptetData(const Octets& header, const Septets& septets);
-/// TP-UDL and TP-UD of octets behind a header, which may be empty.
+/// TP-UDL and TP-UD of octets after a header, which may be empty.
 Octets OctetData(const Octets& header, const Octets& octets);
 
 /// A time that nothing is odd about: 2026-03-14, 15:09:26, one hour east of UTC.

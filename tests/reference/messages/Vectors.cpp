@@ -312,9 +312,9 @@ VectorFile Validities() {
     enhanced("another indicator", "8100A800000000");
     enhanced("two more indicators", "818000A8000000");
     enhanced("indicators to the end", "81808080808080");
-    enhanced("no room behind the indicators", "83808080000000");
+    enhanced("no room after the indicators", "83808080000000");
     enhanced("unused octets", "00000000000001");
-    enhanced("unused octets behind a relative value", "01A80100000000");
+    enhanced("unused octets after a relative value", "01A80100000000");
     return file.Take();
 }
 
@@ -602,7 +602,7 @@ void AddReports(File& file) {
                Join({One(0), One(1 << bit)}), Known::NO);
     report("TP-PI of three octets", FromHex("00818001207F"), Known::NO);
     report("only TP-FCS and TP-PI", FromHex("00FF00"), Known::UNKNOWN);
-    file.Deliver("STATUS-REPORT that ends behind TP-ST", "TS 23.040, 9.2.2.3", StatusReportOf(0x30, {}));
+    file.Deliver("STATUS-REPORT that ends after TP-ST", "TS 23.040, 9.2.2.3", StatusReportOf(0x30, {}));
     file.Deliver(
         "STATUS-REPORT with a header", "TS 23.040, 9.2.2.3",
         StatusReportOf(
@@ -621,7 +621,7 @@ VectorFile Types() {
     return file.Take();
 }
 
-/// Every type cut behind every octet.
+/// Every type cut after every octet.
 VectorFile Cuts() {
     File file("cuts");
     for (const auto& [name, direction, tpdu] : AllTypes())

@@ -9,7 +9,7 @@ namespace plain {
 
 using Name = std::string_view;
 
-/// Remarks; behind each, what its number and its other number are.
+/// Remarks; after each, what its number and its other number are.
 namespace code {
 
 // on the whole

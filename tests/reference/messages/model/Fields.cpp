@@ -132,7 +132,7 @@ void ReadEnhanced(const Octets& field, Validity& validity, Remarks& remarks) {
     if ((indicator & 0x38) != 0 || format > 3)
         remarks(code::RESERVED_VALIDITY, 0, static_cast<std::size_t>(indicator));
     validity.kind = kinds.at(static_cast<std::size_t>(format));
-    // What another indicator would say of the octets behind it, the standard leaves to later editions.
+    // What another indicator would say of the octets after it, the standard leaves to later editions.
     if ((indicator & 0x80) != 0) {
         remarks(code::VALIDITY_EXTENSION, 0, static_cast<std::size_t>(indicator));
         return;

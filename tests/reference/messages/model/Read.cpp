@@ -157,7 +157,7 @@ void Reader::ReadCause() {
 void Reader::ReadIndicator() {
     Remarks remarks = On("TP-PI");
     Octets& indicator = m_Reading.indicator;
-    std::size_t count = 1; // an octet behind each with the extension bit
+    std::size_t count = 1; // an octet after each with the extension bit
     while (count <= Left() && (m_Octets[m_At + count - 1] & 0x80) != 0)
         ++count;
     const std::size_t at = m_At;
@@ -230,7 +230,7 @@ void Reader::ReadContent(std::size_t announced, std::size_t wanted, std::string_
         onLength(code::USER_DATA_TOO_LONG, 0, octets.size(), most);
 
     const std::size_t headerOctets = ReadUserDataHeader(octets, remarks);
-    const std::size_t behind = octets.size() - headerOctets;
+    const std::size_t rest = octets.size() - headerOctets;
     const std::size_t counted = septets ? (8 * headerOctets + 6) / 7 : headerOctets; // with the fill bits
     if (!m_Reading.headerIsBeyond && announced < counted)
         onLength(code::HEADER_NOT_COUNTED, 0, announced, counted);
@@ -238,18 +238,18 @@ void Reader::ReadContent(std::size_t announced, std::size_t wanted, std::string_
         remarks(code::COMPRESSED, headerOctets);
     if (coding.compressed || coding.alphabet == "octets" || m_Reading.headerIsBeyond) {
         m_Reading.data = Octets(octets.begin() + static_cast<std::ptrdiff_t>(headerOctets), octets.end());
-        m_Reading.units = coding.alphabet == "ucs2" && !coding.compressed ? behind / 2 : behind;
+        m_Reading.units = coding.alphabet == "ucs2" && !coding.compressed ? rest / 2 : rest;
     } else if (septets) {
         ReadSeptets(octets, headerOctets, announced, remarks);
     } else {
         m_Reading.text = UnitText(octets, headerOctets,
                                   [&](std::string_view code, std::size_t bit, std::size_t number,
                                       std::size_t other) { remarks(code, bit / 8, number, other); });
-        m_Reading.units = behind / 2;
+        m_Reading.units = rest / 2;
     }
-    if (behind > 0)
+    if (rest > 0)
         m_Reading.places.push_back(
-            {field, at + headerOctets, behind, 0xFF & ~((1 << m_Reading.fillBits) - 1)});
+            {field, at + headerOctets, rest, 0xFF & ~((1 << m_Reading.fillBits) - 1)});
 }
 
 /// How many octets the header takes, of those that are there; 0 where there is none.

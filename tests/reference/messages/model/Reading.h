@@ -34,7 +34,7 @@ struct Address {
     std::string text; ///< digits, or the characters of an alphanumeric address, in UTF-8
     int ton = 0, npi = 0;
     int length = 0; ///< as announced: semi-octets, or octets of a service centre
-    Octets octets;  ///< behind the type-of-address octet
+    Octets octets;  ///< after the type-of-address octet
     bool operator==(const Address&) const = default;
 };
 
