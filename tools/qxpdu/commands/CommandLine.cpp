@@ -48,29 +48,48 @@ std::string UsageOf(const CLI::App& tool) {
     return CLI::Formatter().make_usage(command, name);
 }
 
-/// What is wrong where the first argument names no command; nothing where it does, or is an option.
-std::string NoCommandIn(const std::vector<std::string>& arguments, const CLI::App& tool) {
-    if (arguments.empty() || arguments.front().starts_with('-'))
-        return {};
-    const auto hasName = [&arguments](const CLI::App* command) {
-        return command->check_name(arguments.front());
-    };
-    if (!tool.get_subcommands(hasName).empty())
-        return {};
-    std::vector<std::string> commands;
-    for (const CLI::App* command : tool.get_subcommands([](const CLI::App*) { return true; }))
-        commands.push_back(command->get_name());
-    const std::string nearest = Nearest(arguments.front(), commands);
-    return arguments.front() + " is no command" + (nearest.empty() ? "" : "; did you mean " + nearest + "?");
+std::vector<const CLI::App*> CommandsOf(const CLI::App& command) {
+    return command.get_subcommands([](const CLI::App*) { return true; });
 }
 
-/// "help decode" asks for what "decode --help" does.
-std::vector<std::string> WithHelpAsOption(std::vector<std::string> arguments) {
-    if (!arguments.empty() && arguments.front() == "help") {
-        arguments.erase(arguments.begin());
-        arguments.emplace_back("--help");
+/// What is wrong where the first arguments, up to an option, name no command; nothing where they do.
+std::string NoCommandIn(const std::vector<std::string>& arguments, const CLI::App& tool) {
+    const CLI::App* command = &tool;
+    for (const std::string& word : arguments) {
+        const std::vector<const CLI::App*> commands = CommandsOf(*command);
+        if (commands.empty() || word.starts_with('-'))
+            return {};
+        const auto named = std::find_if(commands.begin(), commands.end(), [&word](const CLI::App* candidate) {
+            return candidate->check_name(word);
+        });
+        if (named == commands.end()) {
+            std::vector<std::string> names;
+            for (const CLI::App* candidate : commands)
+                names.push_back(candidate->get_name());
+            const std::string nearest = Nearest(word, names);
+            return word + " is no command" + (command == &tool ? "" : " of " + command->get_name()) +
+                   (nearest.empty() ? "" : "; did you mean " + nearest + "?");
+        }
+        command = *named;
     }
+    return {};
+}
+
+/// "help decode" asks for what "decode --help" does, and "help help" for what "help" does.
+std::vector<std::string> WithHelpAsOption(std::vector<std::string> arguments) {
+    const auto subject = std::find_if(arguments.begin(), arguments.end(),
+                                      [](const std::string& argument) { return argument != "help"; });
+    if (subject == arguments.begin())
+        return arguments;
+    arguments.erase(arguments.begin(), subject);
+    arguments.emplace_back("--help");
     return arguments;
+}
+
+/// Returns the exit status.
+int Refuse(std::string message, const CLI::App& tool, const Streams& streams) {
+    streams.err << "qxpdu: " << show::Printable(WithoutShields(std::move(message))) << '\n' << UsageOf(tool);
+    return Console::WRONG_COMMAND_LINE;
 }
 
 /// Returns the exit status.
@@ -110,16 +129,14 @@ int RunTool(const std::vector<std::string>& given, const Streams& streams) {
         tool.parse(std::move(lastFirst));
         return action(streams);
     } catch (const CLI::Success& asked) { // --help, --version
+        if (std::string message = NoCommandIn(arguments, tool); !message.empty())
+            return Refuse(std::move(message), tool, streams);
         std::ostringstream text;
         tool.exit(asked, text, streams.err);
         return WriteText(text.str(), streams);
     } catch (const CLI::ParseError& error) {
         std::string message = NoCommandIn(arguments, tool);
-        if (message.empty())
-            message = error.what();
-        streams.err << "qxpdu: " << show::Printable(WithoutShields(std::move(message))) << '\n'
-                    << UsageOf(tool);
-        return Console::WRONG_COMMAND_LINE;
+        return Refuse(message.empty() ? error.what() : std::move(message), tool, streams);
     } catch (const std::bad_alloc&) {
         streams.err << "qxpdu: out of memory\n";
         return Console::SOME_FAILED;

@@ -67,7 +67,10 @@ TEST(QxpduCommandLine, EveryCommandHasHelpWithUsageAndExample) {
 
 TEST(QxpduCommandLine, HelpIsACommandToo) {
     EXPECT_EQ(Qxpdu({"help"}), Qxpdu({"--help"}));
+    EXPECT_EQ(Qxpdu({"help", "help"}), Qxpdu({"--help"}));
     EXPECT_EQ(Qxpdu({"help", "decode"}), Qxpdu({"decode", "--help"}));
+    EXPECT_EQ(Qxpdu({"help", "explain"}), Qxpdu({"explain", "--help"})) << "another name of count";
+    EXPECT_EQ(Qxpdu({"help", "gsm"}), Qxpdu({"gsm", "--help"}));
     EXPECT_EQ(Qxpdu({"help", "gsm", "encode"}), Qxpdu({"gsm", "encode", "--help"}));
     EXPECT_EQ(Qxpdu({"ucs2", "encode", "help"}).out, "00680065006C0070\n") << "a text";
 }
@@ -109,6 +112,18 @@ TEST(QxpduCommandLine, WrongCommandLineGivesStatus2AndUsage) {
         {{"\xFF\xFE"}, "qxpdu: \\xFF\\xFE is no command\nUsage: qxpdu [OPTIONS] SUBCOMMAND\n"},
         {{"a\u009F😀"}, "qxpdu: a\\u009F😀 is no command\nUsage: qxpdu [OPTIONS] SUBCOMMAND\n"},
         {{"ucs2"}, "qxpdu: A subcommand is required\nUsage: qxpdu ucs2 [OPTIONS] SUBCOMMAND\n"},
+        {{"ucs2", "chek"},
+         "qxpdu: chek is no command of ucs2; did you mean check?\nUsage: qxpdu ucs2 [OPTIONS] SUBCOMMAND\n"},
+        {{"gsm", "frob"}, "qxpdu: frob is no command of gsm\nUsage: qxpdu gsm [OPTIONS] SUBCOMMAND\n"},
+        {{"help", "decod"},
+         "qxpdu: decod is no command; did you mean decode?\nUsage: qxpdu [OPTIONS] SUBCOMMAND\n"},
+        {{"help", "gsm", "encod"},
+         "qxpdu: encod is no command of gsm; did you mean encode?\nUsage: qxpdu gsm [OPTIONS] "
+         "SUBCOMMAND\n"},
+        {{"decod", "--help"},
+         "qxpdu: decod is no command; did you mean decode?\nUsage: qxpdu [OPTIONS] SUBCOMMAND\n"},
+        {{"decod", "--version"},
+         "qxpdu: decod is no command; did you mean decode?\nUsage: qxpdu [OPTIONS] SUBCOMMAND\n"},
         {{"decode", "--frob"},
          "qxpdu: The following argument was not expected: --frob\nUsage: qxpdu decode [OPTIONS] [PDU...]\n"},
         {{"decode", "--\x1B"},
