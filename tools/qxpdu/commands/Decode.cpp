@@ -1,5 +1,6 @@
 // qxpdu decode
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include <fmt/format.h>
@@ -10,6 +11,7 @@
 #include "commands/Join.h"
 #include "commands/Reading.h"
 #include "commands/Rows.h"
+#include "log/Pasted.h"
 #include "show/MessageJson.h"
 #include "show/MessageText.h"
 
@@ -182,12 +184,17 @@ Afterwards Join(EarlierMessages& earlier, const Input& input,
 }
 
 show::Row ReadToRow(const DecodeOptions& options, const Input& input, Console& console) {
-    const show::Message message = ReadMessage(options, input, console);
-    if (message.reading.fault)
-        throw InputError(show::ToText(*message.reading.fault));
-    WarnOfText(options, message, false, input, console);
-    WarnOfSurplus(message, input, console);
-    return show::RowOf(message);
+    const std::optional<show::Message> message = ReadMessage(options, input, console);
+    if (!message) {
+        show::Row row;
+        row[show::Column::Error] = c_freeRecord;
+        return row;
+    }
+    if (message->reading.fault)
+        throw InputError(show::ToText(*message->reading.fault));
+    WarnOfText(options, *message, false, input, console);
+    WarnOfSurplus(*message, input, console);
+    return show::RowOf(*message);
 }
 
 Afterwards Convert(EarlierMessages& earlier, const DecodeOptions& options, const Input& input,
@@ -201,7 +208,10 @@ Afterwards Convert(EarlierMessages& earlier, const DecodeOptions& options, const
             ShowCellPage(input, console);
         return {};
     }
-    show::Message message = ReadMessage(options, input, console);
+    std::optional<show::Message> read = ReadMessage(options, input, console);
+    if (!read)
+        return {};
+    show::Message& message = *read;
     if (options.asHost) {
         ShowRecord(message, input, console);
         return {};

@@ -1,6 +1,7 @@
 // qxpdu inspect
 #include <cstdlib>
 #include <memory>
+#include <optional>
 
 #include <fmt/format.h>
 
@@ -23,7 +24,10 @@ void Inspect(const InspectOptions& options, const Input& input, const show::Pain
         return;
     if (input.heading && input.heading->kind == Heading::Kind::Page)
         return console.Warning(NameOf(input), "a cell broadcast page, which qxpdu cell shows");
-    const show::Message message = ReadMessage(options, input, console);
+    const std::optional<show::Message> read = ReadMessage(options, input, console);
+    if (!read)
+        return;
+    const show::Message& message = *read;
     if (options.asHost)
         return ShowRecord(message, input, console);
     WarnOfText(options, message, false, input, console);

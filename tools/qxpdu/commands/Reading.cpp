@@ -74,21 +74,23 @@ void AddReading(CLI::App& command, ReadingOptions& options) {
                      "Turn warnings into errors: a text of which something is missing, cut or compressed");
 }
 
-show::Message ReadMessage(const ReadingOptions& options, const Input& input, Console& console) {
+std::optional<show::Message> ReadMessage(const ReadingOptions& options, const Input& input,
+                                         Console& console) {
     const Told told{ServiceCentreOf(options), DirectionOf(options),
                     input.heading ? &*input.heading : nullptr};
     PastedPdu pdu = ReadPasted(ReadPduOctets(input.text), told);
+    const bool isNothing = pdu.isFreeRecord && !options.asHost;
     show::Message message;
     message.octets = std::move(pdu.octets);
     message.reading = std::move(pdu.reading);
     message.hasServiceCentre = pdu.hasServiceCentre;
     message.isZoneIgnored = options.ignoreTimeZone;
     message.warnings = std::move(pdu.warnings);
-    if (!console.WantsJsonLines()) {
+    if (!console.WantsJsonLines() || isNothing) {
         for (const std::string& warning : message.warnings)
             console.Warning(NameOf(input), warning);
     }
-    return message;
+    return isNothing ? std::nullopt : std::optional(std::move(message));
 }
 
 void ShowRecord(const show::Message& message, const Input& input, Console& console) {

@@ -2,6 +2,7 @@
 #ifndef QXPDU_READING_H
 #define QXPDU_READING_H
 
+#include <optional>
 #include <string>
 
 #include "commands/Options.h"
@@ -24,8 +25,9 @@ struct ReadingOptions : ConversionOptions {
 void AddReading(CLI::App& command, ReadingOptions& options);
 
 /// Reads a PDU by the standard, as it makes sense. What had to be assumed is warned of; in JSON Lines the
-/// object says so. Throws InputError where it is no hexadecimal text.
-show::Message ReadMessage(const ReadingOptions& options, const Input& input, Console& console);
+/// object says so. Throws InputError where it is no hexadecimal text. A free SIM record is nothing, and a
+/// warning, unless libQX_Encoding is to read it.
+std::optional<show::Message> ReadMessage(const ReadingOptions& options, const Input& input, Console& console);
 
 /// Shows the record of libQX_Encoding.
 void ShowRecord(const show::Message& message, const Input& input, Console& console);

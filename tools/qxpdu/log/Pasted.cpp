@@ -19,6 +19,22 @@ using Messages::ReadOptions;
 
 constexpr std::uint8_t c_filling = 0xFF;
 
+// The status of a SIM record: bit 0 says that it is used, the others, with 0, that it is free.
+constexpr std::uint8_t c_used = 0x01;
+constexpr std::uint8_t c_mostStatus = 0x1F;
+
+bool IsFreeStatus(std::uint8_t octet) {
+    return octet <= c_mostStatus && (octet & c_used) == 0;
+}
+
+/// Whether it is a record that no message stands in, with its status or without.
+bool IsFreeRecord(const std::vector<std::uint8_t>& octets) {
+    constexpr std::size_t c_shortest = 2;
+    return octets.size() >= c_shortest && (octets[0] == c_filling || IsFreeStatus(octets[0])) &&
+           std::all_of(octets.begin() + 1, octets.end(),
+                       [](std::uint8_t octet) { return octet == c_filling; });
+}
+
 std::size_t TpduLength(const std::vector<std::uint8_t>& octets, bool hasServiceCentre) {
     const std::size_t offset = hasServiceCentre && !octets.empty() ? octets[0] + std::size_t{1} : 0;
     return octets.size() - std::min(octets.size(), offset);
@@ -40,7 +56,7 @@ std::size_t SurplusOf(const Reading& reading) {
 class Sense {
 public:
     Sense(std::vector<std::uint8_t> octets, const Told& told)
-        : m_Pdu{std::move(octets), {}, true, {}}, m_Told(told) {
+        : m_Pdu{std::move(octets), {}, true, false, {}}, m_Told(told) {
         m_Options.serviceCentre = told.serviceCentre;
         m_Options.direction = told.direction;
         if (told.heading != nullptr && m_Options.direction == Direction::Unknown)
@@ -58,6 +74,11 @@ public:
             ReadListed();
         if (!IsSound() && m_Told.direction != m_Options.direction)
             ReadOtherWay();
+        if (!IsSound() && IsFreeRecord(m_Pdu.octets)) {
+            m_Pdu.isFreeRecord = true;
+            m_Pdu.warnings = {c_freeRecord};
+            return std::move(m_Pdu);
+        }
         if (!IsSound())
             ReadRecord();
         if (!IsSound() && m_Told.serviceCentre != Presence::Unknown)
@@ -69,9 +90,9 @@ public:
 private:
     bool IsSound() const { return m_Pdu.reading.IsSound(); }
     bool HasServiceCentre() const {
-        const auto& [octets, reading, has, warnings] = m_Pdu;
+        const Reading& reading = m_Pdu.reading;
         const bool endsInIt = reading.fault && reading.fault->field == Messages::Field::ServiceCentre;
-        return reading.serviceCentre || endsInIt || octets.empty();
+        return reading.serviceCentre || endsInIt || m_Pdu.octets.empty();
     }
     void Warn(std::string warning) { m_Pdu.warnings.push_back(std::move(warning)); }
 
@@ -137,8 +158,6 @@ private:
     }
 
     bool FindRecord() {
-        // Bit 0 of the status says that the record is used; the others, with 0, that it is free.
-        constexpr std::uint8_t c_mostStatus = 0x1F;
         const std::vector<std::uint8_t> octets = m_Pdu.octets;
         if (ReadFilled())
             return true;
@@ -149,7 +168,8 @@ private:
             return false;
         m_Pdu.warnings.insert(
             m_Pdu.warnings.begin(),
-            fmt::format("the first octet, {:02X}, is left out: the status of a SIM record", octets[0]));
+            fmt::format("the first octet, {:02X}, is left out: the status of a {}SIM record", octets[0],
+                        IsFreeStatus(octets[0]) ? "free " : ""));
         return true;
     }
 

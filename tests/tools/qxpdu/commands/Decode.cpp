@@ -540,6 +540,22 @@ TEST(QxpduDecode, RemainingLinesAreDecodedAndBlankOnesSkippedButCounted) {
                  "qxpdu: line 5: octet 2: the octets end in TP-MR, which takes 1 octet: 0 are there\n"}));
 }
 
+TEST(QxpduDecode, FreeSimRecordIsAWarningAndNoResult) {
+    const std::string free = "00" + tests::Repeated("FF", 175);
+    const std::string warning = "qxpdu: line 1: warning: a free SIM record, without a message\n";
+    for (const char* command : {"decode", "inspect"}) {
+        for (const char* option : {"--jsonl", "--strict"})
+            EXPECT_EQ(Qxpdu({command, option}, free + '\n'), (Outcome{0, "", warning})) << command << option;
+        EXPECT_NE(Qxpdu({command, "--as", "libQX_Encoding"}, free + '\n').out, "") << command;
+    }
+    EXPECT_EQ(Qxpdu({"decode", "--join", "--brief"},
+                    free + "\n0791214365870921040B912143658709F100002120312143658005C8329BFD06\n"),
+              (Outcome{0, "2012-02-13T12:34:56+02:00 from +12345678901 Hello\n", warning}));
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "text,error", "--input-column", "2", "--no-heading"},
+                    "1\t" + free + "\tx\n"),
+              (Outcome{0, "1\t\ta free SIM record, without a message\tx\n", warning}));
+}
+
 TEST(QxpduDecode, NothingIsKeptFromOnePduToTheNext) {
     const Outcome run = Qxpdu(
         {"decode", "--json", "--no-smsc", "41000491214300000A0500038E0201F0783C", "010004912143000000"});

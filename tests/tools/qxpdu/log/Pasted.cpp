@@ -113,6 +113,30 @@ TEST(Pasted, StatusAndFillingOfASimRecordAreLeftOut) {
     EXPECT_EQ(Read("0700" + c_submit + Filling(2)).octets, tests::Octets("00" + c_submit));
 }
 
+TEST(Pasted, RecordThatIsFreeHoldsNoMessage) {
+    for (const std::string& digits : {"00" + Filling(175), Filling(176), Filling(175), "00" + Filling(1),
+                                      Filling(2), "1E" + Filling(3)}) {
+        for (const Presence presence : {Presence::Unknown, Presence::Yes, Presence::No}) {
+            const PastedPdu record = Read(digits, {presence, Direction::Unknown, nullptr});
+            EXPECT_TRUE(record.isFreeRecord) << digits;
+            EXPECT_EQ(record.warnings, Warnings{"a free SIM record, without a message"}) << digits;
+        }
+    }
+    for (const std::string& digits :
+         {std::string("FF"), std::string("00"), "01" + Filling(175), "20" + Filling(175), "1F" + Filling(3),
+          "FE" + Filling(175), "00" + Filling(174) + "FE", "00FE" + Filling(174),
+          "00" + c_submit + Filling(165)})
+        EXPECT_FALSE(Read(digits).isFreeRecord) << digits;
+}
+
+TEST(Pasted, MessageOfARecordThatWasFreedIsRead) {
+    const PastedPdu record = Read("00" + c_serviceCentre + c_hello + Filling(143));
+    EXPECT_FALSE(record.isFreeRecord);
+    EXPECT_EQ(record.octets, tests::Octets(c_serviceCentre + c_hello));
+    EXPECT_EQ(record.warnings, (Warnings{"the first octet, 00, is left out: the status of a free SIM record",
+                                         "143 octets FF after the TPDU left out"}));
+}
+
 TEST(Pasted, OctetsThatAreNoRecordStay) {
     for (const std::string& digits : {c_serviceCentre + c_hello + "FE", c_serviceCentre + c_hello + "FFFE",
                                       "20" + c_serviceCentre + c_hello, Filling(176), std::string("01")}) {
