@@ -1,12 +1,17 @@
-// What libQX_Messages chooses beside trying everything, on random texts of every language.
+// What libQX_Messages chooses and sends beside trying everything: on the vectors, and on random texts of
+// every language.
 #include <algorithm>
 
 #include <gtest/gtest.h>
 
 #include "../Cases.h"
-#include "Messages/Alphabet.h"
+#include "Messages/Parts.h"
+#include "Messages/Write.h"
+#include "OutgoingVectors.h"
+#include "VectorText.h"
 #include "model/Choosing.h"
 #include "model/Tables.h"
+#include "model/Text.h"
 
 namespace plain {
 namespace {
@@ -15,20 +20,7 @@ using reference::Difference;
 using reference::Random;
 
 constexpr auto c_cases = static_cast<reference::Share>(30'000);
-
-/// Plainly.
-std::string Utf8Of(char32_t character) {
-    const auto octet = [](char32_t value) { return static_cast<char>(value); };
-    if (character < 0x80)
-        return {octet(character)};
-    if (character < 0x800)
-        return {octet(0xC0U | character >> 6U), octet(0x80U | (character & 0x3FU))};
-    if (character < 0x10000)
-        return {octet(0xE0U | character >> 12U), octet(0x80U | (character >> 6U & 0x3FU)),
-                octet(0x80U | (character & 0x3FU))};
-    return {octet(0xF0U | character >> 18U), octet(0x80U | (character >> 12U & 0x3FU)),
-            octet(0x80U | (character >> 6U & 0x3FU)), octet(0x80U | (character & 0x3FU))};
-}
+constexpr auto c_sentCases = static_cast<reference::Share>(10'000);
 
 /// The characters of a table that may be written.
 std::u32string CharactersOf(const Alphabet& alphabet) {
@@ -93,7 +85,7 @@ std::optional<Way> ChosenBy(const std::u32string& text, const Messages::ChoiceOp
     std::vector<std::size_t> offsets;
     for (const char32_t character : text) {
         offsets.push_back(utf8.size());
-        utf8 += Utf8Of(character);
+        Append(utf8, character);
     }
     offsets.push_back(utf8.size());
     Messages::Choice choice;
@@ -141,12 +133,76 @@ TEST(Chosen, IsTheCheapestOfAllWays) {
         const std::optional<Way> chosen = ChosenBy(text, options);
         if (chosen == expected)
             return {};
-        std::string utf8;
-        for (const char32_t character : text)
-            utf8 += Utf8Of(character);
         return reference::Between("chosen:   " + Shown(chosen) + "\nexpected: " + Shown(expected),
                                   std::to_string(space.octets) + " octets, " +
-                                      std::to_string(space.elements) + " of elements, " + utf8);
+                                      std::to_string(space.elements) + " of elements, " + Utf8Of(text));
+    });
+}
+
+Messages::CutOptions OptionsOf(const Outgoing& outgoing) {
+    Messages::CutOptions options;
+    for (const int language : outgoing.languages)
+        options.choice.languages.Add(static_cast<Messages::Language>(language));
+    if (!outgoing.alphabet.empty())
+        options.choice.alphabet =
+            outgoing.alphabet == "ucs2" ? Messages::Alphabet::Ucs2 : Messages::Alphabet::Gsm7;
+    options.choice.room.hasWideReference = outgoing.isWide;
+    options.reference = static_cast<std::uint16_t>(outgoing.reference);
+    if (outgoing.ports)
+        options.ports =
+            Messages::Ports{outgoing.ports->isWide, static_cast<std::uint16_t>(outgoing.ports->destination),
+                            static_cast<std::uint16_t>(outgoing.ports->source)};
+    options.elements = outgoing.elements;
+    if (outgoing.messageClass >= 0)
+        options.messageClass = static_cast<std::uint8_t>(outgoing.messageClass);
+    return options;
+}
+
+/// What the library sends, as the second reading has it.
+Json SentBy(const Outgoing& outgoing) {
+    const Messages::CutText cut = CutIntoParts(Utf8Of(outgoing.text), OptionsOf(outgoing));
+    if (cut.fault)
+        return nullptr;
+    Json parts = Json::array();
+    for (const Messages::UserData& part : cut.parts)
+        parts.push_back(Hex(Octets{part.length}) + Hex(part.octets));
+    return {{"TP-DCS", cut.coding.value},
+            {"TP-UDHI", cut.parts.front().hasHeader ? 1 : 0},
+            {"units", cut.choice.units},
+            {"parts", parts}};
+}
+
+TEST(SentTexts, AreTheVectors) {
+    for (const std::string& file : {c_outgoingFile, std::string("outgoing-by-hand")})
+        for (const Json& vector : VectorsOf(file))
+            EXPECT_EQ(Unordered(SentBy(OutgoingOf(vector))), Unordered(vector.at("sent")))
+                << vector.at("name");
+}
+
+TEST(SentTexts, AreWhatTheSecondReadingSends) {
+    reference::RunCases(c_sentCases, [](Random& random) -> Difference {
+        Outgoing outgoing;
+        outgoing.text = RandomText(random);
+        outgoing.languages = RandomLanguages(random);
+        outgoing.isWide = random.Chance(50);
+        outgoing.reference = static_cast<int>(random.Below(outgoing.isWide ? 0x10000 : 0x100));
+        if (random.Chance(20))
+            outgoing.alphabet = random.Chance(50) ? "gsm7" : "ucs2";
+        if (random.Chance(30)) {
+            const bool isWide = random.Chance(50);
+            const auto port = [&] { return static_cast<int>(random.Below(isWide ? 0x10000 : 0x100)); };
+            outgoing.ports = PortPair{port(), port(), isWide};
+        }
+        if (random.Chance(30))
+            outgoing.elements = {0x70, 0x01, static_cast<std::uint8_t>(random.Below(0x100))};
+        if (random.Chance(30))
+            outgoing.messageClass = static_cast<int>(random.Below(4));
+        const Json expected = ToJson(Send(outgoing));
+        const Json sent = SentBy(outgoing);
+        if (Unordered(sent) == Unordered(expected))
+            return {};
+        return reference::Between("sent:     " + sent.dump() + "\nexpected: " + expected.dump(),
+                                  Utf8Of(outgoing.text));
     });
 }
 

@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "CellVectors.h"
+#include "OutgoingVectors.h"
 #include "Vectors.h"
 
 namespace {
@@ -30,6 +31,8 @@ int main(int argc, char** argv) {
             WriteFile(argv[1], file.name, plain::TextOf(file), file.vectors.size());
         const std::vector<plain::CellVector> cell = plain::CellVectors();
         WriteFile(argv[1], plain::c_cellFile, plain::TextOf(cell), cell.size());
+        const std::vector<plain::OutgoingVector> outgoing = plain::OutgoingVectors();
+        WriteFile(argv[1], plain::c_outgoingFile, plain::TextOf(outgoing), outgoing.size());
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());
         return 1;

@@ -33,17 +33,25 @@ bool Holds(const Septets& septets, char32_t character) {
     return character < 0x10000 && septets[character] >= 0;
 }
 
+const std::map<int, Septets>& Lockings() {
+    static const std::map<int, Septets> all = AllOf(TheTables().locking);
+    return all;
+}
+
+const std::map<int, Septets>& Singles() {
+    static const std::map<int, Septets> all = AllOf(TheTables().single);
+    return all;
+}
+
 /// What each character takes; empty where one has no septets.
 std::optional<std::vector<int>> UnitsIn(const std::u32string& text, bool isUcs2, int locking, int single) {
-    static const std::map<int, Septets> lockings = AllOf(TheTables().locking);
-    static const std::map<int, Septets> singles = AllOf(TheTables().single);
     std::vector<int> units;
     for (const char32_t character : text) {
         if (isUcs2)
             units.push_back(character > 0xFFFF ? 2 : 1);
-        else if (Holds(lockings.at(locking), character))
+        else if (Holds(Lockings().at(locking), character))
             units.push_back(1);
-        else if (Holds(singles.at(single), character))
+        else if (Holds(Singles().at(single), character))
             units.push_back(2);
         else
             return {};
@@ -89,6 +97,19 @@ std::optional<Way> WriteIn(const std::u32string& text, bool isUcs2, int locking,
     }
     way.octets += OctetsWith(header, used, isUcs2);
     return way;
+}
+
+std::vector<int> SeptetsIn(const std::u32string& text, int locking, int single) {
+    std::vector<int> septets;
+    for (const char32_t character : text) {
+        if (Holds(Lockings().at(locking), character)) {
+            septets.push_back(Lockings().at(locking)[character]);
+        } else {
+            septets.push_back(0x1B);
+            septets.push_back(Singles().at(single).at(character));
+        }
+    }
+    return septets;
 }
 
 std::optional<Way> Cheapest(const std::u32string& text, const std::vector<int>& languages, const Space& space,

@@ -31,6 +31,10 @@ struct Way {
 std::optional<Way> WriteIn(const std::u32string& text, bool isUcs2, int locking, int single,
                            const Space& space);
 
+/// The septets of a text that the two tables hold: the lower of several, 1B before one of the single shift
+/// table.
+std::vector<int> SeptetsIn(const std::u32string& text, int locking, int single);
+
 /// The cheapest of all ways with the languages given; 0, the default alphabet, is among them.
 std::optional<Way> Cheapest(const std::u32string& text, const std::vector<int>& languages, const Space& space,
                             bool mayBeGsm = true, bool mayBeUcs2 = true);

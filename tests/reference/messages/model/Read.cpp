@@ -248,8 +248,7 @@ void Reader::ReadContent(std::size_t announced, std::size_t wanted, std::string_
         m_Reading.units = rest / 2;
     }
     if (rest > 0)
-        m_Reading.places.push_back(
-            {field, at + headerOctets, rest, 0xFF & ~((1 << m_Reading.fillBits) - 1)});
+        m_Reading.places.push_back({field, at + headerOctets, rest, 0xFF & ~((1 << m_Reading.fillBits) - 1)});
 }
 
 /// How many octets the header takes, of those that are there; 0 where there is none.
