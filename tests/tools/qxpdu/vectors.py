@@ -158,7 +158,9 @@ left = collections.Counter()
 for file in sorted(glob.glob(f"{FOLDER}/*.jsonl")):
     with open(file, encoding="utf-8") as lines:
         for vector in map(json.loads, lines):
-            if "service-centre" not in vector:
+            if "sent" in vector:
+                left["a text to send"] += 1
+            elif "service-centre" not in vector:
                 left["a page, which the tool reads by libQX_Encoding"] += 1
             elif not vector["octets"]:
                 left["no octets: no input"] += 1
