@@ -45,6 +45,26 @@ Row CommonOf(const Message& message) {
     return row;
 }
 
+/// What all pages of a message have alike: it comes from its identifier.
+Row CommonOf(Messages::CellFormat format, std::uint16_t messageIdentifier,
+             const Messages::CellCoding& coding) {
+    Row row;
+    row[Column::Direction] = DirectionName(Messages::Direction::ToMobile);
+    row[Column::Type] = Messages::NameOf(format);
+    row[Column::Address] = fmt::format("{}", messageIdentifier);
+    if (format != Messages::CellFormat::EtwsNotification && HasAlphabet(coding))
+        row[Column::Alphabet] = Messages::NameOf(coding.alphabet);
+    return row;
+}
+
+void SetContent(const std::vector<Messages::CellPage>& pages, std::string_view text,
+                const Messages::CellCoding& coding, Row& row) {
+    if (coding.HasText())
+        row[Column::Text] = text;
+    else
+        row[Column::Data] = Messages::ToHex(DataOf(pages));
+}
+
 /// Each of the characters by an escape of two, whatever else by itself.
 std::string Escaped(std::string_view value, std::string_view characters, std::string_view letters) {
     std::string escaped;
@@ -127,6 +147,38 @@ Row RowOf(const JoinedMessage& joined) {
         row[Column::Part] = fmt::format("{}/{}", fmt::join(numbers, ","), joined.total);
     row[Column::Text] = joined.content.text;
     row[Column::Data] = Messages::ToHex(joined.content.data);
+    return row;
+}
+
+Row RowOf(const Broadcast& broadcast) {
+    const Messages::CellReading& reading = broadcast.reading;
+    Row row = CommonOf(reading.format, reading.messageIdentifier, reading.coding);
+    row[Column::Octets] = Messages::ToHex(broadcast.octets);
+    SetContent(reading.pages, reading.text, reading.coding, row);
+    if (reading.warning) {
+        row[Column::Time] = reading.warning->time ? reading.warning->time->ToString() : std::string();
+        row[Column::Text] = Messages::NameOfWarningType(reading.warning->type);
+    } else if (reading.format == Messages::CellFormat::GsmPage && reading.total > 1) {
+        row[Column::Part] = fmt::format("{}/{}", reading.pages.front().number, reading.total);
+    }
+    return row;
+}
+
+Row RowOf(const JoinedBroadcast& joined) {
+    const Messages::CellMessage& message = joined.message;
+    Row row = CommonOf(joined.sources.front().compared->broadcast.reading.format, message.messageIdentifier,
+                       message.coding);
+    std::vector<std::string_view> sources;
+    for (const PageSource& source : joined.sources)
+        sources.push_back(source.name);
+    row[Column::Input] = fmt::format("{}", fmt::join(sources, ", "));
+    if (!message.IsComplete()) {
+        std::vector<int> numbers;
+        for (const Messages::CellPage& page : message.pages)
+            numbers.push_back(page.number);
+        row[Column::Part] = fmt::format("{}/{}", fmt::join(numbers, ","), message.total);
+    }
+    SetContent(message.pages, message.Text(), message.coding, row);
     return row;
 }
 

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "show/JoinedBroadcast.h"
 #include "show/JoinedMessage.h"
 #include "show/Message.h"
 
@@ -54,6 +55,10 @@ private:
 
 Row RowOf(const Message& message);
 Row RowOf(const JoinedMessage& joined);
+
+/// The text of a warning without one is the name of its type.
+Row RowOf(const Broadcast& broadcast);
+Row RowOf(const JoinedBroadcast& joined);
 
 /// "2012-02-13T12:34:56+02:00 from +4179123 [1/2] Hello"; what acts on a terminal is escaped, a line feed is
 /// "\n".

@@ -9,7 +9,7 @@
 #include "Messages/Words.h"
 #include "show/Lines.h"
 #include "show/MessageJson.h"
-#include "show/MessageText.h"
+#include "show/Notes.h"
 #include "show/Values.h"
 
 namespace show {
@@ -139,9 +139,10 @@ std::size_t CharactersIn(std::string_view text) {
 }
 
 bool MayBeHealed(const Messages::Remark& remark) {
-    return remark.field == Messages::Field::UserData &&
-           (remark.code == Messages::RemarkCode::EscapeAtEnd ||
-            remark.code == Messages::RemarkCode::UnpairedSurrogate);
+    const bool isOfText =
+        remark.field == Messages::Field::UserData || remark.field == Messages::Field::PageContent;
+    return isOfText && (remark.code == Messages::RemarkCode::EscapeAtEnd ||
+                        remark.code == Messages::RemarkCode::UnpairedSurrogate);
 }
 
 std::vector<JoinedFlaw> FlawsOf(const JoinedMessage& joined) {

@@ -6,7 +6,7 @@
 
 #include "Messages/Words.h"
 #include "show/CodeUnits.h"
-#include "show/MessageText.h"
+#include "show/Notes.h"
 #include "show/OctetMap.h"
 
 namespace show {

@@ -145,14 +145,7 @@ struct MeaningMaker {
     }
     std::string operator()(const Messages::DataCoding* coding) const { return Messages::MeaningOf(*coding); }
     std::string operator()(const Messages::UserData* userData) const {
-        if (userData->isHeaderIgnored)
-            return "ignored";
-        std::string lines;
-        for (const Messages::HeaderElement& element : userData->elements) {
-            lines += lines.empty() ? "" : "\n";
-            lines += MeaningOf(element, element.Data(userData->octets));
-        }
-        return lines;
+        return MeaningOfHeader(userData->elements, userData->octets, userData->isHeaderIgnored);
     }
 };
 
@@ -224,7 +217,8 @@ bool ConcernsText(const Messages::Remark& remark) {
     case RemarkCode::NoCharacter:
     case RemarkCode::UnpairedSurrogate:
     case RemarkCode::OddOctet:
-        return remark.field == Field::UserData; // and not the name of who sent it
+        return remark.field == Field::UserData ||
+               remark.field == Field::PageContent; // and no name of a sender
     default:
         return false;
     }

@@ -13,8 +13,140 @@ namespace {
 
 using Messages::Field;
 
-/// The member of a field.
-constexpr std::string_view MemberOf(Field field) {
+/// A number with what it means.
+void WriteNumber(std::string_view name, unsigned int value, std::string_view meaning, JsonText& object) {
+    object.Object(name, [&] {
+        object.Member("raw", value);
+        object.Member("meaning", meaning);
+    });
+}
+
+void WriteElement(const Messages::HeaderElement& element, Messages::OctetView data, JsonText& object) {
+    object.Member("identifier", element.identifier);
+    object.Member("meaning", Messages::NameOfElement(element.identifier));
+    object.Octets("data", data);
+    const auto write = [&](std::string_view name, unsigned int value, std::string_view meaning) {
+        if (meaning.empty())
+            object.Member(KeyOf(name), value);
+        else
+            WriteNumber(KeyOf(name), value, meaning, object);
+    };
+    for (const Subfield& subfield : SubfieldsOf(element, data)) {
+        if (subfield.bits.empty())
+            write(subfield.name, subfield.value, subfield.meaning);
+        for (const OctetBits& bits : subfield.bits)
+            write(bits.name, bits.value, bits.meaning);
+    }
+    if (!element.Is(Messages::ElementId::ReplyAddress))
+        return;
+    if (const auto address = Messages::ReadReplyAddress(data))
+        object.Object("address", [&] { WriteAddress(*address, object); });
+}
+
+/// Writes what a field has beside its octets and their meaning.
+struct DetailWriter {
+    const MessageField& field;
+    const Message& message;
+    JsonText& object;
+
+    void operator()(PlainOctets) const {}
+    void operator()(unsigned int) const {}
+
+    void operator()(const Messages::Address* address) const {
+        if (!field.IsAbsent())
+            WriteAddress(*address, object);
+    }
+
+    void operator()(const Messages::Timestamp& time) const {
+        if (time.isValid)
+            object.Member("time", std::string_view(TimeOf(time, message)));
+    }
+
+    void operator()(const Messages::Validity* validity) const {
+        (*this)(validity->Absolute());
+        if (const auto seconds = validity->Seconds())
+            object.Member("seconds", *seconds);
+        if (validity->IsSingleShot())
+            object.Bool("single_shot", true);
+    }
+
+    void operator()(const Messages::DataCoding* coding) const {
+        object.Member("alphabet", Messages::NameOf(coding->alphabet));
+        if (coding->messageClass)
+            object.Member("class", *coding->messageClass);
+        if (coding->isCompressed)
+            object.Bool("compressed", true);
+        if (coding->IsAutomaticDeletion())
+            object.Bool("automatic_deletion", true);
+        if (coding->isReserved)
+            object.Bool("reserved", true);
+        if (const auto& waiting = coding->waiting) {
+            object.Object("waiting", [&] {
+                object.Member("type", Messages::NameOf(waiting->type));
+                object.Bool("active", waiting->isActive);
+                object.Bool("stored", waiting->isStored);
+            });
+        }
+    }
+
+    void operator()(const Messages::UserData* userData) const {
+        if (userData->isHeaderIgnored)
+            object.Bool("ignored", true);
+        WriteElements(userData->elements, userData->octets, object);
+    }
+};
+
+/// The meaning of a header in one line.
+std::string OneLine(std::string text) {
+    for (std::size_t feed = text.find('\n'); feed != std::string::npos; feed = text.find('\n'))
+        text.replace(feed, 1, "; ");
+    return text;
+}
+
+void WriteField(const MessageField& field, const Message& message, JsonText& object) {
+    object.Object(MemberOf(field.field), [&] {
+        const auto* const coding = std::get_if<const Messages::DataCoding*>(&field.value);
+        const auto* const validity = std::get_if<const Messages::Validity*>(&field.value);
+        if (const auto* number = std::get_if<unsigned int>(&field.value);
+            number != nullptr && field.count == 1)
+            object.Member("raw", *number);
+        else if (coding != nullptr || (validity != nullptr && field.count == 1))
+            object.Member("raw", message.octets[field.octet]);
+        else
+            object.Octets("raw", message.Octets(field.octet, field.count));
+        const bool isHeader = std::holds_alternative<const Messages::UserData*>(field.value);
+        const std::string meaning = MeaningOf(field, message);
+        object.Member("meaning", std::string_view(isHeader ? OneLine(meaning) : meaning));
+        std::visit(DetailWriter{field, message, object}, field.value);
+    });
+}
+
+void WriteUserData(const Message& message, const Messages::UserData& userData, JsonText& object) {
+    if (const auto& place = userData.concatenation) {
+        object.Object("concatenation", [&] {
+            object.Member("reference", place->reference);
+            object.Member("reference_bits", place->hasWideReference ? 16 : 8);
+            object.Member("total", place->total);
+            object.Member("part", place->part);
+        });
+    }
+    if (const auto& ports = userData.ports) {
+        object.Object("ports", [&] {
+            object.Member("destination", ports->destination);
+            object.Member("originator", ports->originator);
+            object.Member("bits", ports->areWide ? 16 : 8);
+        });
+    }
+    WriteTables(userData.tables, object);
+    if (IsData(message.reading.tpdu))
+        object.Octets("data", userData.Content());
+    else
+        object.Member("text", std::string_view(userData.text));
+}
+
+} // namespace
+
+std::string_view MemberOf(Field field) {
     switch (field) {
     case Field::ServiceCentre:
         return "sc_address";
@@ -114,145 +246,6 @@ constexpr std::string_view MemberOf(Field field) {
     return "other";
 }
 
-/// A number with what it means.
-void WriteNumber(std::string_view name, unsigned int value, std::string_view meaning, JsonText& object) {
-    object.Object(name, [&] {
-        object.Member("raw", value);
-        object.Member("meaning", meaning);
-    });
-}
-
-void WriteElement(const Messages::HeaderElement& element, Messages::OctetView data, JsonText& object) {
-    object.Member("identifier", element.identifier);
-    object.Member("meaning", Messages::NameOfElement(element.identifier));
-    object.Octets("data", data);
-    const auto write = [&](std::string_view name, unsigned int value, std::string_view meaning) {
-        if (meaning.empty())
-            object.Member(KeyOf(name), value);
-        else
-            WriteNumber(KeyOf(name), value, meaning, object);
-    };
-    for (const Subfield& subfield : SubfieldsOf(element, data)) {
-        if (subfield.bits.empty())
-            write(subfield.name, subfield.value, subfield.meaning);
-        for (const OctetBits& bits : subfield.bits)
-            write(bits.name, bits.value, bits.meaning);
-    }
-    if (!element.Is(Messages::ElementId::ReplyAddress))
-        return;
-    if (const auto address = Messages::ReadReplyAddress(data))
-        object.Object("address", [&] { WriteAddress(*address, object); });
-}
-
-/// Writes what a field has beside its octets and their meaning.
-struct DetailWriter {
-    const MessageField& field;
-    const Message& message;
-    JsonText& object;
-
-    void operator()(PlainOctets) const {}
-    void operator()(unsigned int) const {}
-
-    void operator()(const Messages::Address* address) const {
-        if (!field.IsAbsent())
-            WriteAddress(*address, object);
-    }
-
-    void operator()(const Messages::Timestamp& time) const {
-        if (time.isValid)
-            object.Member("time", std::string_view(TimeOf(time, message)));
-    }
-
-    void operator()(const Messages::Validity* validity) const {
-        (*this)(validity->Absolute());
-        if (const auto seconds = validity->Seconds())
-            object.Member("seconds", *seconds);
-        if (validity->IsSingleShot())
-            object.Bool("single_shot", true);
-    }
-
-    void operator()(const Messages::DataCoding* coding) const {
-        object.Member("alphabet", Messages::NameOf(coding->alphabet));
-        if (coding->messageClass)
-            object.Member("class", *coding->messageClass);
-        if (coding->isCompressed)
-            object.Bool("compressed", true);
-        if (coding->IsAutomaticDeletion())
-            object.Bool("automatic_deletion", true);
-        if (coding->isReserved)
-            object.Bool("reserved", true);
-        if (const auto& waiting = coding->waiting) {
-            object.Object("waiting", [&] {
-                object.Member("type", Messages::NameOf(waiting->type));
-                object.Bool("active", waiting->isActive);
-                object.Bool("stored", waiting->isStored);
-            });
-        }
-    }
-
-    void operator()(const Messages::UserData* userData) const {
-        if (userData->isHeaderIgnored)
-            object.Bool("ignored", true);
-        object.Array("elements", [&] {
-            for (const Messages::HeaderElement& element : userData->elements)
-                object.Element([&] { WriteElement(element, element.Data(userData->octets), object); });
-        });
-    }
-};
-
-/// The meaning of a header in one line.
-std::string OneLine(std::string text) {
-    for (std::size_t feed = text.find('\n'); feed != std::string::npos; feed = text.find('\n'))
-        text.replace(feed, 1, "; ");
-    return text;
-}
-
-void WriteField(const MessageField& field, const Message& message, JsonText& object) {
-    object.Object(MemberOf(field.field), [&] {
-        const auto* const coding = std::get_if<const Messages::DataCoding*>(&field.value);
-        const auto* const validity = std::get_if<const Messages::Validity*>(&field.value);
-        if (const auto* number = std::get_if<unsigned int>(&field.value);
-            number != nullptr && field.count == 1)
-            object.Member("raw", *number);
-        else if (coding != nullptr || (validity != nullptr && field.count == 1))
-            object.Member("raw", message.octets[field.octet]);
-        else
-            object.Octets("raw", message.Octets(field.octet, field.count));
-        const bool isHeader = std::holds_alternative<const Messages::UserData*>(field.value);
-        const std::string meaning = MeaningOf(field, message);
-        object.Member("meaning", std::string_view(isHeader ? OneLine(meaning) : meaning));
-        std::visit(DetailWriter{field, message, object}, field.value);
-    });
-}
-
-void WriteUserData(const Message& message, const Messages::UserData& userData, JsonText& object) {
-    if (const auto& place = userData.concatenation) {
-        object.Object("concatenation", [&] {
-            object.Member("reference", place->reference);
-            object.Member("reference_bits", place->hasWideReference ? 16 : 8);
-            object.Member("total", place->total);
-            object.Member("part", place->part);
-        });
-    }
-    if (const auto& ports = userData.ports) {
-        object.Object("ports", [&] {
-            object.Member("destination", ports->destination);
-            object.Member("originator", ports->originator);
-            object.Member("bits", ports->areWide ? 16 : 8);
-        });
-    }
-    if (userData.tables.locking != Messages::Language::Default)
-        object.Member("locking_shift", Messages::NameOf(userData.tables.locking));
-    if (userData.tables.single != Messages::Language::Default)
-        object.Member("single_shift", Messages::NameOf(userData.tables.single));
-    if (IsData(message.reading.tpdu))
-        object.Octets("data", userData.Content());
-    else
-        object.Member("text", std::string_view(userData.text));
-}
-
-} // namespace
-
 void Write(const Message& message, const HostReading& host, std::optional<std::size_t> reportOn,
            JsonText& object) {
     object.Octets("octets", message.octets);
@@ -305,6 +298,21 @@ void WriteRemarks(const std::vector<Messages::Remark>& remarks, JsonText& object
             });
         }
     });
+}
+
+void WriteElements(const std::vector<Messages::HeaderElement>& elements, Messages::OctetView userData,
+                   JsonText& object) {
+    object.Array("elements", [&] {
+        for (const Messages::HeaderElement& element : elements)
+            object.Element([&] { WriteElement(element, element.Data(userData), object); });
+    });
+}
+
+void WriteTables(const Messages::SeptetTables& tables, JsonText& object) {
+    if (tables.locking != Messages::Language::Default)
+        object.Member("locking_shift", Messages::NameOf(tables.locking));
+    if (tables.single != Messages::Language::Default)
+        object.Member("single_shift", Messages::NameOf(tables.single));
 }
 
 void WriteDirection(Messages::Direction direction, JsonText& object) {

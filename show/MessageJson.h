@@ -20,6 +20,15 @@ void Write(const Message& message, const HostReading& host, std::optional<std::s
 /// The record of libQX_Encoding, as the member of that name.
 void Write(const HostReading& record, JsonText& object);
 
+/// The name of the member that a field is, "tp_oa".
+std::string_view MemberOf(Messages::Field field);
+
+/// The array "elements" of a user-data header in octets of user data, and the national languages that a text
+/// is read with.
+void WriteElements(const std::vector<Messages::HeaderElement>& elements, Messages::OctetView userData,
+                   JsonText& object);
+void WriteTables(const Messages::SeptetTables& tables, JsonText& object);
+
 /// The member "fault" of a message that has one.
 void WriteFault(const Messages::Fault& fault, JsonText& object);
 

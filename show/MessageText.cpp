@@ -1,13 +1,10 @@
 #include "show/MessageText.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include <fmt/format.h>
 
 #include "Messages/Words.h"
-#include "show/CodeUnits.h"
 #include "show/Lines.h"
+#include "show/Notes.h"
 #include "show/Values.h"
 
 namespace show {
@@ -24,68 +21,6 @@ std::string RawOf(const MessageField& field, const Message& message) {
                           !std::holds_alternative<const Messages::Address*>(field.value);
     return (isNumber ? "0x" : "") + Messages::ToHex(message.Octets(field.octet, field.count));
 }
-
-/// The notes that no line has taken yet.
-class Notes {
-public:
-    Notes(const Message& message, const HostReading& host)
-        : m_Message(message),
-          m_Host(host),
-          m_IsRemarkShown(message.reading.remarks.size()),
-          m_IsMemberShown(host.members.size()) {}
-
-    /// Those of a field.
-    std::vector<std::string> Take(const MessageField& field) {
-        std::vector<std::string> notes;
-        for (std::size_t i = 0; i < m_IsRemarkShown.size(); ++i) {
-            const Messages::Remark& remark = m_Message.reading.remarks[i];
-            const bool isHere = AreOneField(remark.field, field.field) && remark.octet >= field.octet &&
-                                remark.octet < field.octet + field.count;
-            if (isHere && !m_IsRemarkShown[i])
-                Add(i, notes);
-        }
-        if (field.field != Field::UserData)
-            TakeMembers(field.field, notes);
-        return notes;
-    }
-
-    void TakeMembers(Field field, std::vector<std::string>& notes) {
-        for (std::size_t i = 0; i < m_IsMemberShown.size(); ++i) {
-            if (m_IsMemberShown[i] || !IsAbout(m_Host.members[i], field))
-                continue;
-            m_IsMemberShown[i] = true;
-            notes.push_back("~ " + DifferenceText(m_Host.members[i]));
-        }
-    }
-
-    /// All others.
-    std::vector<std::string> TakeRest() {
-        std::vector<std::string> notes;
-        for (std::size_t i = 0; i < m_IsRemarkShown.size(); ++i) {
-            if (!m_IsRemarkShown[i])
-                Add(i, notes);
-        }
-        for (std::size_t i = 0; i < m_IsMemberShown.size(); ++i) {
-            if (!m_IsMemberShown[i])
-                notes.push_back("~ " + DifferenceText(m_Host.members[i]));
-        }
-        if (m_Host.isRejected)
-            notes.push_back(fmt::format("~ {}", c_rejectedText));
-        return notes;
-    }
-
-private:
-    void Add(std::size_t i, std::vector<std::string>& notes) {
-        m_IsRemarkShown[i] = true;
-        const Messages::Remark& remark = m_Message.reading.remarks[i];
-        notes.push_back(fmt::format("! octet {}: {}", remark.octet, Messages::MeaningOf(remark)));
-    }
-
-    const Message& m_Message;
-    const HostReading& m_Host;
-    std::vector<bool> m_IsRemarkShown;
-    std::vector<bool> m_IsMemberShown;
-};
 
 void AddText(const Message& message, Notes& notes, std::vector<Line>& lines) {
     const Messages::UserData* const userData = Messages::UserDataOf(message.reading.tpdu);
@@ -111,29 +46,16 @@ void AddText(const Message& message, Notes& notes, std::vector<Line>& lines) {
 
 } // namespace
 
-bool IsAbout(const RecordMember& member, Field field) {
-    const auto isParty = [](Field each) {
-        return each == Field::OriginatingAddress || each == Field::DestinationAddress ||
-               each == Field::RecipientAddress;
-    };
-    return AreOneField(member.field, field) || (isParty(member.field) && isParty(field));
-}
-
-std::string DifferenceText(const RecordMember& member) {
-    return fmt::format("libQX_Encoding {} {}", member.name, ValueText(member));
-}
-
 std::string ToText(const Message& message, const HostReading& host, std::string_view reportOn) {
     std::vector<Line> lines;
-    Notes notes(message, host);
+    Notes notes(message.reading.remarks, host);
     for (const MessageField& field : FieldsOf(message))
-        lines.push_back(
-            {ShownNameOf(field.field), RawOf(field, message), MeaningOf(field, message), notes.Take(field)});
+        lines.push_back({ShownNameOf(field.field), RawOf(field, message), MeaningOf(field, message),
+                         notes.Take(field.field, field.octet, field.count)});
     AddText(message, notes, lines);
     if (!reportOn.empty())
         lines.push_back({"report on", "", std::string(reportOn), {}});
-    if (auto rest = notes.TakeRest(); !rest.empty() && !lines.empty())
-        lines.back().notes.insert(lines.back().notes.end(), rest.begin(), rest.end());
+    notes.TakeRest(lines);
     return Aligned(lines);
 }
 

@@ -18,15 +18,6 @@ std::string ToText(const Message& message, const HostReading& host, std::string_
 /// The record of libQX_Encoding, a line for each member.
 std::string ToText(const HostReading& record);
 
-/// "libQX_Encoding m_Text: \"Hello\""
-std::string DifferenceText(const RecordMember& member);
-constexpr std::string_view c_rejectedText = "libQX_Encoding rejects this PDU";
-constexpr std::string_view c_acceptedText =
-    "libQX_Encoding decodes this PDU"; ///< which the standard does not
-
-/// Whether the member says something about the field.
-bool IsAbout(const RecordMember& member, Messages::Field field);
-
 } // namespace show
 
 #endif

@@ -161,4 +161,16 @@ std::string MeaningOf(const Messages::HeaderElement& element, OctetView data) {
                        words);
 }
 
+std::string MeaningOfHeader(const std::vector<Messages::HeaderElement>& elements, OctetView userData,
+                            bool isIgnored) {
+    if (isIgnored)
+        return "ignored";
+    std::string lines;
+    for (const Messages::HeaderElement& element : elements) {
+        lines += lines.empty() ? "" : "\n";
+        lines += MeaningOf(element, element.Data(userData));
+    }
+    return lines;
+}
+
 } // namespace show

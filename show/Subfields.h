@@ -29,6 +29,11 @@ Subfields SubfieldsOf(const Messages::HeaderElement& element, Messages::OctetVie
 /// "concatenation, 8-bit reference: reference 42, total 3, part 2"
 std::string MeaningOf(const Messages::HeaderElement& element, Messages::OctetView data);
 
+/// The same of all elements of a header in octets of user data, a line for each; "ignored" of a header that
+/// is.
+std::string MeaningOfHeader(const std::vector<Messages::HeaderElement>& elements,
+                            Messages::OctetView userData, bool isIgnored);
+
 } // namespace show
 
 #endif

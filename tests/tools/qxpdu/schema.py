@@ -27,6 +27,13 @@ CLASSED = "0001070491214300100161"
 PAGE = "403211120111C8329BFD06"
 FIRST_PAGE = "403211120112C8329BFD06"
 WARNING = "403211000111C8329BFD06"
+# A page of a header, its tables, a language before the text, data, all of a coding; a message; a notification.
+CELL_KINDS = ["0010003298110E0003070201" + "240101" + "220404912143" + "0048", "0010003298110200030048",
+              "00100032911106240101250101", "0010003210116577039906", "001000327511C8", "001000328011C8", "001000324411FF", "00100032C111C800",
+              "0010003201" + "00C8" + "00" * 82, "01111243210101C8" + "00" * 81 + "01",
+              "300011000180" + "62111280510300" + "AA" * 43]
+FIRST_HALF, SECOND_HALF = "403311124812D83D", "4033111248220048"
+CELL_LOG = "+CBM: 11\n" + FIRST_PAGE + "\n+CBM: 11\n" + FIRST_PAGE + "\n"
 LIST = "\n".join([HELLO, UPPER, UPPER, LOWER, LOWER, SUBMIT, TIMED, REPORT, "0G", CLASSED, REPORT[2:], REPORT[2:10]])
 LOG = "\n".join(["+CMT: ,24", HELLO, "+CMT: ,9", "OK", "+CBM: 11", PAGE, "+CBM: 88", WARNING, "+CMT: ,26", UPPER,
                  "+CMT: ,25", LOWER, "+CMT: ,9", REPORT[:8], "AT+CMGS=10", SUBMIT, '+CMGS: 7,"010021203121436580"',
@@ -43,6 +50,8 @@ CASES = [
     (["decode", "--join", "--file", LOG_FILE.name], "", 9),
     (["inspect", "--file", LOG_FILE.name], "", 8),
     (["cell", "--file", LOG_FILE.name], "", 3),
+    (["cell", "--join", "--file", LOG_FILE.name], "", 3),
+    (["decode", "--join"], CELL_LOG, 2),
     (["decode"], "\n".join(KINDS), len(KINDS)),
     (["decode", "--direction", "from-mobile"], "\n".join(REPORTS), len(REPORTS)),
     (["decode", "--as", "libQX_Encoding"], HELLO, 1),
@@ -54,8 +63,11 @@ CASES = [
     (["count", "--lines", "--greek"], "α’", 1),
     (["count", "--lines"], "€" + "ж" * 17086 + "’", 1),
     (["inspect"], "\n".join([HELLO, LOWER, SUBMIT, TIMED, REPORT, REPORT + "FF", "0002", "0G", HELLO + "00"]), 9),
-    (["cell"], "\n".join([PAGE, FIRST_PAGE, WARNING, "00"]), 4),
-    (["cell"], FIRST_PAGE + "\n" + FIRST_PAGE.replace("0112", "0122"), 3),
+    (["cell"], "\n".join([PAGE, FIRST_PAGE, WARNING, *CELL_KINDS, "00"]), 4 + len(CELL_KINDS)),
+    (["cell", "--type", "umts"], "01111243210100", 1),
+    (["cell", "--type", "umts"], "011112432101", 1),
+    (["cell", "--join"], "\n".join([FIRST_PAGE, FIRST_PAGE, "4032111244" + "22" + "48", SECOND_HALF, FIRST_HALF]), 4),
+    (["cell", "--as", "libQX_Encoding"], PAGE + "\n" + WARNING, 2),
     (["encode"], '{"to": "1-2", "text": "a"}\n{"to": "1"}\n{"to": "1", "text": "' + "ж" * 100 + '"}\n', 3),
 ]
 
@@ -70,6 +82,8 @@ def schema_of(command):
     with open(f"{FOLDER}/{command}.schema.json", encoding="utf-8") as file:
         schema = json.load(file)
     jsonschema.Draft202012Validator.check_schema(schema)
+    if command == "decode":  # the pages of a log are in the other file
+        schema["$defs"]["cell"] = {"$id": "cell.schema.json", **schema_of("cell").schema}
     return jsonschema.Draft202012Validator(schema)
 
 
@@ -81,10 +95,10 @@ def members_of(value):
 
 
 def properties_of(schema):
-    """The names of all members that a schema knows."""
+    """The names of all members that a schema knows, but those of another file."""
     if isinstance(schema, list):
         return set().union(*map(properties_of, schema))
-    if not isinstance(schema, dict):
+    if not isinstance(schema, dict) or "$id" in schema:
         return set()
     return set(schema.get("properties", {})).union(*map(properties_of, schema.values()))
 

@@ -1,38 +1,202 @@
 #include "commands/CellPages.h"
 
 #include <algorithm>
-#include <utility>
+#include <optional>
+#include <string>
+
+#include <fmt/format.h>
+
+#include "characters/Hexadecimal.h"
+#include "characters/InputError.h"
+#include "commands/HostPage.h"
+#include "show/BroadcastJson.h"
+#include "show/BroadcastText.h"
+#include "show/Columns.h"
+#include "show/Message.h"
+#include "show/MessageJson.h"
+#include "show/Notes.h"
+#include "show/Plural.h"
 
 namespace qxpdu {
 
-std::string CellMessage::Text() const {
-    std::string text;
-    for (const auto& [page, pageText] : texts)
-        text += pageText;
-    return text;
+namespace {
+
+/// Empty where the length is as announced.
+std::string WarningOfLength(const Input& input, std::size_t octets) {
+    if (!input.heading || input.heading->length == octets)
+        return {};
+    return fmt::format("{} announces {}, here are {}", input.heading->name,
+                       show::Counted(input.heading->length.value_or(0), "octet"), octets);
 }
 
-std::optional<CellMessage> CellPages::Take(const CellMessageKey& key, unsigned int page,
-                                           const std::string& text) {
-    auto message = std::find_if(m_Messages.begin(), m_Messages.end(),
-                                [&key](const CellMessage& open) { return open.key == key; });
-    if (message == m_Messages.end())
-        message = m_Messages.insert(message, {key, {}});
-    message->texts.emplace(page, text);
-    if (message->IsComplete()) {
-        CellMessage complete = std::move(*message);
-        m_Messages.erase(message);
-        return complete;
+bool IsPart(const show::Broadcast& broadcast) {
+    return broadcast.reading.pages.size() < broadcast.reading.total;
+}
+
+void ShowFault(const Input& input, const show::ComparedBroadcast& compared, Console& console) {
+    const auto& [broadcast, host] = compared;
+    const std::string fault = show::ToText(*broadcast.reading.fault);
+    if (!console.WantsJsonLines())
+        return console.Error(NameOf(input),
+                             host.isRejected ? fault : fmt::format("{}; {}", fault, show::c_acceptedText));
+    show::JsonText object;
+    Begin(object, input);
+    object.Member("error", std::string_view(fault));
+    show::WriteWarnings(broadcast, object);
+    show::WriteFault(*broadcast.reading.fault, object);
+    show::WriteDifferences(host, true, object);
+    console.Object(object);
+    console.Failed();
+}
+
+void ShowDuplicate(const Input& input, const Messages::CellReading& reading, Console& console) {
+    const unsigned int page = reading.pages.front().number;
+    if (!console.WantsJsonLines())
+        return console.Warning(NameOf(input),
+                               fmt::format("page {} of {} has come before", page, reading.total));
+    show::Json object = ObjectFor(input);
+    object["duplicate_page"] = page;
+    console.Object(object);
+}
+
+/// Whether the message is nothing but what was read.
+bool IsSame(const Messages::CellMessage& message, const Messages::CellReading& reading) {
+    return message.serialNumber == reading.serialNumber &&
+           message.messageIdentifier == reading.messageIdentifier && message.coding == reading.coding &&
+           message.total == reading.total &&
+           std::equal(message.pages.begin(), message.pages.end(), reading.pages.begin(), reading.pages.end(),
+                      [](const auto& one, const auto& other) { return one.IsSameAs(other); });
+}
+
+} // namespace
+
+show::Broadcast ReadBroadcast(Messages::CellFormat format, const Input& input, Console& console) {
+    show::Broadcast broadcast;
+    broadcast.octets = ReadHex(input.text);
+    broadcast.reading = Messages::ReadCell(broadcast.octets, format);
+    if (std::string warning = WarningOfLength(input, broadcast.octets.size()); !warning.empty())
+        broadcast.warnings.push_back(std::move(warning));
+    if (!console.WantsJsonLines()) {
+        for (const std::string& warning : broadcast.warnings)
+            console.Warning(NameOf(input), warning);
     }
-    return m_Messages.size() > OPEN_MESSAGES ? TakeOldest() : std::nullopt;
+    return broadcast;
 }
 
-std::optional<CellMessage> CellPages::TakeOldest() {
-    if (m_Messages.empty())
-        return std::nullopt;
-    CellMessage oldest = std::move(m_Messages.front());
-    m_Messages.pop_front();
-    return oldest;
+void WarnOfText(const CellSettings& settings, const show::Broadcast& broadcast, const Input& input,
+                Console& console) {
+    const bool isPart = settings.join && IsPart(broadcast);
+    for (const Messages::Remark& remark : broadcast.reading.remarks) {
+        const bool isLeft =
+            isPart && (show::MayBeHealed(remark) || remark.code == Messages::RemarkCode::PagesMissing);
+        if (!show::ConcernsText(remark, broadcast) || isLeft)
+            continue;
+        if (settings.isStrict)
+            throw InputError(show::ToText(remark));
+        if (!console.WantsJsonLines())
+            console.Warning(NameOf(input), show::ToText(remark));
+    }
+}
+
+Afterwards CellPages::Convert(const Input& input, Console& console) {
+    if (m_Settings.asHost) {
+        const std::string warning = WarningOfLength(input, ReadPduOctets(input.text).size());
+        if (!warning.empty() && !console.WantsJsonLines())
+            console.Warning(NameOf(input), warning);
+        ShowHostPage(input, warning, console);
+        return {};
+    }
+    show::Broadcast broadcast = ReadBroadcast(m_Settings.format, input, console);
+    show::HostReading host = show::CompareWithHost(broadcast);
+    const auto compared = std::make_shared<const show::ComparedBroadcast>(
+        show::ComparedBroadcast{std::move(broadcast), std::move(host)});
+    if (compared->broadcast.reading.fault) {
+        ShowFault(input, *compared, console);
+        return {};
+    }
+    WarnOfText(m_Settings, compared->broadcast, input, console);
+    const bool isJoined = m_Settings.join && !compared->broadcast.reading.pages.empty();
+    if (!isJoined || m_Settings.each)
+        Show(input, *compared, console);
+    if (!isJoined)
+        return {};
+    return [this, input, compared](Console& later) { Take(input, compared, later); };
+}
+
+show::Row CellPages::ReadToRow(const Input& input, Console& console) const {
+    const show::Broadcast broadcast = ReadBroadcast(m_Settings.format, input, console);
+    if (broadcast.reading.fault)
+        throw InputError(show::ToText(*broadcast.reading.fault));
+    WarnOfText(m_Settings, broadcast, input, console);
+    return show::RowOf(broadcast);
+}
+
+void CellPages::ShowIncomplete(Console& console) {
+    while (const auto message = m_Joiner.TakeOldest())
+        ShowJoined(WithSources(*message), console);
+}
+
+void CellPages::Show(const Input& input, const show::ComparedBroadcast& compared, Console& console) const {
+    if (m_Settings.rows.AreWanted()) {
+        show::Row row = show::RowOf(compared.broadcast);
+        row[show::Column::Input] = NameOf(input);
+        return ShowRow(m_Settings.rows, row, console);
+    }
+    if (!console.WantsJson())
+        return console.Block(show::ToText(compared));
+    show::JsonText object;
+    Begin(object, input);
+    show::Write(compared, object);
+    console.Object(object);
+}
+
+void CellPages::ShowJoined(const show::JoinedBroadcast& joined, Console& console) const {
+    for (const auto& [source, words] : show::FlawsOf(joined)) {
+        if (!console.WantsJsonLines())
+            m_Settings.isStrict ? console.Error(source, words) : console.Warning(source, words);
+        else if (m_Settings.isStrict)
+            console.Failed(); // the object says so
+    }
+    if (m_Settings.rows.AreWanted())
+        return ShowRow(m_Settings.rows, show::RowOf(joined), console);
+    if (!console.WantsJson())
+        return console.Block(show::ToText(joined));
+    show::JsonText object;
+    show::Write(joined, object);
+    console.Object(object);
+}
+
+show::JoinedBroadcast CellPages::WithSources(const Messages::CellMessage& message) {
+    auto node = m_Sources.extract({message.serialNumber.value, message.messageIdentifier});
+    std::vector<show::PageSource>& sources = node.mapped();
+    std::sort(sources.begin(), sources.end(),
+              [](const auto& one, const auto& other) { return one.FirstPage() < other.FirstPage(); });
+    return {message, std::move(sources)};
+}
+
+void CellPages::Take(const Input& input, const Compared& compared, Console& console) {
+    const Messages::CellReading& reading = compared->broadcast.reading;
+    const Messages::CellTaken taken = m_Joiner.Take(reading);
+    if (taken.isDuplicate)
+        return ShowDuplicate(input, reading, console);
+    const show::PageSource source{NameOf(input), input.source == Input::Source::Argument, input.number,
+                                  input.file, compared};
+    const auto show = [&](const show::JoinedBroadcast& joined) {
+        if (!joined.message.IsComplete() || joined.sources.size() > 1)
+            ShowJoined(joined, console);
+        else if (!m_Settings.each)
+            Show(input, *compared, console);
+    };
+    bool isHeld = true;
+    for (const Messages::CellMessage& message : taken.givenUp) {
+        const bool isItself = IsSame(message, reading);
+        show(isItself ? show::JoinedBroadcast{message, {source}} : WithSources(message));
+        isHeld = isHeld && !isItself;
+    }
+    if (isHeld)
+        m_Sources[{reading.serialNumber.value, reading.messageIdentifier}].push_back(source);
+    if (taken.complete)
+        show(WithSources(*taken.complete));
 }
 
 } // namespace qxpdu

@@ -1,48 +1,67 @@
-// Puts the pages of cell broadcast messages together.
+// What cell broadcast sends, shown page by page or joined.
 #ifndef QXPDU_CELLPAGES_H
 #define QXPDU_CELLPAGES_H
 
-#include <cstddef>
-#include <list>
+#include <cstdint>
 #include <map>
-#include <optional>
-#include <string>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "Messages/Cell.h"
+#include "commands/Rows.h"
+#include "show/JoinedBroadcast.h"
+#include "stream/Conversion.h"
 
 namespace qxpdu {
 
-/// What the pages of one message have in common.
-struct CellMessageKey {
-    unsigned int serialNumber;
-    unsigned int messageIdentifier;
-    unsigned int pages;
-
-    bool operator==(const CellMessageKey&) const = default;
+/// What the user wants of it.
+struct CellSettings {
+    Messages::CellFormat format = Messages::CellFormat::Unknown; ///< what the octets are
+    bool asHost = false;                                         ///< by libQX_Encoding instead
+    bool isStrict = false;
+    bool join = false;
+    bool each = false; ///< of the pages that are joined
+    RowOptions rows = {};
 };
 
-/// A message of which some pages have come.
-struct CellMessage {
-    CellMessageKey key;
-    std::map<unsigned int, std::string> texts; ///< by page number
+/// Reads pages, messages and notifications. What had to be assumed is warned of; in JSON Lines the object
+/// says so. Throws InputError where it is no hexadecimal text.
+show::Broadcast ReadBroadcast(Messages::CellFormat format, const Input& input, Console& console);
 
-    bool IsComplete() const { return texts.size() == key.pages; }
-    std::string Text() const;
-};
+/// Of what concerns the text: warnings, or an InputError where the user is strict. In JSON Lines the remarks
+/// of the object say so. What a page of several has half of is left to the joined message.
+void WarnOfText(const CellSettings& settings, const show::Broadcast& broadcast, const Input& input,
+                Console& console);
 
-/// Holds messages whose pages have not all come yet: OPEN_MESSAGES at most, of which the oldest then goes
-/// first.
+/// Shows them, and holds what waits for more pages.
 class CellPages {
 public:
-    static constexpr std::size_t OPEN_MESSAGES = 256;
+    explicit CellPages(const CellSettings& settings) : m_Settings(settings) {}
 
-    /// Takes a page in; one that is there already changes nothing. Returns a message that is complete now, or
-    /// that had to go to make room.
-    std::optional<CellMessage> Take(const CellMessageKey& key, unsigned int page, const std::string& text);
+    /// May run beside itself on other inputs, unlike what is left to do.
+    Afterwards Convert(const Input& input, Console& console);
 
-    /// Gives up the oldest message held, if any.
-    std::optional<CellMessage> TakeOldest();
+    /// One input as a row; throws InputError.
+    show::Row ReadToRow(const Input& input, Console& console) const;
+
+    /// Shows what still waits for pages.
+    void ShowIncomplete(Console& console);
 
 private:
-    std::list<CellMessage> m_Messages; ///< in order of their first pages
+    using Compared = std::shared_ptr<const show::ComparedBroadcast>;
+    using Key = std::pair<std::uint16_t, std::uint16_t>; ///< serial number and message identifier
+
+    void Show(const Input& input, const show::ComparedBroadcast& compared, Console& console) const;
+    void ShowJoined(const show::JoinedBroadcast& joined, Console& console) const;
+
+    /// The message with the inputs that it came in, which are not held any more.
+    show::JoinedBroadcast WithSources(const Messages::CellMessage& message);
+    void Take(const Input& input, const Compared& compared, Console& console);
+
+    CellSettings m_Settings;
+    Messages::CellJoiner m_Joiner;
+    std::map<Key, std::vector<show::PageSource>> m_Sources; ///< of the messages that wait for pages
 };
 
 } // namespace qxpdu

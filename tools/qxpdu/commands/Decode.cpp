@@ -6,7 +6,7 @@
 #include <fmt/format.h>
 
 #include "characters/InputError.h"
-#include "commands/Cell.h"
+#include "commands/CellPages.h"
 #include "commands/Commands.h"
 #include "commands/Join.h"
 #include "commands/Reading.h"
@@ -14,6 +14,7 @@
 #include "log/Pasted.h"
 #include "show/MessageJson.h"
 #include "show/MessageText.h"
+#include "show/Notes.h"
 
 namespace qxpdu {
 
@@ -94,6 +95,8 @@ struct EarlierMessages {
     SentMessages sent = {};
     Input lastSent = {};        ///< the message that a command of the log sent last
     std::string recipient = {}; ///< of it
+    CellPages pages{{Messages::CellFormat::Unknown, options.asHost, options.isStrict, options.join,
+                     options.each, options.rows}};
 
     void TakeSent(const Input& input, const std::string& party, int reference) {
         sent.Add(party, reference, {input.number, input.file});
@@ -201,13 +204,8 @@ Afterwards Convert(EarlierMessages& earlier, const DecodeOptions& options, const
                    Console& console) {
     if (input.heading && input.heading->kind == Heading::Kind::Reference)
         return [&earlier, input](Console&) { earlier.TakeReference(input); };
-    if (input.heading && input.heading->kind == Heading::Kind::Page) {
-        if (options.rows.AreWanted())
-            ShowRow(options.rows, RowOfCellPage(input, console), console);
-        else
-            ShowCellPage(input, console);
-        return {};
-    }
+    if (input.heading && input.heading->kind == Heading::Kind::Page)
+        return earlier.pages.Convert(input, console);
     std::optional<show::Message> read = ReadMessage(options, input, console);
     if (!read)
         return {};
@@ -233,6 +231,7 @@ Afterwards Convert(EarlierMessages& earlier, const DecodeOptions& options, const
 void ShowIncomplete(EarlierMessages& earlier, Console& console) {
     while (const auto message = earlier.concatenations.TakeOldest())
         ShowJoined(earlier.options, *message, console);
+    earlier.pages.ShowIncomplete(console);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "commands/Reading.h"
 
+#include <optional>
 #include <utility>
 
 #include <fmt/format.h>
@@ -29,6 +30,22 @@ std::string FaultOfDirection(const std::string& direction) {
 
 std::string FaultOfReader(const std::string& reader) {
     return reader == c_host ? "" : fmt::format("{} is not {}", reader, c_host);
+}
+
+std::optional<Messages::CellFormat> CellFormatOf(std::string_view name) {
+    using Messages::CellFormat;
+    constexpr std::pair<std::string_view, CellFormat> c_formats[] = {{"gsm", CellFormat::GsmPage},
+                                                                     {"umts", CellFormat::UmtsMessage},
+                                                                     {"etws", CellFormat::EtwsNotification}};
+    for (const auto& [formatName, format] : c_formats) {
+        if (name == formatName)
+            return format;
+    }
+    return std::nullopt;
+}
+
+std::string FaultOfCellFormat(const std::string& name) {
+    return CellFormatOf(name) ? "" : fmt::format("{} is neither gsm, umts nor etws", name);
 }
 
 Messages::Direction DirectionOf(const ReadingOptions& options) {
@@ -64,14 +81,32 @@ void AddReading(CLI::App& command, ReadingOptions& options) {
                     "Which way the PDUs go, to-mobile or from-mobile; without it, what the octets allow")
         ->check(FaultOfDirection)
         ->type_name("WAY");
+    AddHostReading(command, options.asHost);
+    AddStrict(command, options.isStrict);
+}
+
+void AddHostReading(CLI::App& command, bool& asHost) {
     command
         .add_option_function<std::string>(
-            "--as", [&options](const std::string&) { options.asHost = true; },
-            "Show the reading of libQX_Encoding alone: its result and its record, member by member")
+            "--as", [&asHost](const std::string&) { asHost = true; },
+            "Show the reading of libQX_Encoding alone, member by member")
         ->check(FaultOfReader)
         ->type_name("libQX_Encoding");
-    command.add_flag("--strict", options.isStrict,
+}
+
+void AddStrict(CLI::App& command, bool& isStrict) {
+    command.add_flag("--strict", isStrict,
                      "Turn warnings into errors: a text of which something is missing, cut or compressed");
+}
+
+void AddCellFormat(CLI::App& command, Messages::CellFormat& format) {
+    command
+        .add_option_function<std::string>(
+            "--type", [&format](const std::string& name) { format = *CellFormatOf(name); },
+            "Pages of GSM, messages of UMTS, notifications of ETWS: gsm, umts or etws; without it, what the "
+            "octets tell")
+        ->check(FaultOfCellFormat)
+        ->type_name("gsm|umts|etws");
 }
 
 std::optional<show::Message> ReadMessage(const ReadingOptions& options, const Input& input,

@@ -14,6 +14,7 @@ _qxpdu() {
         --color) words="auto always never" ;;
         --direction) words="to-mobile from-mobile" ;;
         --as) words="libQX_Encoding" ;;
+        --type) words="gsm umts etws" ;;
         --columns) words="address time direction type part text" ;;
         --file)
             mapfile -t COMPREPLY < <(compgen -f -- "$current")
@@ -34,7 +35,7 @@ _qxpdu() {
                 count | explain) words="--greek --lines $stream" ;;
                 decode) words="--file --smsc --no-smsc --direction --as --strict --ignore-time-zone --join --each --brief --columns --input-column --no-heading $stream" ;;
                 inspect) words="--file --smsc --no-smsc --direction --as --strict --color $stream" ;;
-                cell) words="--file $stream" ;;
+                cell) words="--file --type --as --strict --join --each --brief --columns --input-column --no-heading $stream" ;;
                 text) words="--alphabet --verbose --json" ;;
                 ucs2) words="encode decode check" ;;
                 gsm) words="encode decode" ;;

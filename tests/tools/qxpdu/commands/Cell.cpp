@@ -1,313 +1,310 @@
 // qxpdu cell
-#include <cstdio>
-
 #include <gtest/gtest.h>
 
 #include "tools/qxpdu/RunTool.h"
+#include "tools/qxpdu/Samples.h"
 
 namespace {
 
+using nlohmann::json;
 using tests::HasLine;
 using tests::Outcome;
 using tests::Qxpdu;
 
-void ExpectLine(const std::string& page, const std::string& line) {
-    const Outcome run = Qxpdu({"cell", page});
-    EXPECT_EQ(run.status, 0) << run;
-    EXPECT_EQ(run.err, "");
-    EXPECT_TRUE(HasLine(run.out, line)) << line << " in\n" << run.out;
+constexpr const char* c_page = "432111120111C8329BFD06"; // "Hello", page 1 of 1
+
+/// A page of a UMTS message: its octets, the rest of 82 as filling, and how many are used.
+std::string Slot(std::string octets, const char* length) {
+    octets.resize(2 * std::size_t{82}, '0');
+    return octets + length;
+}
+
+/// ETWS earthquake, to be alerted and shown, signed on 2026-11-21 at 08:15:30 UTC.
+std::string Notification() {
+    return "3000"
+           "1100"
+           "0180"
+           "62111280510300" +
+           std::string(86, 'A');
 }
 
 TEST(QxpduCell, PageIsShownFieldByField) {
+    EXPECT_EQ(Qxpdu({"cell", c_page}),
+              (Outcome{0,
+                       "     serial number 0x4321: scope 1: network wide, message code 50, update number 1\n"
+                       "message identifier 0x1112: CMAS presidential, EU-Alert level 1\n"
+                       "data coding scheme 0x01: GSM 7-bit, English\n"
+                       "    page parameter 0x11: page 1 of 1\n"
+                       "              text Hello\n",
+                       ""}));
+}
+
+TEST(QxpduCell, MessageIsShownWithTheLengthOfEachPage) {
+    const std::string message = "01"
+                                "1112"
+                                "4321"
+                                "01"
+                                "02" +
+                                Slot("C8329BFD06", "05") + Slot("E8329BFD06", "05");
+    const Outcome run = Qxpdu({"cell", message});
+    EXPECT_EQ(run.out.substr(0, run.out.find("              text")),
+              "      message type 0x01: CBS message\n"
+              "message identifier 0x1112: CMAS presidential, EU-Alert level 1\n"
+              "                   ~ libQX_Encoding m_MessageIdentifier 4675\n"
+              "     serial number 0x4321: scope 1: network wide, message code 50, update number 1\n"
+              "                   ~ libQX_Encoding m_SerialNumber 273\n"
+              "data coding scheme 0x01: GSM 7-bit, English\n"
+              "                   ~ libQX_Encoding m_DataCodingScheme 33\n"
+              "   number of pages 0x02: 2 pages\n"
+              "       page length 0x05: page 1, 5 octets\n"
+              "       page length 0x05: page 2, 5 octets\n");
+    EXPECT_TRUE(HasLine(run.out, "text Hellohello")) << run.out;
+    EXPECT_EQ(run.err, "");
+}
+
+TEST(QxpduCell, NotificationIsShownWithWarningTimeAndSignature) {
     EXPECT_EQ(
-        Qxpdu({"cell", "432111120111C8329BFD06"}),
-        (Outcome{
-            0,
-            "     Serial number 0x4321: geographical scope 1 (PLMN wide), message code 50, update number 1\n"
-            "Message identifier 0x1112: CMAS/WEA national (presidential) alert, EU-Alert level 1\n"
-            "Data coding scheme 0x01: GSM 7-bit, English\n"
-            "    Page parameter 0x11: page 1 of 1\n"
-            "              text Hello\n",
-            ""}));
+        Qxpdu({"cell", Notification()}).out.substr(0, 519),
+        "     serial number 0x3000: scope 0: cell wide, displayed at once, message code 768, update "
+        "number 0, emergency user alert, popup\n"
+        "message identifier 0x1100: ETWS earthquake\n"
+        "      warning type 0x0180: earthquake, emergency user alert, popup\n"
+        "      warning time 62111280510300: 2026-11-21T08:15:30+00:00\n"
+        "         signature AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA"
+        "AAAAAAAA\n"
+        "                   ~ libQX_Encoding m_DataCodingScheme 1\n"
+        "                   ~ libQX_Encoding m_PageParameter 128\n")
+        << "and its text";
+    const std::string timeless = "3000"
+                                 "1100"
+                                 "0180" +
+                                 std::string(100, '0');
+    EXPECT_TRUE(HasLine(Qxpdu({"cell", timeless}).out, "warning time 00000000000000: no time"));
 }
 
-TEST(QxpduCell, SerialNumberIsTakenApart) {
-    ExpectLine("000000320111", "Serial number 0x0000: geographical scope 0 (cell wide, immediate display), "
-                               "message code 0, update number 0");
-    ExpectLine("7FFF00320111",
-               "Serial number 0x7FFF: geographical scope 1 (PLMN wide), message code 1023, update number 15");
-    ExpectLine("801000320111", "Serial number 0x8010: geographical scope 2 (location, service or tracking "
-                               "area wide), message code 1, update number 0");
-    ExpectLine("E00F00320111",
-               "Serial number 0xE00F: geographical scope 3 (cell wide), message code 512, update number 15");
-    ExpectLine("2000"
-               "1100"
-               "0111",
-               "Serial number 0x2000: geographical scope 0 (cell wide, immediate display), message code 512, "
-               "update number 0, emergency alert, no popup");
-    ExpectLine("1000"
-               "1107"
-               "0111",
-               "Serial number 0x1000: geographical scope 0 (cell wide, immediate display), message code 256, "
-               "update number 0, no emergency alert, popup");
-    ExpectLine("1000"
-               "1108"
-               "0111",
-               "Serial number 0x1000: geographical scope 0 (cell wide, immediate display), message code 256, "
-               "update number 0");
+TEST(QxpduCell, LanguageBeforeTheTextIsAField) {
+    // "en", CR, "Hi": 65 6E 0D 48 69 in septets
+    EXPECT_EQ(
+        Qxpdu({"cell", "0010003210116577039906"}).out,
+        "     serial number 0x0010: scope 0: cell wide, displayed at once, message code 1, update number "
+        "0\n"
+        "message identifier 0x0032: assigned by the GSM Association\n"
+        "data coding scheme 0x10: GSM 7-bit, language before the text\n"
+        "    page parameter 0x11: page 1 of 1\n"
+        "          language 657703: en, English\n"
+        "              text Hi\n"
+        "                   ~ libQX_Encoding m_Text \"en\\u000DHi\"\n");
+    EXPECT_TRUE(HasLine(Qxpdu({"cell", "0010003211110D0A0048"}).out, "language 0D0A: none"));
+    EXPECT_TRUE(HasLine(Qxpdu({"cell", "001000321111F83C0048"}).out, "language F83C: xy"));
 }
 
-TEST(QxpduCell, MessageIdentifiersAreNamed) {
-    struct Row {
-        const char* octets;
-        const char* name;
-    };
-    const Row rows[] = {
-        {"0000", "assigned by the GSM Association"},
-        {"03E7", "assigned by the GSM Association"},
-        {"03E8", "location services, E-OTD assistance data"},
-        {"03EC", "not assigned"},
-        {"1000", "data download to the (U)SIM, unsecured"},
-        {"1080", "data download to the (U)SIM, secured"},
-        {"1100", "ETWS, earthquake warning"},
-        {"1101", "ETWS, tsunami warning"},
-        {"1102", "ETWS, earthquake and tsunami warning"},
-        {"1103", "ETWS, test message"},
-        {"1104", "ETWS, other emergency"},
-        {"1105", "ETWS, for future extension"},
-        {"1107", "ETWS, for future extension"},
-        {"1108", "not assigned"},
-        {"1111", "not assigned"},
-        {"1113", "CMAS/WEA extreme alert, immediate, observed, EU-Alert level 2"},
-        {"1114", "CMAS/WEA extreme alert, immediate, likely, EU-Alert level 2"},
-        {"1115", "CMAS/WEA severe alert, severity extreme, expected, observed, EU-Alert level 3"},
-        {"111A", "CMAS/WEA severe alert, expected, likely, EU-Alert level 3"},
-        {"111B", "CMAS/WEA child abduction emergency (AMBER), EU-Amber"},
-        {"111C", "CMAS/WEA required monthly test, EU-Alert test"},
-        {"111D", "CMAS/WEA exercise, EU-Alert exercise"},
-        {"111F", "CMAS/WEA national (presidential) alert, EU-Alert level 1, additional languages"},
-        {"1127", "CMAS/WEA severe alert, expected, likely, EU-Alert level 3, additional languages"},
-        {"112C", "CMAS/WEA public safety message, EU-Alert level 4"},
-        {"1130", "CMAS/WEA geo-fencing trigger"},
-        {"1131", "public warning, for future extension"},
-        {"18FF", "public warning, for future extension"},
-        {"1900", "not assigned"},
-        {"A000", "operator-specific"},
-        {"AFFF", "operator-specific"},
-        {"B000", "not assigned"},
-        {"FFFF", "reserved"},
-        {"03E9", "location services, DGPS correction data"},
-        {"03EA", "location services, GPS ephemeris and clock correction data"},
-        {"03EB", "location services, GPS almanac and other data"},
-        {"107F", "data download to the (U)SIM, unsecured"},
-        {"10FF", "data download to the (U)SIM, secured"},
-        {"1112", "CMAS/WEA national (presidential) alert, EU-Alert level 1"},
-        {"1116", "CMAS/WEA severe alert, severity extreme, expected, likely, EU-Alert level 3"},
-        {"1117", "CMAS/WEA severe alert, immediate, observed, EU-Alert level 3"},
-        {"1118", "CMAS/WEA severe alert, immediate, likely, EU-Alert level 3"},
-        {"1119", "CMAS/WEA severe alert, expected, observed, EU-Alert level 3"},
-        {"111E", "CMAS/WEA operator-defined use"},
-        {"1120", "CMAS/WEA extreme alert, immediate, observed, EU-Alert level 2, additional languages"},
-        {"1121", "CMAS/WEA extreme alert, immediate, likely, EU-Alert level 2, additional languages"},
-        {"1122", "CMAS/WEA severe alert, severity extreme, expected, observed, EU-Alert level 3, additional "
-                 "languages"},
-        {"1123",
-         "CMAS/WEA severe alert, severity extreme, expected, likely, EU-Alert level 3, additional languages"},
-        {"1124", "CMAS/WEA severe alert, immediate, observed, EU-Alert level 3, additional languages"},
-        {"1125", "CMAS/WEA severe alert, immediate, likely, EU-Alert level 3, additional languages"},
-        {"1126", "CMAS/WEA severe alert, expected, observed, EU-Alert level 3, additional languages"},
-        {"1128", "CMAS/WEA child abduction emergency (AMBER), EU-Amber, additional languages"},
-        {"1129", "CMAS/WEA required monthly test, EU-Alert test, additional languages"},
-        {"112A", "CMAS/WEA exercise, EU-Alert exercise, additional languages"},
-        {"112B", "CMAS/WEA operator-defined use, additional languages"},
-        {"112D", "CMAS/WEA public safety message, EU-Alert level 4, additional languages"},
-        {"112E", "CMAS/WEA state or local test"},
-        {"112F", "CMAS/WEA state or local test, additional languages"},
-    };
-    for (const Row& row : rows)
-        ExpectLine(std::string("0000") + row.octets + "0111",
-                   std::string("Message identifier 0x") + row.octets + ": " + row.name);
+TEST(QxpduCell, PartsOfAHeaderAreLines) {
+    // a concatenation header before UCS2 "Hi"
+    const Outcome run = Qxpdu({"cell", "00100032981105000307020100480069"});
+    EXPECT_TRUE(
+        HasLine(run.out, "TP-UDH 050003070201: concatenation, 8-bit reference: reference 7, total 2, part 1"))
+        << run.out;
+    EXPECT_TRUE(HasLine(run.out, "text Hi")) << run.out;
+    EXPECT_TRUE(HasLine(Qxpdu({"cell", "0010003298110200030048"}).out, "TP-UDH 020003: ignored"));
 }
 
-TEST(QxpduCell, DataCodingIsShownInWordsWithARemarkWhereItIsNot7Bit) {
-    struct Row {
-        const char* octet;
-        const char* meaning;
-    };
-    const Row rows[] = {
-        {"00", "GSM 7-bit, German"},
-        {"01", "GSM 7-bit, English"},
-        {"02", "GSM 7-bit, Italian"},
-        {"03", "GSM 7-bit, French"},
-        {"04", "GSM 7-bit, Spanish"},
-        {"05", "GSM 7-bit, Dutch"},
-        {"06", "GSM 7-bit, Swedish"},
-        {"07", "GSM 7-bit, Danish"},
-        {"08", "GSM 7-bit, Portuguese"},
-        {"09", "GSM 7-bit, Finnish"},
-        {"0A", "GSM 7-bit, Norwegian"},
-        {"0B", "GSM 7-bit, Greek"},
-        {"0C", "GSM 7-bit, Turkish"},
-        {"0D", "GSM 7-bit, Hungarian"},
-        {"21", "GSM 7-bit, Hebrew"},
-        {"22", "GSM 7-bit, Arabic"},
-        {"23", "GSM 7-bit, Russian"},
-        {"0E", "GSM 7-bit, Polish"},
-        {"0F", "GSM 7-bit, language unspecified"},
-        {"10", "GSM 7-bit, language named at the start of the text"},
-        {"11", "UCS2, language named at the start of the text; the text is read as GSM 7-bit all the same"},
-        {"12", "reserved; the text is read as GSM 7-bit all the same"},
-        {"20", "GSM 7-bit, Czech"},
-        {"24", "GSM 7-bit, Icelandic"},
-        {"25", "GSM 7-bit, reserved language"},
-        {"3F", "GSM 7-bit, reserved language"},
-        {"40", "GSM 7-bit"},
-        {"43", "GSM 7-bit"},
-        {"44", "8-bit data; the text is read as GSM 7-bit all the same"},
-        {"48", "UCS2; the text is read as GSM 7-bit all the same"},
-        {"4C", "reserved alphabet; the text is read as GSM 7-bit all the same"},
-        {"50", "GSM 7-bit, class 0"},
-        {"5B", "UCS2, class 3; the text is read as GSM 7-bit all the same"},
-        {"60", "GSM 7-bit, compressed; the text is read as GSM 7-bit all the same"},
-        {"71", "GSM 7-bit, class 1, compressed; the text is read as GSM 7-bit all the same"},
-        {"80", "reserved; the text is read as GSM 7-bit all the same"},
-        {"91", "GSM 7-bit, class 1, user-data header; the text is read as GSM 7-bit all the same"},
-        {"A0", "reserved; the text is read as GSM 7-bit all the same"},
-        {"D0", "I1 protocol message; the text is read as GSM 7-bit all the same"},
-        {"E0", "WAP protocol message; the text is read as GSM 7-bit all the same"},
-        {"F0", "GSM 7-bit"},
-        {"F1", "GSM 7-bit, class 1"},
-        {"F7", "8-bit data, class 3; the text is read as GSM 7-bit all the same"},
-    };
-    for (const Row& row : rows)
-        ExpectLine(std::string("00000032") + row.octet + "11",
-                   std::string("Data coding scheme 0x") + row.octet + ": " + row.meaning);
+TEST(QxpduCell, DataAreShownAsOctets) {
+    EXPECT_TRUE(HasLine(Qxpdu({"cell", "001000324411004869FF"}).out, "data 004869FF: .Hi."));
 }
 
-TEST(QxpduCell, TextOfAnotherAlphabetIsReadAs7Bit) {
-    ExpectLine("000000324811C8329BFD06", "text Hello");
+TEST(QxpduCell, FormatIsAsTold) {
+    EXPECT_TRUE(
+        HasLine(Qxpdu({"cell", "--type", "gsm", Notification()}).out, "page parameter 0x80: page 1 of 1"));
+    EXPECT_TRUE(HasLine(Qxpdu({"cell", "--type", "etws", "300011000180"}).out,
+                        "warning type 0x0180: earthquake, "
+                        "emergency user alert, popup"));
+    EXPECT_TRUE(HasLine(Qxpdu({"cell", "--type", "umts",
+                               "01111243210101"
+                               "C8329BFD06"})
+                            .out,
+                        "text Hello"));
+    EXPECT_TRUE(HasLine(Qxpdu({"cell", "--type", "umts",
+                               "02111243210101"
+                               "C8329BFD06"})
+                            .out,
+                        "message type 0x02: reserved"));
+    EXPECT_EQ(Qxpdu({"cell", "--type", "lte", c_page}).status, 2);
 }
 
-TEST(QxpduCell, PageParameterGivesPageAndPages) {
-    ExpectLine("000000320123", "Page parameter 0x23: page 2 of 3");
-    ExpectLine("0000003201FF", "Page parameter 0xFF: page 15 of 15");
-    ExpectLine("000000320100", "Page parameter 0x00: page 1 of 1");
-    ExpectLine("000000320103", "Page parameter 0x03: page 1 of 1");
-    ExpectLine("000000320120", "Page parameter 0x20: page 1 of 1");
-}
-
-TEST(QxpduCell, PagesOfOneMessageAreJoinedInPageOrder) {
-    // Page 2 comes first, with a page of another message between the two.
-    const Outcome run = Qxpdu({"cell"}, "432111120122C8329BFD06\n"
-                                        "433111120112C8329BFD06\n"
-                                        "432111120112E8329BFD06\n");
-    EXPECT_EQ(run.status, 0);
-    const std::string joined =
-        "\n"
-        "     Serial number 0x4321: geographical scope 1 (PLMN wide), message code 50, update number 1\n"
-        "Message identifier 0x1112: CMAS/WEA national (presidential) alert, EU-Alert level 1\n"
-        "      Pages joined 1, 2 of 2\n"
-        "              text helloHello\n";
-    ASSERT_GE(run.out.size(), joined.size());
-    EXPECT_EQ(run.out.substr(run.out.size() - joined.size()), joined) << run.out;
-    EXPECT_EQ(run.out.find("Pages joined"), run.out.rfind("Pages joined"))
-        << "one page of another message is not joined";
-}
-
-TEST(QxpduCell, IncompleteMessageIsJoinedInTheEndWithWhatIsMissing) {
-    const Outcome run =
-        Qxpdu({"cell"}, "432111120114E8329BFD06\n432111120134C8329BFD06\n432111120134C8329BFD06\n");
-    EXPECT_TRUE(HasLine(run.out, "Pages joined 1, 3 of 4; missing 2, 4")) << run.out;
-    EXPECT_TRUE(HasLine(run.out, "text helloHello")) << run.out;
-}
-
-TEST(QxpduCell, RepeatedPageIsNotJoinedTwice) {
-    const Outcome run =
-        Qxpdu({"cell"}, "432111120112E8329BFD06\n432111120112E8329BFD06\n432111120122C8329BFD06\n");
-    EXPECT_TRUE(HasLine(run.out, "text helloHello")) << run.out;
-    EXPECT_TRUE(HasLine(run.out, "Pages joined 1, 2 of 2")) << run.out;
-    const Outcome other =
-        Qxpdu({"cell"}, "432111120112E8329BFD06\n432111120112C8329BFD06\n432111120122C8329BFD06\n");
-    EXPECT_TRUE(HasLine(other.out, "text helloHello")) << "the first text stays: " << other.out;
-}
-
-TEST(QxpduCell, MessageOfOnePageIsNotJoined) {
-    EXPECT_EQ(Qxpdu({"cell", "432111120111E8329BFD06", "432111120111E8329BFD06"}).out.find("joined"),
-              std::string::npos);
-    EXPECT_EQ(Qxpdu({"cell", "432111120132E8329BFD06"}).out.find("joined"), std::string::npos)
-        << "page 3 of 2";
-}
-
-TEST(QxpduCell, PageAboveTheirNumberIsNotJoined) {
-    const Outcome run =
-        Qxpdu({"cell"}, "432111120132C8329BFD06\n432111120112E8329BFD06\n432111120122C8329BFD06\n");
-    EXPECT_TRUE(HasLine(run.out, "Pages joined 1, 2 of 2")) << run.out;
-    EXPECT_TRUE(HasLine(run.out, "text helloHello")) << run.out;
-}
-
-TEST(QxpduCell, OldestOpenMessageGoesWhenThereAreMoreThan256) {
-    std::string pages = "000000010113E8329BFD06\n000000010123C8329BFD06\n"; // pages 1 and 2 of 3
-    for (int i = 0; i < 256; ++i) {
-        char page[32];
-        std::snprintf(page, sizeof page, "%04X00020113C8329BFD06\n", static_cast<unsigned int>(i));
-        pages += page;
-    }
-    const Outcome full = Qxpdu({"cell", "--json"}, pages);
-    const auto objects = full.Json();
-    ASSERT_EQ(objects.size(), 259U);
-    EXPECT_EQ(objects[258]["pages_joined"], nlohmann::json({1, 2})) << "after the page that needed the room";
-    EXPECT_EQ(objects[258]["message_identifier"]["raw"], 1);
-    const auto late = Qxpdu({"cell", "--json"}, pages + "000000010133C8329BFD06\n").Json();
-    EXPECT_FALSE(late[259].contains("pages_joined")) << "the first two pages were forgotten";
-}
-
-TEST(QxpduCell, PageBelowSixOctetsIsAnErrorAndTheOthersAreShown) {
+TEST(QxpduCell, FaultNamesTheFieldThatIsCut) {
     const Outcome run = Qxpdu({"cell"}, "4321111201\n43\n432111120111\n432111120111g\n");
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.err, "qxpdu: line 1: 5 octets, a page has 6 at least\n"
-                       "qxpdu: line 2: 1 octet, a page has 6 at least\n"
-                       "qxpdu: line 4: character 13, 'g', is no hexadecimal digit\n");
+    EXPECT_EQ(run.err,
+              "qxpdu: line 1: octet 5: the octets end in page parameter, which takes 1 octet: 0 are there\n"
+              "qxpdu: line 2: octet 0: the octets end in serial number, which takes 2 octets: 1 are there\n"
+              "qxpdu: line 4: character 13, 'g', is no hexadecimal digit\n");
     EXPECT_TRUE(HasLine(run.out, "text")) << run.out;
-}
-
-TEST(QxpduCell, JsonHasRawValuesAndMeanings) {
-    EXPECT_EQ(Qxpdu({"cell", "--json", "212311004811C8329BFD06"}).Json(), nlohmann::json::parse(R"([{
+    EXPECT_EQ(Qxpdu({"cell", "--type", "umts", "0111124321"}).err,
+              "qxpdu: argument 1: octet 5: the octets end in data coding scheme, which takes 1 octet: 0 are "
+              "there\n");
+    EXPECT_EQ(
+        Qxpdu({"cell", "--type", "umts", "011112432101"}).err,
+        "qxpdu: argument 1: octet 6: the octets end in number of pages, which takes 1 octet: 0 are there; "
+        "libQX_Encoding decodes this PDU\n");
+    const json object = json::parse(Qxpdu({"cell", "--jsonl", "4321111201"}).out);
+    EXPECT_EQ(object, json::parse(R"({
         "format": 2,
         "argument": 1,
-        "octets": "212311004811C8329BFD06",
+        "error": "octet 5: the octets end in page parameter, which takes 1 octet: 0 are there",
+        "fault": {"code": "field-cut", "octet": 5, "field": "page parameter", "expected": 1, "found": 0}
+    })"));
+}
+
+TEST(QxpduCell, WhatConcernsTheTextIsAWarningOrWithStrictAnError) {
+    struct Row {
+        const char* octets;
+        const char* words;
+    };
+    const Row rows[] = {
+        {"00100032481148", "content at octet 6: octet 48 is half a unit of UCS2 text, and is passed over"},
+        {"001000324811D83D", "content at octet 6: D83D is half of a character, without the other half"},
+        {"001000326011C8329BFD06", "content at octet 6: the text is compressed, and is not made"},
+        {"0010003201111B", "content at octet 6: a lone escape ends the text"},
+    };
+    for (const Row& row : rows) {
+        const Outcome run = Qxpdu({"cell", row.octets});
+        EXPECT_EQ(run.status, 0);
+        EXPECT_EQ(run.err, std::string("qxpdu: argument 1: warning: ") + row.words + "\n");
+        EXPECT_EQ(Qxpdu({"cell", "--jsonl", row.octets}).err, "");
+        EXPECT_EQ(Qxpdu({"cell", "--strict", row.octets}),
+                  (Outcome{1, "", std::string("qxpdu: argument 1: ") + row.words + "\n"}));
+    }
+    EXPECT_EQ(Qxpdu({"cell", "--strict", "001000320100C8329BFD06"}).status, 0) << "of the page parameter";
+    EXPECT_EQ(Qxpdu({"cell", "--type", "umts", "01111243210102" + Slot("C8329BFD06", "05")}).err,
+              "qxpdu: argument 1: warning: number of pages at octet 6: 2 pages announced, 1 wholly there\n");
+}
+
+TEST(QxpduCell, WhatThePagesOfAMessageHealIsNoWarning) {
+    // 15 and 0 of 82 octets, an escape at the end of the first page; its code, "<", begins the second
+    const std::string escaped = "01"
+                                "1112"
+                                "4321"
+                                "01"
+                                "02" +
+                                Slot("1B", "01") + Slot("3C", "01");
+    EXPECT_EQ(Qxpdu({"cell", escaped}).err, "");
+    EXPECT_TRUE(HasLine(Qxpdu({"cell", escaped}).out, "text ["));
+    const std::string paired = "01"
+                               "1112"
+                               "4321"
+                               "48"
+                               "02" +
+                               Slot("D83D", "02") + Slot("DE00", "02");
+    EXPECT_EQ(Qxpdu({"cell", paired}).err, "");
+    EXPECT_TRUE(HasLine(Qxpdu({"cell", paired}).out, "text \xF0\x9F\x98\x80"));
+    const std::string last = "01"
+                             "1112"
+                             "4321"
+                             "01"
+                             "02" +
+                             Slot("C834", "02") + Slot("1B", "01");
+    EXPECT_EQ(Qxpdu({"cell", last}).err,
+              "qxpdu: argument 1: warning: content at octet 90: a lone escape ends the text\n");
+}
+
+TEST(QxpduCell, JsonOfAPageHasFieldsPagesAndTheOtherReading) {
+    EXPECT_EQ(Qxpdu({"cell", "--json", "21231100591100480069000D"}).Json(), json::parse(R"([{
+        "format": 2,
+        "argument": 1,
+        "octets": "21231100591100480069000D",
+        "type": "GSM page",
         "serial_number": {
             "raw": 8483,
-            "meaning": "geographical scope 0 (cell wide, immediate display), message code 530, update number 3, emergency alert, no popup",
-            "geographical_scope": {"raw": 0, "meaning": "cell wide, immediate display"},
+            "meaning": "scope 0: cell wide, displayed at once, message code 530, update number 3, emergency user alert",
+            "geographical_scope": {"raw": 0, "meaning": "cell wide, displayed at once"},
             "message_code": 530,
             "update_number": 3,
             "emergency_alert": true,
             "popup": false
         },
-        "message_identifier": {"raw": 4352, "meaning": "ETWS, earthquake warning"},
-        "data_coding_scheme": {"raw": 72, "meaning": "UCS2; the text is read as GSM 7-bit all the same"},
+        "message_identifier": {"raw": 4352, "meaning": "ETWS earthquake"},
+        "data_coding_scheme": {"raw": 89, "meaning": "UCS2, class 1: mobile equipment", "alphabet": "UCS2", "class": 1},
         "page_parameter": {"raw": 17, "meaning": "page 1 of 1", "page": 1, "pages": 1},
-        "text": "Hello"
+        "pages": [{"page": 1, "octets": "00480069000D", "text": "Hi"}],
+        "text": "Hi",
+        "libQX_Encoding": {"m_Text": "@\u0394\u00A3H\u00F9"}
     }])"));
 }
 
-TEST(QxpduCell, JsonHasJoinedMessages) {
-    const auto json = Qxpdu({"cell", "--json", "432100320113E8329BFD06", "432100320133C8329BFD06"}).Json();
-    ASSERT_EQ(json.size(), 3U);
-    EXPECT_EQ(json[2], nlohmann::json::parse(R"({
-        "format": 2,
-        "serial_number": {
-            "raw": 17185,
-            "meaning": "geographical scope 1 (PLMN wide), message code 50, update number 1",
-            "geographical_scope": {"raw": 1, "meaning": "PLMN wide"},
-            "message_code": 50,
-            "update_number": 1
-        },
-        "message_identifier": {"raw": 50, "meaning": "assigned by the GSM Association"},
-        "pages_joined": [1, 3],
-        "pages_missing": [2],
-        "text": "helloHello"
-    })"));
+TEST(QxpduCell, JsonOfAMessageHasAnObjectForEachPage) {
+    const std::string message = "01"
+                                "1112"
+                                "4321"
+                                "11"
+                                "02" +
+                                Slot("E5370048", "04") + Slot("0069", "02");
+    const json object = Qxpdu({"cell", "--json", message}).Json()[0];
+    EXPECT_EQ(object["type"], "UMTS message");
+    EXPECT_EQ(object["message_type"], json::parse(R"({"raw": 1, "meaning": "CBS message"})"));
+    EXPECT_EQ(object["number_of_pages"], json::parse(R"({"raw": 2, "meaning": "2 pages"})"));
+    EXPECT_EQ(object["pages"],
+              json::parse(R"([{"page": 1, "octets": "E5370048", "language": "eo", "text": "H"},
+                                               {"page": 2, "octets": "0069", "text": "i"}])"));
+    EXPECT_EQ(object["language"], "eo");
+    EXPECT_EQ(object["text"], "Hi");
+    EXPECT_FALSE(object.contains("page_length")) << "it is of a page";
+}
+
+TEST(QxpduCell, JsonOfANotificationHasNoText) {
+    const json object = Qxpdu({"cell", "--json", Notification()}).Json()[0];
+    EXPECT_EQ(object["type"], "ETWS primary notification");
+    EXPECT_EQ(object["warning_type"],
+              json::parse(R"({"raw": 384, "meaning": "earthquake, emergency user alert, popup",
+                                                      "type": 0, "emergency_alert": true, "popup": true})"));
+    EXPECT_EQ(object["warning_time"],
+              json::parse(R"({"raw": "62111280510300", "meaning": "2026-11-21T08:15:30+00:00",
+                                                      "time": "2026-11-21T08:15:30+00:00"})"));
+    EXPECT_EQ(object["signature"]["raw"], std::string(86, 'A'));
+    EXPECT_FALSE(object.contains("text"));
+    EXPECT_FALSE(object.contains("pages"));
+}
+
+TEST(QxpduCell, JsonOfDataAndHeader) {
+    const json data = Qxpdu({"cell", "--json", "0010003294110500030702014869"}).Json()[0];
+    EXPECT_EQ(data["data"], "4869");
+    EXPECT_EQ(data["data_coding_scheme"]["header"], true);
+    EXPECT_EQ(data["pages"][0]["header"]["elements"][0]["total"], 2);
+    EXPECT_EQ(data["pages"][0]["data"], "4869");
+    const json ignored = Qxpdu({"cell", "--json", "0010003298110200030048"}).Json()[0];
+    EXPECT_EQ(ignored["pages"][0]["header"]["ignored"], true);
+    const json compressed = Qxpdu({"cell", "--json", "001000327511C8"}).Json()[0]["data_coding_scheme"];
+    EXPECT_EQ(compressed["compressed"], true);
+    EXPECT_EQ(compressed["alphabet"], "8-bit data");
+    const json reserved = Qxpdu({"cell", "--json", "001000328011C8"}).Json()[0]["data_coding_scheme"];
+    EXPECT_EQ(reserved["reserved"], true);
+    EXPECT_FALSE(
+        Qxpdu({"cell", "--json", "00100032D011C8"}).Json()[0]["data_coding_scheme"].contains("alphabet"));
+}
+
+TEST(QxpduCell, PagesAreRowsAndLines) {
+    EXPECT_EQ(Qxpdu({"cell", "--brief", c_page, Notification(), "001000324411004869"}).out,
+              "from 4370 Hello\n"
+              "2026-11-21T08:15:30+00:00 from 4352 earthquake\n"
+              "from 50 004869\n");
+    EXPECT_EQ(Qxpdu({"cell", "--brief", "3000110003FF", "--type", "etws"}).out, "from 4352 tsunami\n");
+    EXPECT_EQ(Qxpdu({"cell", "--columns", "type,address,part,alphabet,text", "432111120123C8329BFD06"}).out,
+              "type\taddress\tpart\talphabet\ttext\nGSM page\t4370\t2/3\tGSM 7-bit\tHello\n");
+    const std::string table = std::string("id\tpage\n7\t") + c_page + "\n8\t43\n9\t0010003201111B\n";
+    EXPECT_EQ(
+        Qxpdu({"cell", "--columns", "text,error", "--input-column", "2"}, table),
+        (Outcome{1,
+                 "id\ttext\terror\n7\tHello\t\n8\t\toctet 0: the octets end in serial number, which takes 2 "
+                 "octets: 1 are there\n9\t\t\n",
+                 "qxpdu: line 3: octet 0: the octets end in serial number, which takes 2 octets: 1 are "
+                 "there\nqxpdu: line 4: warning: content at octet 6: a lone escape ends the text\n"}));
+}
+
+TEST(QxpduCell, PagesOfALogAreShownAndItsMessagesPassedOver) {
+    std::string stored = "432111120111C8329BFD06";
+    stored.resize(2 * std::size_t{88}, '0');
+    const std::string log = std::string("+CMT: ,24\n") + tests::c_hello + "\n+CBM: 11\n" + c_page +
+                            "\n+CMGL: 1,1,,88\n" + stored + "\n+CMGL: 2,1,,88\n" + tests::c_hello + "\nOK\n";
+    EXPECT_EQ(Qxpdu({"cell", "--brief"}, log), (Outcome{0, "from 4370 Hello\nfrom 4370 Hello\n", ""}));
 }
 
 } // namespace

@@ -54,13 +54,14 @@ TEST(QxpduRows, PageOfALogIsARowFromItsIdentifier) {
     const std::vector<std::string> columns = {"decode", "--no-heading", "--columns",
                                               "input,time,direction,type,address,part,text,data,octets"};
     EXPECT_EQ(Qxpdu(columns, log).out,
-              "line 2\t\tto-mobile\tcell broadcast page\t4370\t\tHello\t\t403211120111C8329BFD06\n");
+              "line 2\t\tto-mobile\tGSM page\t4370\t\tHello\t\t403211120111C8329BFD06\n");
     EXPECT_EQ(Qxpdu({"decode", "--brief"}, "+CBM: 11\n403211120123C8329BFD06\n"),
               (Outcome{0, "from 4370 [2/3] Hello\n", ""}));
-    EXPECT_EQ(Qxpdu({"decode", "--brief"}, "+CBM: 10\n00100032481100480069\n").out, "from 50 00480069\n")
-        << "UCS2";
+    EXPECT_EQ(Qxpdu({"decode", "--brief"}, "+CBM: 10\n00100032481100480069\n").out, "from 50 Hi\n");
     EXPECT_EQ(Qxpdu({"decode", "--brief"}, "+CBM: 5\n0010003248\n"),
-              (Outcome{1, "", "qxpdu: line 2: 5 octets, a page has 6 at least\n"}));
+              (Outcome{1, "",
+                       "qxpdu: line 2: octet 5: the octets end in page parameter, which takes 1 "
+                       "octet: 0 are there\n"}));
 }
 
 TEST(QxpduRows, ColumnsAreATableWithAHeading) {

@@ -38,8 +38,9 @@ TEST(QxpduStreams, JsonLinesGiveAnObjectForEachInputInOrderWithErrorsAmongThem) 
 TEST(QxpduStreams, JsonLinesOfArgumentsAreNumbered) {
     const auto objects = JsonLines(Qxpdu({"cell", "--jsonl", "00", c_cellPage}).out);
     ASSERT_EQ(objects.size(), 2U);
-    EXPECT_EQ(objects[0],
-              (nlohmann::json{{"format", 2}, {"argument", 1}, {"error", "1 octet, a page has 6 at least"}}));
+    EXPECT_EQ(objects[0]["argument"], 1);
+    EXPECT_EQ(objects[0]["error"],
+              "octet 0: the octets end in serial number, which takes 2 octets: 1 are there");
     EXPECT_EQ(objects[1]["argument"], 2);
     EXPECT_EQ(objects[1]["text"], "Hello");
 }

@@ -1,0 +1,196 @@
+// qxpdu cell --join
+#include <cstdio>
+
+#include <gtest/gtest.h>
+
+#include "tools/qxpdu/RunTool.h"
+
+namespace {
+
+using nlohmann::json;
+using tests::HasLine;
+using tests::Outcome;
+using tests::Qxpdu;
+
+TEST(QxpduCellPages, AreJoinedInTheirOrder) {
+    // Page 2 comes first, with a page of another message between the two.
+    EXPECT_EQ(Qxpdu({"cell", "--join"}, "432111120122C8329BFD06\n"
+                                        "433111120111C8329BFD06\n"
+                                        "432111120112E8329BFD06\n"),
+              (Outcome{0,
+                       "     serial number 0x4331: scope 1: network wide, message code 51, update number 1\n"
+                       "message identifier 0x1112: CMAS presidential, EU-Alert level 1\n"
+                       "data coding scheme 0x01: GSM 7-bit, English\n"
+                       "    page parameter 0x11: page 1 of 1\n"
+                       "              text Hello\n"
+                       "\n"
+                       "      Pages joined 1, 2 of 2\n"
+                       "              from line 3, line 1\n"
+                       "     serial number 0x4321: scope 1: network wide, message code 50, update number 1\n"
+                       "message identifier 0x1112: CMAS presidential, EU-Alert level 1\n"
+                       "              text helloHello\n",
+                       ""}));
+}
+
+TEST(QxpduCellPages, AreShownByThemselvesWithEach) {
+    const Outcome run = Qxpdu({"cell", "--join", "--each", "--brief", "432111120112E8329BFD06",
+                               "432111120122C8329BFD06", "433111120111C8329BFD06"});
+    EXPECT_EQ(run.out,
+              "from 4370 [1/2] hello\nfrom 4370 [2/2] Hello\nfrom 4370 helloHello\nfrom 4370 Hello\n");
+    EXPECT_EQ(Qxpdu({"cell", "--each", "432111120112E8329BFD06"}).status, 2);
+}
+
+TEST(QxpduCellPages, AreNotJoinedUnlessAskedFor) {
+    EXPECT_EQ(Qxpdu({"cell", "--brief", "432111120112E8329BFD06", "432111120122C8329BFD06"}).out,
+              "from 4370 [1/2] hello\nfrom 4370 [2/2] Hello\n");
+}
+
+TEST(QxpduCellPages, ThatAreMissingAreToldInTheEnd) {
+    const std::string pages = "432111120114E8329BFD06\n432111120134C8329BFD06\n";
+    const Outcome run = Qxpdu({"cell", "--join"}, pages);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err, "qxpdu: line 1: warning: pages 2, 4 of 4 are missing\n");
+    EXPECT_TRUE(HasLine(run.out, "Pages joined 1, 3 of 4; missing 2, 4")) << run.out;
+    EXPECT_TRUE(HasLine(run.out, "text hello[page 2 missing]Hello[page 4 missing]")) << run.out;
+    EXPECT_TRUE(HasLine(Qxpdu({"cell", "--join", "432111120144C8329BFD06"}).out,
+                        "text [pages 1, 2, 3 missing]Hello"));
+    EXPECT_EQ(Qxpdu({"cell", "--join", "--brief"}, pages).out, "from 4370 [1,3/4] helloHello\n");
+    const Outcome strict = Qxpdu({"cell", "--join", "--strict"}, pages);
+    EXPECT_EQ(strict.status, 1);
+    EXPECT_EQ(strict.err, "qxpdu: line 1: pages 2, 4 of 4 are missing\n");
+    const Outcome lines = Qxpdu({"cell", "--join", "--strict", "--jsonl"}, pages);
+    EXPECT_EQ(lines.status, 1);
+    EXPECT_EQ(lines.err, "");
+    EXPECT_EQ(Qxpdu({"cell", "--join", "--jsonl"}, pages).status, 0);
+    EXPECT_EQ(Qxpdu({"cell", "--join", "432111120122C8329BFD06"}).err,
+              "qxpdu: argument 1: warning: page 1 of 2 is missing\n");
+}
+
+TEST(QxpduCellPages, ThatComeAgainAreDuplicates) {
+    const std::string pages = "432111120112E8329BFD06\n432111120112E8329BFD06\n432111120122C8329BFD06\n"
+                              "432111120122C8329BFD06\n";
+    const Outcome run = Qxpdu({"cell", "--join"}, pages);
+    EXPECT_EQ(run.err, "qxpdu: line 2: warning: page 1 of 2 has come before\n"
+                       "qxpdu: line 4: warning: page 2 of 2 has come before\n");
+    EXPECT_TRUE(HasLine(run.out, "from line 1, line 3")) << run.out;
+    const Outcome lines = Qxpdu({"cell", "--join", "--jsonl"}, pages);
+    EXPECT_EQ(json::parse(lines.out.substr(0, lines.out.find('\n'))),
+              json::parse(R"({"format": 2, "line": 2, "duplicate_page": 1})"));
+}
+
+TEST(QxpduCellPages, WithOtherOctetsBeginANewMessage) {
+    const Outcome run =
+        Qxpdu({"cell", "--join", "--brief"}, "432111120112E8329BFD06\n432111120112C8329BFD06\n"
+                                             "432111120122C8329BFD06\n");
+    EXPECT_EQ(run.out, "from 4370 [1/2] hello\nfrom 4370 HelloHello\n");
+    EXPECT_EQ(run.err, "qxpdu: line 1: warning: page 2 of 2 is missing\n");
+}
+
+TEST(QxpduCellPages, OfANewerUpdateReplaceThoseOfAnOlderOne) {
+    const Outcome run = Qxpdu({"cell", "--join"}, "432111120112E8329BFD06\n432211120112C8329BFD06\n"
+                                                  "432111120122E8329BFD06\n432211120122C8329BFD06\n");
+    EXPECT_EQ(run.err, "qxpdu: line 1: warning: page 2 of 2 is missing\n"
+                       "qxpdu: line 3: warning: page 1 of 2 is missing\n");
+    EXPECT_TRUE(HasLine(run.out, "from line 2, line 4")) << run.out;
+    EXPECT_TRUE(HasLine(run.out, "text HelloHello")) << run.out;
+    EXPECT_EQ(Qxpdu({"cell", "--join", "--brief"}, "432211120111E8329BFD06\n432111120111C8329BFD06\n").out,
+              "from 4370 hello\nfrom 4370 Hello\n")
+        << "an older one by itself";
+}
+
+TEST(QxpduCellPages, BeyondTheirNumberAreShownByThemselves) {
+    const Outcome run =
+        Qxpdu({"cell", "--join", "--brief"}, "432111120112E8329BFD06\n432111120132C8329BFD06\n"
+                                             "432111120122C8329BFD06\n");
+    EXPECT_EQ(run.out, "from 4370 [3/2] Hello\nfrom 4370 helloHello\n");
+}
+
+TEST(QxpduCellPages, WhatTheyHealIsNoRemark) {
+    // UCS2, a high surrogate at the end of the first page and its other half in the second.
+    const std::string pages = "432111124812D83D\n432111124822DE00\n";
+    const Outcome run = Qxpdu({"cell", "--join"}, pages);
+    EXPECT_EQ(run.err, "");
+    EXPECT_TRUE(HasLine(run.out, "text \xF0\x9F\x98\x80")) << run.out;
+    EXPECT_EQ(run.out.find('!'), std::string::npos) << run.out;
+    const Outcome half = Qxpdu({"cell", "--join"}, "432111124812D83D\n4321111248220048\n");
+    EXPECT_EQ(half.err,
+              "qxpdu: line 1: warning: content at octet 6: D83D is half of a character, without the "
+              "other half\n");
+    EXPECT_TRUE(HasLine(half.out,
+                        "! line 1: content at octet 6: D83D is half of a character, without the other half"))
+        << half.out;
+    EXPECT_TRUE(HasLine(half.out, "~ line 2: libQX_Encoding m_Text \"@\xCE\x94\"")) << half.out;
+    const Outcome escape = Qxpdu({"cell", "--join"}, "4321111201121B\n4321111201223C\n");
+    EXPECT_EQ(escape.err, "");
+    EXPECT_TRUE(HasLine(escape.out, "text [")) << escape.out;
+    EXPECT_EQ(Qxpdu({"cell", "--join"}, "4321111201131B\n4321111201333C\n").err,
+              "qxpdu: line 1: warning: page 2 of 3 is missing\n"
+              "qxpdu: line 1: warning: content at octet 6: a lone escape ends the text\n");
+}
+
+TEST(QxpduCellPages, OfDataAreJoinedAsOctets) {
+    const std::string pages = "432111124412FF48\n43211112442269\n";
+    EXPECT_TRUE(HasLine(Qxpdu({"cell", "--join"}, pages).out, "data FF4869: .Hi"));
+    EXPECT_EQ(Qxpdu({"cell", "--join", "--json"}, pages).Json()[0]["data"], "FF4869");
+}
+
+TEST(QxpduCellPages, OfAMessageAreWhole) {
+    std::string page = "C8329BFD06";
+    page.resize(2 * std::size_t{82}, '0');
+    const std::string message = "01111243210101" + page + "05";
+    EXPECT_EQ(Qxpdu({"cell", "--join", "--brief", message}).out, "from 4370 Hello\n");
+    const std::string cut = "01111243210102" + page + "05";
+    const Outcome run = Qxpdu({"cell", "--join", "--type", "umts", cut});
+    EXPECT_EQ(run.err, "qxpdu: argument 1: warning: page 2 of 2 is missing\n");
+    EXPECT_TRUE(HasLine(run.out, "Pages joined 1 of 2; missing 2")) << run.out;
+}
+
+TEST(QxpduCellPages, NotificationIsShownAtOnce) {
+    EXPECT_EQ(Qxpdu({"cell", "--join", "--brief", "--type", "etws", "300011000180"}).out,
+              "from 4352 earthquake\n");
+}
+
+TEST(QxpduCellPages, OldestThatWaitIsGivenUpWhenThereAreMoreThan256) {
+    std::string pages = "000000010113E8329BFD06\n000000010123C8329BFD06\n"; // pages 1 and 2 of 3
+    for (int i = 0; i < 256; ++i) {
+        char page[32];
+        std::snprintf(page, sizeof page, "%04X00020113C8329BFD06\n", static_cast<unsigned int>(i << 4));
+        pages += page;
+    }
+    const auto objects = Qxpdu({"cell", "--join", "--json"}, pages).Json();
+    ASSERT_EQ(objects.size(), 257U);
+    EXPECT_EQ(objects[0]["pages_joined"], json({1, 2})) << "after the page that needed the room";
+    EXPECT_EQ(objects[0]["message_identifier"]["raw"], 1);
+}
+
+TEST(QxpduCellPages, OfALogAreJoinedAmongItsMessages) {
+    const std::string log = "+CBM: 11\n432111120122C8329BFD06\n+CBM: 12\n432111120112E8329BFD06\n+CBM: 11\n"
+                            "433111120122C8329BFD06\n";
+    EXPECT_EQ(Qxpdu({"decode", "--join", "--brief"}, log).out,
+              "from 4370 helloHello\nfrom 4370 [2/2] Hello\n");
+    EXPECT_EQ(Qxpdu({"decode", "--brief"}, log).out,
+              "from 4370 [2/2] Hello\nfrom 4370 [1/2] hello\nfrom 4370 [2/2] Hello\n");
+}
+
+TEST(QxpduCellPages, JsonNamesTheInputsOfAJoinedMessage) {
+    const auto objects =
+        Qxpdu({"cell", "--join", "--json", "432100320113E8329BFD06", "432100320133C8329BFD06"}).Json();
+    ASSERT_EQ(objects.size(), 1U);
+    EXPECT_EQ(objects[0], json::parse(R"({
+        "format": 2,
+        "joined": [{"pages": [1], "argument": 1}, {"pages": [3], "argument": 2}],
+        "serial_number": {
+            "raw": 17185,
+            "meaning": "scope 1: network wide, message code 50, update number 1",
+            "geographical_scope": {"raw": 1, "meaning": "network wide"},
+            "message_code": 50,
+            "update_number": 1
+        },
+        "message_identifier": {"raw": 50, "meaning": "assigned by the GSM Association"},
+        "pages_joined": [1, 3],
+        "pages_missing": [2],
+        "text": "helloHello"
+    })"));
+}
+
+} // namespace
