@@ -34,7 +34,8 @@ CELL_KINDS = ["0010003298110E0003070201" + "240101" + "220404912143" + "0048", "
               "300011000180" + "62111280510300" + "AA" * 43]
 FIRST_HALF, SECOND_HALF = "403311124812D83D", "4033111248220048"
 CELL_LOG = "+CBM: 11\n" + FIRST_PAGE + "\n+CBM: 11\n" + FIRST_PAGE + "\n"
-LIST = "\n".join([HELLO, UPPER, UPPER, LOWER, LOWER, SUBMIT, TIMED, REPORT, "0G", CLASSED, REPORT[2:], REPORT[2:10]])
+LIST = "\n".join([HELLO, UPPER, UPPER, LOWER, LOWER, SUBMIT, TIMED, REPORT, "0G", CLASSED, REPORT[2:], REPORT[2:10],
+                  "00" + "FF" * 175])
 LOG = "\n".join(["+CMT: ,24", HELLO, "+CMT: ,9", "OK", "+CBM: 11", PAGE, "+CBM: 88", WARNING, "+CMT: ,26", UPPER,
                  "+CMT: ,25", LOWER, "+CMT: ,9", REPORT[:8], "AT+CMGS=10", SUBMIT, '+CMGS: 7,"010021203121436580"',
                  "+CDS: 21", REPORT, ""])
@@ -44,8 +45,8 @@ LOG_FILE.flush()
 
 # The command, standard input, and how many objects come of it.
 CASES = [
-    (["decode"], LIST, 12),
-    (["decode", "--join"], LIST, 11),
+    (["decode"], LIST, 13),
+    (["decode", "--join"], LIST, 12),
     (["decode", "--file", LOG_FILE.name], "", 10),
     (["decode", "--join", "--file", LOG_FILE.name], "", 9),
     (["inspect", "--file", LOG_FILE.name], "", 8),
@@ -62,7 +63,7 @@ CASES = [
                                       "a" * 39016]), 8),
     (["count", "--lines", "--greek"], "α’", 1),
     (["count", "--lines"], "€" + "ж" * 17086 + "’", 1),
-    (["inspect"], "\n".join([HELLO, LOWER, SUBMIT, TIMED, REPORT, REPORT + "FF", "0002", "0G", HELLO + "00"]), 9),
+    (["inspect"], "\n".join([HELLO, LOWER, SUBMIT, TIMED, REPORT, REPORT + "FF", "0002", "0G", HELLO + "00", "FFFF"]), 10),
     (["cell"], "\n".join([PAGE, FIRST_PAGE, WARNING, *CELL_KINDS, "00"]), 4 + len(CELL_KINDS)),
     (["cell", "--type", "umts"], "01111243210100", 1),
     (["cell", "--type", "umts"], "011112432101", 1),

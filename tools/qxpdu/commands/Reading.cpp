@@ -121,9 +121,14 @@ std::optional<show::Message> ReadMessage(const ReadingOptions& options, const In
     message.hasServiceCentre = pdu.hasServiceCentre;
     message.isZoneIgnored = options.ignoreTimeZone;
     message.warnings = std::move(pdu.warnings);
-    if (!console.WantsJsonLines() || isNothing) {
+    if (!console.WantsJsonLines()) {
         for (const std::string& warning : message.warnings)
             console.Warning(NameOf(input), warning);
+    } else if (isNothing) {
+        show::JsonText object;
+        Begin(object, input);
+        show::WriteWarnings(message, object);
+        console.Object(object);
     }
     return isNothing ? std::nullopt : std::optional(std::move(message));
 }

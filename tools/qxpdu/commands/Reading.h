@@ -33,7 +33,7 @@ void AddStrict(CLI::App& command, bool& isStrict);
 void AddCellFormat(CLI::App& command, Messages::CellFormat& format);
 
 /// Reads a PDU by the standard, as it makes sense. What had to be assumed is warned of; in JSON Lines the
-/// object says so. Throws InputError where it is no hexadecimal text. A free SIM record is nothing, and a
+/// object says so. Throws InputError where it is no hexadecimal text. A free SIM record is nothing but a
 /// warning, unless libQX_Encoding is to read it.
 std::optional<show::Message> ReadMessage(const ReadingOptions& options, const Input& input, Console& console);
 

@@ -544,8 +544,14 @@ TEST(QxpduDecode, FreeSimRecordIsAWarningAndNoResult) {
     const std::string free = "00" + tests::Repeated("FF", 175);
     const std::string warning = "qxpdu: line 1: warning: a free SIM record, without a message\n";
     for (const char* command : {"decode", "inspect"}) {
-        for (const char* option : {"--jsonl", "--strict"})
-            EXPECT_EQ(Qxpdu({command, option}, free + '\n'), (Outcome{0, "", warning})) << command << option;
+        EXPECT_EQ(Qxpdu({command, "--strict"}, free + '\n'), (Outcome{0, "", warning})) << command;
+        EXPECT_EQ(Qxpdu({command, "--json"}, free + '\n'), (Outcome{0, "[]\n", warning})) << command;
+        EXPECT_EQ(Qxpdu({command, "--jsonl"}, free + '\n'),
+                  (Outcome{0,
+                           R"({"format":2,"line":1,"warnings":["a free SIM record, without a message"]})"
+                           "\n",
+                           ""}))
+            << command;
         EXPECT_NE(Qxpdu({command, "--as", "libQX_Encoding"}, free + '\n').out, "") << command;
     }
     EXPECT_EQ(Qxpdu({"decode", "--join", "--brief"},
