@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <span>
 
 #include <fmt/format.h>
 
 #include "Messages/Octets.h"
+#include "characters/Dump.h"
 #include "characters/InputError.h"
 #include "characters/Letters.h"
 #include "characters/Unicode.h"
@@ -173,8 +175,10 @@ std::string_view Trimmed(std::string_view text) {
 std::vector<unsigned char> ReadHex(std::string_view text) {
     std::vector<unsigned char> octets;
     const bool areDigitsAlone = Messages::FromHex(text, octets) && !octets.empty();
-    if (!areDigitsAlone)
-        Messages::FromHex(DigitReader(text).Read(), octets);
+    if (areDigitsAlone)
+        return octets;
+    const std::optional<std::string> dumped = ReadDump(text);
+    Messages::FromHex(dumped ? *dumped : DigitReader(text).Read(), octets);
     return octets;
 }
 

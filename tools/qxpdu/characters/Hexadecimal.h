@@ -14,9 +14,9 @@ namespace qxpdu {
 std::string_view Trimmed(std::string_view text);
 
 /// The octets of hexadecimal digits as they are pasted: blanks, quotation marks and brackets may stand
-/// anywhere among them, `0x`, `\x` and `, ; : -` between octets, a label before them. Throws InputError for
-/// any other character, which it names with its position from 1 in `text` as given, for an odd number of
-/// digits and for none at all.
+/// anywhere among them, `0x`, `\x` and `, ; : -` between octets, a label before them; or they
+/// are dumped, with offsets before and characters after them. Throws InputError for any other character,
+/// which it names with its position from 1 in `text` as given, for an odd number of digits and for none.
 std::vector<unsigned char> ReadHex(std::string_view text);
 
 /// The same of a PDU; throws InputError also for more octets than a PDU of libQX_Encoding holds.

@@ -1,0 +1,30 @@
+// Octets as tools dump them, with their place before them and their characters after them.
+#ifndef QXPDU_DUMP_H
+#define QXPDU_DUMP_H
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace qxpdu {
+
+/// A line of a dump, as `hexdump -C`, `xxd` and others print it.
+struct DumpLine {
+    std::size_t offset; ///< of the first octet
+    std::string digits; ///< of the octets
+};
+
+/// Nothing unless characters stand after the octets, each of them that of its octet or a point: nothing else
+/// looks so.
+std::optional<DumpLine> ReadDumpLine(std::string_view line);
+
+/// Whether it is the last line that hexdump prints: an offset alone, after so many octets.
+bool EndsDump(std::string_view line, std::size_t octets);
+
+/// The digits of a dump of one line or several, from the first octet on; nothing where the text is none.
+std::optional<std::string> ReadDump(std::string_view text);
+
+} // namespace qxpdu
+
+#endif
