@@ -9,6 +9,7 @@
 
 #include "Input.h"
 #include "Property.h"
+#include "characters/Dump.h"
 #include "commands/CommandLine.h"
 #include "log/LogReader.h"
 
@@ -34,6 +35,22 @@ void CheckEntry(const LogEntry& entry, std::size_t lines) {
             "an entry of a log is made of digits");
 }
 
+/// Whether lines of the list may make one PDU together. In UTF-16 that has NUL characters and a mark in it.
+bool IsDumped(std::string list) {
+    constexpr std::size_t c_mark = 2;
+    std::erase(list, '\0');
+    std::istringstream pieces(list);
+    for (std::string line; std::getline(pieces, line);) {
+        std::istringstream returned(line);
+        for (std::string piece; std::getline(returned, piece, '\r');) {
+            if (qxpdu::ReadDumpLine(piece) ||
+                qxpdu::ReadDumpLine(piece.substr(std::min(piece.size(), c_mark))))
+                return true;
+        }
+    }
+    return false;
+}
+
 /// The lines of the entries that have to be answered. Every line is accounted for once.
 std::vector<std::size_t> AnsweredLines(const std::string& log) {
     LogReader reader;
@@ -55,7 +72,8 @@ std::vector<std::size_t> AnsweredLines(const std::string& log) {
     Require(counts.lines == number, "every line is counted");
     Require(counts.lines == counts.entries + counts.textModes + counts.passedOver, "and counted once");
     Require(counts.strayDigits <= counts.passedOver, "stray digits are passed over");
-    Require(reader.IsLog() || answered.size() >= counts.entries, "a list has an entry a line, or several");
+    Require(reader.IsLog() || IsDumped(log) || answered.size() >= counts.entries,
+            "a list has an entry a line, or several");
     return answered;
 }
 

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <vector>
 
+#include "characters/Dump.h"
+#include "characters/Hexadecimal.h"
+#include "characters/InputError.h"
 #include "characters/Letters.h"
 
 namespace qxpdu {
@@ -91,12 +94,13 @@ bool IsSeparator(std::string_view between) {
 /// Words of digits that follow each other with nothing but separators between them.
 struct Run {
     std::string digits;
-    std::vector<bool> isBound; ///< for each digit whether a word begins with it; true after the last one
+    std::vector<std::size_t> words = {1}; ///< those begun where one begins or all end, from 1; 0 elsewhere
 
     void Add(std::string_view word) {
+        const std::size_t begun = words.back();
         digits += word;
-        isBound.resize(digits.size());
-        isBound.push_back(true);
+        words.resize(digits.size());
+        words.push_back(begun + 1);
     }
 };
 
@@ -106,7 +110,7 @@ std::vector<Run> RunsOf(std::string_view text, const std::vector<Word>& words) {
     for (const Word& word : words) {
         if (word.isHex) {
             if (before == nullptr || !IsSeparator(Between(text, *before, word)))
-                runs.push_back({{}, {true}});
+                runs.emplace_back();
             runs.back().Add(word.text);
         }
         before = word.isHex ? &word : nullptr;
@@ -114,25 +118,40 @@ std::vector<Run> RunsOf(std::string_view text, const std::vector<Word>& words) {
     return runs;
 }
 
-/// Words, beginning with any, that complete the PDU and make it sound. Of the few lines in which more than
-/// these have the right length, the rest is not tried.
-std::string FindSound(const std::vector<Run>& runs, const AwaitedPdu& pdu) {
-    constexpr unsigned int c_mostTries = 16;
-    unsigned int tries = 0;
+/// Digits that complete the PDU.
+struct Completion {
+    std::size_t words; ///< that they stand in
+    std::string_view digits;
+};
+
+std::vector<Completion> CompletionsIn(const std::vector<Run>& runs, const AwaitedPdu& pdu) {
+    std::vector<Completion> completions;
     for (const Run& run : runs) {
         for (std::size_t begin = 0; begin < run.digits.size(); ++begin) {
-            if (!run.isBound[begin])
+            if (run.words[begin] == 0)
                 continue;
             const std::string_view rest = std::string_view(run.digits).substr(begin);
             for (const std::size_t size : pdu.Lacking(rest)) {
-                if (size == 0 || size > rest.size() || !run.isBound[begin + size])
-                    continue;
-                if (pdu.IsPage() || pdu.IsSound(rest.substr(0, size)))
-                    return std::string(rest.substr(0, size));
-                if (++tries == c_mostTries)
-                    return {};
+                if (size != 0 && size <= rest.size() && run.words[begin + size] != 0)
+                    completions.push_back({run.words[begin + size] - run.words[begin], rest.substr(0, size)});
             }
         }
+    }
+    return completions;
+}
+
+/// Words, beginning with any, that complete the PDU and make it sound. Where several do, as the last digits
+/// of a text always do, those of the fewest words: the others are of a time. Of the few lines in which more
+/// than these have the right length, the rest is not tried.
+std::string FindSound(const std::vector<Run>& runs, const AwaitedPdu& pdu) {
+    constexpr std::size_t c_mostTries = 16;
+    std::vector<Completion> completions = CompletionsIn(runs, pdu);
+    std::stable_sort(completions.begin(), completions.end(),
+                     [](const Completion& a, const Completion& b) { return a.words < b.words; });
+    completions.resize(std::min(completions.size(), c_mostTries));
+    for (const Completion& completion : completions) {
+        if (pdu.IsPage() || pdu.IsSound(completion.digits))
+            return std::string(completion.digits);
     }
     return {};
 }
@@ -168,8 +187,12 @@ std::string PlainDigits(std::string_view text, const std::vector<Word>& words) {
     return areHex && IsPartedAlike(text, words) ? Joined(words) : std::string();
 }
 
-/// Those of the text before the first bracket or quotation mark after a digit.
+/// Those of the text before the first bracket or quotation mark after a digit; empty where they stand after a
+/// string and a comma, as other arguments of a program.
 std::string PlainHead(std::string_view text, const std::vector<Word>& words) {
+    const std::string_view before = text.substr(0, words[0].begin);
+    if (before.find(',', std::min(before.find_first_of("'\""), before.size())) != std::string_view::npos)
+        return {};
     const std::size_t end = text.find_first_of("'\"()[]{}|", words[0].end);
     const std::string_view head = text.substr(0, end);
     return end == std::string_view::npos ? std::string() : PlainDigits(head, WordsOf(head));
@@ -182,6 +205,11 @@ std::string Longest(const std::vector<Word>& words) {
             longest = word.text;
     }
     return longest.size() < c_longWord ? std::string() : std::string(longest);
+}
+
+/// A word of a language, and no digits.
+bool IsSpoken(const Word& word) {
+    return word.text.size() > 1 && !word.isHex && std::none_of(word.text.begin(), word.text.end(), IsDecimal);
 }
 
 } // namespace
@@ -211,6 +239,10 @@ std::string DigitsIn(std::string_view text, Beside beside, const AwaitedPdu& pdu
     const std::vector<Word> words = WordsOf(text);
     if (words.empty())
         return {};
+    constexpr std::size_t c_digitsInOctet = 2;
+    if (std::optional<DumpLine> dumped = ReadDumpLine(text);
+        dumped && dumped->offset == pdu.Digits().size() / c_digitsInOctet)
+        return std::move(dumped->digits);
     std::string plain = PlainDigits(text, words);
     const bool isLine = beside == Beside::Nothing && !plain.empty();
     if (pdu.IsComplete(plain) || (isLine && !pdu.IsTooLong(plain)))
@@ -222,6 +254,18 @@ std::string DigitsIn(std::string_view text, Beside beside, const AwaitedPdu& pdu
     if (std::string head = PlainHead(text, words); beside == Beside::Nothing && !head.empty())
         return head;
     return Longest(words);
+}
+
+bool MayBePdu(const std::string& line) {
+    const std::vector<Word> words = WordsOf(line);
+    if (std::none_of(words.begin(), words.end(), IsSpoken) || !Longest(words).empty())
+        return !words.empty();
+    try {
+        ReadHex(line);
+        return true;
+    } catch (const InputError&) {
+        return false;
+    }
 }
 
 } // namespace qxpdu

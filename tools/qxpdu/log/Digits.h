@@ -26,6 +26,10 @@ enum class Beside {
 /// announced with them, and is sound without.
 std::string DigitsIn(std::string_view text, Beside beside, const AwaitedPdu& pdu);
 
+/// Whether somebody may have meant the line as a PDU. One with words in it that are no digits, nor a label
+/// of digits, is talk.
+bool MayBePdu(const std::string& line);
+
 } // namespace qxpdu
 
 #endif

@@ -4,6 +4,7 @@
 #include <sstream>
 #include <utility>
 
+#include "characters/Dump.h"
 #include "characters/Letters.h"
 #include "log/Digits.h"
 #include "log/Printed.h"
@@ -40,6 +41,7 @@ void LogReader::Take(std::string line, std::size_t number) {
     const bool isDigits = !core.empty() && AreHexDigits(core);
     if (!isDigits && IsOfModemPrinted(line)) {
         m_IsLog = true;
+        EndDump();
         m_Counts.passedOver += m_Held.size();
         for (const Line& held : m_Held)
             CountStray(held.text);
@@ -47,19 +49,24 @@ void LogReader::Take(std::string line, std::size_t number) {
         return ReadLogLine(line, number);
     }
     m_HeldBytes += line.size() + sizeof(Line);
+    m_MayHoldPdu = m_MayHoldPdu || m_IsList || (!IsComment(line) && MayBePdu(line));
     m_Held.push_back({std::move(line), number});
     if (m_IsList || m_HeldBytes > LOOK_AHEAD)
-        GiveList();
+        m_MayHoldPdu ? GiveList() : Forget();
 }
 
 void LogReader::Release() {
-    GiveList();
+    if (m_MayHoldPdu)
+        GiveList();
+    if (m_Dump && AwaitedPdu().IsSound(m_Dump->text))
+        EndDump();
     if (m_Open && m_Open->pdu.IsSound())
         End();
 }
 
 void LogReader::Finish() {
     GiveList();
+    EndDump();
     End();
 }
 
@@ -79,6 +86,13 @@ void LogReader::GiveList() {
     m_HeldBytes = 0;
 }
 
+void LogReader::Forget() {
+    m_Counts.passedOver += m_Held.size();
+    m_Counts.forgotten += m_Held.size();
+    m_Held.clear();
+    m_HeldBytes = 0;
+}
+
 /// Lines without a letter or digit, a lone prompt for one, and comments are none of the list. Carriage
 /// returns alone end lines as well.
 void LogReader::GiveListed(Line line) {
@@ -92,10 +106,39 @@ void LogReader::GiveListed(Line line) {
     for (std::string piece; std::getline(pieces, piece, '\r');) {
         if (!HasAlphanumeric(piece) || IsComment(piece))
             continue;
-        m_Entries.push_back({line.number, piece, std::nullopt});
         hasEntry = true;
+        if (TakeDumped(piece, line.number))
+            continue;
+        EndDump();
+        m_Entries.push_back({line.number, piece, std::nullopt});
     }
     ++(hasEntry ? m_Counts.entries : m_Counts.passedOver);
+}
+
+/// False where the line is none of a dump.
+bool LogReader::TakeDumped(const std::string& piece, std::size_t number) {
+    constexpr std::size_t c_digitsInOctet = 2;
+    const std::size_t octets = m_Dump ? m_Dump->text.size() / c_digitsInOctet : 0;
+    if (m_Dump && EndsDump(piece, octets)) {
+        EndDump();
+        return true;
+    }
+    const std::optional<DumpLine> line = ReadDumpLine(piece);
+    if (!line || (line->offset != 0 && line->offset != octets))
+        return false;
+    if (line->offset == 0) {
+        EndDump();
+        m_Dump = LogEntry{number, {}, std::nullopt};
+    }
+    m_Dump->text += line->digits;
+    if (m_Dump->text.size() > LOOK_AHEAD)
+        EndDump();
+    return true;
+}
+
+void LogReader::EndDump() {
+    if (m_Dump)
+        m_Entries.push_back(*std::exchange(m_Dump, std::nullopt));
 }
 
 /// A line that was passed over.
@@ -115,7 +158,9 @@ void LogReader::ReadLogLine(std::string_view printed, std::size_t number) {
     const std::string said = Unprinted(printed);
     for (std::size_t begin = 0; begin <= said.size();) {
         const std::size_t end = std::min(said.find('\n', begin), said.size());
-        ReadSaid(std::string_view(said).substr(begin, end - begin));
+        // What a program prints after a string is none of it: "+CMT: ,24\r\n", 4096) = 14
+        const bool isAfterString = begin > 0 && end > begin && (said[begin] == '"' || said[begin] == '\'');
+        ReadSaid(std::string_view(said).substr(begin, end - begin), isAfterString);
         begin = end + 1;
     }
     if (m_HasEntry) {
@@ -128,7 +173,7 @@ void LogReader::ReadLogLine(std::string_view printed, std::size_t number) {
 }
 
 /// One line of the modem. It may hold several headings, each with its PDU after it.
-void LogReader::ReadSaid(std::string_view said) {
+void LogReader::ReadSaid(std::string_view said, bool isAfterString) {
     std::size_t at = 0;
     while (std::optional<Mark> mark = FindMark(said, at)) {
         ReadBeside(said.substr(at, mark->begin - at), at > 0);
@@ -136,8 +181,8 @@ void LogReader::ReadSaid(std::string_view said) {
         Begin(std::move(*mark), said.substr(0, mark->begin));
     }
     const std::string_view rest = at > 0 ? said.substr(at) : WithoutPrefix(said);
-    if (at > 0)
-        ReadBeside(rest, true);
+    if (at > 0 || isAfterString)
+        ReadBeside(rest, !isAfterString);
     else if (m_Open)
         ReadRest(rest);
     if (EndsAnswer(rest))
@@ -186,14 +231,23 @@ bool LogReader::Gather(std::string_view text, bool isWholeLine) {
     if (digits.empty())
         return false;
     m_HasEntry = true;
-    if (pdu.IsEmpty())
+    if (pdu.IsEmpty()) {
         open.line = m_Number;
+        LearnPrefix(text, digits);
+    }
     pdu.Add(digits);
     open.strangers = 0;
     const bool isTyped = text.find(c_endOfTyping) != std::string_view::npos;
     if (isTyped || pdu.IsFull() || pdu.IsComplete() || (pdu.IsTooLong() && pdu.IsSound()))
         End();
     return true;
+}
+
+/// A modem's own line before the PDU has no prefix where a program writes the time only before some lines.
+void LogReader::LearnPrefix(std::string_view text, std::string_view digits) {
+    const std::size_t begin = text.find(digits);
+    if (m_Prefix.empty() && begin != std::string_view::npos)
+        m_Prefix = text.substr(0, begin);
 }
 
 /// A command that stands in the log twice, as it was sent and as the modem repeats it, is one.

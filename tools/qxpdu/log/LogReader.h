@@ -31,11 +31,13 @@ struct LogCounts {
     std::uint64_t passedOver = 0;  ///< what else modems and programs write
     std::uint64_t strayDigits = 0; ///< of those passed over, nothing but hexadecimal digits
     std::uint64_t strayPdus = 0;   ///< of those, sound PDUs
+    std::uint64_t forgotten = 0; ///< of those passed over, too many to be kept until it showed what they are
 };
 
 /// Takes lines in and gives what stands in them. Where a line of a modem stands in the input, that is a log,
 /// and only what a heading announces is a PDU; otherwise every line is one. Until the first line of a modem
-/// comes, no more than LOOK_AHEAD bytes of lines are kept; then they are a list.
+/// comes, no more than LOOK_AHEAD bytes of lines are kept; then they are a list if a PDU may stand in them,
+/// and forgotten if not.
 class LogReader {
 public:
     static constexpr std::size_t LOOK_AHEAD = 1U << 16;
@@ -73,9 +75,10 @@ private:
     };
 
     void ReadLogLine(std::string_view printed, std::size_t number);
-    void ReadSaid(std::string_view said);
+    void ReadSaid(std::string_view said, bool isAfterString);
     std::string_view WithoutPrefix(std::string_view said) const;
     void ReadRest(std::string_view text);
+    void LearnPrefix(std::string_view text, std::string_view digits);
     void ReadBeside(std::string_view text, bool isAfterHeading);
     bool Gather(std::string_view text, bool isWholeLine);
     void Begin(Mark mark, std::string_view prefix);
@@ -83,12 +86,17 @@ private:
     void End();
     void GiveList();
     void GiveListed(Line line);
+    void Forget();
+    bool TakeDumped(const std::string& piece, std::size_t number);
+    void EndDump();
     void CountStray(std::string_view text);
 
     bool m_IsLog = false;
     bool m_IsList = false;   ///< of so much that no more is kept
     std::deque<Line> m_Held; ///< before it is known whether this is a log
     std::size_t m_HeldBytes = 0;
+    bool m_MayHoldPdu = false;      ///< one of these
+    std::optional<LogEntry> m_Dump; ///< of a list, while its lines come
     std::optional<Open> m_Open;
     std::string m_Prefix;       ///< what a program wrote before the last heading
     std::size_t m_Number = 0;   ///< of the line that is being read

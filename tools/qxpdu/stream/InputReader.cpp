@@ -116,6 +116,12 @@ void InputReader::Note(const LogCounts& counts) {
                                        show::Counted(counts.textModes, "message")),
                            false});
     }
+    if (!m_Log->IsLog() && counts.forgotten > 0) {
+        m_Notes.push_back({source,
+                           fmt::format("{} passed over, before anything like a PDU or the line of a modem",
+                                       show::Counted(counts.forgotten, "line")),
+                           true});
+    }
     if (counts.entries == 0 && counts.textModes == 0 && counts.strayDigits > 0) {
         m_Notes.push_back({source,
                            fmt::format("the log of a modem without a message; {} of hexadecimal digits "

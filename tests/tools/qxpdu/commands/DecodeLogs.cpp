@@ -194,6 +194,25 @@ TEST(QxpduLogs, LogWithoutAMessageInWhichPdusStandIsAnError) {
                        "hexadecimal digits stand in none\n"}));
 }
 
+TEST(QxpduLogs, ListAfterMoreTalkThanIsKeptIsAnError) {
+    const std::string talk = tests::Repeated("gatewayd: started\n", 20000);
+    const Outcome run = Qxpdu({"decode", "--brief"}, talk + c_hello + '\n');
+    EXPECT_EQ(run.status, 1);
+    EXPECT_TRUE(run.out.ends_with("2012-02-13T12:34:56+02:00 from +12345678901 Hello\n")) << run.out;
+    EXPECT_TRUE(run.err.ends_with(" lines passed over, before anything like a PDU or the line of a modem\n"))
+        << run.err.substr(run.err.size() - std::min<std::size_t>(run.err.size(), 200));
+    EXPECT_EQ(Qxpdu({"decode", "--brief"}, talk + "+CMT: ,24\n" + c_hello + '\n'),
+              (Outcome{0, "2012-02-13T12:34:56+02:00 from +12345678901 Hello\n", ""}));
+}
+
+TEST(QxpduLogs, DumpIsReadAsAnArgumentAndAsLines) {
+    const std::string dump = "00000000: 0791 2143 6587 0921 040b 9121 4365 8709  ..!Ce..!...!Ce..\n"
+                             "00000010: f100 0021 2031 2143 6580 05c8 329b fd06  ...! 1!Ce...2...\n";
+    const Outcome hello = {0, "2012-02-13T12:34:56+02:00 from +12345678901 Hello\n", ""};
+    EXPECT_EQ(Qxpdu({"decode", "--brief", dump}), hello);
+    EXPECT_EQ(Qxpdu({"decode", "--brief"}, dump), hello);
+}
+
 TEST(QxpduLogs, PduThatWasTypedAfterThePromptIsRead) {
     const std::string submit = c_submit;
     for (const std::string& line :

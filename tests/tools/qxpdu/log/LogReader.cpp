@@ -248,4 +248,155 @@ TEST(LogReader, MarkOfUtf16BeginsNoDigits) {
         EXPECT_EQ(TextsIn(mark + std::string(c_hello) + '\n'), std::vector<std::string>{c_hello});
 }
 
+std::string Lines(const std::string& line, int count) {
+    std::string lines;
+    while (count-- > 0)
+        lines += line + '\n';
+    return lines;
+}
+
+TEST(LogReader, TalkDecidesNothingWhileItWaits) {
+    for (const char* line : {"2026-11-22 gatewayd: started", "hello", "Linux version 6.1.0", "PDU: 079",
+                             "tpdu 079121436587092", "# 0791", "", "ab gh"}) {
+        LogReader reader;
+        reader.Take(line, 1);
+        reader.Release();
+        EXPECT_FALSE(reader.Next()) << line;
+        reader.Take("+CMT: ,24", 2);
+        reader.Take(c_hello, 3);
+        const auto entry = reader.Next();
+        ASSERT_TRUE(entry) << line;
+        EXPECT_EQ(entry->line, 3U);
+        EXPECT_EQ(reader.Counts().lines, 3U);
+        EXPECT_EQ(reader.Counts().passedOver, 2U) << "the heading too";
+    }
+}
+
+TEST(LogReader, WhatMayBeAPduIsGivenOnRelease) {
+    for (const char* line : {"0", "0G", "07 91", "PDU: 0791", "pdu=07 91", "tpdu 0791214365870921", "b'07'",
+                             "X'07'", "0x07", "079121 x 43", "dead beef"}) {
+        LogReader reader;
+        reader.Take("gatewayd: started", 1);
+        reader.Take(line, 2);
+        reader.Take("gatewayd: sent", 3);
+        reader.Release();
+        for (const std::size_t number : {1U, 2U, 3U}) {
+            const auto entry = reader.Next();
+            ASSERT_TRUE(entry) << line;
+            EXPECT_EQ(entry->line, number) << line;
+        }
+    }
+}
+
+TEST(LogReader, TalkIsAListInTheEnd) {
+    EXPECT_EQ(TextsIn("hello\nagain\n"), (std::vector<std::string>{"hello", "again"}));
+}
+
+TEST(LogReader, LogMayBeginWithTalkOfAnyLength) {
+    const LogOutcome log =
+        ReadLog(Lines("2026-11-22 10:00:00 gatewayd: started", 5000) + "+CMT: ,24\n" + c_hello + '\n');
+    ASSERT_EQ(log.entries.size(), 1U);
+    EXPECT_EQ(log.entries[0].line, 5002U);
+    EXPECT_EQ(log.counts.passedOver, 5001U);
+}
+
+TEST(LogReader, TalkThatWasForgottenIsCounted) {
+    const LogOutcome list = ReadLog(Lines("gatewayd: started", 20000) + c_hello + '\n');
+    EXPECT_EQ(list.entries.back().text, c_hello);
+    EXPECT_GT(list.counts.forgotten, 0U);
+    EXPECT_EQ(list.counts.forgotten, list.counts.passedOver);
+    EXPECT_EQ(list.counts.passedOver + list.counts.entries, 20001U);
+    EXPECT_EQ(ReadLog(Lines("gatewayd: started", 20)).counts.forgotten, 0U);
+}
+
+TEST(LogReader, DumpInAListIsOnePdu) {
+    const std::string first =
+        "00000000  07 91 21 43 65 87 09 21  04 0b 91 21 43 65 87 09  |..!Ce..!...!Ce..|\n";
+    const std::string rest =
+        "00000010  f1 00 00 21 20 31 21 43  65 80 05 c8 32 9b fd 06  |...! 1!Ce...2...|\n";
+    const std::string digits = "0791214365870921040b912143658709f100002120312143658005c8329bfd06";
+    EXPECT_EQ(TextsIn(first + rest), std::vector<std::string>{digits});
+    EXPECT_EQ(TextsIn(first + rest + "00000020\n" + first + rest + "00000020\n"),
+              (std::vector<std::string>{digits, digits}));
+    EXPECT_EQ(TextsIn(first + rest + first + rest), (std::vector<std::string>{digits, digits}));
+    EXPECT_EQ(TextsIn(first + c_hello + '\n' + rest),
+              (std::vector<std::string>{digits.substr(0, 32), c_hello, rest.substr(0, rest.size() - 1)}))
+        << "the second line stands alone";
+    EXPECT_EQ(TextsIn("+CMT: ,24\n" + first + rest), std::vector<std::string>{digits}) << "in a log";
+    LogReader reader;
+    reader.Take(first.substr(0, first.size() - 1), 1);
+    reader.Release();
+    EXPECT_FALSE(reader.Next()) << "half a PDU waits for the rest";
+    reader.Take(rest.substr(0, rest.size() - 1), 2);
+    EXPECT_FALSE(reader.Next());
+    reader.Release();
+    const auto entry = reader.Next();
+    ASSERT_TRUE(entry);
+    EXPECT_EQ(entry->line, 1U);
+    EXPECT_EQ(reader.Counts().entries, 2U);
+}
+
+TEST(LogReader, DumpBeforeALineOfAModemIsGiven) {
+    LogReader reader;
+    reader.Take("00000000  07 91  ..", 1);
+    reader.Release();
+    reader.Take("OK", 2);
+    ASSERT_TRUE(reader.Next());
+}
+
+TEST(LogReader, LinesOfADumpAreKeptUpToABound) {
+    LogReader reader;
+    reader.Take("0", 1);
+    reader.Release();
+    const std::string octets = "00000000  41 41 41 41 41 41 41 41 41 41 41 41 41 41 41 41  AAAAAAAAAAAAAAAA";
+    std::size_t number = 1;
+    for (std::size_t offset = 0; offset <= LogReader::LOOK_AHEAD / 2; offset += 16) {
+        std::string line = octets;
+        for (std::size_t digit = 0, left = offset; digit < 8; ++digit, left /= 16)
+            line[7 - digit] = "0123456789abcdef"[left % 16];
+        reader.Take(line, ++number);
+    }
+    ASSERT_TRUE(reader.Next());
+    ASSERT_TRUE(reader.Next());
+}
+
+TEST(LogReader, TimeBeforeThePiecesOfAPduIsNoneOfIt) {
+    const std::string hello = c_hello;
+    for (const std::string time : {"10:00:0", "2026-11-22 10:00:01.12", "[10:00:0", "1732269600.12345"}) {
+        const std::string end = time[0] == '[' ? "] " : " ";
+        for (const std::size_t size : {58U, 60U, 62U, 20U}) {
+            std::string log = "+CMT: ,24\n";
+            for (std::size_t at = 0; at < hello.size(); at += size)
+                log += time + "1" + end + hello.substr(at, size) + '\n';
+            EXPECT_EQ(TextsIn(log), std::vector<std::string>{c_hello}) << log;
+        }
+    }
+    EXPECT_EQ(
+        TextsIn("+CMT: ,25\n10:00:01 " + hello.substr(0, 58) + "\n10:00:02 " + hello.substr(58) + "\nOK\n"),
+        std::vector<std::string>{c_hello})
+        << "whatever length was announced";
+    EXPECT_EQ(TextsIn("rx: +CMT: ,24\nrx: " + hello.substr(0, 58) + "\n10:00:02 " + hello.substr(58) + '\n'),
+              std::vector<std::string>{c_hello})
+        << "of the fewest words";
+}
+
+TEST(LogReader, CallsThatReadAndWriteAreNoDigits) {
+    const std::string hello = c_hello;
+    EXPECT_EQ(TextsIn("read(5, \"\\r\\n+CMT: ,24\\r\\n\", 4096) = 14\nread(5, \"" + hello +
+                      "\\r\\n\", 4096) = 66\n"),
+              std::vector<std::string>{c_hello});
+    EXPECT_EQ(TextsIn("read(5, \"\\r\\n+CMT: ,24\\r\\n\", 4096) = 14\nread(5, \"" + hello.substr(0, 40) +
+                      "\"..., 4096) = 40\nread(5, \"" + hello.substr(40) + "\\r\\n\", 4096) = 26\n"),
+              std::vector<std::string>{c_hello});
+    EXPECT_EQ(
+        TextsIn("read(5, '\\r\\n+CMT: ,24\\r\\n', 4096) = 14\nread(5, '" + hello + "\\r\\n', 4096) = 66\n"),
+        std::vector<std::string>{c_hello});
+    const LogOutcome sent = ReadLog("write(5, \"AT+CMGS=10\\r\", 11) = 11\nread(5, \"> \", 4096) = 2\n"
+                                    "write(5, \"0001070491214300000161\\32\", 23) = 23\n"
+                                    "read(5, \"\\r\\n+CMGS: 7\\r\\n\\r\\nOK\\r\\n\", 4096) = 20\n");
+    ASSERT_EQ(sent.entries.size(), 2U);
+    EXPECT_EQ(sent.entries[0].text, "0001070491214300000161");
+    EXPECT_EQ(sent.entries[1].heading->sentLine, 3U);
+}
+
 } // namespace
