@@ -52,6 +52,16 @@ std::vector<const CLI::App*> CommandsOf(const CLI::App& command) {
     return command.get_subcommands([](const CLI::App*) { return true; });
 }
 
+/// What is wrong with a word that should name one of these.
+std::string NoneOf(const std::vector<const CLI::App*>& commands, const std::string& word,
+                   const std::string& parent) {
+    std::vector<std::string> names(commands.size());
+    std::transform(commands.begin(), commands.end(), names.begin(),
+                   [](const CLI::App* command) { return command->get_name(); });
+    const std::string nearest = Nearest(word, names);
+    return word + " is no command" + parent + (nearest.empty() ? "" : "; did you mean " + nearest + "?");
+}
+
 /// What is wrong where the first arguments, up to an option, name no command; nothing where they do.
 std::string NoCommandIn(const std::vector<std::string>& arguments, const CLI::App& tool) {
     const CLI::App* command = &tool;
@@ -62,14 +72,8 @@ std::string NoCommandIn(const std::vector<std::string>& arguments, const CLI::Ap
         const auto named = std::find_if(commands.begin(), commands.end(), [&word](const CLI::App* candidate) {
             return candidate->check_name(word);
         });
-        if (named == commands.end()) {
-            std::vector<std::string> names;
-            for (const CLI::App* candidate : commands)
-                names.push_back(candidate->get_name());
-            const std::string nearest = Nearest(word, names);
-            return word + " is no command" + (command == &tool ? "" : " of " + command->get_name()) +
-                   (nearest.empty() ? "" : "; did you mean " + nearest + "?");
-        }
+        if (named == commands.end())
+            return NoneOf(commands, word, command == &tool ? "" : " of " + command->get_name());
         command = *named;
     }
     return {};
