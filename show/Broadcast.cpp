@@ -20,11 +20,6 @@ constexpr std::uint32_t c_messageHead = 7; ///< octets before the first page of 
 constexpr std::uint32_t c_slot = Messages::c_cellPageOctets + 1; ///< of a page with its length
 constexpr std::uint8_t c_cbsMessage = 1;                         ///< message type
 
-bool IsCut(const FieldPlace& place, const Broadcast& broadcast) {
-    const auto& fault = broadcast.reading.fault;
-    return fault && fault->field == place.field && fault->octet == place.octet;
-}
-
 /// What no line is made of: bits between fields, what a page does not use, and what the text is made of.
 bool IsPassedOver(Field field) {
     return field == Field::FillBits || field == Field::PageFilling || field == Field::PageContent;
@@ -60,6 +55,11 @@ bool BroadcastField::IsNumber() const {
     default:
         return false;
     }
+}
+
+bool IsCut(const FieldPlace& place, const Broadcast& broadcast) {
+    const auto& fault = broadcast.reading.fault;
+    return fault && fault->field == place.field && fault->octet == place.octet;
 }
 
 std::vector<BroadcastField> FieldsOf(const Broadcast& broadcast) {

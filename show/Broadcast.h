@@ -35,6 +35,9 @@ struct BroadcastField {
     bool IsNumber() const;
 };
 
+/// Whether the place holds what is there of the field that the reading ends in.
+bool IsCut(const Messages::FieldPlace& place, const Broadcast& broadcast);
+
 /// The fields in the order of their octets.
 std::vector<BroadcastField> FieldsOf(const Broadcast& broadcast);
 

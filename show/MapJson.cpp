@@ -1,6 +1,10 @@
 #include "show/MapJson.h"
 
+#include <optional>
+#include <vector>
+
 #include "Messages/Words.h"
+#include "show/BroadcastJson.h"
 #include "show/MessageJson.h"
 #include "show/OctetMap.h"
 
@@ -16,10 +20,10 @@ void WriteBits(const OctetBits& bits, JsonText& object) {
         object.Member("meaning", bits.meaning);
 }
 
-void WriteRow(const OctetRow& row, const Message& message, JsonText& object) {
+void WriteRow(const OctetRow& row, Messages::OctetView all, JsonText& object) {
     object.Member("offset", row.octet);
     object.Member("length", row.count);
-    const Messages::OctetView octets = message.Octets(row.octet, row.count);
+    const Messages::OctetView octets = all.Sub(row.octet, row.count);
     object.Octets("octets", octets);
     object.Member("field", row.field);
     if (!row.subfield.empty())
@@ -40,6 +44,24 @@ void WriteRow(const OctetRow& row, const Message& message, JsonText& object) {
     });
 }
 
+void WriteRows(const std::vector<OctetRow>& rows, Messages::OctetView octets, JsonText& object) {
+    object.Array("map", [&] {
+        for (const OctetRow& row : rows)
+            object.Element([&] { WriteRow(row, octets, object); });
+    });
+}
+
+/// What stands after the map.
+void WriteFindings(const std::vector<Messages::Remark>& remarks, const std::optional<Messages::Fault>& fault,
+                   const HostReading& host, JsonText& object) {
+    WriteRemarks(remarks, object);
+    if (fault) {
+        object.Member("error", std::string_view(ToText(*fault)));
+        WriteFault(*fault, object);
+    }
+    WriteDifferences(host, fault.has_value(), object);
+}
+
 } // namespace
 
 void WriteMap(const Message& message, const HostReading& host, JsonText& object) {
@@ -47,17 +69,18 @@ void WriteMap(const Message& message, const HostReading& host, JsonText& object)
     if (message.reading.Type() != Messages::TpduType::None)
         object.Member("type", Messages::NameOf(message.reading.Type()));
     WriteDirection(message.reading.direction, object);
-    object.Array("map", [&] {
-        for (const OctetRow& row : MapOctets(message))
-            object.Element([&] { WriteRow(row, message, object); });
-    });
+    WriteRows(MapOctets(message), message.octets, object);
     WriteWarnings(message, object);
-    WriteRemarks(message.reading.remarks, object);
-    if (message.reading.fault) {
-        object.Member("error", std::string_view(ToText(*message.reading.fault)));
-        WriteFault(*message.reading.fault, object);
-    }
-    WriteDifferences(host, message.reading.fault.has_value(), object);
+    WriteFindings(message.reading.remarks, message.reading.fault, host, object);
+}
+
+void WriteMap(const ComparedBroadcast& compared, JsonText& object) {
+    const auto& [broadcast, host] = compared;
+    object.Octets("octets", broadcast.octets);
+    object.Member("type", Messages::NameOf(broadcast.reading.format));
+    WriteRows(MapOctets(broadcast), broadcast.octets, object);
+    WriteWarnings(broadcast, object);
+    WriteFindings(broadcast.reading.remarks, broadcast.reading.fault, host, object);
 }
 
 } // namespace show

@@ -1,6 +1,8 @@
 #include "show/MapText.h"
 
 #include <algorithm>
+#include <optional>
+#include <vector>
 
 #include <fmt/format.h>
 
@@ -35,7 +37,8 @@ std::string Spaced(Messages::OctetView octets) {
 void AppendValue(const OctetRow& row, std::string& line) {
     if (const int* number = std::get_if<int>(&row.value)) {
         const bool isAsItIs = row.isIdentifier || (!row.bits.empty() && !row.isCount);
-        line += isAsItIs ? fmt::format(" 0x{:02X}", *number) : ' ' + std::to_string(*number);
+        line += isAsItIs ? fmt::format(" 0x{:0{}X}", *number, row.count == 2 ? 4 : 2)
+                         : ' ' + std::to_string(*number);
     } else if (const auto* text = std::get_if<std::string>(&row.value)) {
         line += ' ';
         line += Printable(*text);
@@ -56,7 +59,7 @@ void AppendMeaning(std::string_view meaning, std::string& line) {
 /// Writes the rows one below the other. Text is appended piece by piece, as there is a lot of it.
 class MapWriter {
 public:
-    MapWriter(const Message& message, Painter painter) : m_Message(message), m_Painter(painter) {}
+    MapWriter(Messages::OctetView octets, Painter painter) : m_Octets(octets), m_Painter(painter) {}
 
     /// The first octets with the explanation, the others below.
     void Row(const OctetRow& row) {
@@ -80,7 +83,7 @@ public:
 
 private:
     Messages::OctetView OctetsOf(const OctetRow& row, std::uint32_t done) const {
-        return m_Message.Octets(row.octet + done, std::min(row.count - done, c_octetsInLine));
+        return m_Octets.Sub(row.octet + done, std::min(row.count - done, c_octetsInLine));
     }
 
     void BeginLine(std::string_view offset) {
@@ -128,33 +131,46 @@ private:
         m_Lines += '\n';
     }
 
-    const Message& m_Message;
+    Messages::OctetView m_Octets;
     Painter m_Painter;
     std::string m_Lines;
 };
 
-} // namespace
-
-std::string MapText(const Message& message, const HostReading& host, Painter painter) {
-    MapWriter writer(message, painter);
-    std::vector<Messages::Remark> remarks = message.reading.remarks;
+/// Of messages as of what cell broadcast sends.
+std::string WriteMap(const std::vector<OctetRow>& rows, Messages::OctetView octets,
+                     std::vector<Messages::Remark> remarks, const std::optional<Messages::Fault>& fault,
+                     const HostReading& host, Painter painter) {
+    MapWriter writer(octets, painter);
     std::stable_sort(remarks.begin(), remarks.end(),
                      [](const auto& one, const auto& other) { return one.octet < other.octet; });
     auto remark = remarks.begin();
-    for (const OctetRow& row : MapOctets(message)) {
+    for (const OctetRow& row : rows) {
         writer.Row(row);
         for (; remark != remarks.end() && remark->octet < row.octet + row.count; ++remark)
             writer.Remark(Messages::MeaningOf(*remark));
     }
     for (; remark != remarks.end(); ++remark)
         writer.Remark(ToText(*remark));
-    if (message.reading.fault)
-        writer.Remark(ToText(*message.reading.fault));
+    if (fault)
+        writer.Remark(ToText(*fault));
     for (const RecordMember& member : host.members)
         writer.Difference(DifferenceText(member));
-    if (host.isRejected != message.reading.fault.has_value())
+    if (host.isRejected != fault.has_value())
         writer.Difference(host.isRejected ? c_rejectedText : c_acceptedText);
     return writer.Finish();
+}
+
+} // namespace
+
+std::string MapText(const Message& message, const HostReading& host, Painter painter) {
+    return WriteMap(MapOctets(message), message.octets, message.reading.remarks, message.reading.fault, host,
+                    painter);
+}
+
+std::string MapText(const ComparedBroadcast& compared, Painter painter) {
+    const auto& [broadcast, host] = compared;
+    return WriteMap(MapOctets(broadcast), broadcast.octets, broadcast.reading.remarks,
+                    broadcast.reading.fault, host, painter);
 }
 
 } // namespace show

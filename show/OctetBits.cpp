@@ -48,13 +48,22 @@ OctetBits BitsIn(unsigned int octet, std::uint8_t mask, std::string_view name, s
     return {mask, name, (octet & mask) >> std::countr_zero(mask), meaning};
 }
 
+OctetBits WideBitsIn(unsigned int number, std::uint16_t mask, std::string_view name,
+                     std::string_view meaning) {
+    return {mask, name, (number & mask) >> std::countr_zero(mask), meaning, true};
+}
+
 std::string BitPattern(const OctetBits& bits) {
-    const unsigned int octet = bits.value << std::countr_zero(bits.mask);
-    std::string pattern = ".... ....";
-    for (unsigned int bit = 0; bit < 8; ++bit) {
-        const unsigned int mask = 0x80U >> bit;
-        if ((bits.mask & mask) != 0)
-            pattern[bit + bit / 4] = (octet & mask) == 0 ? '0' : '1';
+    const unsigned int number = bits.value << std::countr_zero(bits.mask);
+    const unsigned int width = bits.isWide ? 16 : 8;
+    std::string pattern;
+    for (unsigned int mask = 1U << (width - 1); mask != 0; mask >>= 1) {
+        if (!pattern.empty() && std::countr_zero(mask) % 4 == 3)
+            pattern += ' ';
+        if ((bits.mask & mask) == 0)
+            pattern += '.';
+        else
+            pattern += (number & mask) == 0 ? '0' : '1';
     }
     return pattern;
 }
@@ -164,6 +173,61 @@ std::vector<OctetBits> ColourBits(unsigned int octet) {
 std::vector<OctetBits> ObjectDistributionBits(unsigned int octet) {
     return {BitsIn(octet, 0xFE, "reserved", ""),
             BitsIn(octet, 0x01, "forwarding", (octet & 0x01) != 0 ? "forbidden" : "allowed")};
+}
+
+std::vector<OctetBits> SerialNumberBits(Messages::SerialNumber serial, std::uint16_t messageIdentifier) {
+    constexpr std::array<std::string_view, 4> c_requests = {"", "popup", "emergency user alert",
+                                                            "emergency user alert, popup"};
+    const unsigned int requests = (Messages::HasEmergencyAlert(serial, messageIdentifier) ? 2U : 0U) |
+                                  (Messages::HasPopup(serial, messageIdentifier) ? 1U : 0U);
+    return {WideBitsIn(serial.value, 0xC000, "scope", ""),
+            WideBitsIn(serial.value, 0x3FF0, "message code", c_requests.at(requests)),
+            WideBitsIn(serial.value, 0x000F, "update number", "")};
+}
+
+std::vector<OctetBits> CellCodingBits(const Messages::CellCoding& coding) {
+    using Messages::CellCodingGroup;
+    const unsigned int dcs = coding.value;
+    const std::string_view alphabet = Messages::NameOf(coding.alphabet);
+    switch (coding.group) {
+    case CellCodingGroup::Language:
+        return {BitsIn(dcs, 0xF0, "group", "language"),
+                BitsIn(dcs, 0x0F, "language", Messages::NameOfCellLanguage(coding.language))};
+    case CellCodingGroup::LanguageInText:
+        return {BitsIn(dcs, 0xF0, "group", "language before the text"),
+                BitsIn(dcs, 0x0F, "alphabet", alphabet)};
+    case CellCodingGroup::General:
+        return {BitsIn(dcs, 0xC0, "group", "general data coding"),
+                BitsIn(dcs, 0x20, "compression", coding.isCompressed ? "compressed" : "none"),
+                BitsIn(dcs, 0x10, "class", coding.messageClass ? "in the two lowest bits" : "none"),
+                BitsIn(dcs, 0x0C, "alphabet", alphabet),
+                BitsIn(dcs, 0x03, coding.messageClass ? "class" : "without meaning", "")};
+    case CellCodingGroup::UserDataHeader:
+        return {BitsIn(dcs, 0xF0, "group", "user-data header"), BitsIn(dcs, 0x0C, "alphabet", alphabet),
+                BitsIn(dcs, 0x03, "class", "")};
+    case CellCodingGroup::I1Protocol:
+        return {BitsIn(dcs, 0xF0, "group", "I1 protocol message"), BitsIn(dcs, 0x0F, "value", "")};
+    case CellCodingGroup::Wap:
+        return {BitsIn(dcs, 0xF0, "group", "laid down by the WAP Forum"), BitsIn(dcs, 0x0F, "value", "")};
+    case CellCodingGroup::DataCodingAndClass:
+        return {BitsIn(dcs, 0xF0, "group", "data coding, message class"), BitsIn(dcs, 0x08, "reserved", ""),
+                BitsIn(dcs, 0x04, "alphabet", alphabet), BitsIn(dcs, 0x03, "class", "")};
+    case CellCodingGroup::Reserved:
+        break;
+    }
+    return {BitsIn(dcs, 0xF0, "group", "reserved"), BitsIn(dcs, 0x0F, "reserved", "")};
+}
+
+std::vector<OctetBits> PageParameterBits(unsigned int octet) {
+    return {BitsIn(octet, 0xF0, "page", ""), BitsIn(octet, 0x0F, "pages", "")};
+}
+
+std::vector<OctetBits> WarningTypeBits(const Messages::EtwsWarning& warning) {
+    return {
+        WideBitsIn(warning.value, 0xFE00, "type", Messages::NameOfWarningType(warning.type)),
+        WideBitsIn(warning.value, 0x0100, "emergency user alert", warning.hasEmergencyAlert ? "on" : "off"),
+        WideBitsIn(warning.value, 0x0080, "popup", warning.hasPopup ? "on" : "off"),
+        WideBitsIn(warning.value, 0x007F, "filling", "")};
 }
 
 } // namespace show

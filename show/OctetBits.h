@@ -7,20 +7,26 @@
 #include <string_view>
 #include <vector>
 
+#include "Messages/Cell.h"
 #include "Messages/DataCoding.h"
 
 namespace show {
 
-/// Some bits of an octet; those of one octet stand from the highest to the lowest.
+/// Some bits of an octet, or of two; those of one stand from the highest to the lowest.
 struct OctetBits {
-    std::uint8_t mask;
+    std::uint16_t mask;
     std::string_view name;
     unsigned int value;
     std::string_view meaning; ///< may be empty
+    bool isWide = false;      ///< of a number of two octets
 };
 
 /// The bits of a mask.
 OctetBits BitsIn(unsigned int octet, std::uint8_t mask, std::string_view name, std::string_view meaning);
+
+/// The same of a number of two octets.
+OctetBits WideBitsIn(unsigned int number, std::uint16_t mask, std::string_view name,
+                     std::string_view meaning);
 
 /// The bits with their values, the others as points: ".001 ....".
 std::string BitPattern(const OctetBits& bits);
@@ -37,6 +43,12 @@ std::vector<OctetBits> ServiceCentreControlBits(unsigned int octet);
 std::vector<OctetBits> TextFormattingBits(unsigned int octet);
 std::vector<OctetBits> ColourBits(unsigned int octet);
 std::vector<OctetBits> ObjectDistributionBits(unsigned int octet);
+
+/// Of cell broadcast.
+std::vector<OctetBits> SerialNumberBits(Messages::SerialNumber serial, std::uint16_t messageIdentifier);
+std::vector<OctetBits> CellCodingBits(const Messages::CellCoding& coding);
+std::vector<OctetBits> PageParameterBits(unsigned int octet);
+std::vector<OctetBits> WarningTypeBits(const Messages::EtwsWarning& warning);
 
 } // namespace show
 

@@ -2,14 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <optional>
 
 #include <fmt/format.h>
 
 #include "Messages/Words.h"
+#include "show/OctetRows.h"
 #include "show/Plural.h"
-#include "show/Subfields.h"
 #include "show/Values.h"
 
 namespace show {
@@ -18,65 +17,12 @@ namespace {
 
 using Messages::Field;
 using Messages::FieldPlace;
-using Messages::OctetView;
 using Messages::Piece;
-using Messages::Timestamp;
 
-constexpr unsigned int c_septetBits = 7;
-constexpr std::uint32_t c_septetRow = 7; ///< octets that hold eight septets
-constexpr std::uint32_t c_octetRow = 8;
-
-/// By the first octet of the unit.
-bool IsHighSurrogate(std::uint8_t octet) {
-    return (octet & 0xFC) == 0xD8;
-}
-
-bool IsLowSurrogate(std::uint8_t octet) {
-    return (octet & 0xFC) == 0xDC;
-}
-
-/// The text of the septets from one row to the next. A row never ends between an escape and its code.
-class SeptetText {
+class Mapper : OctetRows {
 public:
-    SeptetText(const Messages::UserData& userData)
-        : m_Tables(userData.tables), m_FillBits(userData.fillBits), m_Septets(userData.textUnits) {
-        m_Septets.resize(
-            Messages::UnpackSeptets(userData.Content(), m_FillBits, m_Septets.size(), m_Septets.data()));
-    }
-
-    /// The text of the septets that end within the first so many octets, and that no row has had before.
-    std::string UpTo(std::uint32_t octets) {
-        const std::size_t whole = (8 * std::size_t{octets} - m_FillBits) / c_septetBits;
-        std::size_t end = std::min(std::max(whole, m_Begin), m_Septets.size());
-        if (end < m_Septets.size() && EndsInEscape(end))
-            --end;
-        std::string text;
-        const OctetView septets(m_Septets);
-        Messages::AppendSeptetText(septets.Sub(m_Begin, end - m_Begin), m_Tables, text);
-        m_Begin = end;
-        return text;
-    }
-
-private:
-    /// A pair of escapes is a space and ends.
-    bool EndsInEscape(std::size_t end) const {
-        std::size_t escapes = 0;
-        while (end - escapes > m_Begin && m_Septets[end - escapes - 1] == Messages::c_escapeSeptet)
-            ++escapes;
-        return escapes % 2 != 0;
-    }
-
-    Messages::SeptetTables m_Tables;
-    unsigned int m_FillBits;
-    std::vector<std::uint8_t> m_Septets;
-    std::size_t m_Begin = 0;
-};
-
-class Mapper {
-public:
-    explicit Mapper(const Message& message) : m_Message(message) {
-        m_Rows.reserve(2 * message.reading.places.size());
-    }
+    explicit Mapper(const Message& message)
+        : OctetRows(message.octets, message.reading.places.size()), m_Message(message) {}
 
     std::vector<OctetRow> Map() {
         for (const FieldPlace& place : m_Message.reading.places) {
@@ -85,46 +31,24 @@ public:
             MapPlace(place);
             m_Mapped = place.field;
         }
-        AddRest();
+        AddRest(m_Message.reading.fault);
         return std::move(m_Rows);
     }
 
 private:
-    std::uint32_t End() const { return m_Rows.empty() ? 0 : m_Rows.back().octet + m_Rows.back().count; }
-    std::uint8_t Next() const { return m_Message.octets[End()]; }
     const Messages::Tpdu& Tpdu() const { return m_Message.reading.tpdu; }
-
-    /// The next octets of a field.
-    OctetRow& Add(Field field, std::uint32_t count, std::string_view subfield = {}) {
-        m_Rows.push_back({End(), count, ShownNameOf(field), subfield});
-        return m_Rows.back();
-    }
-    OctetRow& AddNumber(Field field, std::string_view subfield = {}) {
-        const int number = Next();
-        OctetRow& row = Add(field, 1, subfield);
-        row.value = number;
-        return row;
-    }
 
     void MapPlace(const FieldPlace& place);
     void AddFlag(const FieldPlace& place);
     void AddAddress(const FieldPlace& place);
     const Messages::Address* AddressOf(Field field) const;
-    void AddTime(Field field, const Timestamp& time);
     void AddValidity(const FieldPlace& place);
     void AddParameterIndicator(const FieldPlace& place);
-    void AddElement(const FieldPlace& place);
-    void AddContent(const FieldPlace& place);
     void AddUserData(const FieldPlace& place);
-    void AddSeptets(const Messages::UserData& userData);
-    void AddUnits(const FieldPlace& place);
     void AddData(const FieldPlace& place);
     void AddOctet(const FieldPlace& place);
-    void AddRest();
 
     const Message& m_Message;
-    std::vector<OctetRow> m_Rows;
-    std::uint8_t m_Element = 0;                   ///< identifier of the last one
     std::optional<Field> m_Mapped = std::nullopt; ///< the last one
 };
 
@@ -203,32 +127,6 @@ void Mapper::AddAddress(const FieldPlace& place) {
     }
 }
 
-void Mapper::AddTime(Field field, const Timestamp& time) {
-    const std::array<std::pair<std::string_view, int>, 6> subfields = {{{"year", time.year},
-                                                                        {"month", time.month},
-                                                                        {"day", time.day},
-                                                                        {"hour", time.hour},
-                                                                        {"minute", time.minute},
-                                                                        {"second", time.second}}};
-    const std::size_t first = m_Rows.size();
-    for (const auto& [subfield, value] : subfields) {
-        OctetRow& row = Add(field, 1, subfield);
-        if (time.isValid)
-            row.value = value;
-    }
-    const std::uint8_t zone = Next();
-    OctetRow& row = Add(field, 1, "time zone");
-    row.bits = ZoneBits(zone);
-    row.isCount = true;
-    m_Rows[first].meaning = time.isValid ? time.ToString() : "no time";
-    if (!time.isValid)
-        return;
-    const int quarters = time.quarters;
-    row.value = quarters;
-    row.meaning = fmt::format("quarter hours, {}{:02}:{:02}", quarters < 0 ? '-' : '+',
-                              std::abs(quarters) / 4, std::abs(quarters) % 4 * 15);
-}
-
 void Mapper::AddValidity(const FieldPlace& place) {
     const Messages::Validity& validity = std::get<Messages::Submit>(Tpdu()).validity;
     switch (validity.format) {
@@ -262,36 +160,6 @@ void Mapper::AddParameterIndicator(const FieldPlace& place) {
     m_Rows.back().bits = ParameterIndicatorBits(m_Message.octets[place.octet]);
 }
 
-void Mapper::AddElement(const FieldPlace& place) {
-    if (place.piece == Piece::Identifier) {
-        m_Element = m_Message.octets[place.octet];
-        OctetRow& row = AddNumber(place.field, "element");
-        row.meaning = Messages::NameOfElement(m_Element);
-        row.isIdentifier = true;
-    } else if (place.piece == Piece::Length) {
-        OctetRow& row = AddNumber(place.field, "element length");
-        row.meaning = Counted(m_Message.octets[place.octet], "octet");
-    } else {
-        AddContent(place);
-    }
-}
-
-void Mapper::AddContent(const FieldPlace& place) {
-    const OctetView data = m_Message.Octets(place.octet, place.count);
-    const Messages::HeaderElement element{m_Element, static_cast<std::uint8_t>(place.count), 0};
-    const Subfields subfields = SubfieldsOf(element, data);
-    for (const Subfield& subfield : subfields) {
-        OctetRow& row = Add(place.field, subfield.octets, subfield.name);
-        row.value = static_cast<int>(subfield.value);
-        row.meaning = subfield.meaning;
-        row.bits = subfield.bits;
-    }
-    if (!subfields.empty())
-        return;
-    OctetRow& row = Add(place.field, place.count, "data");
-    row.meaning = MeaningOf(element, data);
-}
-
 void Mapper::AddUserData(const FieldPlace& place) {
     const Messages::UserData* const userData = Messages::UserDataOf(Tpdu());
     const Messages::DataCoding* const coding = Messages::CodingOf(Tpdu());
@@ -299,52 +167,19 @@ void Mapper::AddUserData(const FieldPlace& place) {
     if (userData == nullptr || IsData(Tpdu()))
         return AddData(place);
     if ((coding != nullptr ? *coding : assumed).alphabet == Messages::Alphabet::Ucs2)
-        AddUnits(place);
+        AddUnits(place.field, place.octet + place.count);
     else
-        AddSeptets(*userData);
-}
-
-/// A row of septets ends where septets and octets end together.
-void Mapper::AddSeptets(const Messages::UserData& userData) {
-    const std::uint32_t begin = End();
-    const std::uint32_t end = begin + static_cast<std::uint32_t>(userData.Content().size());
-    SeptetText text(userData);
-    std::uint32_t rowEnd = begin + (userData.fillBits == 0 ? c_septetRow : userData.fillBits);
-    for (; End() < end; rowEnd += c_septetRow) {
-        OctetRow& row = Add(Field::UserData, std::min(rowEnd, end) - End());
-        row.value = QuotedText{text.UpTo(row.octet + row.count - begin)};
-    }
-    if (userData.fillBits == 0 || End() == begin)
-        return;
-    const auto first = std::find_if(m_Rows.begin(), m_Rows.end(),
-                                    [begin](const OctetRow& row) { return row.octet == begin; });
-    const auto fill = static_cast<std::uint8_t>((1U << userData.fillBits) - 1);
-    const std::uint8_t octet = m_Message.octets[begin];
-    first->bits = {BitsIn(octet, static_cast<std::uint8_t>(~fill), "septets", ""),
-                   BitsIn(octet, fill, "fill bits", "")};
-}
-
-/// A character above U+FFFF stays in one row.
-void Mapper::AddUnits(const FieldPlace& place) {
-    const std::uint32_t end = place.octet + place.count;
-    while (End() < end) {
-        std::uint32_t rowEnd = std::min(end, End() + c_octetRow);
-        const bool cutsPair = rowEnd + 2 <= end && rowEnd - End() >= 2 &&
-                              IsHighSurrogate(m_Message.octets[rowEnd - 2]) &&
-                              IsLowSurrogate(m_Message.octets[rowEnd]);
-        rowEnd += cutsPair ? 2 : 0;
-        OctetRow& row = Add(place.field, rowEnd - End());
-        QuotedText text;
-        Messages::AppendUcs2Text(m_Message.Octets(row.octet, row.count), text.text);
-        row.value = std::move(text);
-    }
+        AddSeptets(place.field == Field::FillBits ? Field::UserData : place.field,
+                   {userData->Content(), userData->tables, userData->fillBits, userData->textUnits},
+                   static_cast<std::uint32_t>(userData->Content().size()));
 }
 
 void Mapper::AddData(const FieldPlace& place) {
     const std::uint32_t end = place.octet + place.count;
+    constexpr std::uint32_t c_dataRow = 8;
     const bool isWhole = place.field != Field::UserData && place.field != Field::CommandData;
     while (End() < end) {
-        OctetRow& row = Add(place.field, isWhole ? end - End() : std::min(end - End(), c_octetRow));
+        OctetRow& row = Add(place.field, isWhole ? end - End() : std::min(end - End(), c_dataRow));
         row.meaning = isWhole ? std::string(Messages::DescriptionOf(place.field))
                               : DataText(m_Message.Octets(row.octet, row.count));
     }
@@ -373,17 +208,6 @@ void Mapper::AddOctet(const FieldPlace& place) {
         break;
     }
     row.meaning = MeaningOf(field, m_Message);
-}
-
-/// What the fault ends the reading before.
-void Mapper::AddRest() {
-    const auto length = static_cast<std::uint32_t>(m_Message.octets.size());
-    if (End() >= length)
-        return;
-    OctetRow& row = Add(Field::Surplus, length - End());
-    row.meaning = "not read";
-    if (m_Message.reading.fault)
-        row.field = ShownNameOf(m_Message.reading.fault->field);
 }
 
 } // namespace

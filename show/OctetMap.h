@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "show/Broadcast.h"
 #include "show/Message.h"
 #include "show/OctetRow.h"
 
@@ -11,6 +12,9 @@ namespace show {
 
 /// The rows of a message, sound or broken; they hold all of its octets.
 std::vector<OctetRow> MapOctets(const Message& message);
+
+/// The same of what cell broadcast sends.
+std::vector<OctetRow> MapOctets(const Broadcast& broadcast);
 
 } // namespace show
 

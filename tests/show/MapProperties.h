@@ -20,11 +20,13 @@ inline bool HasEveryOctetOnce(const std::vector<show::OctetRow>& rows, std::size
     return end == octets;
 }
 
-/// The entries of an octet of bits are those bits, from the highest to the lowest, each at most once; and
-/// each exactly once where `isWhole`.
+/// The entries of an octet of bits, or of a number of two octets, are those bits, from the highest to the
+/// lowest, each at most once; and each exactly once where `isWhole`.
 inline bool HasEveryBitOnce(const show::OctetRow& row, unsigned int octet, bool isWhole) {
     unsigned int covered = 0;
-    unsigned int above = 0x100;
+    const bool isWide = !row.bits.empty() && row.bits.front().isWide;
+    const unsigned int above0 = isWide ? 0x10000 : 0x100;
+    unsigned int above = above0;
     for (const show::OctetBits& bits : row.bits) {
         const unsigned int value = bits.value << std::countr_zero(bits.mask);
         if (bits.mask >= above || value != (octet & bits.mask))
@@ -32,7 +34,7 @@ inline bool HasEveryBitOnce(const show::OctetRow& row, unsigned int octet, bool 
         covered |= bits.mask;
         above = 1U << std::countr_zero(bits.mask);
     }
-    return row.bits.empty() || !isWhole || covered == 0xFF;
+    return row.bits.empty() || !isWhole || covered == above0 - 1;
 }
 
 /// The texts of all rows, one after the other.

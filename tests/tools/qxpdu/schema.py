@@ -49,7 +49,7 @@ CASES = [
     (["decode", "--join"], LIST, 12),
     (["decode", "--file", LOG_FILE.name], "", 10),
     (["decode", "--join", "--file", LOG_FILE.name], "", 9),
-    (["inspect", "--file", LOG_FILE.name], "", 8),
+    (["inspect", "--file", LOG_FILE.name], "", 10),
     (["cell", "--file", LOG_FILE.name], "", 3),
     (["cell", "--join", "--file", LOG_FILE.name], "", 3),
     (["decode", "--join"], CELL_LOG, 2),
@@ -59,6 +59,8 @@ CASES = [
     (["decode", "--join"], UPPER, 1),
     (["inspect"], "\n".join(KINDS), len(KINDS)),
     (["inspect", "--as", "libQX_Encoding"], HELLO + "\n0002", 2),
+    (["inspect", "--cell"], "\n".join(CELL_KINDS + ["43"]), len(CELL_KINDS) + 1),
+    (["inspect", "--cell", "--as", "libQX_Encoding"], PAGE, 1),
     (["count", "--lines"], "\n".join(["a€", "ж", "α’", "…" * 17085, "a" * 152 + "€" * 5, "ж" * 66 + "😀" * 3, "\t",
                                       "a" * 39016]), 8),
     (["count", "--lines", "--greek"], "α’", 1),
@@ -83,7 +85,7 @@ def schema_of(command):
     with open(f"{FOLDER}/{command}.schema.json", encoding="utf-8") as file:
         schema = json.load(file)
     jsonschema.Draft202012Validator.check_schema(schema)
-    if command == "decode":  # the pages of a log are in the other file
+    if command in ("decode", "inspect"):  # the pages of a log are in the other file
         schema["$defs"]["cell"] = {"$id": "cell.schema.json", **schema_of("cell").schema}
     return jsonschema.Draft202012Validator(schema)
 

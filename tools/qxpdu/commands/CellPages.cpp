@@ -83,6 +83,12 @@ show::Broadcast ReadBroadcast(Messages::CellFormat format, const Input& input, C
     return broadcast;
 }
 
+show::ComparedBroadcast ReadCompared(Messages::CellFormat format, const Input& input, Console& console) {
+    show::Broadcast broadcast = ReadBroadcast(format, input, console);
+    show::HostReading host = show::CompareWithHost(broadcast);
+    return {std::move(broadcast), std::move(host)};
+}
+
 void WarnOfText(const CellSettings& settings, const show::Broadcast& broadcast, const Input& input,
                 Console& console) {
     const bool isPart = settings.join && IsPart(broadcast);
@@ -106,10 +112,8 @@ Afterwards CellPages::Convert(const Input& input, Console& console) {
         ShowHostPage(input, warning, console);
         return {};
     }
-    show::Broadcast broadcast = ReadBroadcast(m_Settings.format, input, console);
-    show::HostReading host = show::CompareWithHost(broadcast);
-    const auto compared = std::make_shared<const show::ComparedBroadcast>(
-        show::ComparedBroadcast{std::move(broadcast), std::move(host)});
+    const auto compared =
+        std::make_shared<const show::ComparedBroadcast>(ReadCompared(m_Settings.format, input, console));
     if (compared->broadcast.reading.fault) {
         ShowFault(input, *compared, console);
         return {};

@@ -27,6 +27,7 @@ struct CellSettings {
 
 /// Reads pages, messages and notifications. What had to be assumed is warned of; in JSON Lines the object
 /// says so. Throws InputError where it is no hexadecimal text.
+show::ComparedBroadcast ReadCompared(Messages::CellFormat format, const Input& input, Console& console);
 show::Broadcast ReadBroadcast(Messages::CellFormat format, const Input& input, Console& console);
 
 /// Of what concerns the text: warnings, or an InputError where the user is strict. In JSON Lines the remarks

@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include "commands/CellPages.h"
 #include "commands/Commands.h"
 #include "commands/Reading.h"
 #include "show/MapJson.h"
@@ -16,14 +17,53 @@ namespace {
 
 struct InspectOptions : ReadingOptions {
     std::string color = "auto";
+    bool isCell = false;
+    Messages::CellFormat format = Messages::CellFormat::Unknown;
+
+    bool IsPage(const Input& input) const {
+        return isCell || format != Messages::CellFormat::Unknown ||
+               (input.heading && input.heading->kind == Heading::Kind::Page);
+    }
 };
+
+/// Both in the map; here it makes the exit status.
+void TellFault(const std::optional<Messages::Fault>& fault, const Input& input, Console& console) {
+    if (!fault)
+        return;
+    if (console.WantsJsonLines())
+        console.Failed(); // the object says why
+    else
+        console.Error(NameOf(input), show::ToText(*fault));
+}
+
+void InspectPage(const InspectOptions& options, const Input& input, const show::Painter& painter,
+                 Console& console) {
+    CellSettings settings;
+    settings.asHost = options.asHost;
+    settings.isStrict = options.isStrict;
+    if (options.asHost) {
+        CellPages(settings).Convert(input, console);
+        return;
+    }
+    const show::ComparedBroadcast compared = ReadCompared(options.format, input, console);
+    WarnOfText(settings, compared.broadcast, input, console);
+    if (console.WantsJson()) {
+        show::JsonText object;
+        Begin(object, input);
+        show::WriteMap(compared, object);
+        console.Object(object);
+    } else {
+        console.Block(show::MapText(compared, painter));
+    }
+    TellFault(compared.broadcast.reading.fault, input, console);
+}
 
 void Inspect(const InspectOptions& options, const Input& input, const show::Painter& painter,
              Console& console) {
     if (input.heading && input.heading->kind == Heading::Kind::Reference)
         return;
-    if (input.heading && input.heading->kind == Heading::Kind::Page)
-        return console.Warning(NameOf(input), "a cell broadcast page, which qxpdu cell shows");
+    if (options.IsPage(input))
+        return InspectPage(options, input, painter, console);
     const std::optional<show::Message> read = ReadMessage(options, input, console);
     if (!read)
         return;
@@ -40,12 +80,7 @@ void Inspect(const InspectOptions& options, const Input& input, const show::Pain
     } else {
         console.Block(show::MapText(message, host, painter));
     }
-    if (!message.reading.fault)
-        return;
-    if (console.WantsJsonLines())
-        console.Failed(); // the object says why
-    else
-        console.Error(NameOf(input), show::ToText(*message.reading.fault));
+    TellFault(message.reading.fault, input, console);
 }
 
 std::string FaultOfColor(const std::string& when) {
@@ -72,6 +107,9 @@ void AddInspect(CLI::App& parent, Action& action) {
     AddConversion(*command, *options, "PDU",
                   "PDUs in hexadecimal, sound or broken; without any, one a line from standard input");
     AddReading(*command, *options);
+    command->add_flag("--cell", options->isCell,
+                      "The inputs are pages, messages or notifications of cell broadcast");
+    AddCellFormat(*command, options->format);
     command
         ->add_option(
             "--color", options->color,
@@ -87,6 +125,8 @@ void AddInspect(CLI::App& parent, Action& action) {
         "program gets from libQX_Encoding instead. A broken PDU is shown as far as it goes. With --json an\n"
         "object for each PDU, with \"map\", an object for each row, \"remarks\" and \"libQX_Encoding\", and\n"
         "\"error\" and \"fault\" where it is broken.\n"
+        "\n"
+        "Pages of a log are known by their heading, others by --cell, or by --type, which says more.\n"
         "\n"
         "Example:\n"
         "  qxpdu inspect 0791214365870921040B912143658709F100002120312143658005C8329BFD06");

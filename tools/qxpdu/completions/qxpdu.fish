@@ -39,7 +39,7 @@ complete -c qxpdu -n '__fish_seen_subcommand_from encode count explain; and not 
     -l lines -d 'Each line is a text of its own'
 complete -c qxpdu -n '__fish_seen_subcommand_from encode count explain gsm' -l greek -d 'Send Greek letters as capitals'
 
-complete -c qxpdu -n '__fish_seen_subcommand_from cell' -l type -x -a 'gsm umts etws' -d 'What the octets are'
+complete -c qxpdu -n '__fish_seen_subcommand_from cell inspect' -l type -x -a 'gsm umts etws' -d 'What the octets are'
 set -l decode '__fish_seen_subcommand_from decode cell; and not __fish_seen_subcommand_from ucs2 gsm'
 complete -c qxpdu -n '__fish_seen_subcommand_from decode inspect; and not __fish_seen_subcommand_from ucs2 gsm' -l no-smsc -d 'The PDUs begin with the TPDU'
 complete -c qxpdu -n '__fish_seen_subcommand_from decode inspect; and not __fish_seen_subcommand_from ucs2 gsm' -l direction -x -a 'to-mobile from-mobile' -d 'Which way the PDUs go'
@@ -53,6 +53,7 @@ complete -c qxpdu -n $decode -l columns -x -d 'A table with these columns' -a 'a
 complete -c qxpdu -n $decode -l input-column -x -d 'The PDU is column N of a row'
 complete -c qxpdu -n $decode -l no-heading -d 'The table has no heading'
 
+complete -c qxpdu -n '__fish_seen_subcommand_from inspect' -l cell -d 'The inputs are of cell broadcast'
 complete -c qxpdu -n '__fish_seen_subcommand_from inspect' -l color -x -a 'auto always never' -d 'Colours per field'
 
 complete -c qxpdu -n '__fish_seen_subcommand_from text' -l alphabet -x -a '0 2' -d 'Alphabet of the texts'

@@ -129,12 +129,13 @@ TEST(QxpduLogs, ReferenceThatTheModemGaveFindsTheReport) {
     EXPECT_TRUE(tests::HasLine(Qxpdu({"decode", "--join"}, log).out, "report on line 2"));
 }
 
-TEST(QxpduLogs, InspectPassesPagesOverWithAWarning) {
+TEST(QxpduLogs, InspectShowsPagesAmongMessages) {
     const Outcome run = Qxpdu({"inspect", "--jsonl"},
                               std::string("+CBM: 11\n") + c_cellPage + "\n+CMT: ,24\n" + c_hello + '\n');
-    EXPECT_EQ(run.err, "qxpdu: line 2: warning: a cell broadcast page, which qxpdu cell shows\n");
-    ASSERT_EQ(JsonLines(run.out).size(), 1U);
-    EXPECT_EQ(JsonLines(run.out)[0]["line"], 4);
+    EXPECT_EQ(run.err, "");
+    ASSERT_EQ(JsonLines(run.out).size(), 2U);
+    EXPECT_EQ(JsonLines(run.out)[0]["type"], "GSM page");
+    EXPECT_EQ(JsonLines(run.out)[1]["line"], 4);
 }
 
 TEST(QxpduLogs, ModemMaySpeakUnaskedBetweenAHeadingAndItsPdu) {
