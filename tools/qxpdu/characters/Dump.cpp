@@ -107,7 +107,7 @@ std::optional<std::string> ReadDump(std::string_view text) {
         const std::size_t octets = digits.size() / c_digitsInOctet;
         if (const std::optional<DumpLine> read = ReadDumpLine(line); read && read->offset == octets)
             digits += read->digits;
-        else if (octets == 0 || !EndsDump(line, octets) || !text.empty())
+        else if (!EndsDump(line, octets) || !text.empty())
             return std::nullopt;
     }
     return digits.empty() ? std::nullopt : std::optional(std::move(digits));

@@ -239,9 +239,7 @@ std::string DigitsIn(std::string_view text, Beside beside, const AwaitedPdu& pdu
     const std::vector<Word> words = WordsOf(text);
     if (words.empty())
         return {};
-    constexpr std::size_t c_digitsInOctet = 2;
-    if (std::optional<DumpLine> dumped = ReadDumpLine(text);
-        dumped && dumped->offset == pdu.Digits().size() / c_digitsInOctet)
+    if (std::optional<DumpLine> dumped = ReadDumpLine(text))
         return std::move(dumped->digits);
     std::string plain = PlainDigits(text, words);
     const bool isLine = beside == Beside::Nothing && !plain.empty();

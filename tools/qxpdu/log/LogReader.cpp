@@ -159,7 +159,7 @@ void LogReader::ReadLogLine(std::string_view printed, std::size_t number) {
     for (std::size_t begin = 0; begin <= said.size();) {
         const std::size_t end = std::min(said.find('\n', begin), said.size());
         // What a program prints after a string is none of it: "+CMT: ,24\r\n", 4096) = 14
-        const bool isAfterString = begin > 0 && end > begin && (said[begin] == '"' || said[begin] == '\'');
+        const bool isAfterString = begin > 0 && (said[begin] == '"' || said[begin] == '\'');
         ReadSaid(std::string_view(said).substr(begin, end - begin), isAfterString);
         begin = end + 1;
     }

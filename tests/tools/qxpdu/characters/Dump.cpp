@@ -64,6 +64,19 @@ TEST(Dump, NothingElseIsTakenForALine) {
     }
 }
 
+TEST(Dump, LineHasUpTo64Octets) {
+    const auto lineOf = [](std::size_t octets) {
+        std::string line = "00000000: ";
+        for (std::size_t i = 0; i < octets; ++i)
+            line += "41 ";
+        return line + ' ' + std::string(octets, 'A');
+    };
+    const auto longest = ReadDumpLine(lineOf(64));
+    ASSERT_TRUE(longest);
+    EXPECT_EQ(longest->digits.size(), 128U);
+    EXPECT_FALSE(ReadDumpLine(lineOf(65)));
+}
+
 TEST(Dump, LinesFollowEachOther) {
     const std::string first =
         "00000000  41 42 43 44 45 46 47 48  49 4a 4b 4c 4d 4e 4f 50  |ABCDEFGHIJKLMNOP|\n";

@@ -288,6 +288,14 @@ TEST(LogReader, WhatMayBeAPduIsGivenOnRelease) {
     }
 }
 
+TEST(LogReader, CommentsDecideNothingWhileTheyWait) {
+    LogReader reader;
+    reader.Take("# 0791", 1);
+    reader.Take("gatewayd: started", 2);
+    reader.Release();
+    EXPECT_FALSE(reader.Next());
+}
+
 TEST(LogReader, TalkIsAListInTheEnd) {
     EXPECT_EQ(TextsIn("hello\nagain\n"), (std::vector<std::string>{"hello", "again"}));
 }
@@ -334,6 +342,25 @@ TEST(LogReader, DumpInAListIsOnePdu) {
     ASSERT_TRUE(entry);
     EXPECT_EQ(entry->line, 1U);
     EXPECT_EQ(reader.Counts().entries, 2U);
+}
+
+TEST(LogReader, PiecesInALogAreDumpedWithOffsetsOfTheirOwn) {
+    EXPECT_EQ(TextsIn("+CMT: ,24\n0000  07 91 21 43 65 87 09 21 04 0B 91 21 43 65 87 09  ..!Ce..!...!Ce..\n"
+                      "0000  F1 00 00 21 20 31 21 43 65 80 05 C8 32 9B FD 06  ...! 1!Ce...2...\n"),
+              std::vector<std::string>{c_hello});
+}
+
+TEST(LogReader, WordsThatAreNotSoundAreLeftForOthersOfTheirLength) {
+    EXPECT_EQ(TextsIn("+CMT: ,24\n07" + std::string(62, 'F') + ' ' + c_hello + '\n'),
+              std::vector<std::string>{c_hello});
+}
+
+TEST(LogReader, PiecesInQuotationMarksMayBeShort) {
+    const std::string hello = c_hello;
+    std::string log = "+CMT: ,24\n";
+    for (std::size_t at = 0; at < hello.size(); at += 8)
+        log += '"' + hello.substr(at, 8) + "\"\n";
+    EXPECT_EQ(TextsIn(log), std::vector<std::string>{c_hello});
 }
 
 TEST(LogReader, DumpBeforeALineOfAModemIsGiven) {
@@ -391,6 +418,9 @@ TEST(LogReader, CallsThatReadAndWriteAreNoDigits) {
     EXPECT_EQ(
         TextsIn("read(5, '\\r\\n+CMT: ,24\\r\\n', 4096) = 14\nread(5, '" + hello + "\\r\\n', 4096) = 66\n"),
         std::vector<std::string>{c_hello});
+    EXPECT_EQ(TextsIn("read(5, \"\\r\\n+CMT: ,24\\r\\n\", 4096) = 14\nread(5, \"" + hello.substr(0, 40) +
+                      "\\r\\n\", 4096) = 42\nread(5, \"" + hello.substr(40) + "\\r\\n\", 4096) = 26\n"),
+              std::vector<std::string>{c_hello});
     const LogOutcome sent = ReadLog("write(5, \"AT+CMGS=10\\r\", 11) = 11\nread(5, \"> \", 4096) = 2\n"
                                     "write(5, \"0001070491214300000161\\32\", 23) = 23\n"
                                     "read(5, \"\\r\\n+CMGS: 7\\r\\n\\r\\nOK\\r\\n\", 4096) = 20\n");
