@@ -70,6 +70,7 @@ CASES = [
     (["cell", "--type", "umts"], "01111243210100", 1),
     (["cell", "--type", "umts"], "011112432101", 1),
     (["cell", "--join"], "\n".join([FIRST_PAGE, FIRST_PAGE, "4032111244" + "22" + "48", SECOND_HALF, FIRST_HALF]), 4),
+    (["cell", "encode"], '{"text": "a"}\n{"text": "\u0436", "umts": true}\n{"text": 1}\n', 3),
     (["cell", "--as", "libQX_Encoding"], PAGE + "\n" + WARNING, 2),
     (["encode"], '{"to": "1-2", "text": "a"}\n{"to": "1"}\n{"to": "1", "text": "' + "ж" * 100 + '"}\n', 3),
 ]
@@ -114,6 +115,8 @@ for arguments, text, count in CASES:
         seen.setdefault(arguments[0], set()).update(members_of(item))
         schema_of(arguments[0]).validate(item)
         assert not schema_of(arguments[0]).is_valid({**item, "other": 1}), "a member more must be refused"
+for item in json.loads(objects_of(["cell", "encode", "--json"], "a" * 100)):
+    schema_of("cell").validate(item)
 array = json.loads(objects_of(["encode", "--to", "1", "--json"], "ж" * 100))
 assert len(array) == 2
 for item in array:

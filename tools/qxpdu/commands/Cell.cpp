@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include "characters/Hexadecimal.h"
+#include "commands/CellEncode.h"
 #include "commands/CellPages.h"
 #include "commands/Commands.h"
 #include "commands/Options.h"
@@ -64,7 +65,10 @@ void AddCell(CLI::App& parent, Action& action) {
         "\n"
         "Example:\n"
         "  qxpdu cell 403211120111C8329BFD06");
-    command->callback([options, &action] {
+    AddCellEncode(*command, action);
+    command->callback([command, options, &action] {
+        if (!command->get_subcommands().empty())
+            return;
         action = [options](const Streams& streams) {
             CellPages pages(*options);
             if (options->rows.inputColumn != 0)

@@ -62,6 +62,11 @@ std::string NoneOf(const std::vector<const CLI::App*>& commands, const std::stri
     return word + " is no command" + parent + (nearest.empty() ? "" : "; did you mean " + nearest + "?");
 }
 
+/// Whether a word that names no command of it is an argument.
+bool TakesArguments(const CLI::App& command) {
+    return !command.get_options([](const CLI::Option* option) { return option->get_positional(); }).empty();
+}
+
 /// What is wrong where the first arguments, up to an option, name no command; nothing where they do.
 std::string NoCommandIn(const std::vector<std::string>& arguments, const CLI::App& tool) {
     const CLI::App* command = &tool;
@@ -72,6 +77,8 @@ std::string NoCommandIn(const std::vector<std::string>& arguments, const CLI::Ap
         const auto named = std::find_if(commands.begin(), commands.end(), [&word](const CLI::App* candidate) {
             return candidate->check_name(word);
         });
+        if (named == commands.end() && TakesArguments(*command))
+            return {};
         if (named == commands.end())
             return NoneOf(commands, word, command == &tool ? "" : " of " + command->get_name());
         command = *named;

@@ -3,7 +3,6 @@
 #include <charconv>
 #include <ctime>
 #include <optional>
-#include <set>
 #include <variant>
 
 #include <fmt/format.h>
@@ -13,6 +12,7 @@
 #include "characters/InputError.h"
 #include "characters/Unicode.h"
 #include "commands/Commands.h"
+#include "commands/Members.h"
 #include "commands/Options.h"
 #include "commands/OutgoingText.h"
 #include "show/CodeUnits.h"
@@ -247,41 +247,10 @@ bool* FlagNamed(const std::string& name, EncodeOptions& options) {
     return nullptr;
 }
 
-/// A member of the wrong type, or with a value that the option refuses.
-[[noreturn]] void Refuse(const std::string& name, const std::string& reason) {
-    throw InputError(fmt::format("{}: {}", name, reason));
-}
-
-std::string StringIn(const std::string& name, const show::Json& value,
-                     std::string (*faultOf)(const std::string&)) {
-    if (!value.is_string())
-        Refuse(name, "no string");
-    auto text = value.get<std::string>();
-    if (const std::string fault = faultOf(text); !fault.empty())
-        Refuse(name, fault);
-    return text;
-}
-
-int NumberIn(const std::string& name, const show::Json& value, int most) {
-    if (!value.is_number_integer() || value < 0 || value > most)
-        Refuse(name, fmt::format("no number from 0 to {}", most));
-    return value.get<int>();
-}
-
-bool FlagIn(const std::string& name, const show::Json& value) {
-    if (!value.is_boolean())
-        Refuse(name, "neither true nor false");
-    return value.get<bool>();
-}
-
-std::string NoFault(const std::string&) {
-    return {};
-}
-
 /// What the object of one line sets; members that it lacks stay as the command line has them.
 void SetMember(const std::string& name, const show::Json& value, EncodeOptions& options, std::string& text) {
     if (name == "text")
-        text = StringIn(name, value, NoFault);
+        text = StringIn(name, value);
     else if (name == "to")
         options.to = StringIn(name, value, FaultOfNumber);
     else if (name == "smsc")
@@ -299,30 +268,14 @@ void SetMember(const std::string& name, const show::Json& value, EncodeOptions& 
         Refuse(name, "no such member");
 }
 
-/// The text of the object; the options get its other members.
-std::string ReadObject(const std::string& line, EncodeOptions& options) {
-    std::set<std::string> names;
-    const auto refuseTwice = [&names](int depth, show::Json::parse_event_t event, const show::Json& name) {
-        if (depth == 1 && event == show::Json::parse_event_t::key && !names.insert(name).second)
-            Refuse(name, "given twice");
-        return true;
-    };
-    const show::Json object = show::Json::parse(line, refuseTwice, false);
-    if (!object.is_object())
-        throw InputError("no JSON object");
-    if (!object.contains("text"))
-        throw InputError("text is required");
-    std::string text;
-    for (const auto& [name, value] : object.items())
-        SetMember(name, value, options, text);
-    return text;
-}
-
 /// With --jsonl, an input that did not come as an argument is an object unless lines are texts.
 Afterwards EncodeInput(const EncodeOptions& options, const Input& input, Console& console) {
     if (options.jsonLines && !options.lines && input.source == Input::Source::Line) {
         EncodeOptions own = options;
-        std::string text = ReadObject(input.text, own);
+        std::string text;
+        ReadMembers(input.text, [&](const std::string& name, const show::Json& value) {
+            SetMember(name, value, own, text);
+        });
         Encode(own, {input.source, input.number, std::move(text)}, console);
     } else {
         Encode(options, input, console);

@@ -35,7 +35,8 @@ _qxpdu() {
                 count | explain) words="--greek --lines $stream" ;;
                 decode) words="--file --smsc --no-smsc --direction --as --strict --ignore-time-zone --join --each --brief --columns --input-column --no-heading $stream" ;;
                 inspect) words="--cell --type --file --smsc --no-smsc --direction --as --strict --color $stream" ;;
-                cell) words="--file --type --as --strict --join --each --brief --columns --input-column --no-heading $stream" ;;
+                "cell encode") words="--id --scope --code --update --serial --language --alphabet --class --umts --lines $stream" ;;
+                cell) words="encode --file --type --as --strict --join --each --brief --columns --input-column --no-heading $stream" ;;
                 text) words="--alphabet --verbose --json" ;;
                 ucs2) words="encode decode check" ;;
                 gsm) words="encode decode" ;;

@@ -53,6 +53,16 @@ complete -c qxpdu -n $decode -l columns -x -d 'A table with these columns' -a 'a
 complete -c qxpdu -n $decode -l input-column -x -d 'The PDU is column N of a row'
 complete -c qxpdu -n $decode -l no-heading -d 'The table has no heading'
 
+set -l pages '__fish_seen_subcommand_from cell; and __fish_seen_subcommand_from encode'
+complete -c qxpdu -n '__fish_seen_subcommand_from cell; and not __fish_seen_subcommand_from encode' -a encode -d 'Make pages of a text'
+complete -c qxpdu -n $pages -l id -x -d 'Message identifier'
+complete -c qxpdu -n $pages -l scope -x -a '0 1 2 3' -d 'Geographical scope'
+complete -c qxpdu -n $pages -l code -x -d 'Message code, 0 to 1023'
+complete -c qxpdu -n $pages -l update -x -d 'Update number, 0 to 15'
+complete -c qxpdu -n $pages -l serial -x -d 'Serial number'
+complete -c qxpdu -n $pages -l language -x -d 'Language of the text'
+complete -c qxpdu -n $pages -l alphabet -x -a 'gsm ucs2' -d 'Alphabet of the text'
+complete -c qxpdu -n $pages -l umts -d 'One message of UMTS'
 complete -c qxpdu -n '__fish_seen_subcommand_from inspect' -l cell -d 'The inputs are of cell broadcast'
 complete -c qxpdu -n '__fish_seen_subcommand_from inspect' -l color -x -a 'auto always never' -d 'Colours per field'
 

@@ -32,7 +32,7 @@ TEST(QxpduCommandLine, EveryCommandHasHelpWithUsageAndExample) {
         {{"explain"}, "Usage: qxpdu count [OPTIONS] [TEXT]\n", "Example:\n  qxpdu count 'It’s 5 €'\n"},
         {{"decode"}, "Usage: qxpdu decode [OPTIONS] [PDU...]\n", "Example:\n  qxpdu decode 0791214365870921"},
         {{"cell"},
-         "Usage: qxpdu cell [OPTIONS] [PAGE...]\n",
+         "Usage: qxpdu cell [OPTIONS] [PAGE...] [SUBCOMMAND]\n",
          "Example:\n  qxpdu cell 403211120111C8329BFD06\n"},
         {{"text"},
          "Usage: qxpdu text [OPTIONS] [TEXT...]\n",

@@ -1,0 +1,251 @@
+// qxpdu cell encode
+#include <charconv>
+#include <memory>
+#include <optional>
+
+#include <fmt/format.h>
+
+#include "Messages/Cell.h"
+#include "Messages/Words.h"
+#include "characters/InputError.h"
+#include "commands/CellEncode.h"
+#include "commands/Members.h"
+#include "commands/Options.h"
+#include "show/Plural.h"
+
+namespace qxpdu {
+
+namespace {
+
+constexpr int c_maxClass = 3;
+constexpr int c_maxScope = 3;
+constexpr int c_maxCode = 1023;
+constexpr int c_maxUpdate = 15;
+constexpr int c_maxWord = 0xFFFF;
+
+struct CellEncodeOptions : ConversionOptions {
+    std::string identifier = "0"; ///< number or name
+    std::optional<int> serial;    ///< the whole of it
+    int scope = 0;
+    int code = 0;
+    int update = 0;
+    std::string language;
+    std::string alphabet; ///< "gsm", "ucs2", or empty where the text decides
+    std::optional<int> messageClass;
+    bool umts = false;
+    bool lines = false;
+};
+
+/// In decimal or, after 0x, in hexadecimal.
+std::optional<std::uint16_t> WordIn(std::string_view text) {
+    const bool isHex = text.starts_with("0x");
+    text.remove_prefix(isHex ? 2 : 0);
+    std::uint16_t number = 0;
+    const auto [end, error] =
+        std::from_chars(text.data(), text.data() + text.size(), number, isHex ? 16 : 10);
+    if (error != std::errc{} || end != text.data() + text.size())
+        return std::nullopt;
+    return number;
+}
+
+/// The identifiers of a name, as far as it takes to see that there are two.
+std::vector<std::uint16_t> IdentifiersNamed(const std::string& name) {
+    std::vector<std::uint16_t> found;
+    for (int identifier = 0; identifier <= c_maxWord && found.size() < 2; ++identifier) {
+        const auto number = static_cast<std::uint16_t>(identifier);
+        if (Messages::MeaningOfMessageIdentifier(number) == name)
+            found.push_back(number);
+    }
+    return found;
+}
+
+std::string FaultOfIdentifier(const std::string& identifier) {
+    if (WordIn(identifier))
+        return {};
+    const std::size_t count = IdentifiersNamed(identifier).size();
+    if (count == 1)
+        return {};
+    return fmt::format("{} is {}", identifier,
+                       count == 0 ? "neither a number from 0 to 65535 nor the name of an identifier"
+                                  : "the name of several identifiers");
+}
+
+std::string FaultOfAlphabet(const std::string& alphabet) {
+    const bool isKnown = alphabet == "gsm" || alphabet == "ucs2";
+    return isKnown ? "" : fmt::format("{} is neither gsm nor ucs2", alphabet);
+}
+
+std::optional<Messages::Alphabet> AlphabetOf(const CellEncodeOptions& options) {
+    if (options.alphabet.empty())
+        return std::nullopt;
+    return options.alphabet == "gsm" ? Messages::Alphabet::Gsm7 : Messages::Alphabet::Ucs2;
+}
+
+Messages::CellDraft DraftOf(const CellEncodeOptions& options, const std::string& text) {
+    Messages::CellDraft draft;
+    draft.format = options.umts ? Messages::CellFormat::UmtsMessage : Messages::CellFormat::GsmPage;
+    draft.serialNumber.value = static_cast<std::uint16_t>(
+        options.serial.value_or(options.scope << 14 | options.code << 4 | options.update));
+    const std::optional<std::uint16_t> number = WordIn(options.identifier);
+    draft.messageIdentifier = number ? *number : IdentifiersNamed(options.identifier).front();
+    draft.text = text;
+    draft.language = options.language;
+    draft.alphabet = AlphabetOf(options);
+    if (options.messageClass)
+        draft.messageClass = static_cast<std::uint8_t>(*options.messageClass);
+    return draft;
+}
+
+/// Of one page, or of the message, after what the object has already.
+show::Json ToJson(show::Json object, const Messages::CellDraft& draft, const Messages::CellWritten& written,
+                  std::size_t index) {
+    object["octets"] = Messages::ToHex(written.octets[index]);
+    object["type"] = Messages::NameOf(draft.format);
+    object["data_coding_scheme"] = written.coding.value;
+    object["alphabet"] = Messages::NameOf(written.coding.alphabet);
+    if (draft.format == Messages::CellFormat::GsmPage)
+        object["page"] = index + 1;
+    object["pages"] = written.pages;
+    return object;
+}
+
+void ShowWritten(const Input& input, const Messages::CellDraft& draft, const Messages::CellWritten& written,
+                 Console& console) {
+    show::Json line = ObjectFor(input);
+    line["pdus"] = show::Json::array();
+    for (std::size_t i = 0; i < written.octets.size(); ++i) {
+        if (console.WantsJsonLines())
+            line["pdus"].push_back(ToJson(show::Json::object(), draft, written, i));
+        else if (console.WantsJson())
+            console.Object(ToJson(ObjectFor(input), draft, written, i));
+        else
+            console.Line(Messages::ToHex(written.octets[i]));
+    }
+    if (console.WantsJsonLines())
+        console.Object(line);
+}
+
+void Encode(const CellEncodeOptions& options, const Input& input, Console& console) {
+    const Messages::CellDraft draft = DraftOf(options, input.text);
+    const Messages::CellWritten written = Messages::WriteCell(draft);
+    if (written.fault != Messages::CellDraftFault::None)
+        throw InputError(std::string(Messages::MeaningOf(written.fault)));
+    ShowWritten(input, draft, written, console);
+}
+
+/// What the object of one line sets; members that it lacks stay as the command line has them.
+void SetMember(const std::string& name, const show::Json& value, CellEncodeOptions& options,
+               std::string& text) {
+    if (name == "text")
+        text = StringIn(name, value);
+    else if (name == "id")
+        options.identifier =
+            StringIn(name, value.is_number() ? show::Json(value.dump()) : value, FaultOfIdentifier);
+    else if (name == "serial")
+        options.serial = NumberIn(name, value, c_maxWord);
+    else if (name == "scope")
+        options.scope = NumberIn(name, value, c_maxScope);
+    else if (name == "code")
+        options.code = NumberIn(name, value, c_maxCode);
+    else if (name == "update")
+        options.update = NumberIn(name, value, c_maxUpdate);
+    else if (name == "language")
+        options.language = StringIn(name, value);
+    else if (name == "alphabet")
+        options.alphabet = StringIn(name, value, FaultOfAlphabet);
+    else if (name == "class")
+        options.messageClass = NumberIn(name, value, c_maxClass);
+    else if (name == "umts")
+        options.umts = FlagIn(name, value);
+    else
+        Refuse(name, "no such member");
+}
+
+/// With --jsonl, an input that did not come as an argument is an object unless lines are texts.
+void EncodeInput(const CellEncodeOptions& options, const Input& input, Console& console) {
+    if (!options.jsonLines || options.lines || input.source != Input::Source::Line)
+        return Encode(options, input, console);
+    CellEncodeOptions own = options;
+    std::string text;
+    ReadMembers(input.text,
+                [&](const std::string& name, const show::Json& value) { SetMember(name, value, own, text); });
+    Encode(own, {input.source, input.number, std::move(text)}, console);
+}
+
+CLI::Option* AddNumber(CLI::App& command, const std::string& name, int& number, int most,
+                       const std::string& description) {
+    return command.add_option(name, number, description)
+        ->check(FaultOfDecimal)
+        ->check(CLI::Range(0, most).description(""))
+        ->type_name("N");
+}
+
+void AddOptions(CLI::App& command, CellEncodeOptions& options) {
+    command.add_option("--id", options.identifier, "Message identifier, a number or its name; 0 without it")
+        ->check(FaultOfIdentifier)
+        ->type_name("ID");
+    CLI::Option* scope =
+        AddNumber(command, "--scope", options.scope, c_maxScope, "Geographical scope, 0 to 3; 0 without it");
+    CLI::Option* code =
+        AddNumber(command, "--code", options.code, c_maxCode, "Message code, 0 to 1023; 0 without it");
+    CLI::Option* update =
+        AddNumber(command, "--update", options.update, c_maxUpdate, "Update number, 0 to 15; 0 without it");
+    command
+        .add_option_function<std::string>(
+            "--serial", [&options](const std::string& text) { options.serial = *WordIn(text); },
+            "The serial number as a whole")
+        ->check([](const std::string& text) {
+            return WordIn(text) ? std::string() : text + " is no number from 0 to 65535";
+        })
+        ->excludes(scope)
+        ->excludes(code)
+        ->excludes(update)
+        ->type_name("N");
+    command.add_option("--language", options.language, "Language of the text, ISO 639: two letters")
+        ->type_name("CODE");
+    command
+        .add_option("--alphabet", options.alphabet, "gsm or ucs2; without it, UCS2 where the text needs it")
+        ->check(FaultOfAlphabet)
+        ->type_name("gsm|ucs2");
+    command
+        .add_option_function<int>(
+            "--class", [&options](int number) { options.messageClass = number; }, "Message class, 0 to 3")
+        ->check(FaultOfDecimal)
+        ->check(CLI::Range(0, c_maxClass).description(""))
+        ->type_name("CLASS");
+    command.add_flag("--umts", options.umts, "One message of UMTS with all pages, in place of pages of GSM");
+    AddJson(command, options);
+    AddStreaming(command, options);
+    command.add_flag("--lines", options.lines, "Each line of standard input is a text of its own");
+    options.inputs =
+        command
+            .add_option("TEXT",
+                        "The text; without it, or as -, all of standard input without its last line feed")
+            ->type_name("");
+}
+
+} // namespace
+
+void AddCellEncode(CLI::App& parent, Action& action) {
+    CLI::App* command = parent.add_subcommand("encode", "Make cell broadcast pages of a text");
+    auto options = std::make_shared<CellEncodeOptions>();
+    AddOptions(*command, *options);
+    command->footer(
+        "A line of hexadecimal for each page of GSM, or for the message of UMTS, 3GPP TS 23.041. The text\n"
+        "goes out in GSM 7-bit where that holds it, else in UCS2. With --json an object for each line; with\n"
+        "--jsonl an object for each text, with those of its pages as \"pdus\", and each line of standard\n"
+        "input is then an object itself, with \"text\" and any options by their names.\n"
+        "\n"
+        "Example:\n"
+        "  qxpdu cell encode --id 0x1112 --scope 1 --language en 'Stay inside'");
+    command->callback([options, &action] {
+        action = [options](const Streams& streams) {
+            const bool hasLines = options->lines || options->jsonLines;
+            return ConvertAll(
+                options->Settings(), streams, hasLines ? LineKind::Message : LineKind::Whole,
+                [&options](const Input& input, Console& console) { EncodeInput(*options, input, console); });
+        };
+    });
+}
+
+} // namespace qxpdu
