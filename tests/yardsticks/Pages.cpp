@@ -111,8 +111,8 @@ Bytes RandomPage(Random& random) {
 }
 
 std::u32string Expected(Named difference, const std::u32string& theirs) {
-    if (difference == Named::LanguageInSeptets)
-        return theirs.substr(theirs.rfind(U"en\r", 0) == 0 ? 3 : 0);
+    if (difference == Named::LanguageInSeptets) // of an empty text the return is padding to them
+        return theirs == U"en" ? U"" : theirs.substr(theirs.rfind(U"en\r", 0) == 0 ? 3 : 0);
     return difference == Named::LanguageInUnits ? theirs.substr(theirs.empty() ? 0 : 1) : theirs;
 }
 
