@@ -32,7 +32,7 @@ struct Command {
     Answers answers;
 };
 
-const std::array<Command, 8> c_commands = {
+const std::array<Command, 11> c_commands = {
     {{{"count", "--lines", "--jsonl"}, Answers::EachLine},
      {{"encode", "--to", "+4179123", "--lines", "--jsonl"}, Answers::EachLine},
      {{"decode", "--columns", "input,text,error", "--input-column", "2"}, Answers::Rows},
@@ -40,7 +40,10 @@ const std::array<Command, 8> c_commands = {
      {{"decode", "--jsonl"}, Answers::SomeLines},
      {{"decode", "--jsonl", "--join"}, Answers::SomeLines},
      {{"inspect", "--jsonl"}, Answers::SomeLines},
-     {{"decode", "--jsonl", "--join", "--each"}, Answers::SomeLines}}};
+     {{"decode", "--jsonl", "--join", "--each"}, Answers::SomeLines},
+     {{"cell", "--jsonl", "--join"}, Answers::SomeLines},
+     {{"cell", "--jsonl", "--join", "--each"}, Answers::SomeLines},
+     {{"cell", "encode", "--lines", "--jsonl"}, Answers::EachLine}}};
 
 std::vector<std::string> LinesOf(const std::string& text) {
     std::vector<std::string> lines;
