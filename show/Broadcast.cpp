@@ -145,6 +145,8 @@ bool ConcernsText(const Messages::Remark& remark, const Broadcast& broadcast) {
     if (!ConcernsText(remark))
         return false;
     const CellPage* const page = PageAt(remark.octet, broadcast);
+    if (page != nullptr && remark.code == Messages::RemarkCode::OddOctet && page->paddingUnits != 0)
+        return false; // after the text
     return page == nullptr ||
            !IsHealed(remark, IndexOf(page, broadcast), broadcast.reading.pages, broadcast.reading.text);
 }

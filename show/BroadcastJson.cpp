@@ -149,6 +149,14 @@ void WriteSerialNumber(Messages::SerialNumber serial, std::uint16_t messageIdent
     });
 }
 
+void WriteDataCoding(const Messages::CellCoding& coding, JsonText& object) {
+    object.Object(MemberOf(Field::CellDataCoding), [&] {
+        object.Member("raw", coding.value);
+        object.Member("meaning", std::string_view(Messages::MeaningOf(coding)));
+        WriteCodingDetails(coding, object);
+    });
+}
+
 void WriteMessageIdentifier(std::uint16_t messageIdentifier, JsonText& object) {
     object.Object(MemberOf(Field::MessageIdentifier), [&] {
         object.Member("raw", messageIdentifier);

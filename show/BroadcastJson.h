@@ -16,6 +16,7 @@ void WriteWarnings(const Broadcast& broadcast, JsonText& object);
 
 /// Members that pages and joined messages have alike.
 void WriteSerialNumber(Messages::SerialNumber serial, std::uint16_t messageIdentifier, JsonText& object);
+void WriteDataCoding(const Messages::CellCoding& coding, JsonText& object);
 void WriteMessageIdentifier(std::uint16_t messageIdentifier, JsonText& object);
 
 } // namespace show

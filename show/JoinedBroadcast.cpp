@@ -142,7 +142,13 @@ std::string ToText(const JoinedBroadcast& joined) {
                                {ShownNameOf(Messages::Field::MessageIdentifier),
                                 fmt::format("0x{:04X}", message.messageIdentifier),
                                 Messages::MeaningOfMessageIdentifier(message.messageIdentifier),
+                                {}},
+                               {ShownNameOf(Messages::Field::CellDataCoding),
+                                fmt::format("0x{:02X}", message.coding.value),
+                                Messages::MeaningOf(message.coding),
                                 {}}};
+    if (const std::string& language = message.pages.front().language; !language.empty())
+        lines.push_back({"language", "", LanguageText(language), {}});
     if (message.coding.HasText()) {
         lines.push_back({"text", "", TextWithGaps(message), {}});
     } else {
@@ -161,6 +167,10 @@ void Write(const JoinedBroadcast& joined, JsonText& object) {
     });
     WriteSerialNumber(message.serialNumber, message.messageIdentifier, object);
     WriteMessageIdentifier(message.messageIdentifier, object);
+    WriteDataCoding(message.coding, object);
+    const std::string_view language = message.pages.front().language;
+    if (const std::string_view told = language.empty() ? message.coding.language : language; !told.empty())
+        object.Member("language", told);
     object.Numbers("pages_joined", NumbersOf(message.pages));
     object.Numbers("pages_missing", MissingOf(message));
     if (message.coding.HasText())

@@ -1,5 +1,7 @@
 #include "OutgoingVectors.h"
 
+#include <initializer_list>
+
 #include "Compose.h"
 #include "model/Tables.h"
 #include "model/Text.h"
@@ -23,6 +25,8 @@ public:
 private:
     std::vector<OutgoingVector> m_Vectors;
 };
+
+using Lengths = std::initializer_list<std::size_t>;
 
 std::u32string Times(std::size_t count, char32_t character) {
     return std::u32string(count, character);
@@ -68,15 +72,15 @@ std::u32string CharactersOf(const Alphabet& alphabet) {
 
 /// About every length at which a part more begins.
 void AddLengths(Vectors& vectors) {
-    for (const std::size_t length : {0, 1, 7, 8, 9, 80, 159, 160, 161, 306, 307, 459, 460}) {
+    for (const std::size_t length : Lengths{0, 1, 7, 8, 9, 80, 159, 160, 161, 306, 307, 459, 460}) {
         vectors.Add(std::to_string(length) + " septets", c_septets, Text(Times(length, 'a')));
         vectors.Add(std::to_string(length) + " septets, a reference of 16 bits", c_septets,
                     Wide(Text(Times(length, 'a'))));
     }
-    for (const std::size_t length : {303, 304, 305})
+    for (const std::size_t length : Lengths{303, 304, 305})
         vectors.Add(std::to_string(length) + " septets, a reference of 16 bits", c_septets,
                     Wide(Text(Times(length, 'a'))));
-    for (const std::size_t length : {1, 69, 70, 71, 132, 133, 134, 135, 201, 202}) {
+    for (const std::size_t length : Lengths{1, 69, 70, 71, 132, 133, 134, 135, 201, 202}) {
         vectors.Add(std::to_string(length) + " characters", c_septets, Text(Times(length, U'Ж')));
         vectors.Add(std::to_string(length) + " characters, a reference of 16 bits", c_septets,
                     Wide(Text(Times(length, U'Ж'))));
@@ -87,14 +91,14 @@ void AddLengths(Vectors& vectors) {
 
 /// Pairs about the end of a part.
 void AddPairs(Vectors& vectors) {
-    for (const std::size_t length : {0, 151, 152, 153, 158, 159, 160}) {
+    for (const std::size_t length : Lengths{0, 151, 152, 153, 158, 159, 160}) {
         vectors.Add("an escape after " + std::to_string(length) + " septets", c_septets,
                     Text(Times(length, 'a') + U"€" + Times(10, 'b')));
         vectors.Add("an escape after " + std::to_string(length) + " septets, a reference of 16 bits",
                     c_septets, Wide(Text(Times(length, 'a') + U"€" + Times(10, 'b'))));
     }
     vectors.Add("escapes alone", c_septets, Text(Times(160, U'€')));
-    for (const std::size_t length : {0, 65, 66, 67, 68, 69, 70}) {
+    for (const std::size_t length : Lengths{0, 65, 66, 67, 68, 69, 70}) {
         vectors.Add("surrogates after " + std::to_string(length) + " characters", c_septets,
                     Text(Times(length, U'Ж') + U"😀" + Times(3, U'я')));
         vectors.Add("surrogates after " + std::to_string(length) + " characters, a reference of 16 bits",

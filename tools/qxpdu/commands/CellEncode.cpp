@@ -1,4 +1,5 @@
 // qxpdu cell encode
+#include <algorithm>
 #include <charconv>
 #include <memory>
 #include <optional>
@@ -8,10 +9,11 @@
 #include "Messages/Cell.h"
 #include "Messages/Words.h"
 #include "characters/InputError.h"
+#include "characters/Unicode.h"
 #include "commands/CellEncode.h"
 #include "commands/Members.h"
 #include "commands/Options.h"
-#include "show/Plural.h"
+#include "show/CodeUnits.h"
 
 namespace qxpdu {
 
@@ -125,9 +127,23 @@ void ShowWritten(const Input& input, const Messages::CellDraft& draft, const Mes
         console.Object(line);
 }
 
+/// "character 2, U+0436, has no GSM code"
+std::string WordsOfMisfit(const std::u32string& text) {
+    const auto isMisfit = [](char32_t character) {
+        std::vector<std::uint8_t> septets;
+        return Messages::AppendSeptets(show::ToUtf8(show::Units({&character, 1})), {}, septets).has_value();
+    };
+    const auto misfit = std::find_if(text.begin(), text.end(), isMisfit);
+    return fmt::format("character {}, {}, has no GSM code", misfit - text.begin() + 1,
+                       CodePointName(*misfit));
+}
+
 void Encode(const CellEncodeOptions& options, const Input& input, Console& console) {
+    FromUtf8(input.text); // says where it is none
     const Messages::CellDraft draft = DraftOf(options, input.text);
     const Messages::CellWritten written = Messages::WriteCell(draft);
+    if (written.fault == Messages::CellDraftFault::NotInAlphabet)
+        throw InputError(WordsOfMisfit(show::CodePoints(FromUtf8(input.text))));
     if (written.fault != Messages::CellDraftFault::None)
         throw InputError(std::string(Messages::MeaningOf(written.fault)));
     ShowWritten(input, draft, written, console);
@@ -166,9 +182,17 @@ void EncodeInput(const CellEncodeOptions& options, const Input& input, Console& 
     if (!options.jsonLines || options.lines || input.source != Input::Source::Line)
         return Encode(options, input, console);
     CellEncodeOptions own = options;
+    own.serial.reset();
     std::string text;
-    ReadMembers(input.text,
-                [&](const std::string& name, const show::Json& value) { SetMember(name, value, own, text); });
+    bool hasPieces = false; // of the serial number
+    ReadMembers(input.text, [&](const std::string& name, const show::Json& value) {
+        SetMember(name, value, own, text);
+        hasPieces = hasPieces || name == "scope" || name == "code" || name == "update";
+    });
+    if (hasPieces && own.serial)
+        Refuse("serial", "not with scope, code or update");
+    if (!hasPieces && !own.serial)
+        own.serial = options.serial;
     Encode(own, {input.source, input.number, std::move(text)}, console);
 }
 

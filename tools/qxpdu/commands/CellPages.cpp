@@ -29,8 +29,9 @@ std::string WarningOfLength(const Input& input, std::size_t octets) {
                        show::Counted(input.heading->length.value_or(0), "octet"), octets);
 }
 
+/// Not where there is no page at all: that is never joined.
 bool IsPart(const show::Broadcast& broadcast) {
-    return broadcast.reading.pages.size() < broadcast.reading.total;
+    return !broadcast.reading.pages.empty() && broadcast.reading.pages.size() < broadcast.reading.total;
 }
 
 void ShowFault(const Input& input, const show::ComparedBroadcast& compared, Console& console) {
@@ -57,6 +58,12 @@ void ShowDuplicate(const Input& input, const Messages::CellReading& reading, Con
     show::Json object = ObjectFor(input);
     object["duplicate_page"] = page;
     console.Object(object);
+}
+
+/// Whether all pages are among those that the message has; a page beyond them is handed back at once.
+bool HasSoundNumbers(const Messages::CellReading& reading) {
+    return std::all_of(reading.pages.begin(), reading.pages.end(),
+                       [&reading](const auto& page) { return page.number <= reading.total; });
 }
 
 /// Whether the message is nothing but what was read.
@@ -154,6 +161,20 @@ void CellPages::Show(const Input& input, const show::ComparedBroadcast& compared
     console.Object(object);
 }
 
+void CellPages::ShowOlder(const Input& input, const show::ComparedBroadcast& compared,
+                          Console& console) const {
+    constexpr const char* c_words = "a newer update of the message has come before";
+    if (!console.WantsJsonLines()) {
+        console.Warning(NameOf(input), c_words);
+        if (!m_Settings.each)
+            Show(input, compared, console);
+        return;
+    }
+    show::ComparedBroadcast older = compared;
+    older.broadcast.warnings.emplace_back(c_words);
+    Show(input, older, console);
+}
+
 void CellPages::ShowJoined(const show::JoinedBroadcast& joined, Console& console) const {
     for (const auto& [source, words] : show::FlawsOf(joined)) {
         if (!console.WantsJsonLines())
@@ -194,6 +215,8 @@ void CellPages::Take(const Input& input, const Compared& compared, Console& cons
     bool isHeld = true;
     for (const Messages::CellMessage& message : taken.givenUp) {
         const bool isItself = IsSame(message, reading);
+        if (isItself && HasSoundNumbers(reading))
+            return ShowOlder(input, *compared, console);
         show(isItself ? show::JoinedBroadcast{message, {source}} : WithSources(message));
         isHeld = isHeld && !isItself;
     }

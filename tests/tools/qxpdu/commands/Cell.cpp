@@ -175,6 +175,7 @@ TEST(QxpduCell, WhatConcernsTheTextIsAWarningOrWithStrictAnError) {
                   (Outcome{1, "", std::string("qxpdu: argument 1: ") + row.words + "\n"}));
     }
     EXPECT_EQ(Qxpdu({"cell", "--strict", "001000320100C8329BFD06"}).status, 0) << "of the page parameter";
+    EXPECT_EQ(Qxpdu({"cell", "--strict", "0010003248110416000D00"}).status, 0) << "after the text";
     EXPECT_EQ(Qxpdu({"cell", "--type", "umts", "01111243210102" + Slot("C8329BFD06", "05")}).err,
               "qxpdu: argument 1: warning: number of pages at octet 6: 2 pages announced, 1 wholly there\n");
 }

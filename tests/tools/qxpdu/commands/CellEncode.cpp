@@ -56,15 +56,14 @@ TEST(QxpduCellEncode, WhatCannotBeSentIsNamed) {
         const char* words;
     };
     const Row rows[] = {
-        {{"--alphabet", "gsm", "\xD0\xB6"},
-         1,
-         "argument 1: the text has a character that the alphabet lacks"},
+        {{"--alphabet", "gsm", "\xD0\xB6"}, 1, "argument 1: character 1, U+0436, has no GSM code"},
         {{"--language", "eng", "a"}, 1, "argument 1: a language is two letters from a to z"},
         {{"--language", "en", "--class", "1", "a"},
          1,
          "argument 1: no data coding scheme has both a language and a class"},
         {{std::string(1400, 'a')}, 1, "argument 1: the text takes more than 15 pages"},
-        {{"\xFF"}, 1, "argument 1: the text is not UTF-8"},
+        {{"a\xFF"}, 1, "argument 1: byte 2 (0xFF) is not valid UTF-8"},
+        {{"--alphabet", "gsm", "€üж"}, 1, "argument 1: character 3, U+0436, has no GSM code"},
         {{"--id", "nothing", "a"},
          2,
          "--id: nothing is neither a number from 0 to 65535 nor the name of an identifier"},
@@ -132,6 +131,24 @@ TEST(QxpduCellEncode, ObjectsSetTheirOptions) {
     EXPECT_EQ(encode(R"({"id": 1})")["error"], "text is required");
     const Outcome lines = Qxpdu({"cell", "encode", "--lines", "--jsonl"}, "{}\n");
     EXPECT_EQ(json::parse(lines.out)["line"], 1);
+}
+
+TEST(QxpduCellEncode, SerialNumberOfAnObjectIsWholeOrInPieces) {
+    const auto serialOf = [](const char* members) {
+        const Outcome run = Qxpdu({"cell", "encode", "--jsonl", "--serial", "2"},
+                                  std::string(R"({"text": "Hi")") + members + "}\n");
+        const json object = json::parse(run.out);
+        return object.contains("error") ? object["error"].get<std::string>()
+                                        : object["pdus"][0]["octets"].get<std::string>().substr(0, 4);
+    };
+    EXPECT_EQ(serialOf(""), "0002") << "of the command line";
+    EXPECT_EQ(serialOf(R"(, "serial": 3)"), "0003");
+    EXPECT_EQ(serialOf(R"(, "scope": 1)"), "4000");
+    EXPECT_EQ(serialOf(R"(, "code": 1)"), "0010");
+    EXPECT_EQ(serialOf(R"(, "update": 1)"), "0001");
+    for (const char* members :
+         {R"(, "serial": 3, "scope": 1)", R"(, "code": 1, "serial": 3)", R"(, "update": 1, "serial": 3)"})
+        EXPECT_EQ(serialOf(members), "serial: not with scope, code or update");
 }
 
 TEST(QxpduCellEncode, PagesAreNoCommands) {

@@ -28,6 +28,7 @@ TEST(QxpduCellPages, AreJoinedInTheirOrder) {
                        "              from line 3, line 1\n"
                        "     serial number 0x4321: scope 1: network wide, message code 50, update number 1\n"
                        "message identifier 0x1112: CMAS presidential, EU-Alert level 1\n"
+                       "data coding scheme 0x01: GSM 7-bit, English\n"
                        "              text helloHello\n",
                        ""}));
 }
@@ -90,12 +91,46 @@ TEST(QxpduCellPages, OfANewerUpdateReplaceThoseOfAnOlderOne) {
     const Outcome run = Qxpdu({"cell", "--join"}, "432111120112E8329BFD06\n432211120112C8329BFD06\n"
                                                   "432111120122E8329BFD06\n432211120122C8329BFD06\n");
     EXPECT_EQ(run.err, "qxpdu: line 1: warning: page 2 of 2 is missing\n"
-                       "qxpdu: line 3: warning: page 1 of 2 is missing\n");
+                       "qxpdu: line 3: warning: a newer update of the message has come before\n");
     EXPECT_TRUE(HasLine(run.out, "from line 2, line 4")) << run.out;
     EXPECT_TRUE(HasLine(run.out, "text HelloHello")) << run.out;
     EXPECT_EQ(Qxpdu({"cell", "--join", "--brief"}, "432211120111E8329BFD06\n432111120111C8329BFD06\n").out,
               "from 4370 hello\nfrom 4370 Hello\n")
         << "an older one by itself";
+}
+
+TEST(QxpduCellPages, OfAnOlderUpdateAreToldAndShownByThemselves) {
+    const std::string pages = "432211120111E8329BFD06\n432111120111C8329BFD06\n432111120112C8329BFD06\n";
+    const std::string words = "a newer update of the message has come before";
+    const Outcome run = Qxpdu({"cell", "--join", "--brief"}, pages);
+    EXPECT_EQ(run.out, "from 4370 hello\nfrom 4370 Hello\nfrom 4370 [1/2] Hello\n");
+    EXPECT_EQ(run.err, "qxpdu: line 2: warning: " + words + "\nqxpdu: line 3: warning: " + words + "\n");
+    EXPECT_EQ(Qxpdu({"cell", "--join", "--each", "--brief"}, pages).out, run.out) << "once";
+    const Outcome lines = Qxpdu({"cell", "--join", "--jsonl"}, pages);
+    EXPECT_EQ(lines.err, "");
+    const std::vector<json> objects = tests::JsonLines(lines.out);
+    ASSERT_EQ(objects.size(), 3U);
+    EXPECT_FALSE(objects[0].contains("warnings"));
+    EXPECT_EQ(objects[1]["warnings"], json({words}));
+    EXPECT_EQ(objects[2]["warnings"], json({words}));
+}
+
+TEST(QxpduCellPages, LanguageBeforeTheTextIsToldOfTheWholeMessage) {
+    // "uk" before each page, У and в.
+    const std::vector<std::string> pages = {"001000321112F5350423", "001000321122F5350432"};
+    const Outcome run = Qxpdu({"cell", "--join", pages[0], pages[1]});
+    EXPECT_TRUE(HasLine(run.out, "data coding scheme 0x11: UCS2, language before the text")) << run.out;
+    EXPECT_TRUE(HasLine(run.out, "language uk")) << run.out;
+    EXPECT_TRUE(HasLine(run.out, "text Ув")) << run.out;
+    EXPECT_EQ(Qxpdu({"cell", "--join", "--json", pages[0], pages[1]}).Json()[0]["language"], "uk");
+}
+
+TEST(QxpduCellPages, MessageWithoutAPageIsAnErrorWhereItIsStrict) {
+    const Outcome run = Qxpdu({"cell", "--type", "umts", "--join", "--strict", "01111240000F02"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, "qxpdu: argument 1: number of pages at octet 6: 2 pages announced, 0 wholly there\n");
+    EXPECT_EQ(Qxpdu({"cell", "--type", "umts", "--join", "01111240000F02"}).err,
+              "qxpdu: argument 1: warning: number of pages at octet 6: 2 pages announced, 0 wholly there\n");
 }
 
 TEST(QxpduCellPages, BeyondTheirNumberAreShownByThemselves) {
@@ -187,6 +222,10 @@ TEST(QxpduCellPages, JsonNamesTheInputsOfAJoinedMessage) {
             "update_number": 1
         },
         "message_identifier": {"raw": 50, "meaning": "assigned by the GSM Association"},
+        "data_coding_scheme": {
+            "raw": 1, "meaning": "GSM 7-bit, English", "alphabet": "GSM 7-bit", "language": "en"
+        },
+        "language": "en",
         "pages_joined": [1, 3],
         "pages_missing": [2],
         "text": "helloHello"
