@@ -28,15 +28,15 @@ bool IsOtherMessage(const Input& input) {
     return input.heading && input.heading->kind != Heading::Kind::Page && !IsStoredPage(input);
 }
 
-void AddOptions(CLI::App& command, CellOptions& options) {
+void AddOptions(const Command& command, CellOptions& options) {
     AddConversion(command, options, "PAGE",
                   "Pages, messages and notifications in hexadecimal; without any, one a line from standard "
                   "input");
     AddCellFormat(command, options.format);
     AddHostReading(command, options.asHost);
     AddStrict(command, options.isStrict);
-    CLI::Option* join = command.add_flag("--join", options.join, "Put the pages of messages together");
-    command.add_flag("--each", options.each, "With --join, show each page by itself as well")->needs(join);
+    const Option join = command.AddFlag("--join", options.join, "Put the pages of messages together");
+    command.AddFlag("--each", options.each, "With --join, show each page by itself as well").Needs(join);
     AddFiles(command, options);
     AddStreaming(command, options);
     AddRows(command, options.rows);
@@ -44,11 +44,11 @@ void AddOptions(CLI::App& command, CellOptions& options) {
 
 } // namespace
 
-void AddCell(CLI::App& parent, Action& action) {
-    CLI::App* command = parent.add_subcommand("cell", "Show the fields and the text of cell broadcast pages");
+void AddCell(const Command& parent) {
+    const Command command = parent.AddCommand("cell", "Show the fields and the text of cell broadcast pages");
     auto options = std::make_shared<CellOptions>();
-    AddOptions(*command, *options);
-    command->footer(
+    AddOptions(command, *options);
+    command.SetFooter(
         "Pages of GSM, messages of UMTS and later networks with all of their pages, and primary\n"
         "notifications of earthquakes and tsunamis, 3GPP TS 23.041: a line for each field, its value on the\n"
         "wire and its meaning, then the text. Below it stands after \"!\" what is unusual, and after \"~\" "
@@ -65,27 +65,22 @@ void AddCell(CLI::App& parent, Action& action) {
         "\n"
         "Example:\n"
         "  qxpdu cell 403211120111C8329BFD06");
-    AddCellEncode(*command, action);
-    command->callback([command, options, &action] {
-        if (!command->get_subcommands().empty())
-            return;
-        action = [options](const Streams& streams) {
-            CellPages pages(*options);
-            if (options->rows.inputColumn != 0)
-                return ConvertRows(options->Settings(), options->rows, streams,
-                                   [&pages](const Input& input, Console& console) {
-                                       return pages.ReadToRow(input, console);
-                                   });
-            streams.out << HeadingOf(options->rows);
-            return ConvertStream(options->Settings(), streams,
-                                 {LineKind::Transcript,
-                                  [&pages](const Input& input, Console& console) -> Afterwards {
-                                      if (IsOtherMessage(input))
-                                          return {};
-                                      return pages.Convert(input, console);
-                                  },
-                                  [&pages](Console& console) { pages.ShowIncomplete(console); }});
-        };
+    AddCellEncode(command);
+    command.SetAction([options](const Streams& streams) {
+        CellPages pages(*options);
+        if (options->rows.inputColumn != 0)
+            return ConvertRows(
+                options->Settings(), options->rows, streams,
+                [&pages](const Input& input, Console& console) { return pages.ReadToRow(input, console); });
+        streams.out << HeadingOf(options->rows);
+        return ConvertStream(options->Settings(), streams,
+                             {LineKind::Transcript,
+                              [&pages](const Input& input, Console& console) -> Afterwards {
+                                  if (IsOtherMessage(input))
+                                      return {};
+                                  return pages.Convert(input, console);
+                              },
+                              [&pages](Console& console) { pages.ShowIncomplete(console); }});
     });
 }
 

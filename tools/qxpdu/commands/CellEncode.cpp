@@ -196,65 +196,46 @@ void EncodeInput(const CellEncodeOptions& options, const Input& input, Console& 
     Encode(own, {input.source, input.number, std::move(text)}, console);
 }
 
-CLI::Option* AddNumber(CLI::App& command, const std::string& name, int& number, int most,
-                       const std::string& description) {
-    return command.add_option(name, number, description)
-        ->check(FaultOfDecimal)
-        ->check(CLI::Range(0, most).description(""))
-        ->type_name("N");
-}
-
-void AddOptions(CLI::App& command, CellEncodeOptions& options) {
-    command.add_option("--id", options.identifier, "Message identifier, a number or its name; 0 without it")
-        ->check(FaultOfIdentifier)
-        ->type_name("ID");
-    CLI::Option* scope =
-        AddNumber(command, "--scope", options.scope, c_maxScope, "Geographical scope, 0 to 3; 0 without it");
-    CLI::Option* code =
-        AddNumber(command, "--code", options.code, c_maxCode, "Message code, 0 to 1023; 0 without it");
-    CLI::Option* update =
-        AddNumber(command, "--update", options.update, c_maxUpdate, "Update number, 0 to 15; 0 without it");
+void AddOptions(const Command& command, CellEncodeOptions& options) {
+    command.AddText("--id", options.identifier, "Message identifier, a number or its name; 0 without it")
+        .Check(FaultOfIdentifier)
+        .Named("ID");
+    const Option scope = command.AddNumber("--scope", options.scope, 0, c_maxScope,
+                                           "Geographical scope, 0 to 3; 0 without it");
+    const Option code =
+        command.AddNumber("--code", options.code, 0, c_maxCode, "Message code, 0 to 1023; 0 without it");
+    const Option update =
+        command.AddNumber("--update", options.update, 0, c_maxUpdate, "Update number, 0 to 15; 0 without it");
     command
-        .add_option_function<std::string>(
+        .AddText(
             "--serial", [&options](const std::string& text) { options.serial = *WordIn(text); },
             "The serial number as a whole")
-        ->check([](const std::string& text) {
+        .Check([](const std::string& text) {
             return WordIn(text) ? std::string() : text + " is no number from 0 to 65535";
         })
-        ->excludes(scope)
-        ->excludes(code)
-        ->excludes(update)
-        ->type_name("N");
-    command.add_option("--language", options.language, "Language of the text, ISO 639: two letters")
-        ->type_name("CODE");
-    command
-        .add_option("--alphabet", options.alphabet, "gsm or ucs2; without it, UCS2 where the text needs it")
-        ->check(FaultOfAlphabet)
-        ->type_name("gsm|ucs2");
-    command
-        .add_option_function<int>(
-            "--class", [&options](int number) { options.messageClass = number; }, "Message class, 0 to 3")
-        ->check(FaultOfDecimal)
-        ->check(CLI::Range(0, c_maxClass).description(""))
-        ->type_name("CLASS");
-    command.add_flag("--umts", options.umts, "One message of UMTS with all pages, in place of pages of GSM");
+        .Excludes(scope)
+        .Excludes(code)
+        .Excludes(update)
+        .Named("N");
+    command.AddText("--language", options.language, "Language of the text, ISO 639: two letters")
+        .Named("CODE");
+    command.AddText("--alphabet", options.alphabet, "gsm or ucs2; without it, UCS2 where the text needs it")
+        .Check(FaultOfAlphabet)
+        .Named("gsm|ucs2");
+    command.AddNumber("--class", options.messageClass, 0, c_maxClass, "Message class, 0 to 3").Named("CLASS");
+    command.AddFlag("--umts", options.umts, "One message of UMTS with all pages, in place of pages of GSM");
     AddJson(command, options);
     AddStreaming(command, options);
-    command.add_flag("--lines", options.lines, "Each line of standard input is a text of its own");
-    options.inputs =
-        command
-            .add_option("TEXT",
-                        "The text; without it, or as -, all of standard input without its last line feed")
-            ->type_name("");
+    AddSentText(command, options, options.lines);
 }
 
 } // namespace
 
-void AddCellEncode(CLI::App& parent, Action& action) {
-    CLI::App* command = parent.add_subcommand("encode", "Make cell broadcast pages of a text");
+void AddCellEncode(const Command& parent) {
+    const Command command = parent.AddCommand("encode", "Make cell broadcast pages of a text");
     auto options = std::make_shared<CellEncodeOptions>();
-    AddOptions(*command, *options);
-    command->footer(
+    AddOptions(command, *options);
+    command.SetFooter(
         "A line of hexadecimal for each page of GSM, or for the message of UMTS, 3GPP TS 23.041. The text\n"
         "goes out in GSM 7-bit where that holds it, else in UCS2. With --json an object for each line; with\n"
         "--jsonl an object for each text, with those of its pages as \"pdus\", and each line of standard\n"
@@ -262,13 +243,11 @@ void AddCellEncode(CLI::App& parent, Action& action) {
         "\n"
         "Example:\n"
         "  qxpdu cell encode --id 0x1112 --scope 1 --language en 'Stay inside'");
-    command->callback([options, &action] {
-        action = [options](const Streams& streams) {
-            const bool hasLines = options->lines || options->jsonLines;
-            return ConvertAll(
-                options->Settings(), streams, hasLines ? LineKind::Message : LineKind::Whole,
-                [&options](const Input& input, Console& console) { EncodeInput(*options, input, console); });
-        };
+    command.SetAction([options](const Streams& streams) {
+        const bool hasLines = options->lines || options->jsonLines;
+        return ConvertAll(
+            options->Settings(), streams, hasLines ? LineKind::Message : LineKind::Whole,
+            [&options](const Input& input, Console& console) { EncodeInput(*options, input, console); });
     });
 }
 

@@ -2,12 +2,12 @@
 #ifndef QXPDU_CELLENCODE_H
 #define QXPDU_CELLENCODE_H
 
-#include "commands/Commands.h"
+#include "commands/Command.h"
 
 namespace qxpdu {
 
 /// Adds the command "encode" to "cell".
-void AddCellEncode(CLI::App& parent, Action& action);
+void AddCellEncode(const Command& parent);
 
 } // namespace qxpdu
 

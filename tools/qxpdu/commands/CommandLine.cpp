@@ -4,9 +4,11 @@
 #include <new>
 #include <sstream>
 
+#include <CLI/CLI.hpp>
+
 #include "commands/Commands.h"
 #include "commands/Help.h"
-#include "commands/Options.h"
+#include "commands/Shields.h"
 #include "show/CodeUnits.h"
 #include "stream/Writer.h"
 
@@ -36,6 +38,18 @@ constexpr const char* c_footer =
     "  qxpdu encode --to +4179123 hello   the PDU of a text\n"
     "  qxpdu inspect PDU                  what each octet means, and where a PDU breaks\n"
     "  qxpdu count 'It’s 5 €'             how a text would go out, and why in UCS2";
+
+/// Sets the description apart from the usage line, and wraps all.
+class HelpFormatter : public CLI::Formatter {
+public:
+    std::string make_description(const CLI::App* command) const override {
+        return Formatter::make_description(command) + '\n';
+    }
+
+    std::string make_help(const CLI::App* command, std::string name, CLI::AppFormatMode mode) const override {
+        return Wrapped(Formatter::make_help(command, std::move(name), mode));
+    }
+};
 
 /// "Usage: qxpdu gsm encode [OPTIONS] [TEXT...]" of the command that was given, as far as it was.
 std::string UsageOf(const CLI::App& tool) {
@@ -125,14 +139,15 @@ int RunTool(const std::vector<std::string>& given, const Streams& streams) {
     tool.set_version_flag("--version", "qxpdu " QXPDU_VERSION, "Say which version this is, and exit");
     tool.require_subcommand(1);
     Action action;
-    AddEncode(tool, action);
-    AddDecode(tool, action);
-    AddCount(tool, action);
-    AddInspect(tool, action);
-    AddCell(tool, action);
-    AddText(tool, action);
-    AddUcs2(tool, action);
-    AddGsm(tool, action);
+    const Command parent(tool, action);
+    AddEncode(parent);
+    AddDecode(parent);
+    AddCount(parent);
+    AddInspect(parent);
+    AddCell(parent);
+    AddText(parent);
+    AddUcs2(parent);
+    AddGsm(parent);
 
     std::vector<std::string> lastFirst = Shielded(arguments);
     std::reverse(lastFirst.begin(), lastFirst.end());
@@ -148,6 +163,8 @@ int RunTool(const std::vector<std::string>& given, const Streams& streams) {
     } catch (const CLI::ParseError& error) {
         std::string message = NoCommandIn(arguments, tool);
         return Refuse(message.empty() ? error.what() : std::move(message), tool, streams);
+    } catch (const CommandLineError& error) {
+        return Refuse(error.what(), tool, streams);
     } catch (const std::bad_alloc&) {
         streams.err << "qxpdu: out of memory\n";
         return Console::SOME_FAILED;

@@ -2,26 +2,19 @@
 #ifndef QXPDU_COMMANDS_H
 #define QXPDU_COMMANDS_H
 
-#include <functional>
-
-#include <CLI/CLI.hpp>
-
-#include "stream/Console.h"
+#include "commands/Command.h"
 
 namespace qxpdu {
 
-/// What the chosen command does once the command line is read; returns the exit status.
-using Action = std::function<int(const Streams&)>;
-
-/// Each adds its command to `parent`; reading a command line that names it sets `action`.
-void AddEncode(CLI::App& parent, Action& action);
-void AddDecode(CLI::App& parent, Action& action);
-void AddCount(CLI::App& parent, Action& action);
-void AddInspect(CLI::App& parent, Action& action);
-void AddCell(CLI::App& parent, Action& action);
-void AddText(CLI::App& parent, Action& action);
-void AddUcs2(CLI::App& parent, Action& action);
-void AddGsm(CLI::App& parent, Action& action);
+/// Each adds its command to `parent`.
+void AddEncode(const Command& parent);
+void AddDecode(const Command& parent);
+void AddCount(const Command& parent);
+void AddInspect(const Command& parent);
+void AddCell(const Command& parent);
+void AddText(const Command& parent);
+void AddUcs2(const Command& parent);
+void AddGsm(const Command& parent);
 
 } // namespace qxpdu
 

@@ -379,20 +379,15 @@ int Count(const CountOptions& options, const Streams& streams) {
 
 } // namespace
 
-void AddCount(CLI::App& parent, Action& action) {
-    CLI::App* command = parent.add_subcommand("count", "Tell how a text would go out, before it is sent");
-    command->alias("explain");
+void AddCount(const Command& parent) {
+    const Command command = parent.AddCommand("count", "Tell how a text would go out, before it is sent");
+    command.AddAlias("explain");
     auto options = std::make_shared<CountOptions>();
-    AddJson(*command, *options);
-    AddStreaming(*command, *options);
-    command->add_flag("--greek", options->greek, "Count as encode --greek sends the text");
-    command->add_flag("--lines", options->lines, "Each line of standard input is a text of its own");
-    options->inputs =
-        command
-            ->add_option("TEXT",
-                         "The text; without it, or as -, all of standard input without its last line feed")
-            ->type_name("");
-    command->footer(
+    AddJson(command, *options);
+    AddStreaming(command, *options);
+    command.AddFlag("--greek", options->greek, "Count as encode --greek sends the text");
+    AddSentText(command, *options, options->lines);
+    command.SetFooter(
         "Says the alphabet, the septets or characters (one above U+FFFF counts two), the parts, and how "
         "much\n"
         "the last part still takes; which characters force UCS2 and which take two septets, each with its\n"
@@ -401,9 +396,7 @@ void AddCount(CLI::App& parent, Action& action) {
         "\n"
         "Example:\n"
         "  qxpdu count 'It’s 5 €'");
-    command->callback([options, &action] {
-        action = [options](const Streams& streams) { return Count(*options, streams); };
-    });
+    command.SetAction([options](const Streams& streams) { return Count(*options, streams); });
 }
 
 } // namespace qxpdu

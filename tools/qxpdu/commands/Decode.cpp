@@ -236,21 +236,21 @@ void ShowIncomplete(EarlierMessages& earlier, Console& console) {
 
 } // namespace
 
-void AddDecode(CLI::App& parent, Action& action) {
-    CLI::App* command = parent.add_subcommand("decode", "Show the fields and the text of SMS PDUs");
+void AddDecode(const Command& parent) {
+    const Command command = parent.AddCommand("decode", "Show the fields and the text of SMS PDUs");
     auto options = std::make_shared<DecodeOptions>();
-    AddConversion(*command, *options, "PDU",
+    AddConversion(command, *options, "PDU",
                   "PDUs in hexadecimal; without any, one a line from standard input");
-    AddReading(*command, *options);
-    command->add_flag("--ignore-time-zone", options->ignoreTimeZone, "Show times without their zone");
-    CLI::Option* join = command->add_flag(
+    AddReading(command, *options);
+    command.AddFlag("--ignore-time-zone", options->ignoreTimeZone, "Show times without their zone");
+    const Option join = command.AddFlag(
         "--join", options->join,
         "Put the parts of concatenated messages together, and match status reports to messages");
-    command->add_flag("--each", options->each, "With --join, show each part by itself as well")->needs(join);
-    AddFiles(*command, *options);
-    AddStreaming(*command, *options);
-    AddRows(*command, options->rows);
-    command->footer(
+    command.AddFlag("--each", options->each, "With --join, show each part by itself as well").Needs(join);
+    AddFiles(command, *options);
+    AddStreaming(command, *options);
+    AddRows(command, options->rows);
+    command.SetFooter(
         "A line for each field: its name by 3GPP TS 23.040, its value on the wire, its meaning. Below it\n"
         "stands after \"!\" what is unusual, and after \"~\" what a program gets from libQX_Encoding\n"
         "instead. With --json an object for each PDU: a member for each field, \"tp_dcs\" and the like, "
@@ -267,22 +267,18 @@ void AddDecode(CLI::App& parent, Action& action) {
         "  qxpdu decode 0791214365870921040B912143658709F100002120312143658005C8329BFD06\n"
         "  qxpdu decode --join < modem.log\n"
         "  tail -f modem.log | qxpdu decode --brief");
-    command->callback([options, &action] {
-        action = [options](const Streams& streams) {
-            if (options->rows.inputColumn != 0)
-                return ConvertRows(options->Settings(), options->rows, streams,
-                                   [&](const Input& input, Console& console) {
-                                       return ReadToRow(*options, input, console);
-                                   });
-            EarlierMessages earlier{*options};
-            streams.out << HeadingOf(options->rows);
-            return ConvertStream(options->Settings(), streams,
-                                 {LineKind::Transcript,
-                                  [&](const Input& input, Console& console) {
-                                      return Convert(earlier, *options, input, console);
-                                  },
-                                  [&earlier](Console& console) { ShowIncomplete(earlier, console); }});
-        };
+    command.SetAction([options](const Streams& streams) {
+        if (options->rows.inputColumn != 0)
+            return ConvertRows(
+                options->Settings(), options->rows, streams,
+                [&](const Input& input, Console& console) { return ReadToRow(*options, input, console); });
+        EarlierMessages earlier{*options};
+        streams.out << HeadingOf(options->rows);
+        return ConvertStream(
+            options->Settings(), streams,
+            {LineKind::Transcript,
+             [&](const Input& input, Console& console) { return Convert(earlier, *options, input, console); },
+             [&earlier](Console& console) { ShowIncomplete(earlier, console); }});
     });
 }
 

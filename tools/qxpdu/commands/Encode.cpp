@@ -158,8 +158,8 @@ std::vector<Caution> Cautions(const EncodeOptions& options, const TString<wchar_
     std::vector<Caution> cautions;
     const auto checkNumber = [&cautions](const char* option, const std::string& number) {
         if (SentOf(number) != number)
-            cautions.push_back({option, fmt::format("'{}' goes out as {}",
-                                                    show::Printable(Unshielded(number)), SentOf(number))});
+            cautions.push_back(
+                {option, fmt::format("'{}' goes out as {}", show::Printable(number), SentOf(number))});
     };
     checkNumber("--to", options.to);
     checkNumber("--smsc", options.smsc);
@@ -292,52 +292,42 @@ int Encode(EncodeOptions options, const Streams& streams) {
          [&options](const Input& input, Console& console) { return EncodeInput(options, input, console); }});
 }
 
-void AddOptions(CLI::App& command, EncodeOptions& options) {
-    command.add_option("--to", options.to, "Destination number, a leading + for an international one")
-        ->check(FaultOfNumber)
-        ->type_name("NUMBER");
-    command.add_option("--smsc", options.smsc, "Service-centre number; without it, the modem's own")
-        ->check(FaultOfNumber)
-        ->type_name("NUMBER");
-    command.add_option("--class", options.messageClass, "TP-DCS message class, 0 to 3")
-        ->check(FaultOfDecimal)
-        ->check(CLI::Range(0, c_maxClass).description(""))
-        ->type_name("CLASS");
+void AddOptions(const Command& command, EncodeOptions& options) {
+    command.AddText("--to", options.to, "Destination number, a leading + for an international one")
+        .Check(FaultOfNumber)
+        .Named("NUMBER");
+    command.AddText("--smsc", options.smsc, "Service-centre number; without it, the modem's own")
+        .Check(FaultOfNumber)
+        .Named("NUMBER");
+    command.AddNumber("--class", options.messageClass, 0, c_maxClass, "TP-DCS message class, 0 to 3")
+        .Named("CLASS");
     command
-        .add_option("--validity", options.validity,
-                    "TP-VP: 1h, 2h, 6h, 12h, 1d, 1w, max, or the octet, 0 to 255")
-        ->check(FaultOfValidity)
-        ->type_name("PERIOD");
-    command.add_flag("--status-report", options.statusReport,
-                     "TP-SRR: ask for a status report on the first part");
-    command.add_flag("--reject-duplicates", options.rejectDuplicates, "TP-RD: have duplicates rejected");
-    command.add_flag("--reply-path", options.replyPath, "TP-RP: set the reply path");
-    command.add_option("--reference", options.reference, "TP-MR, 0 to 255; 0 without it")
-        ->check(FaultOfDecimal)
-        ->check(CLI::Range(0, c_maxReference).description(""))
-        ->type_name("N");
-    command.add_flag("--greek", options.greek, "Send Greek letters as capitals in GSM 7-bit");
-    command.add_flag("--strict", options.strict, "Turn warnings into errors");
-    CLI::Option* json = AddJson(command, options);
+        .AddText("--validity", options.validity,
+                 "TP-VP: 1h, 2h, 6h, 12h, 1d, 1w, max, or the octet, 0 to 255")
+        .Check(FaultOfValidity)
+        .Named("PERIOD");
+    command.AddFlag("--status-report", options.statusReport,
+                    "TP-SRR: ask for a status report on the first part");
+    command.AddFlag("--reject-duplicates", options.rejectDuplicates, "TP-RD: have duplicates rejected");
+    command.AddFlag("--reply-path", options.replyPath, "TP-RP: set the reply path");
+    command.AddNumber("--reference", options.reference, 0, c_maxReference, "TP-MR, 0 to 255; 0 without it");
+    command.AddFlag("--greek", options.greek, "Send Greek letters as capitals in GSM 7-bit");
+    command.AddFlag("--strict", options.strict, "Turn warnings into errors");
+    const Option json = AddJson(command, options);
     AddStreaming(command, options);
-    command.add_flag("--at", options.at, "Put AT+CMGS=LENGTH before each PDU, as a modem wants it")
-        ->excludes(json)
-        ->excludes(command.get_option("--jsonl"));
-    command.add_flag("--lines", options.lines, "Each line of standard input is a text of its own");
-    options.inputs =
-        command
-            .add_option("TEXT",
-                        "The text; without it, or as -, all of standard input without its last line feed")
-            ->type_name("");
+    command.AddFlag("--at", options.at, "Put AT+CMGS=LENGTH before each PDU, as a modem wants it")
+        .Excludes(json)
+        .Excludes(command.OptionNamed("--jsonl"));
+    AddSentText(command, options, options.lines);
 }
 
 } // namespace
 
-void AddEncode(CLI::App& parent, Action& action) {
-    CLI::App* command = parent.add_subcommand("encode", "Make SMS-SUBMIT PDUs of a text");
+void AddEncode(const Command& parent) {
+    const Command command = parent.AddCommand("encode", "Make SMS-SUBMIT PDUs of a text");
     auto options = std::make_shared<EncodeOptions>();
-    AddOptions(*command, *options);
-    command->footer(
+    AddOptions(command, *options);
+    command.SetFooter(
         "A line of hexadecimal for each PDU, the service-centre address first. The text goes out in\n"
         "GSM 7-bit where every character survives that, else in UCS2. With --json an object for each\n"
         "part: \"octets\", \"tpdu_length\" (octets without the service centre, as a modem wants them),\n"
@@ -349,10 +339,10 @@ void AddEncode(CLI::App& parent, Action& action) {
         "\n"
         "Example:\n"
         "  qxpdu encode --to +4179123 hello");
-    command->callback([command, options, &action] {
-        if (!options->jsonLines && command->count("--to") == 0)
-            throw CLI::RequiredError("--to");
-        action = [options](const Streams& streams) { return Encode(*options, streams); };
+    command.SetAction([options](const Streams& streams) {
+        if (!options->jsonLines && options->to.empty())
+            throw CommandLineError("--to is required");
+        return Encode(*options, streams);
     });
 }
 

@@ -118,20 +118,17 @@ int Convert(const GsmOptions& options, const Operation& operation, const Streams
 
 } // namespace
 
-void AddGsm(CLI::App& parent, Action& action) {
-    CLI::App* gsm = parent.add_subcommand("gsm", "Convert between text and unpacked GSM 7-bit codes");
-    gsm->require_subcommand(1);
+void AddGsm(const Command& parent) {
+    const Command gsm = parent.AddCommand("gsm", "Convert between text and unpacked GSM 7-bit codes");
+    gsm.RequireCommand();
     for (const Operation& operation : c_operations) {
-        CLI::App* command = gsm->add_subcommand(operation.name, operation.description);
+        const Command command = gsm.AddCommand(operation.name, operation.description);
         auto options = std::make_shared<GsmOptions>();
-        AddConversion(*command, *options, operation.argument, operation.argumentDescription);
-        command->add_flag("--greek", options->greek, operation.greekDescription);
-        command->footer(operation.footer);
-        command->callback([options, &operation, &action] {
-            action = [options, &operation](const Streams& streams) {
-                return Convert(*options, operation, streams);
-            };
-        });
+        AddConversion(command, *options, operation.argument, operation.argumentDescription);
+        command.AddFlag("--greek", options->greek, operation.greekDescription);
+        command.SetFooter(operation.footer);
+        command.SetAction(
+            [options, &operation](const Streams& streams) { return Convert(*options, operation, streams); });
     }
 }
 

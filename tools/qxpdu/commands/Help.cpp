@@ -95,15 +95,6 @@ std::string Wrapped(std::string_view text) {
     return wrapped;
 }
 
-std::string HelpFormatter::make_description(const CLI::App* command) const {
-    return Formatter::make_description(command) + '\n';
-}
-
-std::string HelpFormatter::make_help(const CLI::App* command, std::string name,
-                                     CLI::AppFormatMode mode) const {
-    return Wrapped(Formatter::make_help(command, std::move(name), mode));
-}
-
 std::string Nearest(std::string_view given, const std::vector<std::string>& known) {
     constexpr std::size_t c_most = 2;
     const auto nearest = std::min_element(known.begin(), known.end(),

@@ -6,20 +6,11 @@
 #include <string_view>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-
 namespace qxpdu {
 
 /// The text in lines of 80 columns at most, where it has blanks to break at. Lines of a paragraph that begin
 /// at the margin are filled anew; what stands in a right column stays there.
 std::string Wrapped(std::string_view text);
-
-/// Sets the description apart from the usage line, and wraps all.
-class HelpFormatter : public CLI::Formatter {
-public:
-    std::string make_description(const CLI::App* command) const override;
-    std::string make_help(const CLI::App* command, std::string name, CLI::AppFormatMode mode) const override;
-};
 
 /// The known name that differs least from the one given, by two letters at most; empty where none does.
 std::string Nearest(std::string_view given, const std::vector<std::string>& known);

@@ -101,25 +101,24 @@ bool WantsColor(const std::string& when, const Streams& streams) {
 
 } // namespace
 
-void AddInspect(CLI::App& parent, Action& action) {
-    CLI::App* command = parent.add_subcommand("inspect", "Show what each octet of SMS PDUs means");
+void AddInspect(const Command& parent) {
+    const Command command = parent.AddCommand("inspect", "Show what each octet of SMS PDUs means");
     auto options = std::make_shared<InspectOptions>();
-    AddConversion(*command, *options, "PDU",
+    AddConversion(command, *options, "PDU",
                   "PDUs in hexadecimal, sound or broken; without any, one a line from standard input");
-    AddReading(*command, *options);
-    command->add_flag("--cell", options->isCell,
-                      "The inputs are pages, messages or notifications of cell broadcast");
-    AddCellFormat(*command, options->format);
+    AddReading(command, *options);
+    command.AddFlag("--cell", options->isCell,
+                    "The inputs are pages, messages or notifications of cell broadcast");
+    AddCellFormat(command, options->format);
     command
-        ->add_option(
-            "--color", options->color,
-            "Colours per field: auto, always or never; auto, the default, means on a terminal unless "
-            "NO_COLOR is set or TERM is dumb")
-        ->check(FaultOfColor)
-        ->type_name("WHEN");
-    AddFiles(*command, *options);
-    AddStreaming(*command, *options);
-    command->footer(
+        .AddText("--color", options->color,
+                 "Colours per field: auto, always or never; auto, the default, means on a terminal unless "
+                 "NO_COLOR is set or TERM is dumb")
+        .Check(FaultOfColor)
+        .Named("WHEN");
+    AddFiles(command, *options);
+    AddStreaming(command, *options);
+    command.SetFooter(
         "Every octet once, in order: its offset, its digits, its field by 3GPP TS 23.040, its value, its\n"
         "meaning; octets of bits bit by bit. After \"!\" stands what is unusual, and after \"~\" what a\n"
         "program gets from libQX_Encoding instead. A broken PDU is shown as far as it goes. With --json an\n"
@@ -130,13 +129,11 @@ void AddInspect(CLI::App& parent, Action& action) {
         "\n"
         "Example:\n"
         "  qxpdu inspect 0791214365870921040B912143658709F100002120312143658005C8329BFD06");
-    command->callback([options, &action] {
-        action = [options](const Streams& streams) {
-            const show::Painter painter(WantsColor(options->color, streams));
-            return ConvertAll(
-                options->Settings(), streams, LineKind::Transcript,
-                [&](const Input& input, Console& console) { Inspect(*options, input, painter, console); });
-        };
+    command.SetAction([options](const Streams& streams) {
+        const show::Painter painter(WantsColor(options->color, streams));
+        return ConvertAll(
+            options->Settings(), streams, LineKind::Transcript,
+            [&](const Input& input, Console& console) { Inspect(*options, input, painter, console); });
     });
 }
 

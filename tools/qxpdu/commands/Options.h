@@ -4,10 +4,8 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
-#include <CLI/CLI.hpp>
-
+#include "commands/Command.h"
 #include "stream/Conversion.h"
 
 namespace qxpdu {
@@ -19,40 +17,27 @@ struct ConversionOptions {
     bool lineBuffered = false;
     std::optional<bool> progress;
     unsigned int threads = 1;
-    const CLI::Option* inputs = nullptr; ///< the arguments to convert
-    const CLI::Option* files = nullptr;  ///< where the command takes any
+    std::optional<Option> inputs; ///< the arguments to convert
+    std::optional<Option> files;  ///< where the command takes any
 
     ConversionSettings Settings() const;
 };
 
 /// Adds the input arguments, named `name`, and --json.
-void AddConversion(CLI::App& command, ConversionOptions& options, const std::string& name,
+void AddConversion(const Command& command, ConversionOptions& options, const std::string& name,
                    const std::string& description);
 
+/// Adds the argument of a command that sends one text, and --lines.
+void AddSentText(const Command& command, ConversionOptions& options, bool& lines);
+
 /// Adds --json.
-CLI::Option* AddJson(CLI::App& command, ConversionOptions& options);
+Option AddJson(const Command& command, ConversionOptions& options);
 
 /// Adds --file.
-void AddFiles(CLI::App& command, ConversionOptions& options);
+void AddFiles(const Command& command, ConversionOptions& options);
 
 /// Adds --jsonl, --line-buffered, --progress, --no-progress, and -j; --json is there already.
-void AddStreaming(CLI::App& command, ConversionOptions& options);
-
-/// The arguments, as the command line is to be given them: what it would take for a list, or for an option
-/// though "--" came before, is put under a shield. Each file gets an option of its own.
-std::vector<std::string> Shielded(const std::vector<std::string>& arguments);
-
-/// A message about them without the shields.
-std::string WithoutShields(std::string message);
-
-/// An argument as the user gave it.
-std::string Unshielded(const std::string& argument);
-
-/// The values of an option as the user gave them.
-std::vector<std::string> ValuesOf(const CLI::Option* option);
-
-/// What is wrong with a number on the command line, which would be read as octal; nothing for others.
-std::string FaultOfDecimal(const std::string& text);
+void AddStreaming(const Command& command, ConversionOptions& options);
 
 } // namespace qxpdu
 

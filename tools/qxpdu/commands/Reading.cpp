@@ -68,45 +68,45 @@ Messages::Presence ServiceCentreOf(const ReadingOptions& options) {
 
 } // namespace
 
-void AddReading(CLI::App& command, ReadingOptions& options) {
-    CLI::Option* noSmsc = command.add_flag("--no-smsc", options.noSmsc, "The same as --smsc no");
+void AddReading(const Command& command, ReadingOptions& options) {
+    const Option noSmsc = command.AddFlag("--no-smsc", options.noSmsc, "The same as --smsc no");
     command
-        .add_option("--smsc", options.smsc,
-                    "Whether the PDUs begin with a service centre, yes or no; without it, what makes sense")
-        ->check(FaultOfPresence)
-        ->excludes(noSmsc)
-        ->type_name("yes|no");
+        .AddText("--smsc", options.smsc,
+                 "Whether the PDUs begin with a service centre, yes or no; without it, what makes sense")
+        .Check(FaultOfPresence)
+        .Excludes(noSmsc)
+        .Named("yes|no");
     command
-        .add_option("--direction", options.direction,
-                    "Which way the PDUs go, to-mobile or from-mobile; without it, what the octets allow")
-        ->check(FaultOfDirection)
-        ->type_name("WAY");
+        .AddText("--direction", options.direction,
+                 "Which way the PDUs go, to-mobile or from-mobile; without it, what the octets allow")
+        .Check(FaultOfDirection)
+        .Named("WAY");
     AddHostReading(command, options.asHost);
     AddStrict(command, options.isStrict);
 }
 
-void AddHostReading(CLI::App& command, bool& asHost) {
+void AddHostReading(const Command& command, bool& asHost) {
     command
-        .add_option_function<std::string>(
+        .AddText(
             "--as", [&asHost](const std::string&) { asHost = true; },
             "Show the reading of libQX_Encoding alone, member by member")
-        ->check(FaultOfReader)
-        ->type_name("libQX_Encoding");
+        .Check(FaultOfReader)
+        .Named("libQX_Encoding");
 }
 
-void AddStrict(CLI::App& command, bool& isStrict) {
-    command.add_flag("--strict", isStrict,
-                     "Turn warnings into errors: a text of which something is missing, cut or compressed");
+void AddStrict(const Command& command, bool& isStrict) {
+    command.AddFlag("--strict", isStrict,
+                    "Turn warnings into errors: a text of which something is missing, cut or compressed");
 }
 
-void AddCellFormat(CLI::App& command, Messages::CellFormat& format) {
+void AddCellFormat(const Command& command, Messages::CellFormat& format) {
     command
-        .add_option_function<std::string>(
+        .AddText(
             "--type", [&format](const std::string& name) { format = *CellFormatOf(name); },
             "Pages of GSM, messages of UMTS, notifications of ETWS: gsm, umts or etws; without it, what the "
             "octets tell")
-        ->check(FaultOfCellFormat)
-        ->type_name("gsm|umts|etws");
+        .Check(FaultOfCellFormat)
+        .Named("gsm|umts|etws");
 }
 
 std::optional<show::Message> ReadMessage(const ReadingOptions& options, const Input& input,

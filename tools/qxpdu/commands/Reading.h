@@ -23,14 +23,14 @@ struct ReadingOptions : ConversionOptions {
 };
 
 /// Adds the options of both commands; --ignore-time-zone is none of them.
-void AddReading(CLI::App& command, ReadingOptions& options);
+void AddReading(const Command& command, ReadingOptions& options);
 
 /// Some of them by themselves.
-void AddHostReading(CLI::App& command, bool& asHost);
-void AddStrict(CLI::App& command, bool& isStrict);
+void AddHostReading(const Command& command, bool& asHost);
+void AddStrict(const Command& command, bool& isStrict);
 
 /// Adds --type.
-void AddCellFormat(CLI::App& command, Messages::CellFormat& format);
+void AddCellFormat(const Command& command, Messages::CellFormat& format);
 
 /// Reads a PDU by the standard, as it makes sense. What had to be assumed is warned of; in JSON Lines the
 /// object says so. Throws InputError where it is no hexadecimal text. A free SIM record is nothing but a

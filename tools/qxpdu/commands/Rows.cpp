@@ -21,8 +21,7 @@ std::vector<show::Column> ColumnsIn(const std::string& names) {
         const std::string name = names.substr(begin, end - begin);
         const std::optional<show::Column> column = show::ColumnOf(name);
         if (!column)
-            throw CLI::ValidationError("--columns",
-                                       fmt::format("'{}' is none of {}", name, show::ColumnNames()));
+            throw CommandLineError(fmt::format("--columns: '{}' is none of {}", name, show::ColumnNames()));
         columns.push_back(*column);
         begin = end + 1;
     }
@@ -75,38 +74,35 @@ void ConvertRow(const RowOptions& options, const Input& line, const ReadRow& rea
 
 } // namespace
 
-void AddRows(CLI::App& command, RowOptions& options) {
-    CLI::Option* json = command.get_option("--json");
-    CLI::Option* jsonLines = command.get_option("--jsonl");
-    CLI::Option* host = command.get_option("--as");
-    CLI::Option* brief = command
-                             .add_flag("--brief", options.isBrief,
-                                       "Write a line for each message: time, from or to, part, text")
-                             ->excludes(json)
-                             ->excludes(jsonLines)
-                             ->excludes(host);
-    CLI::Option* columns =
+void AddRows(const Command& command, RowOptions& options) {
+    const Option json = command.OptionNamed("--json");
+    const Option jsonLines = command.OptionNamed("--jsonl");
+    const Option host = command.OptionNamed("--as");
+    const Option brief = command
+                             .AddFlag("--brief", options.isBrief,
+                                      "Write a line for each message: time, from or to, part, text")
+                             .Excludes(json)
+                             .Excludes(jsonLines)
+                             .Excludes(host);
+    const Option columns =
         command
-            .add_option_function<std::string>(
+            .AddText(
                 "--columns", [&options](const std::string& names) { options.columns = ColumnsIn(names); },
                 "Write a table with these columns, between tabs:\n" + show::ColumnNames())
-            ->type_name("NAME,...")
-            ->excludes(json)
-            ->excludes(jsonLines)
-            ->excludes(host)
-            ->excludes(brief);
+            .Named("NAME,...")
+            .Excludes(json)
+            .Excludes(jsonLines)
+            .Excludes(host)
+            .Excludes(brief);
     command
-        .add_option("--input-column", options.inputColumn,
-                    "Lines are rows between tabs, with the PDU in column N; the others pass through")
-        ->check(FaultOfDecimal)
-        ->check(CLI::Range(1U, c_maxColumn).description(""))
-        ->type_name("N")
-        ->needs(columns)
-        ->excludes(command.get_option("--join"));
+        .AddNumber("--input-column", options.inputColumn, 1U, c_maxColumn,
+                   "Lines are rows between tabs, with the PDU in column N; the others pass through")
+        .Needs(columns)
+        .Excludes(command.OptionNamed("--join"));
     command
-        .add_flag("--no-heading", options.hasNoHeading,
-                  "The table, and the lines of --input-column, have no heading")
-        ->needs(columns);
+        .AddFlag("--no-heading", options.hasNoHeading,
+                 "The table, and the lines of --input-column, have no heading")
+        .Needs(columns);
 }
 
 void ShowRow(const RowOptions& options, const show::Row& row, Console& console) {

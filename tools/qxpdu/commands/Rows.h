@@ -23,7 +23,7 @@ struct RowOptions {
 
 /// Adds --brief, --columns, --input-column and --no-heading; --json, --jsonl, --as and --join are there
 /// already.
-void AddRows(CLI::App& command, RowOptions& options);
+void AddRows(const Command& command, RowOptions& options);
 
 void ShowRow(const RowOptions& options, const show::Row& row, Console& console);
 

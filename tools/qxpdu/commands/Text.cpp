@@ -1,6 +1,4 @@
 // qxpdu text
-#include <map>
-
 #include "Encoding/TextDecoder.h"
 #include "Toolkit/ILogger.h"
 #include "characters/Unicode.h"
@@ -32,34 +30,29 @@ void Decode(const TextOptions& options, const Input& input, Console& console) {
 
 } // namespace
 
-void AddText(CLI::App& parent, Action& action) {
-    CLI::App* command = parent.add_subcommand("text", "Decode texts in GSM codes or in UCS2 hex");
+void AddText(const Command& parent) {
+    const Command command = parent.AddCommand("text", "Decode texts in GSM codes or in UCS2 hex");
     auto options = std::make_shared<TextOptions>();
-    AddConversion(*command, *options, "TEXT", "Texts to decode; without any, one a line from standard input");
+    AddConversion(command, *options, "TEXT", "Texts to decode; without any, one a line from standard input");
     command
-        ->add_option("--alphabet", options->alphabet,
-                     "gsm, 0 or 4: the low 8 bits of each character are a GSM code; ucs2 or any other "
-                     "number: UCS2 hex")
-        ->transform(CLI::Transformer(std::map<std::string, std::string>{{"gsm", "0"}, {"ucs2", "2"}},
-                                     CLI::ignore_case)
-                        .description(""))
-        ->required()
-        ->type_name("N");
-    command->add_flag("--verbose", options->verbose, "Show the decoder's log line on standard error");
-    command->footer(
+        .AddNumber("--alphabet", options->alphabet,
+                   "gsm, 0 or 4: the low 8 bits of each character are a GSM code; ucs2 or any other "
+                   "number: UCS2 hex")
+        .Synonyms({{"gsm", "0"}, {"ucs2", "2"}})
+        .Required();
+    command.AddFlag("--verbose", options->verbose, "Show the decoder's log line on standard error");
+    command.SetFooter(
         "The text decoder rejects nothing: in UCS2 hex a character that is no digit counts as 0, and up\n"
         "to three characters left over at the end are ignored. 'qxpdu ucs2 decode' is strict.\n"
         "\n"
         "Example:\n"
         "  qxpdu text --alphabet ucs2 00480069");
-    command->callback([options, &action] {
-        action = [options](const Streams& streams) {
-            if (options->verbose)
-                (*Toolkit::ILogger::s_pInstance)->SetLevel(c_decoderSeverity);
-            return ConvertAll(
-                options->Settings(), streams, LineKind::Text,
-                [&options](const Input& input, Console& console) { Decode(*options, input, console); });
-        };
+    command.SetAction([options](const Streams& streams) {
+        if (options->verbose)
+            (*Toolkit::ILogger::s_pInstance)->SetLevel(c_decoderSeverity);
+        return ConvertAll(
+            options->Settings(), streams, LineKind::Text,
+            [&options](const Input& input, Console& console) { Decode(*options, input, console); });
     });
 }
 

@@ -85,18 +85,16 @@ constexpr Operation c_operations[] = {
 
 } // namespace
 
-void AddUcs2(CLI::App& parent, Action& action) {
-    CLI::App* ucs2 = parent.add_subcommand("ucs2", "Convert between text and UCS2 hex, or recognise it");
-    ucs2->require_subcommand(1);
+void AddUcs2(const Command& parent) {
+    const Command ucs2 = parent.AddCommand("ucs2", "Convert between text and UCS2 hex, or recognise it");
+    ucs2.RequireCommand();
     for (const Operation& operation : c_operations) {
-        CLI::App* command = ucs2->add_subcommand(operation.name, operation.description);
+        const Command command = ucs2.AddCommand(operation.name, operation.description);
         auto options = std::make_shared<ConversionOptions>();
-        AddConversion(*command, *options, operation.argument, operation.argumentDescription);
-        command->footer(operation.footer);
-        command->callback([options, &operation, &action] {
-            action = [options, &operation](const Streams& streams) {
-                return ConvertAll(options->Settings(), streams, operation.kind, operation.convert);
-            };
+        AddConversion(command, *options, operation.argument, operation.argumentDescription);
+        command.SetFooter(operation.footer);
+        command.SetAction([options, &operation](const Streams& streams) {
+            return ConvertAll(options->Settings(), streams, operation.kind, operation.convert);
         });
     }
 }
