@@ -131,14 +131,9 @@ void Write(const ComparedBroadcast& compared, JsonText& object) {
     }
     if (!reading.warning)
         WritePages(reading, object);
-    WriteWarnings(broadcast, object);
+    WriteWarnings(broadcast.warnings, object);
     WriteRemarks(reading.remarks, object);
     WriteDifferences(host, false, object);
-}
-
-void WriteWarnings(const Broadcast& broadcast, JsonText& object) {
-    if (!broadcast.warnings.empty())
-        object.Texts("warnings", broadcast.warnings);
 }
 
 void WriteSerialNumber(Messages::SerialNumber serial, std::uint16_t messageIdentifier, JsonText& object) {

@@ -11,9 +11,6 @@ namespace show {
 /// data, remarks, and what a host of libQX_Encoding gets instead.
 void Write(const ComparedBroadcast& compared, JsonText& object);
 
-/// The array "warnings"; none where nothing had to be assumed.
-void WriteWarnings(const Broadcast& broadcast, JsonText& object);
-
 /// Members that pages and joined messages have alike.
 void WriteSerialNumber(Messages::SerialNumber serial, std::uint16_t messageIdentifier, JsonText& object);
 void WriteDataCoding(const Messages::CellCoding& coding, JsonText& object);

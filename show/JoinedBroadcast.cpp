@@ -108,7 +108,7 @@ void WriteSource(const JoinedBroadcast& joined, const PageSource& source, JsonTe
     if (!source.file.empty())
         object.Member("file", source.file);
     object.Member(source.isArgument ? "argument" : "line", source.input);
-    WriteWarnings(source.compared->broadcast, object);
+    WriteWarnings(source.compared->broadcast.warnings, object);
     WriteRemarks(RemarksOn(joined, source), object);
     WriteDifferences(source.compared->host, false, object);
 }

@@ -189,7 +189,7 @@ void Write(const JoinedMessage& joined, JsonText& object) {
                 if (!part.file.empty())
                     object.Member("file", part.file);
                 object.Member(part.isArgument ? "argument" : "line", part.input);
-                WriteWarnings(part.message->message, object);
+                WriteWarnings(part.message->message.warnings, object);
                 WriteRemarks(RemarksOn(joined, part), object);
                 WriteDifferences(part.message->host, false, object);
             });

@@ -70,7 +70,7 @@ void WriteMap(const Message& message, const HostReading& host, JsonText& object)
         object.Member("type", Messages::NameOf(message.reading.Type()));
     WriteDirection(message.reading.direction, object);
     WriteRows(MapOctets(message), message.octets, object);
-    WriteWarnings(message, object);
+    WriteWarnings(message.warnings, object);
     WriteFindings(message.reading.remarks, message.reading.fault, host, object);
 }
 
@@ -79,7 +79,7 @@ void WriteMap(const ComparedBroadcast& compared, JsonText& object) {
     object.Octets("octets", broadcast.octets);
     object.Member("type", Messages::NameOf(broadcast.reading.format));
     WriteRows(MapOctets(broadcast), broadcast.octets, object);
-    WriteWarnings(broadcast, object);
+    WriteWarnings(broadcast.warnings, object);
     WriteFindings(broadcast.reading.remarks, broadcast.reading.fault, host, object);
 }
 

@@ -257,7 +257,7 @@ void Write(const Message& message, const HostReading& host, std::optional<std::s
         WriteUserData(message, *userData, object);
     if (reportOn)
         object.Member("report_on", *reportOn);
-    WriteWarnings(message, object);
+    WriteWarnings(message.warnings, object);
     WriteRemarks(message.reading.remarks, object);
     WriteDifferences(host, message.reading.fault.has_value(), object);
 }
@@ -280,9 +280,9 @@ void WriteFault(const Messages::Fault& fault, JsonText& object) {
     });
 }
 
-void WriteWarnings(const Message& message, JsonText& object) {
-    if (!message.warnings.empty())
-        object.Texts("warnings", message.warnings);
+void WriteWarnings(const std::vector<std::string>& warnings, JsonText& object) {
+    if (!warnings.empty())
+        object.Texts("warnings", warnings);
 }
 
 void WriteRemarks(const std::vector<Messages::Remark>& remarks, JsonText& object) {

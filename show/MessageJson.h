@@ -4,7 +4,9 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "show/JsonText.h"
 #include "show/Message.h"
@@ -33,7 +35,7 @@ void WriteTables(const Messages::SeptetTables& tables, JsonText& object);
 void WriteFault(const Messages::Fault& fault, JsonText& object);
 
 /// The array "warnings"; none where nothing had to be assumed.
-void WriteWarnings(const Message& message, JsonText& object);
+void WriteWarnings(const std::vector<std::string>& warnings, JsonText& object);
 
 /// The array "remarks"; none where nothing is unusual.
 void WriteRemarks(const std::vector<Messages::Remark>& remarks, JsonText& object);

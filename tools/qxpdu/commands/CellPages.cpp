@@ -9,12 +9,13 @@
 #include "characters/Hexadecimal.h"
 #include "characters/InputError.h"
 #include "commands/HostPage.h"
+#include "commands/Joined.h"
+#include "commands/Reading.h"
 #include "show/BroadcastJson.h"
 #include "show/BroadcastText.h"
 #include "show/Columns.h"
 #include "show/Message.h"
 #include "show/MessageJson.h"
-#include "show/Notes.h"
 #include "show/Plural.h"
 
 namespace qxpdu {
@@ -32,22 +33,6 @@ std::string WarningOfLength(const Input& input, std::size_t octets) {
 /// Not where there is no page at all: that is never joined.
 bool IsPart(const show::Broadcast& broadcast) {
     return !broadcast.reading.pages.empty() && broadcast.reading.pages.size() < broadcast.reading.total;
-}
-
-void ShowFault(const Input& input, const show::ComparedBroadcast& compared, Console& console) {
-    const auto& [broadcast, host] = compared;
-    const std::string fault = show::ToText(*broadcast.reading.fault);
-    if (!console.WantsJsonLines())
-        return console.Error(NameOf(input),
-                             host.isRejected ? fault : fmt::format("{}; {}", fault, show::c_acceptedText));
-    show::JsonText object;
-    Begin(object, input);
-    object.Member("error", std::string_view(fault));
-    show::WriteWarnings(broadcast, object);
-    show::WriteFault(*broadcast.reading.fault, object);
-    show::WriteDifferences(host, true, object);
-    console.Object(object);
-    console.Failed();
 }
 
 void ShowDuplicate(const Input& input, const Messages::CellReading& reading, Console& console) {
@@ -83,10 +68,7 @@ show::Broadcast ReadBroadcast(Messages::CellFormat format, const Input& input, C
     broadcast.reading = Messages::ReadCell(broadcast.octets, format);
     if (std::string warning = WarningOfLength(input, broadcast.octets.size()); !warning.empty())
         broadcast.warnings.push_back(std::move(warning));
-    if (!console.WantsJsonLines()) {
-        for (const std::string& warning : broadcast.warnings)
-            console.Warning(NameOf(input), warning);
-    }
+    TellWarnings(broadcast.warnings, input, console);
     return broadcast;
 }
 
@@ -102,12 +84,8 @@ void WarnOfText(const CellSettings& settings, const show::Broadcast& broadcast, 
     for (const Messages::Remark& remark : broadcast.reading.remarks) {
         const bool isLeft =
             isPart && (show::MayBeHealed(remark) || remark.code == Messages::RemarkCode::PagesMissing);
-        if (!show::ConcernsText(remark, broadcast) || isLeft)
-            continue;
-        if (settings.isStrict)
-            throw InputError(show::ToText(remark));
-        if (!console.WantsJsonLines())
-            console.Warning(NameOf(input), show::ToText(remark));
+        if (show::ConcernsText(remark, broadcast) && !isLeft)
+            TellRemark(remark, settings.isStrict, input, console);
     }
 }
 
@@ -121,12 +99,13 @@ Afterwards CellPages::Convert(const Input& input, Console& console) {
     }
     const auto compared =
         std::make_shared<const show::ComparedBroadcast>(ReadCompared(m_Settings.format, input, console));
-    if (compared->broadcast.reading.fault) {
-        ShowFault(input, *compared, console);
+    const show::Broadcast& broadcast = compared->broadcast;
+    if (broadcast.reading.fault) {
+        ShowFault(*broadcast.reading.fault, broadcast.warnings, compared->host, input, console);
         return {};
     }
-    WarnOfText(m_Settings, compared->broadcast, input, console);
-    const bool isJoined = m_Settings.join && !compared->broadcast.reading.pages.empty();
+    WarnOfText(m_Settings, broadcast, input, console);
+    const bool isJoined = m_Settings.join && !broadcast.reading.pages.empty();
     if (!isJoined || m_Settings.each)
         Show(input, *compared, console);
     if (!isJoined)
@@ -144,7 +123,7 @@ show::Row CellPages::ReadToRow(const Input& input, Console& console) const {
 
 void CellPages::ShowIncomplete(Console& console) {
     while (const auto message = m_Joiner.TakeOldest())
-        ShowJoined(WithSources(*message), console);
+        ShowJoined(WithSources(*message), m_Settings.isStrict, m_Settings.rows, console);
 }
 
 void CellPages::Show(const Input& input, const show::ComparedBroadcast& compared, Console& console) const {
@@ -175,22 +154,6 @@ void CellPages::ShowOlder(const Input& input, const show::ComparedBroadcast& com
     Show(input, older, console);
 }
 
-void CellPages::ShowJoined(const show::JoinedBroadcast& joined, Console& console) const {
-    for (const auto& [source, words] : show::FlawsOf(joined)) {
-        if (!console.WantsJsonLines())
-            m_Settings.isStrict ? console.Error(source, words) : console.Warning(source, words);
-        else if (m_Settings.isStrict)
-            console.Failed(); // the object says so
-    }
-    if (m_Settings.rows.AreWanted())
-        return ShowRow(m_Settings.rows, show::RowOf(joined), console);
-    if (!console.WantsJson())
-        return console.Block(show::ToText(joined));
-    show::JsonText object;
-    show::Write(joined, object);
-    console.Object(object);
-}
-
 show::JoinedBroadcast CellPages::WithSources(const Messages::CellMessage& message) {
     auto node = m_Sources.extract({message.serialNumber.value, message.messageIdentifier});
     std::vector<show::PageSource>& sources = node.mapped();
@@ -208,7 +171,7 @@ void CellPages::Take(const Input& input, const Compared& compared, Console& cons
                                   input.file, compared};
     const auto show = [&](const show::JoinedBroadcast& joined) {
         if (!joined.message.IsComplete() || joined.sources.size() > 1)
-            ShowJoined(joined, console);
+            ShowJoined(joined, m_Settings.isStrict, m_Settings.rows, console);
         else if (!m_Settings.each)
             Show(input, *compared, console);
     };

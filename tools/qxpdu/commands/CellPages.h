@@ -56,7 +56,6 @@ private:
     void Show(const Input& input, const show::ComparedBroadcast& compared, Console& console) const;
     /// By itself, as it is of no use to the newer update.
     void ShowOlder(const Input& input, const show::ComparedBroadcast& compared, Console& console) const;
-    void ShowJoined(const show::JoinedBroadcast& joined, Console& console) const;
 
     /// The message with the inputs that it came in, which are not held any more.
     show::JoinedBroadcast WithSources(const Messages::CellMessage& message);

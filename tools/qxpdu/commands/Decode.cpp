@@ -9,12 +9,12 @@
 #include "commands/CellPages.h"
 #include "commands/Commands.h"
 #include "commands/Join.h"
+#include "commands/Joined.h"
 #include "commands/Reading.h"
 #include "commands/Rows.h"
 #include "log/Pasted.h"
 #include "show/MessageJson.h"
 #include "show/MessageText.h"
-#include "show/Notes.h"
 
 namespace qxpdu {
 
@@ -26,7 +26,7 @@ struct DecodeOptions : ReadingOptions {
     RowOptions rows;
 };
 
-/// By both readings. A fault is shown by itself.
+/// By both readings.
 show::ComparedMessage Compared(show::Message message) {
     show::HostReading host = show::CompareWithHost(message);
     return {std::move(message), std::move(host)};
@@ -52,39 +52,6 @@ void Show(const DecodeOptions& options, const Input& input, const show::Compared
     show::Write(message, host, reportOn ? std::optional(reportOn->number) : std::nullopt, object);
     if (reportOn && !reportOn->file.empty())
         object.Member("report_on_file", reportOn->file);
-    console.Object(object);
-}
-
-void ShowFault(const Input& input, const show::ComparedMessage& compared, Console& console) {
-    const auto& [message, host] = compared;
-    const std::string fault = show::ToText(*message.reading.fault);
-    if (!console.WantsJsonLines())
-        return console.Error(NameOf(input),
-                             host.isRejected ? fault : fmt::format("{}; {}", fault, show::c_acceptedText));
-    show::JsonText object;
-    Begin(object, input);
-    object.Member("error", std::string_view(fault));
-    show::WriteWarnings(message, object);
-    show::WriteFault(*message.reading.fault, object);
-    show::WriteDifferences(host, true, object);
-    console.Object(object);
-    console.Failed();
-}
-
-void ShowJoined(const DecodeOptions& options, const ConcatenatedMessage& message, Console& console) {
-    const show::JoinedMessage joined = message.Joined();
-    for (const auto& [source, words] : show::FlawsOf(joined)) {
-        if (!console.WantsJsonLines())
-            options.isStrict ? console.Error(source, words) : console.Warning(source, words);
-        else if (options.isStrict)
-            console.Failed(); // the object says so
-    }
-    if (options.rows.AreWanted())
-        return ShowRow(options.rows, show::RowOf(joined), console);
-    if (!console.WantsJson())
-        return console.Block(show::ToText(joined));
-    show::JsonText object;
-    show::Write(joined, object);
     console.Object(object);
 }
 
@@ -116,7 +83,7 @@ struct EarlierMessages {
                   Console& console) {
         const Concatenations::Outcome outcome = concatenations.Take(key, number, part);
         for (const ConcatenatedMessage& message : outcome.messages)
-            ShowJoined(options, message, console);
+            ShowJoined(message.Joined(), options.isStrict, options.rows, console);
         if (!outcome.duplicateOf)
             return;
         if (!console.WantsJsonLines())
@@ -215,7 +182,8 @@ Afterwards Convert(EarlierMessages& earlier, const DecodeOptions& options, const
         return {};
     }
     if (message.reading.fault) {
-        ShowFault(input, Compared(std::move(message)), console);
+        const show::HostReading host = show::CompareWithHost(message);
+        ShowFault(*message.reading.fault, message.warnings, host, input, console);
         return {};
     }
     WarnOfText(options, message, options.join && IsPart(message), input, console);
@@ -230,7 +198,7 @@ Afterwards Convert(EarlierMessages& earlier, const DecodeOptions& options, const
 
 void ShowIncomplete(EarlierMessages& earlier, Console& console) {
     while (const auto message = earlier.concatenations.TakeOldest())
-        ShowJoined(earlier.options, *message, console);
+        ShowJoined(message->Joined(), earlier.options.isStrict, earlier.options.rows, console);
     earlier.pages.ShowIncomplete(console);
 }
 

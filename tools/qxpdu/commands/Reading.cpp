@@ -11,6 +11,7 @@
 #include "show/JoinedMessage.h"
 #include "show/MessageJson.h"
 #include "show/MessageText.h"
+#include "show/Notes.h"
 #include "show/Values.h"
 
 namespace qxpdu {
@@ -121,16 +122,44 @@ std::optional<show::Message> ReadMessage(const ReadingOptions& options, const In
     message.hasServiceCentre = pdu.hasServiceCentre;
     message.isZoneIgnored = options.ignoreTimeZone;
     message.warnings = std::move(pdu.warnings);
-    if (!console.WantsJsonLines()) {
-        for (const std::string& warning : message.warnings)
-            console.Warning(NameOf(input), warning);
-    } else if (isNothing) {
+    TellWarnings(message.warnings, input, console);
+    if (isNothing && console.WantsJsonLines()) {
         show::JsonText object;
         Begin(object, input);
-        show::WriteWarnings(message, object);
+        show::WriteWarnings(message.warnings, object);
         console.Object(object);
     }
     return isNothing ? std::nullopt : std::optional(std::move(message));
+}
+
+void TellWarnings(const std::vector<std::string>& warnings, const Input& input, Console& console) {
+    if (console.WantsJsonLines())
+        return;
+    for (const std::string& warning : warnings)
+        console.Warning(NameOf(input), warning);
+}
+
+void TellRemark(const Messages::Remark& remark, bool isStrict, const Input& input, Console& console) {
+    if (isStrict)
+        throw InputError(show::ToText(remark));
+    if (!console.WantsJsonLines())
+        console.Warning(NameOf(input), show::ToText(remark));
+}
+
+void ShowFault(const Messages::Fault& fault, const std::vector<std::string>& warnings,
+               const show::HostReading& host, const Input& input, Console& console) {
+    const std::string words = show::ToText(fault);
+    if (!console.WantsJsonLines())
+        return console.Error(NameOf(input),
+                             host.isRejected ? words : fmt::format("{}; {}", words, show::c_acceptedText));
+    show::JsonText object;
+    Begin(object, input);
+    object.Member("error", std::string_view(words));
+    show::WriteWarnings(warnings, object);
+    show::WriteFault(fault, object);
+    show::WriteDifferences(host, true, object);
+    console.Object(object);
+    console.Failed();
 }
 
 void ShowRecord(const show::Message& message, const Input& input, Console& console) {
@@ -162,12 +191,8 @@ void WarnOfSurplus(const show::Message& message, const Input& input, Console& co
 void WarnOfText(const ReadingOptions& options, const show::Message& message, bool isPart, const Input& input,
                 Console& console) {
     for (const Messages::Remark& remark : message.reading.remarks) {
-        if (!show::ConcernsText(remark) || (isPart && show::MayBeHealed(remark)))
-            continue;
-        if (options.isStrict)
-            throw InputError(show::ToText(remark));
-        if (!console.WantsJsonLines())
-            console.Warning(NameOf(input), show::ToText(remark));
+        if (show::ConcernsText(remark) && !(isPart && show::MayBeHealed(remark)))
+            TellRemark(remark, options.isStrict, input, console);
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "Messages/Cell.h"
 #include "commands/Options.h"
@@ -36,6 +37,16 @@ void AddCellFormat(const Command& command, Messages::CellFormat& format);
 /// object says so. Throws InputError where it is no hexadecimal text. A free SIM record is nothing but a
 /// warning, unless libQX_Encoding is to read it.
 std::optional<show::Message> ReadMessage(const ReadingOptions& options, const Input& input, Console& console);
+
+/// Warns of what had to be assumed. In JSON Lines the object says so.
+void TellWarnings(const std::vector<std::string>& warnings, const Input& input, Console& console);
+
+/// Warns of a remark, or throws InputError where the user is strict. In JSON Lines the object says so.
+void TellRemark(const Messages::Remark& remark, bool isStrict, const Input& input, Console& console);
+
+/// Says why it cannot be read, and whether libQX_Encoding takes it nonetheless.
+void ShowFault(const Messages::Fault& fault, const std::vector<std::string>& warnings,
+               const show::HostReading& host, const Input& input, Console& console);
 
 /// Shows the record of libQX_Encoding.
 void ShowRecord(const show::Message& message, const Input& input, Console& console);
