@@ -5,11 +5,6 @@
 
 #include <nlohmann/json.hpp>
 
-namespace show {
-
-/// Members keep the order in which they are made.
-using Json = nlohmann::ordered_json;
-
-} // namespace show
+#include "show/JsonForward.h"
 
 #endif

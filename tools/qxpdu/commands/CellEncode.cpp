@@ -14,6 +14,7 @@
 #include "commands/Members.h"
 #include "commands/Options.h"
 #include "show/CodeUnits.h"
+#include "show/Json.h"
 
 namespace qxpdu {
 

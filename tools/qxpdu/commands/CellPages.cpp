@@ -14,6 +14,7 @@
 #include "show/BroadcastJson.h"
 #include "show/BroadcastText.h"
 #include "show/Columns.h"
+#include "show/Json.h"
 #include "show/Message.h"
 #include "show/MessageJson.h"
 #include "show/Plural.h"

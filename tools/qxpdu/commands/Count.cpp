@@ -19,6 +19,7 @@
 #include "commands/OutgoingText.h"
 #include "commands/Parts.h"
 #include "show/CodeUnits.h"
+#include "show/Json.h"
 #include "show/Plural.h"
 #include "show/Record.h"
 

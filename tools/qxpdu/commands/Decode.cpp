@@ -13,6 +13,7 @@
 #include "commands/Reading.h"
 #include "commands/Rows.h"
 #include "log/Pasted.h"
+#include "show/Json.h"
 #include "show/MessageJson.h"
 #include "show/MessageText.h"
 

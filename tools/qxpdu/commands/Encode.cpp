@@ -16,6 +16,7 @@
 #include "commands/Options.h"
 #include "commands/OutgoingText.h"
 #include "show/CodeUnits.h"
+#include "show/Json.h"
 #include "show/Plural.h"
 #include "show/Record.h"
 

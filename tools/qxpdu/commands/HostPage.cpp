@@ -10,6 +10,7 @@
 #include "characters/InputError.h"
 #include "show/CellMeanings.h"
 #include "show/CodeUnits.h"
+#include "show/Json.h"
 #include "show/Plural.h"
 #include "show/Record.h"
 

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include "characters/InputError.h"
+#include "show/Json.h"
 
 namespace qxpdu {
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "show/Json.h"
+#include "show/JsonForward.h"
 
 namespace qxpdu {
 

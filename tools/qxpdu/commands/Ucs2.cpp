@@ -9,6 +9,7 @@
 #include "commands/Commands.h"
 #include "commands/Options.h"
 #include "show/CodeUnits.h"
+#include "show/Json.h"
 
 namespace qxpdu {
 

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include "show/CodeUnits.h"
+#include "show/Json.h"
 
 namespace qxpdu {
 

@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-#include "show/Json.h"
+#include "show/JsonForward.h"
 #include "show/JsonText.h"
 
 namespace qxpdu {

@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 #include "characters/InputError.h"
+#include "show/Json.h"
 #include "show/Plural.h"
 #include "stream/Progress.h"
 #include "stream/Workers.h"

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "show/CodeUnits.h"
+#include "show/Json.h"
 
 namespace qxpdu {
 

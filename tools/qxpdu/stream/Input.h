@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "log/Headings.h"
-#include "show/Json.h"
+#include "show/JsonForward.h"
 #include "show/JsonText.h"
 
 namespace qxpdu {
