@@ -136,15 +136,15 @@ struct MESSAGES_API CellPage {
     std::uint8_t textBit = 0;            ///< of septets: the bit of that octet, 0 to 7
     std::uint8_t textUnits = 0;          ///< septets, octets or UTF-16 units, without padding
     std::uint8_t paddingUnits = 0;       ///< septets or UTF-16 units of padding after them
+    bool isCut = false;                  ///< a UMTS message ends before the length of the page
     std::string text;                    ///< in UTF-8, without padding; empty where there is no text
 
     /// The octets from the text on. Of a page without text, its data.
     OctetView Content() const noexcept { return OctetView(octets).Sub(textOffset); }
 
-    /// Whether both hold the same octets.
-    bool IsSameAs(const CellPage& other) const noexcept {
-        return number == other.number && octets == other.octets;
-    }
+    /// Whether both, read by the coding, are the same page: the same bits up to the end of the text, whatever
+    /// they are padded with.
+    bool IsSameAs(const CellPage& other, const CellCoding& coding) const noexcept;
 };
 
 /// The text of pages in their order. Where the next page is there, what the cut between them parted is joined
@@ -201,9 +201,9 @@ struct MESSAGES_API CellMessage {
     std::uint8_t total = 1;              ///< pages of the message
     std::vector<CellPage> pages;         ///< those that have come, by their numbers
 
-    /// Whether all pages have come.
-    bool IsComplete() const noexcept { return pages.size() == total; }
-    /// The numbers of the pages that have not come. Throws std::bad_alloc alone.
+    /// Whether all pages have come whole.
+    bool IsComplete() const noexcept;
+    /// The numbers of the pages that have not come whole. Throws std::bad_alloc alone.
     std::vector<std::uint8_t> Missing() const;
     /// Of the pages that have come, see JoinText(). Throws std::bad_alloc alone.
     std::string Text() const { return JoinText(pages, coding); }
@@ -211,9 +211,10 @@ struct MESSAGES_API CellMessage {
 
 /// What a page did.
 struct CellTaken {
-    bool isDuplicate = false; ///< the page has come before, with the same octets
-    /// Given up, each with a page missing: replaced by a newer update or by another message of the same key,
-    /// of an older update, or the oldest to make room.
+    bool isDuplicate = false; ///< the page has come before, the same but for its padding
+    /// Handed back. What waited for pages: replaced by a newer update or by another message of the same key,
+    /// or the oldest to make room. And what was taken itself, whole or not, where it is not held: of an older
+    /// update than is held, or a page beyond the total.
     std::vector<CellMessage> givenUp;
     std::optional<CellMessage> complete; ///< the message that the page completes
 };
@@ -222,7 +223,8 @@ struct CellTaken {
 /// update number and identifier. A page of a newer update replaces what is held of an older one; one of an
 /// older update is given up by itself. Update numbers go around: the eight after a number are newer. A page
 /// with another coding, another number of pages, or other octets than the page of its number that came before
-/// begins a new message of the same key, and the one before is given up.
+/// begins a new message of the same key, and the one before is given up. A page that was cut waits for the
+/// whole one, and takes the place of none.
 ///
 /// Holds so many messages at most, those among them that are complete and known again: of those the oldest is
 /// forgotten first, then the oldest that waits is given up.
@@ -278,8 +280,10 @@ enum class CellDraftFault : std::uint8_t {
 /// What a draft has become.
 struct CellWritten {
     CellDraftFault fault = CellDraftFault::None; ///< with one, there are no pages
-    CellCoding coding;                           ///< that was chosen
-    std::size_t pages = 0;                       ///< 1 to 15
+    /// The character that NotUtf8 and NotInAlphabet are about.
+    std::optional<MisfitCharacter> misfit = std::nullopt;
+    CellCoding coding;     ///< that was chosen
+    std::size_t pages = 0; ///< 1 to 15
     /// The octets of each GSM page, 88 a page; or of the one UMTS message.
     std::vector<std::vector<std::uint8_t>> octets;
 };

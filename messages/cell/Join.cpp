@@ -10,7 +10,7 @@ namespace {
 
 /// Whether the text of one page goes on in the next.
 bool GoesOn(const CellPage& page, const CellPage& next) {
-    return next.number == page.number + 1 && next.tables == page.tables;
+    return !page.isCut && next.number == page.number + 1 && next.tables == page.tables;
 }
 
 void AppendSeptets(const CellPage& page, std::vector<std::uint8_t>& septets) {
@@ -40,6 +40,15 @@ bool IsNewer(SerialNumber serial, SerialNumber than) {
     return (count + serial.UpdateNumber() - than.UpdateNumber()) % count <= count / 2;
 }
 
+/// Bits of a page up to the end of its text, or of its data.
+std::size_t UsedBits(const CellPage& page, const CellCoding& coding) {
+    const std::size_t unitBits = coding.CountsSeptets() ? c_septetBits
+                                 : coding.HasText()     ? 2 * c_octetBits
+                                                        : c_octetBits;
+    return std::min(page.textOffset * c_octetBits + page.textBit + page.textUnits * unitBits,
+                    page.octets.size() * c_octetBits);
+}
+
 const CellPage* PageOf(const CellMessage& message, std::uint8_t number) {
     const auto page = std::find_if(message.pages.begin(), message.pages.end(),
                                    [&](const CellPage& each) { return each.number == number; });
@@ -51,7 +60,7 @@ bool MayBeOf(const CellMessage& message, const CellReading& reading) {
     return message.coding == reading.coding && message.total == reading.total &&
            std::none_of(reading.pages.begin(), reading.pages.end(), [&](const CellPage& page) {
                const CellPage* const held = PageOf(message, page.number);
-               return held != nullptr && !held->IsSameAs(page);
+               return held != nullptr && !held->isCut && !page.isCut && !held->IsSameAs(page, reading.coding);
            });
 }
 
@@ -59,15 +68,24 @@ CellMessage MessageOf(const CellReading& reading) {
     return {reading.serialNumber, reading.messageIdentifier, reading.coding, reading.total, reading.pages};
 }
 
+/// Whether the message lacks the page, or has it cut alone.
+bool Lacks(const CellMessage& message, const CellPage& page) {
+    const CellPage* const held = PageOf(message, page.number);
+    return held == nullptr || (held->isCut && !page.isCut);
+}
+
 /// The message with the pages that it lacks, in their order.
 CellMessage With(CellMessage message, const CellReading& reading) {
-    for (const CellPage& page : reading.pages)
-        if (PageOf(message, page.number) == nullptr)
-            message.pages.insert(std::upper_bound(message.pages.begin(), message.pages.end(), page,
-                                                  [](const CellPage& one, const CellPage& other) {
-                                                      return one.number < other.number;
-                                                  }),
-                                 page);
+    for (const CellPage& page : reading.pages) {
+        if (!Lacks(message, page))
+            continue;
+        const auto at = std::find_if(message.pages.begin(), message.pages.end(),
+                                     [&](const CellPage& each) { return each.number >= page.number; });
+        if (at != message.pages.end() && at->number == page.number)
+            *at = page;
+        else
+            message.pages.insert(at, page);
+    }
     return message;
 }
 
@@ -94,10 +112,26 @@ std::string JoinText(const std::vector<CellPage>& pages, const CellCoding& codin
     return text;
 }
 
+bool CellPage::IsSameAs(const CellPage& other, const CellCoding& coding) const noexcept {
+    const std::size_t bits = UsedBits(*this, coding);
+    if (number != other.number || bits != UsedBits(other, coding))
+        return false;
+    const std::size_t whole = bits / c_octetBits;
+    const unsigned int lastBits = (1U << bits % c_octetBits) - 1;
+    return std::equal(octets.begin(), octets.begin() + static_cast<std::ptrdiff_t>(whole),
+                      other.octets.begin()) &&
+           (lastBits == 0 || ((octets[whole] ^ other.octets[whole]) & lastBits) == 0);
+}
+
+bool CellMessage::IsComplete() const noexcept {
+    return pages.size() == total &&
+           std::none_of(pages.begin(), pages.end(), [](const CellPage& page) { return page.isCut; });
+}
+
 std::vector<std::uint8_t> CellMessage::Missing() const {
     std::vector<std::uint8_t> missing;
     for (std::uint8_t number = 1; number <= total; ++number)
-        if (PageOf(*this, number) == nullptr)
+        if (const CellPage* const page = PageOf(*this, number); page == nullptr || page->isCut)
             missing.push_back(number);
     return missing;
 }
@@ -119,15 +153,13 @@ CellTaken CellJoiner::Take(const CellReading& reading) {
     // All memory is taken before anything changes.
     std::list<CellMessage> fresh;
     const bool isContinued = isSameUpdate && MayBeOf(*held, reading);
-    if (isContinued)
-        fresh.push_back(With(*held, reading));
-    else
-        fresh.push_back(MessageOf(reading));
-    CellMessage& message = fresh.front();
-    if (isContinued && message.pages.size() == held->pages.size()) {
+    if (isContinued && std::none_of(reading.pages.begin(), reading.pages.end(),
+                                    [&](const CellPage& page) { return Lacks(*held, page); })) {
         taken.isDuplicate = true;
         return taken;
     }
+    fresh.push_back(isContinued ? With(*held, reading) : MessageOf(reading));
+    CellMessage& message = fresh.front();
     if (message.IsComplete())
         taken.complete = message;
     taken.givenUp.reserve(2);

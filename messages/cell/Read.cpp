@@ -28,26 +28,31 @@ private:
     CellReading& m_Reading;
 };
 
-/// Where the text of septets ends and its padding begins: the first CR of the CRs and zeros at the end;
-/// without a CR, the first zero, if there are more of them than a text would end with.
+/// Where the text of septets ends and its padding begins: CRs, and zeros after them. Zeros without a CR fill
+/// a page as well, if there are more of them than a text would end with.
 struct TextEnd {
     std::size_t units;
-    std::size_t zeros; ///< at the end of the text
+    std::size_t zeros = 0; ///< at the end of the text, which may be filling
 
-    explicit TextEnd(OctetView septets) {
-        constexpr std::size_t leastFilling = 8; // seven octets of zeros
-        std::size_t run = septets.size();
-        while (run > 0 && (septets[run - 1] == c_carriageReturn || septets[run - 1] == 0))
-            --run;
-        const auto* const padding = std::find(septets.begin() + run, septets.end(), c_carriageReturn);
-        units = static_cast<std::size_t>(padding - septets.begin());
-        zeros = padding == septets.end() ? septets.size() - run : 0;
-        if (zeros >= leastFilling) {
-            units = run;
-            zeros = 0;
+    TextEnd(OctetView septets, bool isWholePage) : units(septets.size()) {
+        // A text hardly ends in two at signs; a page that is shorter than it may be needs no octets of zeros.
+        const std::size_t leastFilling = isWholePage ? 2 : 8;
+        Drop(0, septets);
+        const std::size_t filling = septets.size() - units;
+        const std::size_t run = units;
+        Drop(c_carriageReturn, septets);
+        if (units == run && filling < leastFilling) {
+            units = septets.size();
+            zeros = filling;
         }
         if (units < septets.size() && EndsInEscape(septets.Sub(0, units)))
             ++units;
+    }
+
+private:
+    void Drop(std::uint8_t septet, OctetView septets) {
+        while (units > 0 && septets[units - 1] == septet)
+            --units;
     }
 };
 
@@ -169,8 +174,11 @@ private:
     /// A page of a message, with its length where that is there.
     void ReadSlot(std::uint8_t number) {
         const std::size_t lengthAt = m_At + c_cellPageOctets;
-        if (lengthAt >= m_Octets.size())
-            return ReadContent(number, Left());
+        if (lengthAt >= m_Octets.size()) {
+            ReadContent(number, Left());
+            m_Reading.pages.back().isCut = true;
+            return;
+        }
         const std::uint8_t length = m_Octets[lengthAt];
         if (length == 0 || length > c_cellPageOctets)
             Note(RemarkCode::ReservedPageLength, Field::PageLength, lengthAt, length);
@@ -307,6 +315,10 @@ private:
             NoteNoLanguage(page);
         if (page.language.empty() && !isBreak)
             return;
+        // A character may look like two letters: later pages of a message begin as its first does.
+        const CellPage& first = m_Reading.pages.front();
+        if (&page != &first && (first.textOffset == 0 || first.language != page.language))
+            return page.language.clear();
         Place(Field::PageLanguage, Piece::Whole, m_At, c_languageOctets);
         page.textOffset = c_languageOctets;
     }
@@ -327,7 +339,7 @@ private:
               static_cast<std::uint8_t>(0xFFU << page.textBit));
         std::array<std::uint8_t, c_pageSeptets> septets;
         const std::size_t all = UnpackSeptets(content, page.textBit, septets.size(), septets.data());
-        const TextEnd end({septets.data(), all});
+        const TextEnd end({septets.data(), all}, page.octets.size() == c_cellPageOctets);
         page.textUnits = static_cast<std::uint8_t>(end.units);
         page.paddingUnits = static_cast<std::uint8_t>(all - end.units);
         std::array<char, c_pageSeptets * c_mostUtf8OfUnit + c_utf8Slack> text;

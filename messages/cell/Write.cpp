@@ -51,19 +51,15 @@ CellDraftFault FaultOf(const CellDraft& draft) {
     return draft.messageClass ? CellDraftFault::LanguageAndClass : CellDraftFault::None;
 }
 
-/// The default alphabet with its extension, or UCS2 where the text needs it.
-CellDraftFault MakeUnits(const CellDraft& draft, Units& units) {
+/// The default alphabet with its extension, or UCS2 where the text needs it. Returns what does not fit.
+std::optional<MisfitCharacter> MakeUnits(const CellDraft& draft, Units& units) {
     if (draft.alphabet != Alphabet::Ucs2) {
         const std::optional<MisfitCharacter> misfit = AppendSeptets(draft.text, {}, units.octets);
-        if (!misfit)
-            return CellDraftFault::None;
-        if (misfit->character == c_notUtf8)
-            return CellDraftFault::NotUtf8;
-        if (draft.alphabet)
-            return CellDraftFault::NotInAlphabet;
+        if (!misfit || misfit->character == c_notUtf8 || draft.alphabet)
+            return misfit;
     }
     units.alphabet = Alphabet::Ucs2;
-    return AppendUcs2(draft.text, units.octets) ? CellDraftFault::NotUtf8 : CellDraftFault::None;
+    return AppendUcs2(draft.text, units.octets);
 }
 
 std::uint8_t CodingOf(const CellDraft& draft, Alphabet alphabet) {
@@ -88,26 +84,21 @@ bool PartsPair(const Units& units, std::size_t at) {
 }
 
 /// Where a page ends that begins with a unit and has room for so many. A page is shorter where its end would
-/// be taken for padding.
+/// be taken for padding; of the last one only what fills it is, as nothing can come after a CR of its own.
 std::size_t EndOfPage(const Units& units, std::size_t first, std::size_t room) {
     const auto looksLikePadding = [&](std::size_t end) {
         const std::uint16_t last = units.At(end - 1);
-        return last == c_carriageReturn || (last == 0 && units.alphabet == Alphabet::Ucs2);
+        if (last == 0) // a septet 0 is none where a CR comes after it
+            return units.alphabet == Alphabet::Ucs2 ? end < units.Count() : end - first == room;
+        return last == c_carriageReturn && end < units.Count();
     };
-    const std::size_t left = units.Count() - first;
-    std::size_t end = first + std::min(left, room);
-    if (left > room) {
-        if (PartsPair(units, end))
-            --end;
-        const std::size_t whole = end;
-        while (end > first && looksLikePadding(end))
-            --end;
-        if (end == first)
-            end = whole;
-    }
-    // A septet 0 at the very end might be filling, and is not where a CR comes after it.
-    const bool isFull = end - first == room;
-    return isFull && units.alphabet == Alphabet::Gsm7 && units.At(end - 1) == 0 ? end - 1 : end;
+    std::size_t whole = first + std::min(units.Count() - first, room);
+    if (whole < units.Count() && PartsPair(units, whole))
+        --whole;
+    std::size_t end = whole;
+    while (end > first && looksLikePadding(end))
+        --end;
+    return end == first ? whole : end;
 }
 
 /// Packs septets, padded to so many.
@@ -195,10 +186,14 @@ CellWritten WriteCell(const CellDraft& draft) {
     CellWritten written;
     Units units;
     written.fault = FaultOf(draft);
-    if (written.fault == CellDraftFault::None)
-        written.fault = MakeUnits(draft, units);
     if (written.fault != CellDraftFault::None)
         return written;
+    written.misfit = MakeUnits(draft, units);
+    if (written.misfit) {
+        const bool isText = written.misfit->character != c_notUtf8;
+        written.fault = isText ? CellDraftFault::NotInAlphabet : CellDraftFault::NotUtf8;
+        return written;
+    }
     const CellCoding coding(CodingOf(draft, units.alphabet));
     const bool hasLanguage = coding.group == CellCodingGroup::LanguageInText;
     const bool isSeptets = units.alphabet == Alphabet::Gsm7;

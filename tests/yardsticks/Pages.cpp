@@ -70,6 +70,8 @@ Bytes RandomSeptets(Random& random, std::size_t count) {
             septets.push_back(random.Of(extension));
         }
     }
+    if (length == count && septets.back() == 0)
+        septets.back() = 'a'; // zeros that fill a page are text to tshark
     septets.resize(count, c_return);
     return septets;
 }

@@ -187,6 +187,75 @@ TEST(CellJoiner, JoinsNothingAcrossAMissingPage) {
     EXPECT_EQ(units.TakeOldest()->Text(), "\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 
+TEST(CellJoiner, TakesAPageWithOtherPaddingForTheSame) {
+    CellJoiner joiner;
+    joiner.Take(ReadCellHex("402000320F12C834"));
+    EXPECT_TRUE(joiner.Take(ReadCellHex("402000320F12C874A3D168341A")).isDuplicate) << "returns";
+    EXPECT_TRUE(joiner.Take(ReadCellHex("402000320F12C83400000000000000")).isDuplicate) << "zeros";
+    EXPECT_FALSE(joiner.Take(ReadCellHex("402000320F12C974A3D168341A")).isDuplicate) << "first bit";
+    joiner.Take(ReadCellHex("402000320F12C834"));
+    EXPECT_FALSE(joiner.Take(ReadCellHex("402000320F12C854A3D168341A")).isDuplicate) << "last bit";
+    EXPECT_FALSE(joiner.Take(ReadCellHex("402000320F12C8B40D")).isDuplicate) << "a character more";
+    joiner.Take(ReadCellHex("402000334812"
+                            "0416"));
+    EXPECT_TRUE(joiner.Take(ReadCellHex("4020003348120416000D0000")).isDuplicate);
+    EXPECT_FALSE(joiner.Take(ReadCellHex("4020003348120417000D")).isDuplicate);
+    joiner.Take(ReadCellHex("402000344412"
+                            "0D0D"));
+    EXPECT_FALSE(joiner.Take(ReadCellHex("4020003444120D0D0D")).isDuplicate) << "data is not padded";
+}
+
+const std::string c_slotFilling(160, '0'); // NOLINT(cert-err58-cpp)
+
+TEST(CellJoiner, WaitsForThePageThatAMessageEndsIn) {
+    CellJoiner joiner;
+    const std::string head = "01003240200F02C834" + c_slotFilling + "02";
+    const CellReading cut = ReadCellHex(head + "21", CellFormat::UmtsMessage);
+    EXPECT_FALSE(cut.pages[0].isCut);
+    EXPECT_TRUE(cut.pages[1].isCut);
+    EXPECT_FALSE(joiner.Take(cut).complete);
+    EXPECT_TRUE(joiner.Take(cut).isDuplicate);
+    const CellTaken whole = joiner.Take(ReadCellHex(head + "2110" + c_slotFilling + "02"));
+    ASSERT_TRUE(whole.complete);
+    EXPECT_EQ(whole.complete->Text(), "Hi! ");
+    EXPECT_TRUE(whole.givenUp.empty());
+    EXPECT_TRUE(joiner.Take(cut).isDuplicate) << "the whole page has come";
+    EXPECT_FALSE(joiner.TakeOldest());
+}
+
+TEST(CellJoiner, GivesUpTheMessageOfACutPageAsIncomplete) {
+    CellJoiner joiner;
+    joiner.Take(ReadCellHex("01003240200F01" + std::string("C834") + c_slotFilling, CellFormat::UmtsMessage));
+    const auto message = joiner.TakeOldest();
+    ASSERT_TRUE(message);
+    EXPECT_FALSE(message->IsComplete());
+    EXPECT_EQ(message->Missing(), (std::vector<std::uint8_t>{1}));
+    EXPECT_EQ(message->Text(), "Hi");
+}
+
+TEST(CellJoiner, JoinsNothingToACutPage) {
+    // Half of a character at the end of the first page, the other half at the beginning of the second one.
+    CellMessage message;
+    message.coding = CellCoding(0x48);
+    message.pages = {ReadCellHex("402000324812D83D").pages[0], ReadCellHex("402000324822DEA8").pages[0]};
+    EXPECT_EQ(message.Text(), "\xF0\x9F\x9A\xA8");
+    message.pages[0].isCut = true;
+    EXPECT_EQ(message.Text(), "\xEF\xBF\xBD\xEF\xBF\xBD");
+}
+
+TEST(CellPage, IsComparedWithinItsOctets) {
+    CellPage page;
+    page.octets = {0xC8};
+    page.textUnits = 93;
+    EXPECT_TRUE(page.IsSameAs(page, CellCoding()));
+    CellPage other = page;
+    other.octets = {0xC9};
+    EXPECT_FALSE(page.IsSameAs(other, CellCoding()));
+    other = page;
+    other.number = 2;
+    EXPECT_FALSE(page.IsSameAs(other, CellCoding()));
+}
+
 TEST(CellJoiner, PassesOverNotificationsAndFaults) {
     CellJoiner joiner;
     EXPECT_FALSE(joiner.Take(ReadCellHex("300011000180", CellFormat::EtwsNotification)).complete);

@@ -1,4 +1,6 @@
 // Pages written. What is expected was worked out from the layouts; what is long is read back.
+#include <random>
+
 #include <gtest/gtest.h>
 
 #include "Messages/Cell.h"
@@ -167,6 +169,49 @@ TEST(WriteCell, LosesNothingThatLooksLikePadding) {
             EXPECT_EQ(ReadBack(WriteCell(Draft(text, {}, format))), text);
     // A text of more returns than a page holds is cut all the same.
     EXPECT_EQ(WriteCell(Draft(Repeated("\r", 94) + "x")).pages, 2U);
+}
+
+TEST(WriteCell, LosesNoReturnBeforeAnAtSign) {
+    // 91 characters, a return and an at sign: the page ends before both, as the return would be padding.
+    const std::string full = Repeated("x", 91) + "\r@";
+    const CellWritten written = WriteCell(Draft(full));
+    ASSERT_EQ(written.pages, 2U);
+    EXPECT_EQ(ReadCell(written.octets[0]).text, Repeated("x", 91));
+    EXPECT_EQ(ReadCell(written.octets[1]).text, "\r@");
+    for (const CellFormat format : {CellFormat::GsmPage, CellFormat::UmtsMessage})
+        for (const std::string& text :
+             {full, Repeated("x", 92) + "@", Repeated("x", 90) + "\r@y", std::string("a\r@"),
+              std::string("a\r\r@@"), std::string("aaaaa\r@"), Repeated("x", 89) + "\r@\r@"})
+            EXPECT_EQ(ReadBack(WriteCell(Draft(text, {}, format))), text);
+}
+
+TEST(WriteCell, LosesNothingButReturnsAtTheEndOfTheText) {
+    const std::vector<std::string> characters = {"@", "@", "\r", "x", "\xE2\x82\xAC"};
+    std::mt19937 random(20261122); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same every time
+    for (int round = 0; round < 2000; ++round) {
+        std::string text;
+        for (auto length = random() % 200; length != 0; --length)
+            text += characters[random() % characters.size()];
+        const CellFormat format = random() % 2 == 0 ? CellFormat::GsmPage : CellFormat::UmtsMessage;
+        const std::string back = ReadBack(WriteCell(Draft(text, random() % 2 == 0 ? "uk" : "", format)));
+        text.erase(text.find_last_not_of('\r') + 1);
+        ASSERT_EQ(back, text);
+    }
+}
+
+TEST(WriteCell, SaysWhichCharacterDoesNotFit) {
+    CellDraft draft = Draft("ab\xD0\x96\xD0\x97");
+    draft.alphabet = Alphabet::Gsm7;
+    const CellWritten lacking = WriteCell(draft);
+    ASSERT_TRUE(lacking.misfit);
+    EXPECT_EQ(lacking.misfit->offset, 2U);
+    EXPECT_EQ(lacking.misfit->character, U'\u0416');
+    const CellWritten broken = WriteCell(Draft("ab\xD0\x96\xC3"));
+    ASSERT_TRUE(broken.misfit);
+    EXPECT_EQ(broken.misfit->offset, 4U);
+    EXPECT_EQ(broken.misfit->character, c_notUtf8);
+    EXPECT_FALSE(WriteCell(Draft("\xD0\x96")).misfit);
+    EXPECT_FALSE(WriteCell(Draft("Hi", "d")).misfit);
 }
 
 TEST(WriteCell, SaysWhyADraftCannotBeSent) {

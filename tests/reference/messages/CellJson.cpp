@@ -36,6 +36,8 @@ Json PageJson(const CellPage& page) {
     json["units"] = page.units;
     if (page.padding != 0)
         json["padding"] = page.padding;
+    if (page.cut)
+        json["cut"] = true;
     if (page.text)
         json["text"] = *page.text;
     if (page.data)

@@ -110,6 +110,7 @@ private:
         plain.language = page.language;
         plain.units = page.textUnits;
         plain.padding = page.paddingUnits;
+        plain.cut = page.isCut;
         const bool isBeyond = hasHeader && page.octets[0] >= page.octets.size();
         if (m_Reading.coding.HasText() && !isBeyond) {
             plain.text = page.text;

@@ -17,10 +17,6 @@ const std::string c_message = "TS 23.041, 9.4.2.2";
 const std::string c_notification = "TS 23.041, 9.4.1.3";
 const std::string c_coding = "TS 23.038, 5";
 
-Octets Word(int value) {
-    return {static_cast<std::uint8_t>(value >> 8), static_cast<std::uint8_t>(value)};
-}
-
 Octets Page(const Octets& content, int coding = 0x0F, int parameter = 0x11, int identifier = 50,
             int serial = 0x4120) {
     return Join({Word(serial), Word(identifier), One(coding), One(parameter), content});
@@ -143,6 +139,15 @@ void AddPadding(Vectors& vectors) {
         zeros.resize(5 + count);
         vectors.Add(std::to_string(count) + " zeros", clause, Page(Packed(zeros)));
     }
+    for (const std::size_t count : {1U, 2U, 7U}) {
+        zeros = Septets(93 - count, 'x');
+        zeros.resize(93);
+        vectors.Add(std::to_string(count) + " zeros to the end of a page", clause, Page(Packed(zeros)));
+    }
+    vectors.Add("a return and an at sign before the padding", clause, Page(Full({'a', 0x0D, 0})));
+    vectors.Add("a return and an at sign to the end of a page", clause,
+                Page(Packed(Plain(std::string(91, 'x') + std::string("\r\0", 2)))));
+    vectors.Add("zeros, returns and zeros", clause, Page(Packed({'a', 0, 0x0D, 0x0D, 0, 0})));
     vectors.Add("an at sign before the padding", clause, Page(Full({'a', 0, 0, 0x0D, 0x0D})));
     vectors.Add("an escape before the padding", clause, Page(Full({'a', 0x1B})));
     vectors.Add("two escapes before the padding", clause, Page(Full({'a', 0x1B, 0x1B})));
@@ -256,6 +261,22 @@ void AddMessages(Vectors& vectors) {
                         Join({Slot(Join({Packed(Plain("uk")), Units(u"Ув")}), 6),
                               Slot(Join({Packed(Plain("uk")), Units(u"ага")}), 8)}),
                         0x11));
+    // U+6137 looks like "an" in septets, and U+0D0A is a letter of Malayalam.
+    vectors.Add(
+        "a character like a language on the second page", c_message,
+        Message(2,
+                Join({Slot(Join({Packed(Plain("ja")), Units(u"破る")}), 6), Slot(Units(u"\u6137\u0D0A"), 4)}),
+                0x11));
+    vectors.Add("a letter like a line break after a language", c_message,
+                Message(2,
+                        Join({Slot(Join({Packed(Plain("ml")), Units(u"\u0D0A")}), 4),
+                              Slot(Units(u"\u0D0A\u0D05"), 4)}),
+                        0x11));
+    vectors.Add("a line break before units of each page", c_message,
+                Message(2, Join({Slot(Units(u"\u0D0A地"), 4), Slot(Units(u"\u0D0A震"), 4)}), 0x11));
+    vectors.Add(
+        "a language after a first page without one", c_message,
+        Message(2, Join({Slot(Units(u"地"), 2), Slot(Join({Packed(Plain("ja")), Units(u"震")}), 4)}), 0x11));
     vectors.Add("a header on each page", c_message,
                 Message(2, Join({Slot(FromHex("03000102D4F2"), 6), Slot(FromHex("0300010299"), 5)}), 0x94));
     vectors.Add("data", c_message, Message(1, Slot(FromHex("00FF10"), 3), 0x44));

@@ -22,15 +22,6 @@ using reference::Random;
 constexpr auto c_cases = static_cast<reference::Share>(30'000);
 constexpr auto c_sentCases = static_cast<reference::Share>(10'000);
 
-/// The characters of a table that may be written.
-std::u32string CharactersOf(const Alphabet& alphabet) {
-    std::u32string characters;
-    for (const Cell& cell : alphabet)
-        if (cell.kind == Cell::CHARACTER && !cell.readOnly)
-            characters += cell.character;
-    return characters;
-}
-
 /// Most characters of one or two tables, some of the default alphabet, at times any.
 std::u32string RandomText(Random& random) {
     const auto table = [&] {

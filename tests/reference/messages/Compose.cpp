@@ -30,6 +30,10 @@ Octets One(int octet) {
     return {static_cast<std::uint8_t>(octet)};
 }
 
+Octets Word(int value) {
+    return {static_cast<std::uint8_t>(value >> 8), static_cast<std::uint8_t>(value)};
+}
+
 Octets Packed(const Septets& septets, int fillBits) {
     const std::size_t bits = static_cast<std::size_t>(fillBits) + 7 * septets.size();
     Octets octets((bits + 7) / 8);

@@ -15,6 +15,8 @@ using Septets = std::vector<int>;
 /// Octets out of pieces, in their order.
 Octets Join(std::initializer_list<Octets> pieces);
 Octets One(int octet);
+/// Two octets, the higher one first.
+Octets Word(int value);
 
 /// Septets in octets, from the bit `fillBits` of the first octet on.
 Octets Packed(const Septets& septets, int fillBits = 0);

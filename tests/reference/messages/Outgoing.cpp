@@ -6,10 +6,6 @@ namespace plain {
 
 namespace {
 
-Octets Word(int value) {
-    return Join({One(value >> 8 & 0xFF), One(value & 0xFF)});
-}
-
 Octets PortElement(const PortPair& ports) {
     if (ports.isWide)
         return HeaderElement(0x05, Join({Word(ports.destination), Word(ports.source)}));

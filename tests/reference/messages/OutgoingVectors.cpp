@@ -61,15 +61,6 @@ Outgoing OfClass(Outgoing outgoing, int messageClass) {
     return outgoing;
 }
 
-/// The characters of a table that may be written; of one of its own, those that no default table has.
-std::u32string CharactersOf(const Alphabet& alphabet) {
-    std::u32string characters;
-    for (const Cell& cell : alphabet)
-        if (cell.kind == Cell::CHARACTER && !cell.readOnly)
-            characters += cell.character;
-    return characters;
-}
-
 /// About every length at which a part more begins.
 void AddLengths(Vectors& vectors) {
     for (const std::size_t length : Lengths{0, 1, 7, 8, 9, 80, 159, 160, 161, 306, 307, 459, 460}) {

@@ -58,7 +58,7 @@ bool IsSame(const Messages::CellMessage& message, const Messages::CellReading& r
            message.messageIdentifier == reading.messageIdentifier && message.coding == reading.coding &&
            message.total == reading.total &&
            std::equal(message.pages.begin(), message.pages.end(), reading.pages.begin(), reading.pages.end(),
-                      [](const auto& one, const auto& other) { return one.IsSameAs(other); });
+                      [&](const auto& one, const auto& other) { return one.IsSameAs(other, message.coding); });
 }
 
 } // namespace

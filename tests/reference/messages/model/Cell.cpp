@@ -66,23 +66,21 @@ bool IsLetter(int septet) {
     return IsSmallLetter(septet) || (septet >= 'A' && septet <= 'Z');
 }
 
-/// Septets of a text that are not padding: what is left before a run of CR and 0 to the end, from the first
-/// CR of it on; a run of nothing but zeros is padding from eight of them on. A pair is not cut.
-std::size_t WithoutPadding(const std::vector<int>& septets, std::size_t& zeros) {
-    std::size_t run = septets.size();
-    while (run > 0 && (septets[run - 1] == c_return || septets[run - 1] == 0))
-        --run;
-    zeros = 0;
-    std::size_t end = run;
-    while (end < septets.size() && septets[end] != c_return)
-        ++end;
-    if (end == septets.size()) {
-        zeros = septets.size() - run;
-        if (zeros >= 8) {
-            end = run;
-            zeros = 0;
-        }
-    }
+/// Septets of a text that are not padding: what is left without the zeros at the end and without the CRs
+/// before them. Where there are no CRs the zeros are padding too, two of them in a page of 82 octets and
+/// eight in a shorter one. A pair is not cut.
+std::size_t WithoutPadding(const std::vector<int>& septets, bool isWhole, std::size_t& zeros) {
+    const auto lastOther = [&](std::size_t end, int padding) {
+        while (end > 0 && septets[end - 1] == padding)
+            --end;
+        return end;
+    };
+    const std::size_t beforeZeros = lastOther(septets.size(), 0);
+    const std::size_t beforeReturns = lastOther(beforeZeros, c_return);
+    const std::size_t count = septets.size() - beforeZeros;
+    const bool arePadding = beforeReturns < beforeZeros || count >= (isWhole ? 2U : 8U);
+    zeros = arePadding ? 0 : count;
+    std::size_t end = arePadding ? beforeReturns : septets.size();
     std::size_t escapes = 0;
     while (escapes < end && septets[end - 1 - escapes] == 0x1B)
         ++escapes;
@@ -224,6 +222,7 @@ private:
         for (int number = 1; number <= total && Left() != 0; ++number) {
             if (Left() < 83) {
                 ReadContent(number, std::min(Left(), c_contentOctets));
+                m_Reading.pages.back().cut = true;
                 break;
             }
             const std::size_t lengthAt = m_At + c_contentOctets;
@@ -350,7 +349,8 @@ private:
     }
 
     /// Returns the octets of the language. The two bits after its letters are 0, or begin a CR. What has a
-    /// line break in its place has no language.
+    /// line break in its place has no language. The second page of a message, and those after it, have what
+    /// the first one has, or nothing.
     std::size_t ReadUnitsLanguage(CellPage& page) {
         const bool isThere = page.octets.size() >= 2;
         const bool isBreak = isThere && page.octets[0] == 0x0D && page.octets[1] == 0x0A;
@@ -361,8 +361,13 @@ private:
                              static_cast<char>(SeptetAt(page.octets, 7))};
         else if (page.number == 1)
             Note(code::LANGUAGE_MISSING, field::PAGE_LANGUAGE, m_At);
-        if (!isLanguage && !isBreak)
+        const std::string begins = isLanguage ? page.language : isBreak ? "break" : "nothing";
+        if (m_FirstBegins.empty())
+            m_FirstBegins = begins;
+        if (begins == "nothing" || begins != m_FirstBegins) {
+            page.language.clear();
             return 0;
+        }
         PlaceAt(field::PAGE_LANGUAGE, m_At, 2);
         return 2;
     }
@@ -390,7 +395,7 @@ private:
         for (std::size_t at = bit; at + 7 <= 8 * page.octets.size(); at += 7)
             septets.push_back(SeptetAt(page.octets, at));
         std::size_t zeros = 0;
-        page.units = WithoutPadding(septets, zeros);
+        page.units = WithoutPadding(septets, page.octets.size() == c_contentOctets, zeros);
         page.padding = septets.size() - page.units;
         page.text = SeptetText(page.octets, bit, page.units, page.locking, page.single,
                                [&](Name code, std::size_t at, std::size_t n, std::size_t o) {
@@ -418,6 +423,7 @@ private:
     const CellInput& m_Input;
     CellReading& m_Reading;
     std::size_t m_At = 0;
+    std::string m_FirstBegins; ///< what stands before the units of the first page: a language, break, nothing
 };
 
 } // namespace

@@ -31,6 +31,7 @@ struct CellPage {
     std::string language;    ///< that stands before the text
     std::size_t units = 0;   ///< septets, UTF-16 units or octets without language and padding
     std::size_t padding = 0; ///< septets or units of padding after them
+    bool cut = false;        ///< of a message that ends in the page
     std::optional<std::string> text;
     std::optional<Octets> data; ///< what is no text
     bool operator==(const CellPage&) const = default;

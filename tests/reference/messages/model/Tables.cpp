@@ -153,4 +153,12 @@ const Tables& TheTables() {
     return tables;
 }
 
+std::u32string CharactersOf(const Alphabet& alphabet) {
+    std::u32string characters;
+    for (const Cell& cell : alphabet)
+        if (cell.kind == Cell::CHARACTER && !cell.readOnly)
+            characters += cell.character;
+    return characters;
+}
+
 } // namespace plain

@@ -65,6 +65,9 @@ struct Tables {
 
 const Tables& TheTables();
 
+/// The characters of a table that may be written.
+std::u32string CharactersOf(const Alphabet& alphabet);
+
 } // namespace plain
 
 #endif
