@@ -35,6 +35,18 @@ std::string MeaningOfTime(const Messages::Timestamp& time) {
     return time.isValid ? time.ToString() : "no time";
 }
 
+bool IsHighHalf(std::uint32_t unit) {
+    return (unit & 0xFC00U) == 0xD800;
+}
+bool IsLowHalf(std::uint32_t unit) {
+    return (unit & 0xFC00U) == 0xDC00;
+}
+
+std::uint32_t UnitAt(const CellPage& page, std::size_t unit) {
+    const Messages::OctetView octets = page.Content().Sub(2 * unit, 2);
+    return static_cast<std::uint32_t>(octets[0] << 8 | octets[1]);
+}
+
 std::size_t IndexOf(const CellPage* page, const Broadcast& broadcast) {
     return static_cast<std::size_t>(page - broadcast.reading.pages.data());
 }
@@ -147,19 +159,23 @@ bool ConcernsText(const Messages::Remark& remark, const Broadcast& broadcast) {
     const CellPage* const page = PageAt(remark.octet, broadcast);
     if (page != nullptr && remark.code == Messages::RemarkCode::OddOctet && page->paddingUnits != 0)
         return false; // after the text
-    return page == nullptr ||
-           !IsHealed(remark, IndexOf(page, broadcast), broadcast.reading.pages, broadcast.reading.text);
+    return page == nullptr || !IsHealed(remark, IndexOf(page, broadcast), broadcast.reading.pages);
 }
 
-bool IsHealed(const Messages::Remark& remark, std::size_t page, const std::vector<CellPage>& pages,
-              std::string_view text) {
-    constexpr std::string_view c_replacement = "\xEF\xBF\xBD"; ///< U+FFFD
+bool IsHealed(const Messages::Remark& remark, std::size_t page, const std::vector<CellPage>& pages) {
+    const auto goesOn = [&](std::size_t at) {
+        return at + 1 < pages.size() && !pages[at].isCut && pages[at + 1].number == pages[at].number + 1 &&
+               pages[at + 1].tables == pages[at].tables && pages[at + 1].textUnits != 0;
+    };
     switch (remark.code) {
     case Messages::RemarkCode::EscapeAtEnd:
-        return page + 1 < pages.size() && pages[page + 1].number == pages[page].number + 1 &&
-               pages[page + 1].textUnits != 0;
+        return goesOn(page);
     case Messages::RemarkCode::UnpairedSurrogate:
-        return text.find(c_replacement) == std::string_view::npos;
+        if (IsHighHalf(remark.number))
+            return remark.other + 1 == pages[page].textUnits && goesOn(page) &&
+                   IsLowHalf(UnitAt(pages[page + 1], 0));
+        return remark.other == 0 && page > 0 && goesOn(page - 1) && pages[page - 1].textUnits != 0 &&
+               IsHighHalf(UnitAt(pages[page - 1], pages[page - 1].textUnits - 1U));
     default:
         return false;
     }

@@ -60,9 +60,8 @@ std::vector<std::uint8_t> DataOf(const std::vector<Messages::CellPage>& pages);
 /// not.
 bool ConcernsText(const Messages::Remark& remark, const Broadcast& broadcast);
 
-/// Whether what a page lacks the rest of is whole in the text of all pages.
-bool IsHealed(const Messages::Remark& remark, std::size_t page, const std::vector<Messages::CellPage>& pages,
-              std::string_view text);
+/// Whether a character that a page lacks the rest of is whole in the text of all pages.
+bool IsHealed(const Messages::Remark& remark, std::size_t page, const std::vector<Messages::CellPage>& pages);
 
 } // namespace show
 

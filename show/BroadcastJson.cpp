@@ -44,13 +44,9 @@ void WriteWarningDetails(const Messages::EtwsWarning& warning, JsonText& object)
     object.Bool("popup", warning.hasPopup);
 }
 
-/// What a field has beside its octets and their meaning.
+/// What a field of one format alone has beside its octets and their meaning.
 void WriteDetails(const BroadcastField& field, const Messages::CellReading& reading, JsonText& object) {
     switch (field.field) {
-    case Field::SerialNumber:
-        return WriteSerialDetails(reading.serialNumber, reading.messageIdentifier, object);
-    case Field::CellDataCoding:
-        return WriteCodingDetails(reading.coding, object);
     case Field::PageParameter:
         object.Member("page", reading.pages.front().number);
         object.Member("pages", reading.total);
@@ -74,6 +70,17 @@ unsigned int NumberIn(Messages::OctetView octets) {
 }
 
 void WriteField(const BroadcastField& field, const Broadcast& broadcast, JsonText& object) {
+    const Messages::CellReading& reading = broadcast.reading;
+    switch (field.field) {
+    case Field::SerialNumber:
+        return WriteSerialNumber(reading.serialNumber, reading.messageIdentifier, object);
+    case Field::MessageIdentifier:
+        return WriteMessageIdentifier(reading.messageIdentifier, object);
+    case Field::CellDataCoding:
+        return WriteDataCoding(reading.coding, object);
+    default:
+        break;
+    }
     const Messages::OctetView octets = broadcast.Octets(field.octet, field.count);
     object.Object(MemberOf(field.field), [&] {
         if (field.IsNumber())
@@ -81,7 +88,7 @@ void WriteField(const BroadcastField& field, const Broadcast& broadcast, JsonTex
         else
             object.Octets("raw", octets);
         object.Member("meaning", std::string_view(MeaningOf(field, broadcast)));
-        WriteDetails(field, broadcast.reading, object);
+        WriteDetails(field, reading, object);
     });
 }
 
@@ -99,6 +106,10 @@ void WriteContent(const Messages::CellPage& page, const Messages::CellCoding& co
         object.Member("text", std::string_view(page.text));
     else
         object.Octets("data", page.Content());
+    if (page.paddingUnits != 0)
+        object.Member("padding", page.paddingUnits);
+    if (page.isCut)
+        object.Bool("cut", true);
 }
 
 void WritePages(const Messages::CellReading& reading, JsonText& object) {

@@ -28,19 +28,24 @@ std::vector<int> NumbersOf(const std::vector<CellPage>& pages) {
     return numbers;
 }
 
+/// Those that have come whole.
+std::vector<int> WholeOf(const CellMessage& message) {
+    std::vector<int> numbers;
+    for (const CellPage& page : message.pages)
+        if (!page.isCut)
+            numbers.push_back(page.number);
+    return numbers;
+}
+
 std::vector<int> MissingOf(const CellMessage& message) {
     const std::vector<std::uint8_t> missing = message.Missing();
     return {missing.begin(), missing.end()};
 }
 
-/// "page 2", "pages 2, 4"
-std::string PagesText(const std::vector<int>& numbers) {
-    return fmt::format("{} {}", numbers.size() == 1 ? "page" : "pages", fmt::join(numbers, ", "));
-}
-
 std::string WordsOfPages(const CellMessage& message) {
+    const std::vector<int> whole = WholeOf(message);
     const std::vector<int> missing = MissingOf(message);
-    return fmt::format("{} of {}{}{}", fmt::join(NumbersOf(message.pages), ", "), message.total,
+    return fmt::format("{}{} of {}{}{}", whole.empty() ? "none" : "", fmt::join(whole, ", "), message.total,
                        missing.empty() ? "" : "; missing ", fmt::join(missing, ", "));
 }
 
@@ -65,6 +70,10 @@ std::string TextWithGaps(const CellMessage& message) {
             text += fmt::format("[{} missing]", PagesText(missing));
         missing.clear();
         run.push_back(*page);
+        if (page->isCut) {
+            end();
+            text += fmt::format("[rest of page {} missing]", number);
+        }
     }
     end();
     return missing.empty() ? text : text + fmt::format("[{} missing]", PagesText(missing));
@@ -82,8 +91,11 @@ std::vector<Messages::Remark> RemarksOn(const JoinedBroadcast& joined, const Pag
     std::vector<Messages::Remark> remarks = broadcast.reading.remarks;
     std::erase_if(remarks, [&](const Messages::Remark& remark) {
         const CellPage* const page = PageAt(remark.octet, broadcast);
-        return page != nullptr && IsHealed(remark, IndexOf(page->number, joined.message.pages),
-                                           joined.message.pages, joined.message.Text());
+        if (page == nullptr)
+            return false;
+        const std::size_t index = IndexOf(page->number, joined.message.pages);
+        const bool cameAgainWhole = page->isCut && !joined.message.pages[index].isCut;
+        return cameAgainWhole || IsHealed(remark, index, joined.message.pages);
     });
     return remarks;
 }
@@ -114,6 +126,10 @@ void WriteSource(const JoinedBroadcast& joined, const PageSource& source, JsonTe
 }
 
 } // namespace
+
+std::string PagesText(const std::vector<int>& numbers) {
+    return fmt::format("{} {}", numbers.size() == 1 ? "page" : "pages", fmt::join(numbers, ", "));
+}
 
 std::vector<JoinedFlaw> FlawsOf(const JoinedBroadcast& joined) {
     std::vector<JoinedFlaw> flaws;
@@ -171,7 +187,7 @@ void Write(const JoinedBroadcast& joined, JsonText& object) {
     const std::string_view language = message.pages.front().language;
     if (const std::string_view told = language.empty() ? message.coding.language : language; !told.empty())
         object.Member("language", told);
-    object.Numbers("pages_joined", NumbersOf(message.pages));
+    object.Numbers("pages_joined", WholeOf(message));
     object.Numbers("pages_missing", MissingOf(message));
     if (message.coding.HasText())
         object.Member("text", std::string_view(message.Text()));

@@ -30,6 +30,9 @@ struct JoinedBroadcast {
     std::vector<PageSource> sources; ///< in the order of their first pages
 };
 
+/// "page 2", "pages 2, 4"
+std::string PagesText(const std::vector<int>& numbers);
+
 /// What is missing from the message though its pages by themselves do not say so.
 std::vector<JoinedFlaw> FlawsOf(const JoinedBroadcast& joined);
 

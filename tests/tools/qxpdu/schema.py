@@ -69,6 +69,7 @@ CASES = [
     (["cell"], "\n".join([PAGE, FIRST_PAGE, WARNING, *CELL_KINDS, "00"]), 4 + len(CELL_KINDS)),
     (["cell", "--type", "umts"], "01111243210100", 1),
     (["cell", "--type", "umts"], "011112432101", 1),
+    (["cell", "--type", "umts"], "01111243210101C8", 1),
     (["cell", "--join"], "\n".join([FIRST_PAGE, FIRST_PAGE, "4032111244" + "22" + "48", SECOND_HALF, FIRST_HALF]), 4),
     (["cell", "encode"], '{"text": "a"}\n{"text": "\u0436", "umts": true}\n{"text": 1}\n', 3),
     (["cell", "--as", "libQX_Encoding"], PAGE + "\n" + WARNING, 2),

@@ -142,7 +142,8 @@ def expect_page(shown, said, coding, expect):
     expect("ignored", header.get("ignored", False), said.get("ignored", False))
     for key in ("locking", "single"):
         expect(key, f"{key}_shift" in shown, key in said)
-    expect("language", shown.get("language"), said.get("language"))
+    for key in ("language", "padding", "cut"):
+        expect(key, shown.get(key), said.get(key))
     # As of messages: where the header leaves no room, there is an empty text.
     is_textless = said.get("data") == "" and "data" not in shown
     expect("text", shown.get("text"), "" if is_textless else said.get("text"))
@@ -207,7 +208,7 @@ def options_of(group):
 
 def objects_of(command, group, vectors):
     lines = "".join(vector["octets"] + "\n" for vector in vectors)
-    run = subprocess.run(QXPDU + [command, "--jsonl"] + options_of(group), input=lines, capture_output=True, text=True,
+    run = subprocess.run(QXPDU + [*command.split(), "--jsonl"] + options_of(group), input=lines, capture_output=True, text=True,
                          encoding="utf-8", timeout=120)
     return [json.loads(line) for line in run.stdout.splitlines()]
 
@@ -260,9 +261,9 @@ for group, vectors in groups.items():
 
 compared_pages = 0
 for group, vectors in pages.items():
-    shown = objects_of("cell", group, vectors)
-    assert len(shown) == len(vectors), f"{group}: {len(shown)} objects of {len(vectors)}"
-    for vector, item in zip(vectors, shown):
+    shown, mapped = objects_of("cell", group, vectors), objects_of("inspect --cell", group, vectors)
+    assert len(shown) == len(mapped) == len(vectors), f"{group}: {len(shown)} and {len(mapped)} objects of {len(vectors)}"
+    for vector, item, rows in zip(vectors, shown, mapped):
         said, fault = vector["means"], vector["means"].get("fault")
 
         def expect(what, shown, told):
@@ -270,7 +271,11 @@ for group, vectors in pages.items():
                 faults.append(f"{vector['name']}, {vector['octets']}: {what} {shown!r}, {told!r} expected")
 
         compared_pages += 1
-        expect("fault", item.get("fault"), fault and {**fault, "field": NAMES.get(fault["field"], fault["field"])})
+        expect("type of the map", rows["type"], FORMATS[said["format"]])
+        expect("remarks of the map", findings_of(rows), told_findings_of(said))
+        expect("octets of the map", "".join(row["octets"] for row in rows["map"]), vector["octets"])
+        for one in (item, rows):
+            expect("fault", one.get("fault"), fault and {**fault, "field": NAMES.get(fault["field"], fault["field"])})
         if not fault:
             expect("type", item["type"], FORMATS[said["format"]])
             expect("remarks", findings_of(item), told_findings_of(said))

@@ -7,6 +7,7 @@
 
 #include <fmt/format.h>
 
+#include "Encoding/Pdu.h"
 #include "Messages/Octets.h"
 #include "characters/Dump.h"
 #include "characters/InputError.h"
@@ -187,11 +188,6 @@ std::vector<unsigned char> ReadPduOctets(std::string_view text) {
     if (octets.size() > Encoding::Pdu::CAPACITY)
         throw InputError(fmt::format("{} octets, {} at most", octets.size(), +Encoding::Pdu::CAPACITY));
     return octets;
-}
-
-Toolkit::smart_ptr<Encoding::Pdu> ReadPdu(std::string_view text) {
-    const std::vector<unsigned char> octets = ReadPduOctets(text);
-    return new Encoding::Pdu(octets.data(), static_cast<unsigned int>(octets.size()));
 }
 
 } // namespace qxpdu

@@ -5,9 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "Encoding/Pdu.h"
-#include "Toolkit/smart_ptr.h"
-
 namespace qxpdu {
 
 /// The text without the blanks, tabs and carriage returns around it.
@@ -21,7 +18,6 @@ std::vector<unsigned char> ReadHex(std::string_view text);
 
 /// The same of a PDU; throws InputError also for more octets than a PDU of libQX_Encoding holds.
 std::vector<unsigned char> ReadPduOctets(std::string_view text);
-Toolkit::smart_ptr<Encoding::Pdu> ReadPdu(std::string_view text);
 
 } // namespace qxpdu
 

@@ -3,7 +3,6 @@
 
 #include <fmt/format.h>
 
-#include "characters/Hexadecimal.h"
 #include "commands/CellEncode.h"
 #include "commands/CellPages.h"
 #include "commands/Commands.h"
@@ -16,24 +15,12 @@ namespace {
 
 struct CellOptions : ConversionOptions, CellSettings {};
 
-/// A modem announces pages that it keeps as it does messages, but counts all of their octets.
-bool IsStoredPage(const Input& input) {
-    constexpr std::size_t c_pageOctets = 88;
-    return input.heading->kind == Heading::Kind::Tpdu && input.heading->length == c_pageOctets &&
-           ReadHex(input.text).size() == c_pageOctets;
-}
-
-/// What the log of a modem holds beside pages.
-bool IsOtherMessage(const Input& input) {
-    return input.heading && input.heading->kind != Heading::Kind::Page && !IsStoredPage(input);
-}
-
 void AddOptions(const Command& command, CellOptions& options) {
     AddConversion(command, options, "PAGE",
                   "Pages, messages and notifications in hexadecimal; without any, one a line from standard "
                   "input");
-    AddCellFormat(command, options.format);
     AddHostReading(command, options.asHost);
+    AddCellFormat(command, options.format);
     AddStrict(command, options.isStrict);
     const Option join = command.AddFlag("--join", options.join, "Put the pages of messages together");
     command.AddFlag("--each", options.each, "With --join, show each page by itself as well").Needs(join);
@@ -76,7 +63,7 @@ void AddCell(const Command& parent) {
         return ConvertStream(options->Settings(), streams,
                              {LineKind::Transcript,
                               [&pages](const Input& input, Console& console) -> Afterwards {
-                                  if (IsOtherMessage(input))
+                                  if (input.heading && !IsPageOfLog(input))
                                       return {};
                                   return pages.Convert(input, console);
                               },

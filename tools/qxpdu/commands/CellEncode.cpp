@@ -1,5 +1,4 @@
 // qxpdu cell encode
-#include <algorithm>
 #include <charconv>
 #include <memory>
 #include <optional>
@@ -13,7 +12,7 @@
 #include "commands/CellEncode.h"
 #include "commands/Members.h"
 #include "commands/Options.h"
-#include "show/CodeUnits.h"
+#include "show/JoinedMessage.h"
 #include "show/Json.h"
 
 namespace qxpdu {
@@ -41,7 +40,7 @@ struct CellEncodeOptions : ConversionOptions {
 
 /// In decimal or, after 0x, in hexadecimal.
 std::optional<std::uint16_t> WordIn(std::string_view text) {
-    const bool isHex = text.starts_with("0x");
+    const bool isHex = text.starts_with("0x") || text.starts_with("0X");
     text.remove_prefix(isHex ? 2 : 0);
     std::uint16_t number = 0;
     const auto [end, error] =
@@ -129,14 +128,10 @@ void ShowWritten(const Input& input, const Messages::CellDraft& draft, const Mes
 }
 
 /// "character 2, U+0436, has no GSM code"
-std::string WordsOfMisfit(const std::u32string& text) {
-    const auto isMisfit = [](char32_t character) {
-        std::vector<std::uint8_t> septets;
-        return Messages::AppendSeptets(show::ToUtf8(show::Units({&character, 1})), {}, septets).has_value();
-    };
-    const auto misfit = std::find_if(text.begin(), text.end(), isMisfit);
-    return fmt::format("character {}, {}, has no GSM code", misfit - text.begin() + 1,
-                       CodePointName(*misfit));
+std::string WordsOf(const Messages::MisfitCharacter& misfit, std::string_view text) {
+    return fmt::format("character {}, {}, has no GSM code",
+                       show::CharactersIn(text.substr(0, misfit.offset)) + 1,
+                       CodePointName(misfit.character));
 }
 
 void Encode(const CellEncodeOptions& options, const Input& input, Console& console) {
@@ -144,7 +139,7 @@ void Encode(const CellEncodeOptions& options, const Input& input, Console& conso
     const Messages::CellDraft draft = DraftOf(options, input.text);
     const Messages::CellWritten written = Messages::WriteCell(draft);
     if (written.fault == Messages::CellDraftFault::NotInAlphabet)
-        throw InputError(WordsOfMisfit(show::CodePoints(FromUtf8(input.text))));
+        throw InputError(WordsOf(*written.misfit, input.text));
     if (written.fault != Messages::CellDraftFault::None)
         throw InputError(std::string(Messages::MeaningOf(written.fault)));
     ShowWritten(input, draft, written, console);

@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include "Messages/Read.h"
 #include "characters/Hexadecimal.h"
 #include "characters/InputError.h"
 #include "commands/HostPage.h"
@@ -31,18 +32,39 @@ std::string WarningOfLength(const Input& input, std::size_t octets) {
                        show::Counted(input.heading->length.value_or(0), "octet"), octets);
 }
 
+bool IsSoundPage(Messages::OctetView octets) {
+    using Messages::RemarkCode;
+    const Messages::CellReading reading = Messages::ReadCell(octets, Messages::CellFormat::GsmPage);
+    return !reading.fault &&
+           std::none_of(reading.remarks.begin(), reading.remarks.end(), [](const Messages::Remark& remark) {
+               return remark.code == RemarkCode::PageParameterZero ||
+                      remark.code == RemarkCode::PageBeyondTotal ||
+                      remark.code == RemarkCode::ReservedDataCoding;
+           });
+}
+
+bool IsSoundMessage(Messages::OctetView octets, const Heading& heading) {
+    Messages::ReadOptions options;
+    options.serviceCentre = Messages::Presence::No;
+    options.direction = heading.direction;
+    return Messages::Read(octets, options).IsSound();
+}
+
 /// Not where there is no page at all: that is never joined.
 bool IsPart(const show::Broadcast& broadcast) {
-    return !broadcast.reading.pages.empty() && broadcast.reading.pages.size() < broadcast.reading.total;
+    const std::vector<Messages::CellPage>& pages = broadcast.reading.pages;
+    return !pages.empty() && (pages.size() < broadcast.reading.total || pages.back().isCut);
 }
 
 void ShowDuplicate(const Input& input, const Messages::CellReading& reading, Console& console) {
-    const unsigned int page = reading.pages.front().number;
+    std::vector<int> pages;
+    for (const Messages::CellPage& page : reading.pages)
+        pages.push_back(page.number);
     if (!console.WantsJsonLines())
-        return console.Warning(NameOf(input),
-                               fmt::format("page {} of {} has come before", page, reading.total));
+        return console.Warning(NameOf(input), fmt::format("{} of {} {} come before", show::PagesText(pages),
+                                                          reading.total, pages.size() == 1 ? "has" : "have"));
     show::Json object = ObjectFor(input);
-    object["duplicate_page"] = page;
+    object["duplicate_pages"] = pages;
     console.Object(object);
 }
 
@@ -57,11 +79,22 @@ bool IsSame(const Messages::CellMessage& message, const Messages::CellReading& r
     return message.serialNumber == reading.serialNumber &&
            message.messageIdentifier == reading.messageIdentifier && message.coding == reading.coding &&
            message.total == reading.total &&
-           std::equal(message.pages.begin(), message.pages.end(), reading.pages.begin(), reading.pages.end(),
-                      [&](const auto& one, const auto& other) { return one.IsSameAs(other, message.coding); });
+           std::equal(
+               message.pages.begin(), message.pages.end(), reading.pages.begin(), reading.pages.end(),
+               [&](const auto& one, const auto& other) { return one.IsSameAs(other, message.coding); });
 }
 
 } // namespace
+
+bool IsPageOfLog(const Input& input) {
+    constexpr std::size_t c_pageOctets = 88;
+    if (!input.heading || input.heading->kind == Heading::Kind::Page)
+        return input.heading.has_value();
+    if (input.heading->kind != Heading::Kind::Tpdu || input.heading->length != c_pageOctets)
+        return false;
+    const std::vector<unsigned char> octets = ReadHex(input.text);
+    return octets.size() == c_pageOctets && !IsSoundMessage(octets, *input.heading) && IsSoundPage(octets);
+}
 
 show::Broadcast ReadBroadcast(Messages::CellFormat format, const Input& input, Console& console) {
     show::Broadcast broadcast;
@@ -92,10 +125,8 @@ void WarnOfText(const CellSettings& settings, const show::Broadcast& broadcast, 
 
 Afterwards CellPages::Convert(const Input& input, Console& console) {
     if (m_Settings.asHost) {
-        const std::string warning = WarningOfLength(input, ReadPduOctets(input.text).size());
-        if (!warning.empty() && !console.WantsJsonLines())
-            console.Warning(NameOf(input), warning);
-        ShowHostPage(input, warning, console);
+        const std::vector<unsigned char> octets = ReadHex(input.text);
+        ShowHostPage(input, octets, WarningOfLength(input, octets.size()), console);
         return {};
     }
     const auto compared =

@@ -172,7 +172,7 @@ Afterwards Convert(EarlierMessages& earlier, const DecodeOptions& options, const
                    Console& console) {
     if (input.heading && input.heading->kind == Heading::Kind::Reference)
         return [&earlier, input](Console&) { earlier.TakeReference(input); };
-    if (input.heading && input.heading->kind == Heading::Kind::Page)
+    if (IsPageOfLog(input))
         return earlier.pages.Convert(input, console);
     std::optional<show::Message> read = ReadMessage(options, input, console);
     if (!read)

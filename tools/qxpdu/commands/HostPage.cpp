@@ -6,8 +6,8 @@
 #include <fmt/format.h>
 
 #include "Encoding/CBMDecoder.h"
-#include "characters/Hexadecimal.h"
 #include "characters/InputError.h"
+#include "commands/Reading.h"
 #include "show/CellMeanings.h"
 #include "show/CodeUnits.h"
 #include "show/Json.h"
@@ -62,7 +62,7 @@ show::Entry PageParameterEntry(unsigned int pageParameter) {
 }
 
 void ShowPage(const Input& input, const Pdu& pdu, const CBMDecoder& page, const std::string& text,
-              const std::string& warning, Console& console) {
+              const std::vector<std::string>& warnings, Console& console) {
     std::vector<show::Entry> entries = {SerialNumberEntry(page.m_SerialNumber, page.m_MessageIdentifier),
                                         MessageIdentifierEntry(page.m_MessageIdentifier),
                                         DataCodingEntry(page.m_DataCodingScheme),
@@ -75,22 +75,31 @@ void ShowPage(const Input& input, const Pdu& pdu, const CBMDecoder& page, const 
     object["octets"] = pdu.GetString();
     for (const show::Entry& entry : entries)
         object[show::KeyOf(entry.name)] = show::ToJson(entry);
-    if (!warning.empty())
-        object["warnings"] = {warning};
+    if (!warnings.empty())
+        object["warnings"] = warnings;
     object["text"] = text;
     console.Object(object);
 }
 
 } // namespace
 
-void ShowHostPage(const Input& input, const std::string& warning, Console& console) {
-    const Toolkit::smart_ptr<Pdu> pdu = ReadPdu(input.text);
-    if (pdu->m_Length < c_headerLength)
+void ShowHostPage(const Input& input, Messages::OctetView octets, const std::string& warning,
+                  Console& console) {
+    if (octets.size() < c_headerLength)
         throw InputError(
-            fmt::format("{}, a page has {} at least", show::Counted(pdu->m_Length, "octet"), c_headerLength));
+            fmt::format("{}, a page has {} at least", show::Counted(octets.size(), "octet"), c_headerLength));
+    std::vector<std::string> warnings;
+    if (!warning.empty())
+        warnings.push_back(warning);
+    const Messages::OctetView taken = octets.Sub(0, Pdu::CAPACITY);
+    if (taken.size() < octets.size())
+        warnings.push_back(
+            fmt::format("libQX_Encoding takes the first {} of {} octets", taken.size(), octets.size()));
+    TellWarnings(warnings, input, console);
+    const Toolkit::smart_ptr<Pdu> pdu = new Pdu(taken.data(), static_cast<unsigned int>(taken.size()));
     CBMDecoder fields;
     fields.Decode(pdu);
-    ShowPage(input, *pdu, fields, show::ToUtf8(fields.m_Text), warning, console);
+    ShowPage(input, *pdu, fields, show::ToUtf8(fields.m_Text), warnings, console);
 }
 
 } // namespace qxpdu

@@ -4,14 +4,16 @@
 
 #include <string>
 
+#include "Messages/Octets.h"
 #include "stream/Console.h"
 #include "stream/Input.h"
 
 namespace qxpdu {
 
-/// Shows the header and the text; `warning` is about the input, and may be empty. Throws InputError for what
-/// is no page.
-void ShowHostPage(const Input& input, const std::string& warning, Console& console);
+/// Shows the header and the text of as many octets as a PDU of libQX_Encoding holds; `warning` is about the
+/// input, and may be empty. Throws InputError for what is no page.
+void ShowHostPage(const Input& input, Messages::OctetView octets, const std::string& warning,
+                  Console& console);
 
 } // namespace qxpdu
 

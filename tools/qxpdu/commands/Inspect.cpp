@@ -21,8 +21,7 @@ struct InspectOptions : ReadingOptions {
     Messages::CellFormat format = Messages::CellFormat::Unknown;
 
     bool IsPage(const Input& input) const {
-        return isCell || format != Messages::CellFormat::Unknown ||
-               (input.heading && input.heading->kind == Heading::Kind::Page);
+        return isCell || format != Messages::CellFormat::Unknown || IsPageOfLog(input);
     }
 };
 

@@ -107,7 +107,8 @@ void AddCellFormat(const Command& command, Messages::CellFormat& format) {
             "Pages of GSM, messages of UMTS, notifications of ETWS: gsm, umts or etws; without it, what the "
             "octets tell")
         .Check(FaultOfCellFormat)
-        .Named("gsm|umts|etws");
+        .Named("gsm|umts|etws")
+        .Excludes(command.OptionNamed("--as")); // it knows pages of GSM alone
 }
 
 std::optional<show::Message> ReadMessage(const ReadingOptions& options, const Input& input,

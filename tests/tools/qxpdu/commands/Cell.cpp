@@ -28,6 +28,13 @@ std::string Notification() {
            std::string(86, 'A');
 }
 
+/// Of 88 octets, as modems keep them.
+std::string StoredPage() {
+    std::string page = c_page;
+    page.resize(2 * std::size_t{88}, '0');
+    return page;
+}
+
 TEST(QxpduCell, PageIsShownFieldByField) {
     EXPECT_EQ(Qxpdu({"cell", c_page}),
               (Outcome{0,
@@ -226,7 +233,7 @@ TEST(QxpduCell, JsonOfAPageHasFieldsPagesAndTheOtherReading) {
         "message_identifier": {"raw": 4352, "meaning": "ETWS earthquake"},
         "data_coding_scheme": {"raw": 89, "meaning": "UCS2, class 1: mobile equipment", "alphabet": "UCS2", "class": 1},
         "page_parameter": {"raw": 17, "meaning": "page 1 of 1", "page": 1, "pages": 1},
-        "pages": [{"page": 1, "octets": "00480069000D", "text": "Hi"}],
+        "pages": [{"page": 1, "octets": "00480069000D", "text": "Hi", "padding": 1}],
         "text": "Hi",
         "libQX_Encoding": {"m_Text": "@\u0394\u00A3H\u00F9"}
     }])"));
@@ -301,11 +308,27 @@ TEST(QxpduCell, PagesAreRowsAndLines) {
 }
 
 TEST(QxpduCell, PagesOfALogAreShownAndItsMessagesPassedOver) {
-    std::string stored = "432111120111C8329BFD06";
-    stored.resize(2 * std::size_t{88}, '0');
+    const std::string stored = StoredPage();
     const std::string log = std::string("+CMT: ,24\n") + tests::c_hello + "\n+CBM: 11\n" + c_page +
                             "\n+CMGL: 1,1,,88\n" + stored + "\n+CMGL: 2,1,,88\n" + tests::c_hello + "\nOK\n";
     EXPECT_EQ(Qxpdu({"cell", "--brief"}, log), (Outcome{0, "from 4370 Hello\nfrom 4370 Hello\n", ""}));
+}
+
+TEST(QxpduCell, PageThatAModemKeepsIsAPageToEveryCommand) {
+    const std::string log = "+CMGL: 1,1,,88\n" + StoredPage() + "\nOK\n";
+    EXPECT_EQ(Qxpdu({"decode", "--brief"}, log), (Outcome{0, "from 4370 Hello\n", ""}));
+    EXPECT_EQ(Qxpdu({"inspect"}, log).out, Qxpdu({"inspect", "--cell", StoredPage()}).out);
+}
+
+TEST(QxpduCell, MessageOfTheLengthOfAPageIsAMessageWhereItIsSound) {
+    // An SMS-DELIVER without a service centre: 8-bit data, 69 octets after 19. As a page, it is page 1 of 2.
+    std::string sound = "040B914411122233F40004"
+                        "62111280510300"
+                        "45";
+    sound.resize(2 * std::size_t{88}, '1');
+    const std::string log = "+CMGL: 1,1,,88\n" + sound + "\nOK\n";
+    EXPECT_EQ(Qxpdu({"cell"}, log), (Outcome{0, "", ""}));
+    EXPECT_TRUE(HasLine(Qxpdu({"decode"}, log).out, "TP-MTI 0: SMS-DELIVER"));
 }
 
 } // namespace

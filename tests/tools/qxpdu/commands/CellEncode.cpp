@@ -24,6 +24,7 @@ TEST(QxpduCellEncode, PageHasTheHeaderThatIsAskedFor) {
     EXPECT_EQ(HeadOf({}), "000000000F11C874");
     EXPECT_EQ(HeadOf({"--id", "4370"}), "000011120F11C874");
     EXPECT_EQ(HeadOf({"--id", "0x1112"}), "000011120F11C874");
+    EXPECT_EQ(HeadOf({"--id", "0X1112"}), "000011120F11C874");
     EXPECT_EQ(HeadOf({"--id", "ETWS earthquake"}), "000011000F11C874");
     EXPECT_EQ(HeadOf({"--scope", "1", "--code", "50", "--update", "1"}), "432100000F11C874");
     EXPECT_EQ(HeadOf({"--scope", "3", "--code", "1023", "--update", "15"}), "FFFF00000F11C874");

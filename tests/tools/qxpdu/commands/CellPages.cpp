@@ -76,7 +76,7 @@ TEST(QxpduCellPages, ThatComeAgainAreDuplicates) {
     EXPECT_TRUE(HasLine(run.out, "from line 1, line 3")) << run.out;
     const Outcome lines = Qxpdu({"cell", "--join", "--jsonl"}, pages);
     EXPECT_EQ(json::parse(lines.out.substr(0, lines.out.find('\n'))),
-              json::parse(R"({"format": 2, "line": 2, "duplicate_page": 1})"));
+              json::parse(R"({"format": 2, "line": 2, "duplicate_pages": [1]})"));
 }
 
 TEST(QxpduCellPages, WithOtherOctetsBeginANewMessage) {
@@ -178,6 +178,72 @@ TEST(QxpduCellPages, OfAMessageAreWhole) {
     const Outcome run = Qxpdu({"cell", "--join", "--type", "umts", cut});
     EXPECT_EQ(run.err, "qxpdu: argument 1: warning: page 2 of 2 is missing\n");
     EXPECT_TRUE(HasLine(run.out, "Pages joined 1 of 2; missing 2")) << run.out;
+}
+
+TEST(QxpduCellPages, CutPageIsShownAndWaitsForTheWholeOne) {
+    std::string page = "C8329BFD06"; // "Hello"
+    page.resize(2 * std::size_t{82}, '0');
+    const std::string head = "01111243210102" + page + "05";
+    const std::string cut = head + "E832"; // "he" of "hello"
+    const Outcome alone = Qxpdu({"cell", "--join", "--type", "umts", cut});
+    EXPECT_EQ(alone.err, "qxpdu: argument 1: warning: page 2 of 2 is missing\n");
+    EXPECT_TRUE(HasLine(alone.out, "Pages joined 1 of 2; missing 2")) << alone.out;
+    EXPECT_TRUE(HasLine(alone.out, "text Hellohe[rest of page 2 missing]")) << alone.out;
+    const json object = Qxpdu({"cell", "--join", "--type", "umts", "--json", cut}).Json()[0];
+    EXPECT_EQ(object["pages_joined"], json({1}));
+    EXPECT_EQ(object["pages_missing"], json({2}));
+    EXPECT_EQ(Qxpdu({"cell", "--join", "--type", "umts", "--strict", cut}).status, 1);
+    page.replace(0, 2, "E8");
+    const std::string whole = head + page + "05";
+    EXPECT_EQ(Qxpdu({"cell", "--join", "--type", "umts", "--brief", cut, whole}),
+              (Outcome{0, "from 4370 Hellohello\n", ""}));
+    const Outcome none = Qxpdu({"cell", "--join", "--type", "umts", "01111243210101C832"});
+    EXPECT_TRUE(HasLine(none.out, "Pages joined none of 1; missing 1")) << none.out;
+    const json read = Qxpdu({"cell", "--type", "umts", "--json", cut}).Json()[0];
+    EXPECT_FALSE(read["pages"][0].contains("cut"));
+    EXPECT_EQ(read["pages"][1]["cut"], true);
+}
+
+TEST(QxpduCellPages, HalfOfACharacterInACutPageIsHealedByTheWholeOne) {
+    std::string page = "D83DDEA8";
+    page.resize(2 * std::size_t{82}, '0');
+    const std::string head = "01111243214801";
+    EXPECT_EQ(Qxpdu({"cell", "--join", "--type", "umts", "--brief", head + "D83D", head + page + "04"}),
+              (Outcome{0, "from 4370 \xF0\x9F\x9A\xA8\n", ""}));
+}
+
+TEST(QxpduCellPages, OfAMessageThatComesAgainAreNamed) {
+    std::string page = "C8329BFD06";
+    page.resize(2 * std::size_t{82}, '0');
+    const std::string message = "01111243210102" + page + "05" + page + "05";
+    EXPECT_EQ(Qxpdu({"cell", "--join", message, message}).err,
+              "qxpdu: argument 2: warning: pages 1, 2 of 2 have come before\n");
+    const std::string objects = Qxpdu({"cell", "--join", "--jsonl", message, message}).out;
+    EXPECT_EQ(json::parse(objects.substr(objects.find('\n'))),
+              json::parse(R"({"format": 2, "argument": 2, "duplicate_pages": [1, 2]})"));
+}
+
+TEST(QxpduCellPages, HealedHalvesAreNoFlawBesideAReplacementCharacter) {
+    // U+FFFD and half of a character; its other half, and U+FFFD
+    const std::string high = "432111124812FFFDD83D";
+    const std::string low = "432111124822DEA8FFFD";
+    EXPECT_EQ(Qxpdu({"cell", "--join", "--strict", "--brief", high, low}),
+              (Outcome{0, "from 4370 \xEF\xBF\xBD\xF0\x9F\x9A\xA8\xEF\xBF\xBD\n", ""}));
+    const char* const c_broken[][2] = {{"432111124812D83D0041", "432111124822DEA8"}, // not at the end
+                                       {"432111124812D83D", "4321111248220041DEA8"}, // nor at the beginning
+                                       {"432111124812DEA8", "432111124822D83D"},     // the wrong way round
+                                       {"432111124812D83D", "4321111248220041"},     // no other half
+                                       {"4321111248120041", "432111124822DEA8"}};
+    for (const auto& [first, second] : c_broken)
+        EXPECT_EQ(Qxpdu({"cell", "--join", "--strict", first, second}).status, 1) << first;
+}
+
+TEST(QxpduCellPages, EscapeIsHealedByTheTablesOfItsPageAlone) {
+    // "a" and an escape; then "e", which makes the euro sign of it, or "e" with a Turkish single shift table.
+    const std::string escape = "43211112901200407803";
+    EXPECT_EQ(Qxpdu({"cell", "--join", "--strict", "--brief", escape, "432111129022004019"}),
+              (Outcome{0, "from 4370 a\xE2\x82\xAC\n", ""}));
+    EXPECT_EQ(Qxpdu({"cell", "--join", "--strict", escape, "432111129022032401012803"}).status, 1);
 }
 
 TEST(QxpduCellPages, NotificationIsShownAtOnce) {

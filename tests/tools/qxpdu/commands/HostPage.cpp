@@ -238,6 +238,28 @@ TEST(QxpduHostPage, LengthThatDisagreesIsAWarning) {
               Qxpdu({"cell", "--as", "libQX_Encoding", "432111120111C8329BFD06"}).out);
 }
 
+TEST(QxpduHostPage, OctetsBeyondThoseOfAPduAreLeft) {
+    const std::string page = "432111120111C8329BFD06" + std::string(2 * (512 - 11), '0');
+    EXPECT_EQ(Qxpdu({"cell", "--as", "libQX_Encoding", page}).err, "");
+    const Outcome run = Qxpdu({"cell", "--as", "libQX_Encoding", page + "C8"});
+    EXPECT_EQ(run.status, 0) << run;
+    EXPECT_EQ(run.err, "qxpdu: argument 1: warning: libQX_Encoding takes the first 512 of 513 octets\n");
+    EXPECT_EQ(run.out, Qxpdu({"cell", "--as", "libQX_Encoding", page}).out);
+    const auto object = Qxpdu({"cell", "--as", "libQX_Encoding", "--json", page + "C8"}).Json()[0];
+    EXPECT_EQ(object["octets"], page);
+    EXPECT_EQ(object["warnings"],
+              nlohmann::json::array({"libQX_Encoding takes the first 512 of 513 octets"}));
+}
+
+TEST(QxpduHostPage, KnowsPagesOfGsmAlone) {
+    for (const char* command : {"cell", "inspect"}) {
+        const Outcome run =
+            Qxpdu({command, "--as", "libQX_Encoding", "--type", "umts", "432111120111C8329BFD06"});
+        EXPECT_EQ(run.status, 2) << run;
+        EXPECT_TRUE(HasLine(run.err, "qxpdu: --as excludes --type")) << run.err;
+    }
+}
+
 TEST(QxpduHostPage, NothingIsJoined) {
     EXPECT_EQ(Qxpdu({"cell", "--as", "libQX_Encoding", "--join", "432111120112C8329BFD06"}).out,
               Qxpdu({"cell", "--as", "libQX_Encoding", "432111120112C8329BFD06"}).out);
