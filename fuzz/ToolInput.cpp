@@ -26,7 +26,7 @@ constexpr int c_quiet = 1; ///< the level at which the text decoder's line is no
 using Arguments = std::vector<std::string>;
 
 /// Complete command lines; the last argument tells whether the results are JSON.
-const std::array<Arguments, 35> c_commandLines = {{{"decode"},
+const std::array<Arguments, 36> c_commandLines = {{{"decode"},
                                                    {"decode", "--json"},
                                                    {"decode", "--no-smsc"},
                                                    {"decode", "--ignore-time-zone", "--json"},
@@ -53,14 +53,15 @@ const std::array<Arguments, 35> c_commandLines = {{{"decode"},
                                                    {"inspect", "--no-smsc"},
                                                    {"inspect", "--json"},
                                                    {"count"},
-                                                   {"count", "--greek", "--json"},
+                                                   {"count", "--as", "libQX_Encoding", "--greek", "--json"},
                                                    {"cell", "--join"},
                                                    {"cell", "--join", "--each", "--json"},
                                                    {"cell", "--as", "libQX_Encoding", "--json"},
                                                    {"cell", "encode", "--json"},
                                                    {"cell", "encode", "--umts", "--language", "de"},
                                                    {"inspect", "--cell"},
-                                                   {"inspect", "--cell", "--json"}}};
+                                                   {"inspect", "--cell", "--json"},
+                                                   {"count", "--language", "all", "--replace", "--json"}}};
 
 /// The arguments that stand before the first empty one.
 Arguments TakeArguments(Input& input) {

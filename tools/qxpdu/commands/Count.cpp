@@ -2,380 +2,421 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <memory>
 #include <optional>
-#include <variant>
+#include <tuple>
+#include <utility>
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
-#include "Encoding/GSMCharSet.h"
-#include "Messages/Read.h"
-#include "characters/InputError.h"
-#include "characters/Replacements.h"
+#include "Messages/Parts.h"
+#include "Messages/Words.h"
 #include "characters/Unicode.h"
-#include "characters/UnicodeNames.h"
 #include "commands/Commands.h"
+#include "commands/CountedText.h"
+#include "commands/HostCount.h"
+#include "commands/Languages.h"
 #include "commands/Options.h"
-#include "commands/OutgoingText.h"
-#include "commands/Parts.h"
 #include "show/CodeUnits.h"
 #include "show/Json.h"
+#include "show/JoinedMessage.h"
 #include "show/Plural.h"
-#include "show/Record.h"
 
 namespace qxpdu {
 
 namespace {
 
-using Encoding::GSMCharSet;
-using Encoding::PduDecoder;
-using Encoding::PduEncoder;
-
-constexpr auto c_greekTable = Encoding::TranslateTable::GREEK;
+using Messages::Choice;
+using Messages::CutOptions;
+using Messages::CutText;
+using Messages::Language;
+using Messages::Languages;
 
 struct CountOptions : ConversionOptions {
+    std::string host; ///< "libQX_Encoding", or empty
     bool greek = false;
+    bool replacesNear = false;
     bool lines = false;
+    std::string languages;
+    std::string alphabet; ///< "gsm", "ucs2", or empty where either may be
+    std::string concatBits;
 };
 
-/// A character of the text that a part boundary cuts in two.
-struct Cut {
-    std::size_t part; ///< the one before the boundary, from 1
-    const char* pair;
-    char32_t character;
+/// Where a part of the text ends and the next begins.
+struct Break {
+    std::size_t position; ///< of the first character after it, from 1
+    std::string before;   ///< some characters
+    std::string after;
 };
 
-/// What a text costs.
+/// What a text costs, or why it cannot go out.
 struct Cost {
-    Encoding::Alphabet::Encoding alphabet;
-    const char* units;
-    std::size_t length; ///< in units
-    std::size_t parts;
-    unsigned int room; ///< units that the last part still takes
-    std::vector<Cut> cuts;
-};
+    Choice choice;
+    std::size_t room = 0; ///< units that the last part still takes
+    std::vector<Break> breaks;
+    std::optional<std::string> fault;
 
-/// A character of the text, and what becomes of it.
-struct Occurrence {
-    std::vector<std::size_t> positions;
-    std::optional<std::string> becomes;
-};
-
-/// Distinct characters in rising order.
-using Characters = std::map<char32_t, Occurrence>;
-
-unsigned int Capacity(Encoding::Alphabet::Encoding alphabet, std::size_t parts) {
-    if (alphabet == Encoding::Alphabet::ALPHABET_GSM7)
-        return parts == 1 ? PduEncoder::MAX_7BITDATA_LEN : PduEncoder::MAX_GSM_LEN_WITH_HEADER;
-    return (parts == 1 ? PduEncoder::MAX_DATA_LEN : PduEncoder::MAX_DATA_LEN_WITH_HEADER) / 2;
-}
-
-/// One part as the decoder reads what the encoder made.
-struct Part {
-    Encoding::Alphabet::Encoding alphabet;
-    const char* units;
-    unsigned int length;               ///< in units
-    std::vector<std::uint8_t> septets; ///< none in UCS2
-    std::wstring text;
-};
-
-Part PartOf(const Toolkit::smart_ptr<Encoding::Pdu>& pdu) {
-    PduDecoder decoder;
-    decoder.Decode(pdu, false, false);
-    const Messages::Reading reading = Messages::Read(
-        {pdu->m_Bytes, pdu->m_Length}, {Messages::Presence::Yes, Messages::Direction::FromMobile});
-    PartContent content = ContentOf(reading.tpdu);
-    if (content.alphabet != Messages::Alphabet::Gsm7)
-        content.units.clear();
-    return {decoder.m_Alphabet, UnitsOf(decoder), TextLength(decoder), std::move(content.units),
-            decoder.m_Text};
-}
-
-/// The character that the boundary between the two parts cuts; `number` is that of the first.
-std::optional<Cut> CutBetween(const Part& first, const Part& second, std::size_t number) {
-    if (!first.septets.empty() && !second.septets.empty()) {
-        if (first.septets.back() != Messages::c_escapeSeptet)
-            return std::nullopt;
-        return Cut{number, "escape", GSMCharSet().FindUnicodeCharFromEscapeChar(second.septets.front())};
+    bool IsCheaperThan(const Cost& other) const {
+        const auto rank = [](const Cost& cost) {
+            return std::tuple(cost.fault.has_value(), cost.choice.parts, cost.choice.octets);
+        };
+        return rank(*this) < rank(other);
     }
-    if (first.text.empty() || second.text.empty())
-        return std::nullopt;
-    const std::u32string joined = show::CodePoints({first.text.back(), second.text.front()});
-    if (joined.size() != 1)
-        return std::nullopt;
-    return Cut{number, "surrogate", joined.front()};
-}
+};
 
-/// Throws InputError where the text needs too many parts.
-Cost CostOf(const TString<wchar_t>& text, bool isGreek) {
-    PduEncoder encoder(Encoding::MessageTypeIndicator::TP_MTI_SMS_SUBMIT);
-    if (isGreek)
-        encoder.AddTranslateTable(c_greekTable);
-    const Pdus pdus = EncodeText(encoder, text);
-    Part part = PartOf(pdus.front());
-    Cost cost{part.alphabet, part.units, part.length, pdus.size(), 0, {}};
-    for (std::size_t i = 1; i < pdus.size(); ++i) {
-        Part next = PartOf(pdus[i]);
-        cost.length += next.length;
-        if (const auto cut = CutBetween(part, next, i))
-            cost.cuts.push_back(*cut);
-        part = std::move(next);
-    }
-    cost.room = Capacity(cost.alphabet, cost.parts) - part.length;
-    return cost;
-}
+/// What the text would cost with their tables.
+struct WithLanguages {
+    std::vector<std::string> codes; ///< "tr"
+    Cost cost;
+};
 
-/// The characters of a text as the alphabet has them.
+/// The characters of a text by what they do to it.
 struct Sorting {
+    Characters foreign; ///< in no table that may be used
+    Characters tabled;  ///< in one of a language alone
     Characters escaped; ///< take two septets
-    Characters changed; ///< do not survive the way to GSM and back, with what comes back
 };
 
-Sorting Sort(const std::u32string& text, bool isGreek) {
-    GSMCharSet charSet;
-    if (isGreek)
-        charSet.AddTranslateTable(c_greekTable);
+CutOptions CutOptionsOf(const CountOptions& options) {
+    CutOptions cut;
+    cut.choice.languages = LanguagesIn(options.languages);
+    if (!options.alphabet.empty())
+        cut.choice.alphabet = options.alphabet == "gsm" ? Messages::Alphabet::Gsm7 : Messages::Alphabet::Ucs2;
+    cut.choice.room.hasWideReference = options.concatBits == "16";
+    cut.reference = 0; // whichever it is, it costs the same
+    return cut;
+}
+
+bool IsUcs2(const Choice& choice) {
+    return choice.alphabet == Messages::Alphabet::Ucs2;
+}
+
+/// Units that a part still takes.
+std::size_t RoomIn(const Messages::UserData& part, const Choice& choice) {
+    constexpr std::size_t c_octetBits = 8;
+    const std::size_t unitBits = IsUcs2(choice) ? 16 : 7;
+    const std::size_t octets = Messages::TextRoom().octets - part.textOffset;
+    return (octets * c_octetBits - part.fillBits) / unitBits - part.textUnits;
+}
+
+std::vector<Break> BreaksIn(const CutText& cut) {
+    constexpr std::size_t c_shown = 12; // characters on either side
+    const std::u32string text = show::CodePoints(FromUtf8(cut.text));
+    const auto shown = [&text](std::size_t begin, std::size_t end) {
+        return show::ToUtf8(show::Units(std::u32string_view(text).substr(begin, end - begin)));
+    };
+    std::vector<Break> breaks;
+    std::size_t at = 0;
+    for (std::size_t part = 1; part < cut.offsets.size(); ++part) {
+        const std::size_t begin = cut.offsets[part - 1];
+        at += show::CharactersIn(std::string_view(cut.text).substr(begin, cut.offsets[part] - begin));
+        breaks.push_back({at + 1, shown(at - std::min(at, c_shown), at), shown(at, at + c_shown)});
+    }
+    return breaks;
+}
+
+std::string FaultOf(const CutText& cut) {
+    using Messages::CutFaultCode;
+    if (cut.fault->code == CutFaultCode::TooManyParts)
+        return fmt::format("the text needs {} parts, {} at most", cut.choice.parts, Messages::c_mostParts);
+    if (cut.fault->code == CutFaultCode::NoCharacter) {
+        const std::string_view before = std::string_view(cut.text).substr(0, cut.fault->offset);
+        return fmt::format("{} at {} is in no table that may be used", Described({cut.fault->character}),
+                           show::CharactersIn(before) + 1);
+    }
+    return MeaningOf(*cut.fault);
+}
+
+Cost CostOf(const CutText& cut) {
+    if (cut.fault)
+        return {cut.choice, 0, {}, FaultOf(cut)};
+    return {cut.choice, RoomIn(cut.parts.back(), cut.choice), BreaksIn(cut), std::nullopt};
+}
+
+Cost CostWith(const std::string& text, CutOptions options, Languages languages) {
+    options.choice.languages = languages;
+    return CostOf(CutIntoParts(text, options));
+}
+
+/// Calls `visit` with each language that has tables.
+template <typename Visit>
+void ForEachLanguage(Visit visit) {
+    for (std::uint8_t number = 1; number <= Messages::c_lastLanguage; ++number)
+        visit(static_cast<Language>(number));
+}
+
+/// Each language whose tables make the text cheaper, the cheapest first; before these two languages whose
+/// tables do more together.
+std::vector<WithLanguages> SavingsIn(const std::string& text, const CutOptions& options, Languages languages,
+                                     const Cost& without) {
+    std::vector<WithLanguages> savings;
+    ForEachLanguage([&](Language language) {
+        if (!languages.Has(language))
+            return;
+        if (Cost cost = CostWith(text, options, {language}); cost.IsCheaperThan(without))
+            savings.push_back({CodesOf({language}), std::move(cost)});
+    });
+    std::stable_sort(savings.begin(), savings.end(),
+                     [](const auto& one, const auto& other) { return one.cost.IsCheaperThan(other.cost); });
+    Cost both = CostWith(text, options, languages);
+    if (both.IsCheaperThan(savings.empty() ? without : savings.front().cost)) {
+        const Languages two = {both.choice.tables.locking, both.choice.tables.single};
+        savings.insert(savings.begin(), {CodesOf(two), std::move(both)});
+    }
+    return savings;
+}
+
+Characters ReplacementsIn(const std::string& text, const std::vector<Messages::Replacement>& replacements) {
+    Characters characters;
+    std::size_t offset = 0;
+    std::size_t position = 1;
+    for (const Messages::Replacement& one : replacements) {
+        position += show::CharactersIn(std::string_view(text).substr(offset, one.offset - offset));
+        offset = one.offset;
+        Occurrence& occurrence = characters[show::CodePoints(FromUtf8(text.substr(offset, one.length)))];
+        occurrence.positions.push_back(position);
+        occurrence.becomes = one.replacement;
+    }
+    return characters;
+}
+
+Languages LanguagesWith(const Messages::CostlyCharacter& costly) {
+    Languages languages;
+    ForEachLanguage([&](Language language) {
+        if (costly.locking.Has(language) || costly.single.Has(language))
+            languages.Add(language);
+    });
+    return languages;
+}
+
+bool TakesTwoSeptets(char32_t character, const Choice& choice) {
+    std::vector<std::uint8_t> septets;
+    AppendSeptets(show::ToUtf8(show::Units({&character, 1})), choice.tables, septets);
+    return septets.size() > 1;
+}
+
+Sorting Sort(const std::string& text, const Choice& choice, Languages allowed) {
+    std::map<char32_t, Occurrence> occurrences;
+    const std::u32string characters = show::CodePoints(FromUtf8(text));
+    for (std::size_t i = 0; i < characters.size(); ++i)
+        occurrences[characters[i]].positions.push_back(i + 1);
     Sorting sorting;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto [codes, received] = ToGsm(text[i], charSet);
-        if (received != show::Units({&text[i], 1})) {
-            Occurrence& occurrence = sorting.changed[text[i]];
-            occurrence.positions.push_back(i + 1);
-            occurrence.becomes = show::ToUtf8(received);
-        } else if (codes.size() > 1) {
-            sorting.escaped[text[i]].positions.push_back(i + 1);
-        }
+    for (const auto& [character, occurrence] : occurrences)
+        if (TakesTwoSeptets(character, choice))
+            sorting.escaped[{character}] = occurrence;
+    Messages::Explanation explanation;
+    Explain(text, {}, explanation);
+    for (const Messages::CostlyCharacter& costly : explanation.characters) {
+        if (costly.isInExtension)
+            continue;
+        const Languages languages = LanguagesWith(costly);
+        const bool mayBe = (languages.Bits() & allowed.Bits()) != Languages().Bits();
+        Occurrence& occurrence = (mayBe ? sorting.tabled : sorting.foreign)[{costly.character}];
+        occurrence.positions = occurrences[costly.character].positions;
+        occurrence.languages = CodesOf(languages);
     }
     return sorting;
 }
 
-/// Those of the characters that have a replacement, with it.
-Characters Replaceable(const Characters& characters) {
-    Characters replaceable;
-    for (const auto& [character, occurrence] : characters) {
-        if (const auto replacement = ReplacementOf(character))
-            replaceable[character] = {occurrence.positions, show::ToUtf8(show::Units(*replacement))};
-    }
-    return replaceable;
-}
+// For a person.
 
-TString<wchar_t> Replaced(const std::u32string& text, const Characters& replaceable) {
-    std::u32string replaced;
-    for (const char32_t character : text) {
-        if (replaceable.contains(character))
-            replaced += *ReplacementOf(character);
-        else
-            replaced += character;
-    }
-    return show::Units(replaced);
-}
-
-/// What a text costs, or why it cannot be sent.
-using CostOrFault = std::variant<Cost, std::string>;
-
-CostOrFault CostOrFaultOf(const TString<wchar_t>& text, bool isGreek) {
-    try {
-        return CostOf(text, isGreek);
-    } catch (const InputError& error) {
-        return error.what();
-    }
-}
-
-/// What the text would cost otherwise.
-struct Alternative {
-    CostOrFault cost;
-    Characters changes;
-};
-
-std::optional<Alternative> WithReplacements(const std::u32string& text, const Characters& changed,
-                                            bool isGreek) {
-    Characters replaceable = Replaceable(changed);
-    if (replaceable.empty())
-        return std::nullopt;
-    const TString<wchar_t> replaced = Replaced(text, replaceable);
-    return Alternative{CostOrFaultOf(replaced, isGreek), std::move(replaceable)};
-}
-
-/// Where the cost is not known, by the rule: a text of which the Greek table changed a letter goes out in
-/// GSM.
-bool GoesOutInGsm(const CostOrFault& cost, const Characters& changed, bool isGreek) {
-    if (const auto* known = std::get_if<Cost>(&cost))
-        return known->alphabet == Encoding::Alphabet::ALPHABET_GSM7;
-    const auto isLetter = [](const auto& character) { return !character.second.becomes->empty(); };
-    return changed.empty() || (isGreek && std::any_of(changed.begin(), changed.end(), isLetter));
-}
-
-/// Nothing where the Greek table changes nothing.
-std::optional<Alternative> WithGreek(const TString<wchar_t>& text, const std::u32string& characters) {
-    Alternative greek{CostOrFaultOf(text, true), Sort(characters, true).changed};
-    if (!GoesOutInGsm(greek.cost, greek.changes, true))
-        return std::nullopt;
-    return greek;
-}
-
-/// "U+20AC EURO SIGN"
-std::string Described(char32_t character) {
-    const std::string_view name = NameOfCharacter(character);
-    return fmt::format("{}{}{}", CodePointName(character), name.empty() ? "" : " ", name);
-}
-
-show::Json ToJson(char32_t character) {
-    show::Json object = {{"code_point", CodePointName(character)}};
-    if (const std::string_view name = NameOfCharacter(character); !name.empty())
-        object["name"] = name;
-    return object;
-}
-
-/// `becomes` is the name of the member that tells what becomes of each; null leaves it out.
-show::Json ToJson(const Characters& characters, const char* becomes) {
-    show::Json list = show::Json::array();
-    for (const auto& [character, occurrence] : characters) {
-        show::Json object = ToJson(character);
-        object["positions"] = occurrence.positions;
-        if (becomes != nullptr)
-            object[becomes] = *occurrence.becomes;
-        list.push_back(std::move(object));
-    }
-    return list;
-}
-
-void AddTo(show::Json& object, const Cost& cost) {
-    object["alphabet"] = AlphabetName(cost.alphabet);
-    object[cost.units] = cost.length;
-    object["parts"] = cost.parts;
-    object["room"] = cost.room;
-    for (const Cut& cut : cost.cuts) {
-        show::Json member = {{"after_part", cut.part}, {"pair", cut.pair}};
-        member.update(ToJson(cut.character));
-        object["cuts"].push_back(std::move(member));
-    }
-}
-
-void AddTo(show::Json& object, const CostOrFault& cost) {
-    if (const auto* fault = std::get_if<std::string>(&cost))
-        object["error"] = *fault;
-    else
-        AddTo(object, std::get<Cost>(cost));
-}
-
-show::Json ToJson(const Alternative& alternative, const char* list, const char* becomes) {
-    show::Json object = show::Json::object();
-    AddTo(object, alternative.cost);
-    object[list] = ToJson(alternative.changes, becomes);
-    return object;
+std::string Shown(const Choice& choice) {
+    std::string text = IsUcs2(choice) ? "UCS2" : "GSM 7-bit";
+    if (choice.tables.locking != Language::Default)
+        text += fmt::format(", {} locking shift", NameOf(choice.tables.locking));
+    if (choice.tables.single != Language::Default)
+        text += fmt::format(", {} single shift", NameOf(choice.tables.single));
+    return text;
 }
 
 std::string Shown(const Cost& cost) {
-    std::string_view unit = cost.units;
-    unit.remove_suffix(1);
-    std::string text =
-        fmt::format("{}, {}, {}, room for {}", AlphabetName(cost.alphabet), show::Counted(cost.length, unit),
-                    show::Counted(cost.parts, "part"), show::Counted(cost.room, unit));
-    for (const Cut& cut : cost.cuts) {
-        fmt::format_to(std::back_inserter(text),
-                       "\nwarning: the {} pair of {} is cut between parts {} and {}", cut.pair,
-                       Described(cut.character), cut.part, cut.part + 1);
-    }
-    return text;
+    if (cost.fault)
+        return *cost.fault;
+    const char* const unit = IsUcs2(cost.choice) ? "character" : "septet";
+    return fmt::format("{}, {}, {}, room for {}", Shown(cost.choice), show::Counted(cost.choice.units, unit),
+                       show::Counted(cost.choice.parts, "part"), show::Counted(cost.room, unit));
 }
 
-/// A line for each character: "U+2019 RIGHT SINGLE QUOTATION MARK at 4, 9 -> '".
-std::string Shown(const Characters& characters, bool withChange) {
+std::string Shown(const std::vector<Break>& breaks) {
     std::string text;
-    for (const auto& [character, occurrence] : characters) {
-        fmt::format_to(std::back_inserter(text), "{}{} at {}", text.empty() ? "" : "\n", Described(character),
-                       fmt::join(occurrence.positions, ", "));
-        if (!withChange)
-            continue;
-        if (occurrence.becomes->empty())
-            text += ", left out";
-        else // a line feed would begin a line of the record
-            fmt::format_to(std::back_inserter(text), " -> '{}'",
-                           *occurrence.becomes == "\n" ? "\\n" : *occurrence.becomes);
+    for (std::size_t i = 0; i < breaks.size(); ++i) {
+        fmt::format_to(std::back_inserter(text), "{}part {} at {}: '{}|{}'", i == 0 ? "" : "\n", i + 2,
+                       breaks[i].position, show::Printable(breaks[i].before),
+                       show::Printable(breaks[i].after));
     }
     return text;
 }
 
-std::string Shown(const CostOrFault& cost) {
-    const auto* fault = std::get_if<std::string>(&cost);
-    return fault != nullptr ? *fault : Shown(std::get<Cost>(cost));
+std::string SavingShown(const Cost& cost, const Cost& without) {
+    if (without.fault)
+        return {};
+    const std::size_t parts = without.choice.parts - cost.choice.parts;
+    return "; saves " + (parts != 0 ? show::Counted(parts, "part")
+                                    : show::Counted(without.choice.octets - cost.choice.octets, "octet"));
 }
 
-std::string Shown(const Alternative& alternative) {
-    return Shown(alternative.cost) + "\n" + Shown(alternative.changes, true);
-}
+// For a program.
 
-/// Everything there is to say about one text.
-struct Report {
-    CostOrFault cost;
-    Sorting characters;
-    bool isGsm; ///< characters that are changed do not force UCS2 then
-    std::optional<Alternative> replaced;
-    std::optional<Alternative> greek;
-};
-
-Report ReportOn(const std::string& utf8, bool isGreek) {
-    const TString<wchar_t> text = FromUtf8(utf8);
-    const std::u32string characters = show::CodePoints(text);
-    Report report{CostOrFaultOf(text, isGreek), Sort(characters, isGreek), false, std::nullopt, std::nullopt};
-    report.isGsm = GoesOutInGsm(report.cost, report.characters.changed, isGreek);
-    report.replaced = WithReplacements(characters, report.characters.changed, isGreek);
-    if (!report.characters.changed.empty() && !isGreek)
-        report.greek = WithGreek(text, characters);
-    return report;
-}
-
-show::Json ToJson(const Report& report, show::Json object) {
-    AddTo(object, report.cost);
-    const auto& [escaped, changed] = report.characters;
-    if (!changed.empty() && report.isGsm)
-        object["changed"] = ToJson(changed, "becomes");
-    else if (!changed.empty())
-        object["forces_ucs2"] = ToJson(changed, nullptr);
-    if (!escaped.empty())
-        object["two_septets"] = ToJson(escaped, nullptr);
-    if (report.replaced)
-        object["replaced"] = ToJson(*report.replaced, "replacements", "by");
-    if (report.greek)
-        object["greek"] = ToJson(*report.greek, "changed", "becomes");
-    return object;
-}
-
-std::string ToText(const Report& report) {
-    std::vector<show::Entry> entries;
-    const auto add = [&entries](const char* name, std::string meaning) {
-        if (!meaning.empty())
-            entries.push_back({name, {}, std::move(meaning)});
-    };
-    add(std::holds_alternative<Cost>(report.cost) ? "goes out as" : "cannot go out", Shown(report.cost));
-    const auto& [escaped, changed] = report.characters;
-    add(report.isGsm ? "changed" : "forces UCS2", Shown(changed, report.isGsm));
-    add("two septets", Shown(escaped, false));
-    if (report.replaced)
-        add("replaced", Shown(*report.replaced));
-    if (report.greek)
-        add("with --greek", Shown(*report.greek));
-    return show::ToText(entries);
-}
-
-void Count(const CountOptions& options, const Input& input, Console& console) {
-    const Report report = ReportOn(input.text, options.greek);
-    if (console.WantsJson())
-        console.Object(ToJson(report, ObjectFor(input)));
-    else
-        console.Block(ToText(report));
-    const auto* fault = std::get_if<std::string>(&report.cost);
-    if (fault == nullptr)
+void AddTo(show::Json& object, const Cost& cost) {
+    if (cost.fault) {
+        object["error"] = *cost.fault;
         return;
-    if (console.WantsJsonLines())
-        console.Failed(); // the object says why
-    else
-        console.Error(NameOf(input), *fault);
+    }
+    const Choice& choice = cost.choice;
+    object["alphabet"] = IsUcs2(choice) ? "UCS2" : "GSM 7-bit";
+    if (choice.tables.locking != Language::Default)
+        object["locking_shift"] = NameOf(choice.tables.locking);
+    if (choice.tables.single != Language::Default)
+        object["single_shift"] = NameOf(choice.tables.single);
+    object[IsUcs2(choice) ? "characters" : "septets"] = choice.units;
+    object["parts"] = choice.parts;
+    object["room"] = cost.room;
+    object["user_data_octets"] = choice.octets;
+}
+
+void AddTo(show::Json& object, const std::vector<Break>& breaks) {
+    for (std::size_t i = 0; i < breaks.size(); ++i)
+        object["breaks"].push_back({{"after_part", i + 1},
+                                    {"position", breaks[i].position},
+                                    {"before", breaks[i].before},
+                                    {"after", breaks[i].after}});
+}
+
+// What is told, one thing after the other.
+
+void TellCost(const Cost& cost, Counted& counted) {
+    counted.fault = cost.fault;
+    AddTo(counted.object, cost);
+    AddTo(counted.object, cost.breaks);
+    counted.Add(cost.fault ? "cannot go out" : "goes out as", Shown(cost));
+    counted.Add("breaks", Shown(cost.breaks));
+}
+
+void TellCharacters(const Sorting& sorting, Counted& counted) {
+    const auto tell = [&counted](const char* member, const char* name, const Characters& characters) {
+        if (!characters.empty())
+            counted.object[member] = ToJson(characters, nullptr);
+        counted.Add(name, Shown(characters, false));
+    };
+    tell("forces_ucs2", "forces UCS2", sorting.foreign);
+    tell("needs_table", "needs a table", sorting.tabled);
+    tell("two_septets", "two septets", sorting.escaped);
+}
+
+/// `near` is the text with near characters, which `isSent` or could be.
+void TellNear(const std::string& text, const CutText& near, bool isSent, Counted& counted) {
+    const Characters replacements = ReplacementsIn(text, near.replacements);
+    if (isSent) {
+        counted.object["text"] = near.text;
+        counted.object["replacements"] = ToJson(replacements, "by");
+        counted.Add("replaced", Shown(replacements, true));
+        counted.Add("text", show::Printable(near.text));
+    } else if (!replacements.empty()) {
+        const Cost cost = CostOf(near);
+        show::Json& object = counted.object["replaced"];
+        AddTo(object, cost);
+        object["replacements"] = ToJson(replacements, "by");
+        counted.Add("with --replace", Shown(cost) + "\n" + Shown(replacements, true));
+    }
+}
+
+void TellLanguages(const std::string& text, const CutOptions& options, bool areGiven, const Cost& cost,
+                   Counted& counted) {
+    const Cost without = areGiven ? CostWith(text, options, {}) : cost;
+    if (cost.IsCheaperThan(without)) {
+        AddTo(counted.object["without_languages"], without);
+        counted.Add("without --language", Shown(without));
+    }
+    const Languages languages = areGiven ? options.choice.languages : Languages::All();
+    for (const WithLanguages& one : SavingsIn(text, options, languages, without)) {
+        show::Json object = {{"languages", one.codes}};
+        AddTo(object, one.cost);
+        if (!without.fault) {
+            object["parts_saved"] = without.choice.parts - one.cost.choice.parts;
+            object["octets_saved"] = static_cast<std::int64_t>(without.choice.octets) -
+                                     static_cast<std::int64_t>(one.cost.choice.octets);
+        }
+        counted.object["with_languages"].push_back(std::move(object));
+        if (areGiven && one.cost.choice.tables == cost.choice.tables)
+            continue; // said already
+        counted.Add(fmt::format("with --language {}", fmt::join(one.codes, ",")),
+                    Shown(one.cost) + SavingShown(one.cost, without));
+    }
+}
+
+/// By the standards.
+void Count(const CountOptions& options, const Input& input, Console& console) {
+    FromUtf8(input.text); // says which octet is not UTF-8
+    CutOptions how = CutOptionsOf(options);
+    const CutText plain = CutIntoParts(input.text, how);
+    how.replacesNear = true;
+    const CutText near = CutIntoParts(input.text, how);
+    how.replacesNear = options.replacesNear;
+    const CutText& sent = options.replacesNear ? near : plain;
+
+    const Cost cost = CostOf(sent);
+    Counted counted{{}, ObjectFor(input), std::nullopt};
+    TellCost(cost, counted);
+    const bool mayBeGsm = how.choice.alphabet != Messages::Alphabet::Ucs2;
+    if (mayBeGsm)
+        TellCharacters(Sort(sent.text, sent.choice, how.choice.languages), counted);
+    TellNear(input.text, near, options.replacesNear, counted);
+    if (mayBeGsm)
+        TellLanguages(input.text, how, !options.languages.empty(), cost, counted);
+    Show(input, counted, console);
 }
 
 int Count(const CountOptions& options, const Streams& streams) {
     return ConvertAll(options.Settings(), streams, options.lines ? LineKind::Message : LineKind::Whole,
-                      [&options](const Input& input, Console& console) { Count(options, input, console); });
+                      [&options](const Input& input, Console& console) {
+                          if (!options.host.empty())
+                              CountAsHost(input, options.greek, console);
+                          else
+                              Count(options, input, console);
+                      });
+}
+
+std::string FaultOfAlphabet(const std::string& name) {
+    return name == "gsm" || name == "ucs2" ? "" : name + " is neither gsm nor ucs2";
+}
+
+std::string FaultOfBits(const std::string& bits) {
+    return bits == "8" || bits == "16" ? "" : bits + " is neither 8 nor 16";
+}
+
+std::string FaultOfEncoder(const std::string& name) {
+    return name == "libQX_Encoding" ? "" : name + " is not libQX_Encoding";
+}
+
+void AddOptions(const Command& command, CountOptions& options) {
+    const Option standards[] = {
+        command
+            .AddText("--language", options.languages,
+                     "Languages whose tables may be used where that is cheaper: tr,pt, ... or all")
+            .Check(FaultOfLanguages)
+            .Named("CODES"),
+        command.AddText("--alphabet", options.alphabet, "gsm or ucs2; without it, the cheaper one")
+            .Check(FaultOfAlphabet)
+            .Named("NAME"),
+        command.AddFlag("--replace", options.replacesNear,
+                        "Count, and print, the text with near characters where that is cheaper"),
+        command
+            .AddText("--concat-bits", options.concatBits,
+                     "Bits of the reference of several parts; 8 without it")
+            .Check(FaultOfBits)
+            .Named("8|16"),
+    };
+    Option host = command.AddText("--as", options.host, "Count as the encoder of that library sends the text")
+                      .Check(FaultOfEncoder)
+                      .Named("libQX_Encoding");
+    for (const Option& option : standards)
+        host.Excludes(option);
+    command.AddFlag("--greek", options.greek, "With --as: count as encode --greek sends the text")
+        .Needs(host);
+    AddJson(command, options);
+    AddStreaming(command, options);
+    AddSentText(command, options, options.lines);
 }
 
 } // namespace
@@ -384,19 +425,20 @@ void AddCount(const Command& parent) {
     const Command command = parent.AddCommand("count", "Tell how a text would go out, before it is sent");
     command.AddAlias("explain");
     auto options = std::make_shared<CountOptions>();
-    AddJson(command, *options);
-    AddStreaming(command, *options);
-    command.AddFlag("--greek", options->greek, "Count as encode --greek sends the text");
-    AddSentText(command, *options, options->lines);
+    AddOptions(command, *options);
     command.SetFooter(
-        "Says the alphabet, the septets or characters (one above U+FFFF counts two), the parts, and how "
-        "much\n"
-        "the last part still takes; which characters force UCS2 and which take two septets, each with its\n"
-        "positions; what the text would cost if near ones stood for those that force UCS2, and what with\n"
-        "--greek. A character that a part boundary cuts in two is shown as a warning.\n"
+        "Says the alphabet and the tables, the septets or characters (one above U+FFFF counts two), the\n"
+        "parts, how much the last part still takes, and where each part begins, with the characters on\n"
+        "either side; which characters force UCS2, are in a table of a language alone, or take two\n"
+        "septets, each with its positions; and what would make the text cheaper: near characters, and\n"
+        "languages whose tables the receiver knows. encode sends it so with the same options.\n"
         "\n"
-        "Example:\n"
-        "  qxpdu count 'It’s 5 €'");
+        "With --as libQX_Encoding as that library's encoder sends the text, which may cut a character in\n"
+        "two, and with near characters and with --greek whether that is cheaper or not.\n"
+        "\n"
+        "Examples:\n"
+        "  qxpdu count 'It’s 5 €'\n"
+        "  qxpdu count --language tr,es 'Yarın şubemizden alınız'");
     command.SetAction([options](const Streams& streams) { return Count(*options, streams); });
 }
 

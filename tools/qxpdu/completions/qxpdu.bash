@@ -10,7 +10,11 @@ _qxpdu() {
     case $previous in
         --class) words="0 1 2 3" ;;
         --validity) words="1h 2h 6h 12h 1d 1w max" ;;
-        --alphabet) words="0 2" ;;
+        --alphabet)
+            words="0 2"
+            case $command in count | explain) words="gsm ucs2" ;; esac
+            ;;
+        --concat-bits) words="8 16" ;;
         --color) words="auto always never" ;;
         --direction) words="to-mobile from-mobile" ;;
         --as) words="libQX_Encoding" ;;
@@ -32,7 +36,7 @@ _qxpdu() {
                     words="--to --smsc --class --validity --status-report --reject-duplicates --reply-path"
                     words="$words --reference --greek --strict --at --lines $stream"
                     ;;
-                count | explain) words="--greek --lines $stream" ;;
+                count | explain) words="--language --alphabet --replace --concat-bits --as --greek --lines $stream" ;;
                 decode) words="--file --smsc --no-smsc --direction --as --strict --ignore-time-zone --join --each --brief --columns --input-column --no-heading $stream" ;;
                 inspect) words="--cell --type --file --smsc --no-smsc --direction --as --strict --color $stream" ;;
                 "cell encode") words="--id --scope --code --update --serial --language --alphabet --class --umts --lines $stream" ;;

@@ -39,6 +39,13 @@ complete -c qxpdu -n '__fish_seen_subcommand_from encode count explain; and not 
     -l lines -d 'Each line is a text of its own'
 complete -c qxpdu -n '__fish_seen_subcommand_from encode count explain gsm' -l greek -d 'Send Greek letters as capitals'
 
+set -l count '__fish_seen_subcommand_from count explain'
+complete -c qxpdu -n $count -l language -x -a 'tr es pt bn gu hi kn ml or pa ta te ur all' -d 'Languages whose tables may be used'
+complete -c qxpdu -n $count -l alphabet -x -a 'gsm ucs2' -d 'The only alphabet'
+complete -c qxpdu -n $count -l replace -d 'Count and print the text with near characters'
+complete -c qxpdu -n $count -l concat-bits -x -a '8 16' -d 'Bits of the reference of several parts'
+complete -c qxpdu -n $count -l as -x -a libQX_Encoding -d 'Count as the encoder of that library sends the text'
+
 complete -c qxpdu -n '__fish_seen_subcommand_from cell inspect' -l type -x -a 'gsm umts etws' -d 'What the octets are'
 set -l decode '__fish_seen_subcommand_from decode cell; and not __fish_seen_subcommand_from ucs2 gsm'
 complete -c qxpdu -n '__fish_seen_subcommand_from decode inspect; and not __fish_seen_subcommand_from ucs2 gsm' -l no-smsc -d 'The PDUs begin with the TPDU'
