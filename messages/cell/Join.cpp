@@ -158,7 +158,10 @@ CellTaken CellJoiner::Take(const CellReading& reading) {
         taken.isDuplicate = true;
         return taken;
     }
-    fresh.push_back(isContinued ? With(*held, reading) : MessageOf(reading));
+    if (isContinued)
+        fresh.push_back(With(*held, reading));
+    else
+        fresh.push_back(MessageOf(reading));
     CellMessage& message = fresh.front();
     if (message.IsComplete())
         taken.complete = message;

@@ -189,9 +189,20 @@ void CheckJoining(const CellReading& reading, OctetView octets) {
     Require(!message || message->Text() == reading.text, "a message has the text of its reading", octets);
 }
 
-/// Pages without a return or a NUL, which end a text as padding does.
+/// Whether returns and NULs end a text, as padding does, or fill a page.
+bool LooksPadded(std::string_view text) {
+    constexpr std::size_t leastOfAPage = 40; // characters
+    std::size_t run = 0;
+    for (const char one : text) {
+        run = one == '\r' || one == '\0' ? run + 1 : 0;
+        if (run == leastOfAPage)
+            return true;
+    }
+    return run != 0;
+}
+
 void CheckWriting(const CellReading& reading, OctetView octets) {
-    if (reading.text.find_first_of(std::string_view("\r\0", 2)) != std::string::npos)
+    if (LooksPadded(reading.text))
         return;
     for (const CellFormat format : {CellFormat::GsmPage, CellFormat::UmtsMessage}) {
         CellDraft draft;

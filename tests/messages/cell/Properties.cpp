@@ -17,6 +17,7 @@ std::vector<std::string> Samples() {
             "4020003201F1C834000000000000000000",
             "01003240204802" + ("D83D" + rest + "02") + ("DEA8" + rest + "02"),
             "01003240200F02" + ("C10D" + rest + "02") + ("65" + rest + "0001"),
+            "4020003201F1E170381C6E001A007103D00034000DC018", // returns and at signs in the text
             "300011000180" + std::string(100, '1')};
 }
 

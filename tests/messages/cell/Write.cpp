@@ -167,6 +167,8 @@ TEST(WriteCell, LosesNothingThatLooksLikePadding) {
              {Repeated("x", 91) + "\r\r\ry", Repeated("x", 85) + Repeated("@", 10), Repeated("@", 93),
               Repeated("\xD0\x96", 40) + "\r\ry", Repeated("\xD0\x96", 40) + std::string(1, '\0') + "y"})
             EXPECT_EQ(ReadBack(WriteCell(Draft(text, {}, format))), text);
+    // Zeros in UCS2 are padding before the end of the text alone, and take no page of their own.
+    EXPECT_EQ(WriteCell(Draft(Repeated("\xD0\x96", 40) + std::string(1, '\0'))).pages, 1U);
     // A text of more returns than a page holds is cut all the same.
     EXPECT_EQ(WriteCell(Draft(Repeated("\r", 94) + "x")).pages, 2U);
 }
