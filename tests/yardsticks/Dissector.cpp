@@ -13,10 +13,12 @@
 #include <unistd.h>
 
 #include "Toolkit/UTF8.h"
+#include "support/Bits.h"
 
 namespace yardsticks {
 
 using tests::Bytes;
+using tests::operator+;
 
 namespace {
 
@@ -114,6 +116,15 @@ Bytes FromMobile(const Bytes& tpdu) {
 
 Bytes ToMobile(const Bytes& tpdu) {
     return RpData(1, c_messageCentre, {}, tpdu);
+}
+
+Bytes Report(const Bytes& tpdu, bool isToMobile, bool isError) {
+    constexpr unsigned char c_userData = 0x41;
+    const unsigned int direction = isToMobile ? 1 : 0;
+    Bytes message = {static_cast<unsigned char>((isError ? 4U : 2U) | direction), 1};
+    if (isError)
+        message = message + Bytes{1, 0x16}; // RP-Cause
+    return message + Bytes{c_userData, static_cast<unsigned char>(tpdu.size())} + tpdu;
 }
 
 std::vector<Fields> DissectSms(const std::vector<Bytes>& messages) {

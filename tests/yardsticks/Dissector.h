@@ -18,6 +18,8 @@ using Fields = nlohmann::json;
 /// A TPDU on its way to the message centre, and one that comes from it.
 tests::Bytes FromMobile(const tests::Bytes& tpdu);
 tests::Bytes ToMobile(const tests::Bytes& tpdu);
+/// A report on its way: the acknowledgement of a message, or with TP-FCS an error.
+tests::Bytes Report(const tests::Bytes& tpdu, bool isToMobile, bool isError);
 
 std::vector<Fields> DissectSms(const std::vector<tests::Bytes>& messages);
 std::vector<Fields> DissectCellBroadcast(const std::vector<tests::Bytes>& pages);
