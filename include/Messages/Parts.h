@@ -22,6 +22,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "Messages/Alphabet.h"
@@ -108,6 +109,14 @@ struct JoinedPart {
     Tpdu tpdu;               ///< as it was read
 };
 
+/// Neighbours that have not come.
+struct JoinedGap {
+    std::uint8_t first = 1;     ///< the number of the first of them
+    std::uint8_t last = 1;      ///< that of the last
+    std::size_t textOffset = 0; ///< where they belong in the text, in octets
+    std::size_t dataOffset = 0; ///< where they belong in the data
+};
+
 /// A message, whole or as much of it as has come.
 struct Joined {
     JoinOutcome outcome = JoinOutcome::Complete; ///< why it is handed back
@@ -116,6 +125,8 @@ struct Joined {
     /// Of all parts that have come. Where neighbours are written alike, no pair is cut between them.
     std::string text;
     std::vector<std::uint8_t> data; ///< of the parts that are 8-bit data
+    std::vector<JoinedGap> gaps;    ///< in their order; none of a duplicate
+    std::uint64_t before = 0;       ///< of a duplicate: the tag of the part that came before
 };
 
 /// Joins the parts of long messages. Parts of one message have in common the direction, the other party's
@@ -159,19 +170,23 @@ private:
         std::vector<JoinedPart> parts;
     };
     using Store = std::map<Key, Message>;
+    /// What is complete, which goes first, then the order.
+    using Age = std::pair<bool, std::uint64_t>;
     static constexpr std::int64_t c_never = std::numeric_limits<std::int64_t>::max();
 
-    void AddPart(Key key, JoinedPart part, std::int64_t now);
+    void AddPart(const Key& key, JoinedPart part, std::int64_t now);
+    Store::iterator Begin(const Key& key, std::int64_t now);
     void Complete(Store::iterator message);
     void GiveUpLate(std::int64_t now);
     void MakeRoom();
     void HandBack(const Key& key, const Message& message, JoinOutcome outcome);
     void Erase(Store::iterator message) noexcept;
-    Store::iterator Oldest(bool isComplete) noexcept;
+    static Age AgeOf(const Message& message) noexcept { return {!message.isComplete, message.order}; }
     std::vector<Joined> Taken() noexcept;
 
     JoinLimits m_Limits;
     Store m_Messages;
+    std::map<Age, Key> m_Ages;   ///< of each message
     std::vector<Joined> m_Ready; ///< to be handed back
     std::size_t m_Octets = 0;    ///< of user data in m_Messages
     std::uint64_t m_Order = 0;

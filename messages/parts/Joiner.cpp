@@ -24,16 +24,32 @@ public:
     explicit Content(Joined& joined) : m_Joined(joined) {}
 
     void Add(const JoinedPart& part) {
+        GoOnTo(part.number);
         const UserData& userData = *UserDataOf(part.tpdu);
         const DataCoding coding = CodingOfPart(part.tpdu);
-        const bool goesOn = part.number == m_Number + 1 && coding.alphabet == m_Coding.alphabet &&
-                            coding.isCompressed == m_Coding.isCompressed && userData.tables == m_Tables;
-        if (!goesOn)
+        const bool isAlike = coding.alphabet == m_Coding.alphabet &&
+                             coding.isCompressed == m_Coding.isCompressed && userData.tables == m_Tables;
+        if (!isAlike)
             Flush();
-        m_Number = part.number;
         m_Coding = coding;
         m_Tables = userData.tables;
         Append(userData);
+    }
+
+    void Finish() {
+        GoOnTo(m_Joined.total + 1);
+        Flush();
+    }
+
+private:
+    /// To the part of this number, after those that are missing before it.
+    void GoOnTo(int number) {
+        if (number > m_Next) {
+            Flush();
+            m_Joined.gaps.push_back({static_cast<std::uint8_t>(m_Next), static_cast<std::uint8_t>(number - 1),
+                                     m_Joined.text.size(), m_Joined.data.size()});
+        }
+        m_Next = number + 1;
     }
 
     void Flush() {
@@ -46,7 +62,6 @@ public:
         m_Units.clear();
     }
 
-private:
     void Append(const UserData& userData) {
         const OctetView content = userData.Content();
         if (!m_Coding.CountsSeptets()) {
@@ -64,7 +79,7 @@ private:
     bool IsUcs2Text() const { return m_Coding.alphabet == Alphabet::Ucs2 && !m_Coding.isCompressed; }
 
     Joined& m_Joined;
-    int m_Number = 0;
+    int m_Next = 1; ///< the number of the part after those that were added
     DataCoding m_Coding;
     SeptetTables m_Tables;
     std::vector<std::uint8_t> m_Units;
@@ -75,11 +90,21 @@ Joined Join(std::vector<JoinedPart> parts, std::uint8_t total, JoinOutcome outco
     joined.outcome = outcome;
     joined.total = total;
     joined.parts = std::move(parts);
+    if (UserDataOf(joined.parts.front().tpdu) == nullptr)
+        return joined; // no part of anything
     Content content(joined);
     for (const JoinedPart& part : joined.parts)
-        if (UserDataOf(part.tpdu) != nullptr)
-            content.Add(part);
-    content.Flush();
+        content.Add(part);
+    content.Finish();
+    return joined;
+}
+
+Joined Duplicate(JoinedPart part, std::uint8_t total, const JoinedPart& before) {
+    std::vector<JoinedPart> parts;
+    parts.push_back(std::move(part));
+    Joined joined = Join(std::move(parts), total, JoinOutcome::Duplicate);
+    joined.gaps.clear();
+    joined.before = before.tag;
     return joined;
 }
 
@@ -129,32 +154,28 @@ std::vector<Joined> Joiner::Add(const Reading& reading, std::int64_t now, std::u
         key.typeOfAddress = party->typeOfAddress;
         key.party = party->text;
     }
-    AddPart(std::move(key), {place.part, tag, reading.tpdu}, now);
+    AddPart(key, {place.part, tag, reading.tpdu}, now);
     return Taken();
 }
 
-void Joiner::AddPart(Key key, JoinedPart part, std::int64_t now) {
-    const auto found = m_Messages.find(key);
-    if (found != m_Messages.end()) {
-        const JoinedPart* const same = FindPart(found->second.parts, part.number);
-        if (same != nullptr && ComesAgain(*same, part, found->second.isComplete)) {
-            m_Ready.push_back(Join({std::move(part)}, key.total, JoinOutcome::Duplicate));
-            Complete(found);
+void Joiner::AddPart(const Key& key, JoinedPart part, std::int64_t now) {
+    auto message = m_Messages.find(key);
+    if (message != m_Messages.end()) {
+        const JoinedPart* const same = FindPart(message->second.parts, part.number);
+        if (same != nullptr && ComesAgain(*same, part, message->second.isComplete)) {
+            m_Ready.push_back(Duplicate(std::move(part), key.total, *same));
+            Complete(message);
             return;
         }
         if (same != nullptr) {
-            HandBack(found->first, found->second, JoinOutcome::Replaced);
-            Erase(found);
+            HandBack(key, message->second, JoinOutcome::Replaced);
+            Erase(message);
+            message = m_Messages.end();
         }
     }
+    if (message == m_Messages.end())
+        message = Begin(key, now);
     const std::size_t octets = OctetsOf(part);
-    std::vector<JoinedPart> parts;
-    parts.reserve(key.total);
-    const auto [message, isNew] = m_Messages.try_emplace(std::move(key));
-    if (isNew) {
-        message->second = {m_Order++, now, false, std::move(parts)};
-        m_Earliest = std::min(m_Earliest, now);
-    }
     std::vector<JoinedPart>& others = message->second.parts;
     const auto after = std::find_if(others.begin(), others.end(),
                                     [&](const JoinedPart& one) { return one.number > part.number; });
@@ -164,11 +185,26 @@ void Joiner::AddPart(Key key, JoinedPart part, std::int64_t now) {
     MakeRoom();
 }
 
+Joiner::Store::iterator Joiner::Begin(const Key& key, std::int64_t now) {
+    Message begun{m_Order, now, false, {}};
+    begun.parts.reserve(key.total);
+    std::map<Age, Key> age;
+    age.try_emplace(AgeOf(begun), key);
+    const auto message = m_Messages.try_emplace(key, std::move(begun)).first; // the last that takes memory
+    m_Ages.merge(age);
+    ++m_Order;
+    m_Earliest = std::min(m_Earliest, now);
+    return message;
+}
+
 void Joiner::Complete(Store::iterator message) {
     if (message->second.parts.size() != message->first.total)
         return;
     HandBack(message->first, message->second, JoinOutcome::Complete);
+    auto age = m_Ages.extract(AgeOf(message->second));
     message->second.isComplete = true;
+    age.key() = AgeOf(message->second);
+    m_Ages.insert(std::move(age));
 }
 
 void Joiner::HandBack(const Key& key, const Message& message, JoinOutcome outcome) {
@@ -179,24 +215,13 @@ void Joiner::HandBack(const Key& key, const Message& message, JoinOutcome outcom
 void Joiner::Erase(Store::iterator message) noexcept {
     for (const JoinedPart& part : message->second.parts)
         m_Octets -= OctetsOf(part);
+    m_Ages.erase(AgeOf(message->second));
     m_Messages.erase(message);
-}
-
-Joiner::Store::iterator Joiner::Oldest(bool isComplete) noexcept {
-    auto oldest = m_Messages.end();
-    for (auto one = m_Messages.begin(); one != m_Messages.end(); ++one)
-        if (one->second.isComplete == isComplete &&
-            (oldest == m_Messages.end() || one->second.order < oldest->second.order))
-            oldest = one;
-    return oldest;
 }
 
 void Joiner::MakeRoom() {
     while (m_Messages.size() > m_Limits.messages || m_Octets > m_Limits.octets) {
-        // What was handed back goes first.
-        auto oldest = Oldest(true);
-        if (oldest == m_Messages.end())
-            oldest = Oldest(false);
+        const auto oldest = m_Messages.find(m_Ages.begin()->second);
         HandBack(oldest->first, oldest->second, JoinOutcome::Displaced);
         Erase(oldest);
     }
@@ -225,12 +250,11 @@ std::vector<Joined> Joiner::Expire(std::int64_t now) {
 }
 
 std::vector<Joined> Joiner::Finish() {
-    for (auto oldest = Oldest(false); oldest != m_Messages.end(); oldest = Oldest(false)) {
+    while (!m_Ages.empty()) {
+        const auto oldest = m_Messages.find(m_Ages.begin()->second);
         HandBack(oldest->first, oldest->second, JoinOutcome::Finished);
         Erase(oldest);
     }
-    m_Messages.clear();
-    m_Octets = 0;
     return Taken();
 }
 

@@ -137,6 +137,60 @@ TEST(Joiner, TellsDuplicates) {
     EXPECT_EQ(Shown(joiner.Finish()), "finished 1/2 b [5]");
 }
 
+TEST(Joiner, NamesThePartThatADuplicateIsOf) {
+    Joiner joiner;
+    joiner.Add(Part(1, 3, 2, Septets("a")), 0, 7);
+    joiner.Add(Part(1, 3, 1, Septets("a")), 0, 8);
+    const std::vector<Joined> again = joiner.Add(Part(1, 3, 2, Septets("a")), 0, 9);
+    ASSERT_EQ(again.size(), 1U);
+    EXPECT_EQ(again[0].before, 7U);
+    EXPECT_TRUE(again[0].gaps.empty());
+    joiner.Add(Part(1, 3, 3, Septets("a")), 0, 10);
+    EXPECT_EQ(joiner.Add(Part(1, 3, 1, Septets("a")), 0, 11).at(0).before, 8U) << "of a complete one too";
+}
+
+/// "1-2 at 0/0", of each gap the numbers and the offsets in text and data.
+std::string GapsOf(const Joined& joined) {
+    std::string gaps;
+    for (const JoinedGap& gap : joined.gaps)
+        gaps += (gaps.empty() ? "" : ", ") + std::to_string(gap.first) + '-' + std::to_string(gap.last) +
+                " at " + std::to_string(gap.textOffset) + '/' + std::to_string(gap.dataOffset);
+    return gaps;
+}
+
+TEST(Joiner, TellsWhereWhatHasNotComeBelongs) {
+    Joiner joiner;
+    joiner.Add(Part(1, 9, 3, {0x61, 0x65, 0x1B}), 0); // with half a pair
+    joiner.Add(Part(1, 9, 4, {0x65}), 0);
+    joiner.Add(Part(1, 9, 6, {0xAB, 0xCD}, 4), 0);
+    joiner.Add(Part(1, 9, 7, {0x62}), 0);
+    const std::vector<Joined> all = joiner.Finish();
+    ASSERT_EQ(all.size(), 1U);
+    EXPECT_EQ(all[0].text, "ae€b");
+    EXPECT_EQ(GapsOf(all[0]), "1-2 at 0/0, 5-5 at 5/0, 8-9 at 6/2");
+    joiner.Add(Part(2, 2, 1, Septets("a")), 0);
+    EXPECT_EQ(GapsOf(joiner.Add(Part(2, 2, 2, Septets("b")), 0).at(0)), "");
+    EXPECT_EQ(GapsOf(joiner.Add(Delivered(CutIntoParts("Hello").parts[0]), 0).at(0)), "");
+    Reading report;
+    report.tpdu = DeliverReport{};
+    EXPECT_EQ(GapsOf(joiner.Add(report, 0).at(0)), "");
+    joiner.Add(Part(3, 255, 1, Septets("a")), 0);
+    EXPECT_EQ(GapsOf(joiner.Finish().at(0)), "2-255 at 1/0");
+    joiner.Add(Part(4, 3, 1, {0xD8, 0x3D}, 8), 0);
+    joiner.Add(Part(4, 3, 3, {0xDE, 0x00}, 8), 0);
+    EXPECT_EQ(Shown(joiner.Finish()), "finished 2/3 \uFFFD\uFFFD [0 0]") << "nothing is healed across a gap";
+}
+
+TEST(Joiner, CopyGoesOnByItself) {
+    Joiner joiner(JoinLimits{2, 1000, 60});
+    joiner.Add(Part(1, 2, 1, Septets("a")), 0, 1);
+    joiner.Add(Part(2, 2, 1, Septets("b")), 0, 2);
+    Joiner copy = joiner;
+    EXPECT_EQ(joiner.Finish().size(), 2U);
+    EXPECT_EQ(Shown(copy.Add(Part(3, 2, 1, Septets("c")), 0, 3)), "displaced 1/2 a [1]");
+    EXPECT_EQ(Shown(copy.Add(Part(2, 2, 2, Septets("B")), 0, 4)), "complete 2/2 bB [2 4]");
+}
+
 TEST(Joiner, APartWithOtherOctetsBeginsANewMessage) {
     Joiner joiner;
     joiner.Add(Part(1, 2, 1, Septets("a")), 0, 1);
@@ -165,6 +219,10 @@ TEST(Joiner, HoldsSoManyMessages) {
     EXPECT_EQ(Shown(joiner.Add(Part(2, 2, 2, Septets("B")), 0, 4)), "complete 2/2 bB [2 4]");
     EXPECT_EQ(Shown(joiner.Add(Part(4, 2, 1, Septets("d")), 0, 5)), "") << "the whole one goes first";
     EXPECT_EQ(Shown(joiner.Finish()), "finished 1/2 c [3]; finished 1/2 d [5]");
+    joiner.Add(Part(1, 2, 1, Septets("a")), 0, 6);
+    joiner.Add(Part(2, 1, 1, Septets("b")), 0, 7);
+    EXPECT_EQ(Shown(joiner.Add(Part(3, 2, 1, Septets("c")), 0, 8)), "") << "though it began later";
+    EXPECT_EQ(Shown(joiner.Finish()), "finished 1/2 a [6]; finished 1/2 c [8]");
 }
 
 TEST(Joiner, HoldsSoManyOctets) {
