@@ -436,7 +436,7 @@ void AddCount(const Command& parent) {
         "With --as libQX_Encoding as that library's encoder sends the text, which may cut a character in\n"
         "two, and with near characters and with --greek whether that is cheaper or not.\n"
         "\n"
-        "Examples:\n"
+        "Example:\n"
         "  qxpdu count 'It’s 5 €'\n"
         "  qxpdu count --language tr,es 'Yarın şubemizden alınız'");
     command.SetAction([options](const Streams& streams) { return Count(*options, streams); });

@@ -59,7 +59,7 @@ void Show(const DecodeOptions& options, const Input& input, const show::Compared
 /// What --join remembers of the messages before.
 struct EarlierMessages {
     const DecodeOptions& options;
-    Concatenations concatenations = {};
+    PartJoiner parts = {};
     SentMessages sent = {};
     Input lastSent = {};        ///< the message that a command of the log sent last
     std::string recipient = {}; ///< of it
@@ -80,16 +80,18 @@ struct EarlierMessages {
             sent.Add(recipient, static_cast<int>(input.heading->reference), {lastSent.number, lastSent.file});
     }
 
-    void TakePart(const Input& input, const ConcatenationKey& key, int number, const MessagePart& part,
+    void TakePart(const Input& input, const std::shared_ptr<const show::ComparedMessage>& compared,
                   Console& console) {
-        const Concatenations::Outcome outcome = concatenations.Take(key, number, part);
-        for (const ConcatenatedMessage& message : outcome.messages)
-            ShowJoined(message.Joined(), options.isStrict, options.rows, console);
+        const PartJoiner::Outcome outcome = parts.Take(input, compared);
+        for (const show::JoinedMessage& message : outcome.messages)
+            ShowJoined(message, options.isStrict, options.rows, console);
         if (!outcome.duplicateOf)
             return;
+        const Messages::Concatenation& place =
+            *Messages::UserDataOf(compared->message.reading.tpdu)->concatenation;
         if (!console.WantsJsonLines())
-            return console.Warning(NameOf(input), fmt::format("part {} of {} has come before, in {}", number,
-                                                              key.total, *outcome.duplicateOf));
+            return console.Warning(NameOf(input), fmt::format("part {} of {} has come before, in {}",
+                                                              place.part, place.total, *outcome.duplicateOf));
         show::Json object = ObjectFor(input);
         object["duplicate_of"] = *outcome.duplicateOf;
         console.Object(object);
@@ -102,36 +104,9 @@ std::string PartyIn(const show::Message& message) {
     return party != nullptr ? party->ToString() : std::string();
 }
 
-struct NumberedPart {
-    ConcatenationKey key;
-    int number;
-    MessagePart part;
-};
-
 bool IsPart(const show::Message& message) {
     const Messages::UserData* const userData = Messages::UserDataOf(message.reading.tpdu);
     return userData != nullptr && userData->concatenation && userData->concatenation->total > 1;
-}
-
-/// The part that the PDU is; nothing where it is a whole message.
-std::optional<NumberedPart> PartIn(const Input& input,
-                                   std::shared_ptr<const show::ComparedMessage> compared) {
-    const show::Message& message = compared->message;
-    if (!IsPart(message))
-        return std::nullopt;
-    const Messages::Concatenation& place = *Messages::UserDataOf(message.reading.tpdu)->concatenation;
-    const Messages::Timestamp* const time = Messages::TimestampOf(message.reading.tpdu);
-    MessagePart part{NameOf(input),
-                     input.number,
-                     ContentOf(message.reading.tpdu),
-                     time != nullptr ? time->ToString() : std::string(),
-                     std::move(compared),
-                     input.source == Input::Source::Argument,
-                     input.file};
-    return NumberedPart{{static_cast<int>(message.reading.Type()), PartyIn(message), place.hasWideReference,
-                         place.reference, place.total},
-                        place.part,
-                        std::move(part)};
 }
 
 Afterwards Join(EarlierMessages& earlier, const Input& input,
@@ -143,14 +118,14 @@ Afterwards Join(EarlierMessages& earlier, const Input& input,
             Show(earlier.options, input, *compared, earlier.sent.Find(party, reference), later);
         };
     }
-    const auto part = PartIn(input, compared);
-    if (!part || earlier.options.each)
+    const bool isPart = IsPart(compared->message);
+    if (!isPart || earlier.options.each)
         Show(earlier.options, input, *compared, std::nullopt, console);
-    return [&earlier, input, party, compared, part](Console& later) {
+    return [&earlier, input, party, compared, isPart](Console& later) {
         if (const auto* submit = std::get_if<Messages::Submit>(&compared->message.reading.tpdu))
             earlier.TakeSent(input, party, submit->reference);
-        if (part)
-            earlier.TakePart(input, part->key, part->number, part->part, later);
+        if (isPart)
+            earlier.TakePart(input, compared, later);
     };
 }
 
@@ -198,8 +173,8 @@ Afterwards Convert(EarlierMessages& earlier, const DecodeOptions& options, const
 }
 
 void ShowIncomplete(EarlierMessages& earlier, Console& console) {
-    while (const auto message = earlier.concatenations.TakeOldest())
-        ShowJoined(message->Joined(), earlier.options.isStrict, earlier.options.rows, console);
+    for (const show::JoinedMessage& message : earlier.parts.TakeRest())
+        ShowJoined(message, earlier.options.isStrict, earlier.options.rows, console);
     earlier.pages.ShowIncomplete(console);
 }
 
@@ -230,7 +205,8 @@ void AddDecode(const Command& parent) {
         "over.\n"
         "\n"
         "With --join a message is shown once its last part has come, or in the end with what is missing. Of\n"
-        "messages waiting for parts, the oldest is given up when there are more than 4096 parts.\n"
+        "messages waiting for parts, the oldest is given up when there are more than 4096, or a mebibyte of "
+        "them.\n"
         "\n"
         "Example:\n"
         "  qxpdu decode 0791214365870921040B912143658709F100002120312143658005C8329BFD06\n"

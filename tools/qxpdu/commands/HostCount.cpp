@@ -14,7 +14,6 @@
 #include "characters/Unicode.h"
 #include "commands/CountedText.h"
 #include "commands/OutgoingText.h"
-#include "commands/Parts.h"
 #include "show/CodeUnits.h"
 #include "show/Plural.h"
 
@@ -60,15 +59,23 @@ struct Part {
     std::wstring text;
 };
 
+/// None in UCS2.
+std::vector<std::uint8_t> SeptetsIn(const Messages::Tpdu& tpdu) {
+    const Messages::UserData& userData = *Messages::UserDataOf(tpdu);
+    std::vector<std::uint8_t> septets;
+    if (Messages::CodingOf(tpdu)->CountsSeptets()) {
+        septets.resize(userData.textUnits);
+        Messages::UnpackSeptets(userData.Content(), userData.fillBits, septets.size(), septets.data());
+    }
+    return septets;
+}
+
 Part PartOf(const Toolkit::smart_ptr<Encoding::Pdu>& pdu) {
     PduDecoder decoder;
     decoder.Decode(pdu, false, false);
     const Messages::Reading reading = Messages::Read(
         {pdu->m_Bytes, pdu->m_Length}, {Messages::Presence::Yes, Messages::Direction::FromMobile});
-    PartContent content = ContentOf(reading.tpdu);
-    if (content.alphabet != Messages::Alphabet::Gsm7)
-        content.units.clear();
-    return {decoder.m_Alphabet, UnitsOf(decoder), TextLength(decoder), std::move(content.units),
+    return {decoder.m_Alphabet, UnitsOf(decoder), TextLength(decoder), SeptetsIn(reading.tpdu),
             decoder.m_Text};
 }
 

@@ -1,6 +1,6 @@
 #include "commands/Join.h"
 
-#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace qxpdu {
@@ -11,146 +11,102 @@ std::string DigitsOf(const std::string& address) {
     return address.starts_with('+') ? address.substr(1) : address;
 }
 
-/// Puts parts together in their order.
-class Joiner {
-public:
-    void Add(const PartContent& part) {
-        m_IsInGap = false;
-        if (!m_Run.units.empty() && !m_Run.IsAlike(part))
-            EndRun();
-        if (m_Run.units.empty())
-            m_Run = {part.alphabet, part.tables, {}};
-        if (EndsInEscape(m_Run) && BeginsWithEscape(part))
-            m_Run.units.pop_back(); // networks send the escape in both
-        m_Run.units.insert(m_Run.units.end(), part.units.begin(), part.units.end());
-    }
+// The tag of a part is its input: the number, the file from 1 where it stood in one, and whether it was an
+// argument.
+constexpr unsigned int c_fileShift = 40;
+constexpr unsigned int c_argumentShift = 63;
+constexpr std::uint64_t c_argument = std::uint64_t{1} << c_argumentShift;
+constexpr std::uint64_t c_number = (std::uint64_t{1} << c_fileShift) - 1;
 
-    /// The part has not come.
-    void Skip(int number) {
-        EndRun();
-        if (!m_IsInGap)
-            m_Content.gaps.push_back({show::CharactersIn(m_Content.text), m_Content.data.size(), {}});
-        m_Content.gaps.back().missing.push_back(number);
-        m_IsInGap = true;
-    }
+Messages::JoinLimits Limits() {
+    Messages::JoinLimits limits;
+    limits.messages = PartJoiner::MAX_MESSAGES;
+    return limits; // no time goes by, so that none is too late
+}
 
-    show::JoinedContent Finish() {
-        EndRun();
-        return std::move(m_Content);
-    }
+bool IsSame(const Messages::Tpdu& one, const Messages::Tpdu& other) {
+    const Messages::Address* const party = Messages::PartyOf(one);
+    return one.index() == other.index() &&
+           Messages::UserDataOf(one)->octets == Messages::UserDataOf(other)->octets &&
+           (party == nullptr || *party == *Messages::PartyOf(other));
+}
 
-private:
-    static bool BeginsWithEscape(const PartContent& part) {
-        return part.alphabet == Messages::Alphabet::Gsm7 && !part.units.empty() &&
-               part.units.front() == Messages::c_escapeSeptet;
+show::JoinedContent ContentOf(const Messages::Joined& joined) {
+    show::JoinedContent content{joined.text, joined.data, {}};
+    for (const Messages::JoinedGap& gap : joined.gaps) {
+        const std::string_view before = std::string_view(joined.text).substr(0, gap.textOffset);
+        show::Gap& shown = content.gaps.emplace_back();
+        shown.characters = show::CharactersIn(before);
+        shown.octets = gap.dataOffset;
+        for (int number = gap.first; number <= gap.last; ++number)
+            shown.missing.push_back(number);
     }
-
-    /// Two escapes are a character, and end.
-    static bool EndsInEscape(const PartContent& part) {
-        if (part.alphabet != Messages::Alphabet::Gsm7)
-            return false;
-        const auto end = std::find_if(part.units.rbegin(), part.units.rend(),
-                                      [](std::uint8_t septet) { return septet != Messages::c_escapeSeptet; });
-        return (end - part.units.rbegin()) % 2 != 0;
-    }
-
-    void EndRun() {
-        if (m_Run.alphabet == Messages::Alphabet::Gsm7)
-            Messages::AppendSeptetText(m_Run.units, m_Run.tables, m_Content.text);
-        else if (m_Run.alphabet == Messages::Alphabet::Ucs2)
-            Messages::AppendUcs2Text(m_Run.units, m_Content.text);
-        else
-            m_Content.data.insert(m_Content.data.end(), m_Run.units.begin(), m_Run.units.end());
-        m_Run.units.clear();
-    }
-
-    PartContent m_Run; ///< parts side by side
-    show::JoinedContent m_Content;
-    bool m_IsInGap = false;
-};
+    return content;
+}
 
 } // namespace
 
-show::JoinedContent ConcatenatedMessage::Content() const {
-    Joiner joiner;
-    for (int number = 1; number <= key.total; ++number) {
-        const auto part = parts.find(number);
-        if (part == parts.end())
-            joiner.Skip(number);
-        else
-            joiner.Add(part->second.content);
-    }
-    return joiner.Finish();
-}
+PartJoiner::PartJoiner() : m_Joiner(Limits()) {}
 
-show::JoinedMessage ConcatenatedMessage::Joined() const {
-    show::JoinedMessage joined{key.hasWideReference, key.reference, key.total, {}, Content()};
-    for (const auto& [number, part] : parts)
-        joined.parts.push_back({number, part.source, part.isArgument, part.number, part.message, part.file});
-    return joined;
-}
-
-ConcatenatedMessage* Concatenations::Store::Find(const ConcatenationKey& key) {
-    const auto found = m_Index.find(key);
-    return found == m_Index.end() ? nullptr : &*found->second;
-}
-
-ConcatenatedMessage& Concatenations::Store::Insert(ConcatenatedMessage message) {
-    m_Parts += message.parts.size();
-    m_Messages.push_back(std::move(message));
-    m_Index[m_Messages.back().key] = std::prev(m_Messages.end());
-    return m_Messages.back();
-}
-
-ConcatenatedMessage Concatenations::Store::Take(const ConcatenationKey& key) {
-    const auto found = m_Index.find(key);
-    ConcatenatedMessage message = std::move(*found->second);
-    m_Messages.erase(found->second);
-    m_Index.erase(found);
-    m_Parts -= message.parts.size();
-    return message;
-}
-
-std::optional<ConcatenatedMessage> Concatenations::Store::TakeOldest() {
-    if (m_Messages.empty())
-        return std::nullopt;
-    return Take(ConcatenationKey(m_Messages.front().key));
-}
-
-Concatenations::Outcome Concatenations::Take(const ConcatenationKey& key, int number, MessagePart part) {
+PartJoiner::Outcome PartJoiner::Take(const Input& input,
+                                     const std::shared_ptr<const show::ComparedMessage>& compared) {
+    const std::uint64_t tag = TagOf(input);
+    m_Read.emplace(tag, compared);
     Outcome outcome;
-    for (Store* store : {&m_Open, &m_Complete}) {
-        const ConcatenatedMessage* message = store->Find(key);
-        if (message == nullptr || !message->parts.contains(number))
-            continue;
-        const MessagePart& before = message->parts.at(number);
-        if (before.content == part.content && (store == &m_Open || before.time == part.time)) {
-            outcome.duplicateOf = before.source;
-            return outcome;
-        }
-        ConcatenatedMessage old = store->Take(key);
-        if (store == &m_Open)
-            outcome.messages.push_back(std::move(old));
+    for (const Messages::Joined& joined : m_Joiner.Add(compared->message.reading, 0, tag)) {
+        show::JoinedMessage message = WithSources(joined);
+        if (joined.outcome == Messages::JoinOutcome::Duplicate)
+            outcome.duplicateOf = NameOf(InputOf(joined.before));
+        else
+            outcome.messages.push_back(std::move(message));
     }
-    ConcatenatedMessage* message = m_Open.Find(key);
-    if (message == nullptr)
-        message = &m_Open.Insert({key, {}});
-    message->parts.emplace(number, std::move(part));
-    m_Open.CountPart();
-    if (message->IsComplete())
-        Complete(key, outcome);
-    else if (m_Open.IsOverfull())
-        outcome.messages.push_back(*m_Open.TakeOldest());
     return outcome;
 }
 
-void Concatenations::Complete(const ConcatenationKey& key, Outcome& outcome) {
-    outcome.messages.push_back(m_Open.Take(key));
-    if (m_Complete.Find(key) != nullptr)
-        m_Complete.Take(key);
-    m_Complete.Insert(outcome.messages.back());
-    while (m_Complete.IsOverfull())
-        m_Complete.TakeOldest();
+std::vector<show::JoinedMessage> PartJoiner::TakeRest() {
+    std::vector<show::JoinedMessage> rest;
+    for (const Messages::Joined& joined : m_Joiner.Finish())
+        rest.push_back(WithSources(joined));
+    return rest;
+}
+
+std::uint64_t PartJoiner::TagOf(const Input& input) {
+    if (!input.file.empty() && (m_Files.empty() || m_Files.back() != input.file))
+        m_Files.push_back(input.file);
+    return (input.source == Input::Source::Argument ? c_argument : 0) |
+           (input.file.empty() ? 0 : std::uint64_t{m_Files.size()} << c_fileShift) |
+           (input.number & c_number);
+}
+
+Input PartJoiner::InputOf(std::uint64_t tag) const {
+    const bool isArgument = (tag & c_argument) != 0;
+    const auto file = static_cast<std::size_t>((tag & ~c_argument) >> c_fileShift);
+    return {isArgument ? Input::Source::Argument : Input::Source::Line,
+            static_cast<std::size_t>(tag & c_number),
+            {},
+            std::nullopt,
+            file == 0 ? std::string_view() : m_Files[file - 1]};
+}
+
+/// Several parts of one line have the same tag.
+std::shared_ptr<const show::ComparedMessage> PartJoiner::TakeRead(const Messages::JoinedPart& part) {
+    auto [read, end] = m_Read.equal_range(part.tag);
+    while (std::next(read) != end && !IsSame(read->second->message.reading.tpdu, part.tpdu))
+        ++read;
+    auto compared = std::move(read->second);
+    m_Read.erase(read);
+    return compared;
+}
+
+show::JoinedMessage PartJoiner::WithSources(const Messages::Joined& joined) {
+    const Messages::Concatenation& place = *Messages::UserDataOf(joined.parts.front().tpdu)->concatenation;
+    show::JoinedMessage message{place.hasWideReference, place.reference, joined.total, {}, ContentOf(joined)};
+    for (const Messages::JoinedPart& part : joined.parts) {
+        const Input input = InputOf(part.tag);
+        message.parts.push_back({part.number, NameOf(input), input.source == Input::Source::Argument,
+                                 input.number, TakeRead(part), input.file});
+    }
+    return message;
 }
 
 void SentMessages::Add(const std::string& address, int reference, SentMessage message) {

@@ -1,130 +1,113 @@
-// What is held of concatenated messages, and how long.
+// Where the parts of messages came from, how many are held, and which messages status reports are about.
 #include <gtest/gtest.h>
 
 #include "commands/Join.h"
+#include "support/Octets.h"
 
 namespace {
 
-using qxpdu::ConcatenationKey;
-using qxpdu::Concatenations;
-using qxpdu::MessagePart;
-using qxpdu::PartContent;
+using qxpdu::Input;
+using qxpdu::PartJoiner;
 using qxpdu::SentMessages;
+using ReadPart = std::shared_ptr<const show::ComparedMessage>;
 
-ConcatenationKey Key(int reference) {
-    return {0, "+1", true, reference, 2};
+/// From +12345678901, in UCS2, of two parts under a reference of 16 bits.
+ReadPart Part(unsigned int reference, unsigned int number, const std::string& unit) {
+    const auto pair = [](unsigned int value) { return tests::Hex({static_cast<unsigned char>(value)}); };
+    auto read = std::make_shared<show::ComparedMessage>();
+    read->message.reading =
+        Messages::ReadHex("0791214365870921440B912143658709F100082120312143658009060804" +
+                          pair(reference >> 8U) + pair(reference & 0xFFU) + "02" + pair(number) + unit);
+    return read;
 }
 
-/// In the default alphabet, where letters are their own codes.
-PartContent Septets(std::string_view text) {
-    return {Messages::Alphabet::Gsm7, {}, {text.begin(), text.end()}};
+Input Line(std::size_t number, std::string_view file = {}) {
+    return {Input::Source::Line, number, {}, std::nullopt, file};
 }
 
-TEST(Concatenations, OldestMessageGoesWhenTooManyPartsWait) {
-    Concatenations concatenations;
-    for (int i = 0; i < 4096; ++i)
-        EXPECT_TRUE(concatenations.Take(Key(i), 1, {"line", 1, Septets("a"), ""}).messages.empty());
-    const auto taken = concatenations.Take(Key(4096), 1, {"line", 1, Septets("a"), ""});
+/// "line 1, line 2", of a message the inputs of its parts.
+std::string SourcesOf(const show::JoinedMessage& message) {
+    std::string sources;
+    for (const show::JoinedPart& part : message.parts)
+        sources += (sources.empty() ? "" : ", ") + part.source;
+    return sources;
+}
+
+TEST(PartJoiner, NamesWhereEachPartStood) {
+    PartJoiner joiner;
+    EXPECT_TRUE(joiner.Take(Line(3), Part(1, 2, "0062")).messages.empty());
+    const auto whole = joiner.Take({Input::Source::Argument, 1, {}}, Part(1, 1, "0061"));
+    ASSERT_EQ(whole.messages.size(), 1U);
+    EXPECT_EQ(whole.messages[0].content.text, "ab");
+    EXPECT_EQ(SourcesOf(whole.messages[0]), "argument 1, line 3");
+    EXPECT_TRUE(whole.messages[0].parts[0].isArgument);
+    EXPECT_FALSE(whole.messages[0].parts[1].isArgument);
+    joiner.Take(Line(7, "a.log"), Part(2, 1, "0061"));
+    const auto rest = joiner.Take(Line(7, "b.log"), Part(2, 2, "0062"));
+    EXPECT_EQ(SourcesOf(rest.messages.at(0)), "a.log: line 7, b.log: line 7");
+    EXPECT_EQ(rest.messages.at(0).parts[1].file, "b.log");
+    EXPECT_EQ(joiner.Take(Line(8, "b.log"), Part(2, 1, "0061")).duplicateOf, "a.log: line 7");
+    EXPECT_EQ(joiner.Take(Line(9), Part(1, 1, "0061")).duplicateOf, "argument 1");
+    EXPECT_TRUE(joiner.TakeRest().empty());
+}
+
+TEST(PartJoiner, TellsPartsOfOneLineApart) {
+    PartJoiner joiner;
+    const ReadPart a = Part(1, 1, "0061");
+    const ReadPart b = Part(2, 1, "0061");
+    const ReadPart c = Part(2, 2, "0061");
+    joiner.Take(Line(1), a);
+    joiner.Take(Line(1), b);
+    EXPECT_EQ(joiner.Take(Line(1), b).duplicateOf, "line 1");
+    const auto whole = joiner.Take(Line(1), c);
+    ASSERT_EQ(whole.messages.size(), 1U);
+    EXPECT_EQ(whole.messages[0].parts[0].message, b);
+    EXPECT_EQ(whole.messages[0].parts[1].message, c);
+    EXPECT_EQ(joiner.TakeRest().at(0).parts[0].message, a);
+}
+
+TEST(PartJoiner, GivesUpTheOldestMessageAndKeepsNothingOfIt) {
+    const ReadPart part = Part(0, 1, "0061");
+    PartJoiner joiner;
+    joiner.Take(Line(1), part);
+    EXPECT_EQ(part.use_count(), 2);
+    for (unsigned int i = 1; i < 4096; ++i)
+        EXPECT_TRUE(joiner.Take(Line(i + 1), Part(i, 1, "0061")).messages.empty());
+    const auto taken = joiner.Take(Line(4097), Part(4096, 1, "0061"));
     ASSERT_EQ(taken.messages.size(), 1U);
-    EXPECT_EQ(taken.messages[0].key.reference, 0);
-    EXPECT_EQ(concatenations.TakeOldest()->key.reference, 1);
+    EXPECT_EQ(SourcesOf(taken.messages[0]), "line 1");
+    EXPECT_EQ(part.use_count(), 2) << "of what was given up";
+    EXPECT_EQ(joiner.TakeRest().size(), 4096U);
 }
 
-TEST(Concatenations, PartsOfCompleteMessagesNoLongerWait) {
-    Concatenations concatenations;
-    for (int i = 0; i < 5000; ++i) {
-        EXPECT_TRUE(concatenations.Take(Key(i), 2, {"line", 1, Septets("b"), ""}).messages.empty());
-        EXPECT_EQ(concatenations.Take(Key(i), 1, {"line", 1, Septets("a"), ""}).messages.at(0).Content().text,
-                  "ab");
+TEST(PartJoiner, KeepsNothingOfCompleteMessagesButTheirNames) {
+    PartJoiner joiner;
+    for (unsigned int i = 0; i < 5000; ++i) {
+        const ReadPart first = Part(i, 1, "0061");
+        const ReadPart second = Part(i, 2, "0062");
+        joiner.Take(Line(2 * i + 1), first);
+        ASSERT_EQ(joiner.Take(Line(2 * i + 2), second).messages.size(), 1U);
+        ASSERT_EQ(first.use_count(), 1);
+        ASSERT_EQ(second.use_count(), 1);
     }
-    EXPECT_FALSE(concatenations.TakeOldest());
+    EXPECT_EQ(joiner.Take(Line(10001), Part(4999, 1, "0061")).duplicateOf, "line 9999");
+    EXPECT_TRUE(joiner.TakeRest().empty());
 }
 
-TEST(Concatenations, OtherTextUnderTheSameNumberBeginsANewMessage) {
-    Concatenations concatenations;
-    concatenations.Take(Key(1), 1, {"line 1", 1, Septets("a"), ""});
-    const auto taken = concatenations.Take(Key(1), 1, {"line 2", 2, Septets("b"), ""});
-    EXPECT_FALSE(taken.duplicateOf);
-    ASSERT_EQ(taken.messages.size(), 1U);
-    EXPECT_EQ(taken.messages[0].Content().text, "a");
-    EXPECT_EQ(concatenations.TakeOldest()->Content().text, "b");
-}
-
-TEST(Concatenations, SameTextOfAnotherTimeBeginsANewMessageOnceTheOldOneIsComplete) {
-    Concatenations concatenations;
-    concatenations.Take(Key(1), 1, {"line 1", 1, Septets("a"), "10:00"});
-    EXPECT_EQ(concatenations.Take(Key(1), 1, {"line 2", 2, Septets("a"), "10:01"}).duplicateOf, "line 1");
-    EXPECT_EQ(
-        concatenations.Take(Key(1), 2, {"line 3", 3, Septets("b"), "10:00"}).messages.at(0).Content().text,
-        "ab");
-    EXPECT_EQ(concatenations.Take(Key(1), 1, {"line 4", 4, Septets("a"), "10:00"}).duplicateOf, "line 1");
-    EXPECT_FALSE(concatenations.Take(Key(1), 1, {"line 5", 5, Septets("a"), "12:00"}).duplicateOf);
-    EXPECT_EQ(
-        concatenations.Take(Key(1), 2, {"line 6", 6, Septets("c"), "12:00"}).messages.at(0).Content().text,
-        "ac");
-}
-
-/// Each part shares a message, of which is counted who keeps it.
-TEST(Concatenations, KeepNoMoreInMemoryThanTheirPartsOfEachKind) {
-    const auto message = std::make_shared<const show::ComparedMessage>();
-    const auto take = [&message](Concatenations& concatenations, int reference, int number) {
-        concatenations.Take(Key(reference), number, {"line", 1, Septets("a"), "", message});
-    };
-    Concatenations open;
-    for (int i = 0; i < 5000; ++i)
-        take(open, i, 1);
-    EXPECT_EQ(message.use_count(), 1 + 4096);
-    open = {};
-    Concatenations complete;
-    for (int i = 0; i < 3000; ++i) {
-        take(complete, i, 1);
-        take(complete, i, 2);
-    }
-    EXPECT_EQ(message.use_count(), 1 + 4096);
-    for (int i = 0; i < 5000; ++i)
-        take(complete, 3000 + i, 1);
-    EXPECT_EQ(message.use_count(), 1 + 4096 + 4096);
-}
-
-/// The text of three parts, of which those that are empty have not come.
-std::string JoinedText(const std::vector<PartContent>& contents) {
-    Concatenations concatenations;
-    ConcatenationKey key = Key(1);
-    key.total = 4; // so that it stays incomplete
-    for (std::size_t i = 0; i < contents.size(); ++i) {
-        if (!contents[i].units.empty())
-            concatenations.Take(key, static_cast<int>(i) + 1, {"line", 1, contents[i], ""});
-    }
-    return concatenations.TakeOldest()->Content().text;
-}
-
-TEST(Concatenations, EscapeOfAPartIsHealedOnlyByTheNextPart) {
-    EXPECT_EQ(JoinedText({Septets("a\x1B"), Septets("e")}), "a\u20AC");
-    EXPECT_EQ(JoinedText({Septets("a\x1B"), {}, Septets("e")}), "ae");
-    EXPECT_EQ(JoinedText({Septets("a\x1B"), Septets("\x1B"
-                                                    "e")}),
-              "a\u20AC")
-        << "networks send it twice";
-    EXPECT_EQ(JoinedText({Septets("a\x1B\x1B"), Septets("e")}), "a e") << "two escapes are a space";
-}
-
-TEST(Concatenations, PartsOfOtherTablesAreReadWithTheirOwn) {
-    PartContent turkish = Septets("\x1B");
-    turkish.tables.single = Messages::Language::Turkish;
-    PartContent more = Septets("S");
-    EXPECT_EQ(JoinedText({turkish, more}), "S");
-    more.tables.single = Messages::Language::Turkish;
-    EXPECT_EQ(JoinedText({turkish, more}), "\u015E");
-}
-
-TEST(Concatenations, HalvesOfACharacterAreJoinedAcrossParts) {
-    const PartContent high{Messages::Alphabet::Ucs2, {}, {0xD8, 0x3D}};
-    const PartContent low{Messages::Alphabet::Ucs2, {}, {0xDE, 0x00}};
-    EXPECT_EQ(JoinedText({high, low}), "\U0001F600");
-    EXPECT_EQ(JoinedText({high, {}, low}), "\uFFFD\uFFFD");
-    EXPECT_EQ(JoinedText({high, Septets("a"), low}), "\uFFFD"
-                                                     "a"
-                                                     "\uFFFD");
+TEST(PartJoiner, GapsSayWhatIsMissing) {
+    PartJoiner joiner;
+    joiner.Take(Line(1), Part(1, 2, "00E9"));
+    joiner.Take(Line(2), Part(2, 1, "00E9"));
+    const auto rest = joiner.TakeRest();
+    ASSERT_EQ(rest.size(), 2U);
+    ASSERT_EQ(rest[0].content.gaps.size(), 1U);
+    EXPECT_EQ(rest[0].content.gaps[0].characters, 0U);
+    EXPECT_EQ(rest[0].content.gaps[0].missing, std::vector<int>{1});
+    EXPECT_EQ(rest[1].content.gaps[0].characters, 1U) << "of two octets";
+    EXPECT_EQ(rest[1].content.gaps[0].missing, std::vector<int>{2});
+    EXPECT_TRUE(rest[1].hasWideReference);
+    EXPECT_EQ(rest[1].reference, 2);
+    EXPECT_EQ(rest[1].total, 2);
 }
 
 TEST(SentMessages, LastMessageUnderAReferenceIsFound) {
