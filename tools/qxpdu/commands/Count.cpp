@@ -19,8 +19,8 @@
 #include "commands/Languages.h"
 #include "commands/Options.h"
 #include "show/CodeUnits.h"
-#include "show/Json.h"
 #include "show/JoinedMessage.h"
+#include "show/Json.h"
 #include "show/Plural.h"
 
 namespace qxpdu {
