@@ -224,7 +224,8 @@ struct CellTaken {
 /// older update is given up by itself. Update numbers go around: the eight after a number are newer. A page
 /// with another coding, another number of pages, or other octets than the page of its number that came before
 /// begins a new message of the same key, and the one before is given up. A page that was cut waits for the
-/// whole one, and takes the place of none.
+/// whole one, and takes the place of none. A later page in UCS2 has the language of the first one, or none:
+/// read by itself, it may have had a character taken for another.
 ///
 /// Holds so many messages at most, those among them that are complete and known again: of those the oldest is
 /// forgotten first, then the oldest that waits is given up.

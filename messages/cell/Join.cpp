@@ -68,6 +68,23 @@ CellMessage MessageOf(const CellReading& reading) {
     return {reading.serialNumber, reading.messageIdentifier, reading.coding, reading.total, reading.pages};
 }
 
+/// Gives pages that were read by themselves the characters back that were taken for a language.
+void SettleLanguages(CellMessage& message) {
+    const CellPage& first = message.pages.front();
+    const bool hasLanguages =
+        message.coding.group == CellCodingGroup::LanguageInText && message.coding.alphabet == Alphabet::Ucs2;
+    if (!hasLanguages || first.number != 1)
+        return;
+    for (auto page = message.pages.begin() + 1; page != message.pages.end(); ++page) {
+        if (page->textOffset == 0 || BeginsAlike(*page, first))
+            continue;
+        page->language.clear();
+        page->textOffset = 0;
+        ++page->textUnits;
+        page->text = JoinText({*page}, message.coding);
+    }
+}
+
 /// Whether the message lacks the page, or has it cut alone.
 bool Lacks(const CellMessage& message, const CellPage& page) {
     const CellPage* const held = PageOf(message, page.number);
@@ -86,6 +103,7 @@ CellMessage With(CellMessage message, const CellReading& reading) {
         else
             message.pages.insert(at, page);
     }
+    SettleLanguages(message);
     return message;
 }
 

@@ -24,6 +24,12 @@ constexpr bool IsSmallLetter(std::uint8_t septet) {
     return septet >= 'a' && septet <= 'z';
 }
 
+/// Whether a later page in UCS2 begins as the first one of its message does: with its language, or with a
+/// line break in its place. What else looks like either is a character.
+inline bool BeginsAlike(const CellPage& page, const CellPage& first) {
+    return first.textOffset != 0 && first.language == page.language;
+}
+
 } // namespace Messages
 
 #endif

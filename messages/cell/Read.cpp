@@ -315,9 +315,7 @@ private:
             NoteNoLanguage(page);
         if (page.language.empty() && !isBreak)
             return;
-        // A character may look like two letters: later pages of a message begin as its first does.
-        const CellPage& first = m_Reading.pages.front();
-        if (&page != &first && (first.textOffset == 0 || first.language != page.language))
+        if (const CellPage& first = m_Reading.pages.front(); &page != &first && !BeginsAlike(page, first))
             return page.language.clear();
         Place(Field::PageLanguage, Piece::Whole, m_At, c_languageOctets);
         page.textOffset = c_languageOctets;

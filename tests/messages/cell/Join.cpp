@@ -187,6 +187,46 @@ TEST(CellJoiner, JoinsNothingAcrossAMissingPage) {
     EXPECT_EQ(units.TakeOldest()->Text(), "\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 
+TEST(CellJoiner, TakesNoCharacterForALanguageThatTheFirstPageDoesNotHave) {
+    // U+6137 looks like "an" in septets, and U+0D0A, a letter of Malayalam, like a line break; ja is EA30.
+    const std::string first = "402000321113EA305730";
+    const std::string letters = "40200032112361379707";
+    const std::string language = "402000321133EA300D05";
+    CellJoiner joiner;
+    EXPECT_EQ(joiner.Take(ReadCellHex(letters)).givenUp.size(), 0U);
+    joiner.Take(ReadCellHex(first));
+    const CellTaken taken = joiner.Take(ReadCellHex(language));
+    ASSERT_TRUE(taken.complete);
+    EXPECT_EQ(taken.complete->Text(), "\u5730\u6137\u9707\u0D05");
+    EXPECT_EQ(taken.complete->pages[1].language, "");
+    EXPECT_EQ(taken.complete->pages[1].text, "\u6137\u9707");
+    EXPECT_EQ(taken.complete->pages[2].language, "ja");
+    EXPECT_TRUE(joiner.Take(ReadCellHex(letters)).isDuplicate);
+
+    CellJoiner other;
+    other.Take(ReadCellHex("402000321112EA305730"));
+    EXPECT_EQ(other.Take(ReadCellHex("4020003211220D0A0D05")).complete->Text(), "\u5730\u0D0A\u0D05");
+    CellJoiner breaks;
+    breaks.Take(ReadCellHex("4020003211120D0A5730"));
+    EXPECT_EQ(breaks.Take(ReadCellHex("4020003211220D0A9707")).complete->Text(), "\u5730\u9707");
+    CellJoiner none;
+    none.Take(ReadCellHex("4020003211125730"));
+    EXPECT_EQ(none.Take(ReadCellHex("402000321122613730")).complete->Text(), "\u5730\u6137");
+    CellJoiner waiting;
+    waiting.Take(ReadCellHex(letters));
+    waiting.Take(ReadCellHex(language));
+    EXPECT_EQ(waiting.TakeOldest()->Text(), "\u9707\u0D05") << "the first page has not come";
+}
+
+TEST(CellJoiner, LeavesTheLanguagesOfSeptets) {
+    // "en", a return, "a"; "fr", a return, "b".
+    CellJoiner joiner;
+    joiner.Take(ReadCellHex("4020003210126577230C"));
+    const CellTaken taken = joiner.Take(ReadCellHex("4020003210226679430C"));
+    ASSERT_TRUE(taken.complete);
+    EXPECT_EQ(taken.complete->pages[1].language, "fr");
+}
+
 TEST(CellJoiner, TakesAPageWithOtherPaddingForTheSame) {
     CellJoiner joiner;
     joiner.Take(ReadCellHex("402000320F12C834"));
