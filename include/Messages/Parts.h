@@ -41,7 +41,7 @@ inline constexpr std::size_t c_mostParts = 255;
 struct CutOptions {
     /// How it is written. Of `room`, the octets of elements are worked out, and there are at most 159 octets.
     ChoiceOptions choice;
-    bool replacesNear = false;                             ///< puts near characters in, where that is cheaper
+    bool replacesNear = false; ///< puts those near characters in that make it cheaper
     std::optional<std::uint16_t> reference = std::nullopt; ///< of several parts; else a random one
     std::optional<Ports> ports = std::nullopt;             ///< in each part
     std::vector<std::uint8_t> elements; ///< more header elements, as they are sent, in each part

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <tuple>
 
 #include <unistd.h>
@@ -141,6 +142,29 @@ Languages LanguagesOf(const ChoiceOptions& options) {
     return options.tables ? Languages{options.tables->locking, options.tables->single} : options.languages;
 }
 
+std::size_t Ucs2Units(std::string_view text) {
+    std::size_t units = 0;
+    for (Characters characters(text); !characters.AtEnd();)
+        units += UnitsOf(characters.Next(), Choice{Alphabet::Ucs2, {}});
+    return units;
+}
+
+/// Of a text that stays UCS2, leaves those replacements alone that make it shorter, and puts them in.
+std::string ReplaceShorter(std::string_view text, std::vector<Replacement>& replacements) {
+    const auto isNoShorter = [&](const Replacement& one) {
+        return Ucs2Units(one.replacement) >= Ucs2Units(text.substr(one.offset, one.length));
+    };
+    replacements.erase(std::remove_if(replacements.begin(), replacements.end(), isNoShorter),
+                       replacements.end());
+    std::string shorter;
+    std::size_t at = 0;
+    for (const Replacement& one : replacements) {
+        shorter.append(text.substr(at, one.offset - at)).append(one.replacement);
+        at = one.offset + one.length;
+    }
+    return shorter.append(text.substr(at));
+}
+
 /// Chooses, and puts near characters in where that is cheaper or makes the text fit at all.
 std::optional<MisfitCharacter> ChooseWithNear(std::string_view text, const ChoiceOptions& options,
                                               CutText& cut) {
@@ -150,6 +174,10 @@ std::optional<MisfitCharacter> ChooseWithNear(std::string_view text, const Choic
     Choice choice;
     if (replacements.empty() || Choose(near, options, choice))
         return misfit;
+    if (choice.alphabet == Alphabet::Ucs2) {
+        near = ReplaceShorter(text, replacements);
+        Choose(near, options, choice);
+    }
     const bool isCheaper =
         std::tie(choice.parts, choice.octets) < std::tie(cut.choice.parts, cut.choice.octets);
     if (!misfit && !isCheaper)

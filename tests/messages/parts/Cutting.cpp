@@ -129,6 +129,12 @@ TEST(CutText, NearCharactersWhereTheyAreCheaper) {
     const CutText useless = CutIntoParts("It’s…😀", options);
     EXPECT_EQ(useless.text, "It’s…😀") << "UCS2 all the same, and no shorter";
     EXPECT_TRUE(useless.replacements.empty());
+    const CutText shorter = CutIntoParts("“e\u0301…”\u200B😀e\u0301", options);
+    EXPECT_EQ(shorter.text, "“é…”😀é") << "UCS2 all the same, but shorter";
+    EXPECT_EQ(shorter.choice.units, 7U);
+    ASSERT_EQ(shorter.replacements.size(), 3U);
+    EXPECT_EQ(shorter.replacements[1].offset, 12U);
+    EXPECT_EQ(shorter.replacements[2].replacement, "é");
     options.choice.alphabet = Alphabet::Gsm7;
     EXPECT_EQ(CutIntoParts("“a”", options).text, "\"a\"");
     EXPECT_EQ(FaultOf(CutIntoParts("“😀”", options)), "1 0 8220");

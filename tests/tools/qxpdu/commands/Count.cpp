@@ -125,6 +125,7 @@ TEST(QxpduCount, NearCharactersAreToldWhereTheyMakeTheTextCheaper) {
         "replacements": [{"code_point": "U+2019", "name": "RIGHT SINGLE QUOTATION MARK", "positions": [3],
                           "by": "'"}]})"));
     EXPECT_FALSE(CountOf({"“ж”"}).contains("replaced")) << "it stays UCS2";
+    EXPECT_EQ(CountOf({"“ж\u200B”"})["replaced"]["replacements"].size(), 1U) << "what cannot be seen alone";
     EXPECT_FALSE(CountOf({"…"}).contains("replaced")) << "three septets are more than two octets";
     EXPECT_FALSE(CountOf({"…a"}).contains("replaced")) << "four octets either way";
     EXPECT_TRUE(CountOf({"…ab"}).contains("replaced"));
