@@ -81,6 +81,10 @@ CASES = [
     (["cell", "encode"], '{"text": "a"}\n{"text": "\u0436", "umts": true}\n{"text": 1}\n', 3),
     (["cell", "--as", "libQX_Encoding"], PAGE + "\n" + WARNING, 2),
     (["encode"], '{"to": "1-2", "text": "a"}\n{"to": "1"}\n{"to": "1", "text": "' + "ж" * 100 + '"}\n', 3),
+    (["encode"], '{"type": "deliver", "from": "1", "data": "01", "port": 5}\n{"type": "deliver-report"}\n'
+     '{"to": "1", "text": "' + "ğ" * 9 + '", "language": "tr", "concat-bits": 16}\n'
+     '{"to": "1", "text": "' + "aaaáaaaaaa" + '", "language": "es", "strict": false}\n'
+     '{"to": "1", "text": "' + "’" * 9 + '", "replace": true}\n', 5),
 ]
 
 

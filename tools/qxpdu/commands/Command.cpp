@@ -97,6 +97,11 @@ Option Command::AddText(const std::string& names, const std::function<void(const
         names, [set](const std::string& value) { set(Unshielded(value)); }, description));
 }
 
+Option Command::AddFlagOrText(const std::string& name, std::string& text, const std::string& bare,
+                              const std::string& description) const {
+    return Option(m_Command->add_flag(name + '{' + bare + '}', text, description));
+}
+
 Option Command::AddNumber(const std::string& names, int& number, const std::string& description) const {
     return Option(m_Command->add_option(names, number, description)->type_name("N"));
 }

@@ -71,6 +71,9 @@ public:
     /// `set` is given the value once it is checked.
     Option AddText(const std::string& names, const std::function<void(const std::string&)>& set,
                    const std::string& description) const;
+    /// A flag that sets the text to `bare`, or after an equals sign to another one.
+    Option AddFlagOrText(const std::string& name, std::string& text, const std::string& bare,
+                         const std::string& description) const;
     Option AddNumber(const std::string& names, int& number, const std::string& description) const;
     /// Decimal, without leading zeros.
     Option AddNumber(const std::string& names, int& number, int least, int most,

@@ -49,6 +49,22 @@ public:
     std::string make_help(const CLI::App* command, std::string name, CLI::AppFormatMode mode) const override {
         return Wrapped(Formatter::make_help(command, std::move(name), mode));
     }
+
+    /// "--status-report[=all]" of a flag that may have a value.
+    std::string make_option_name(const CLI::Option* option, bool isPositional) const override {
+        const std::string name = Formatter::make_option_name(option, isPositional);
+        return MayHaveValue(option) ? name.substr(0, name.find('{')) + "[=" + option->get_type_name() + ']'
+                                    : name;
+    }
+
+    std::string make_option_opts(const CLI::Option* option) const override {
+        return MayHaveValue(option) ? std::string() : Formatter::make_option_opts(option);
+    }
+
+private:
+    static bool MayHaveValue(const CLI::Option* option) {
+        return option->get_name(false, true).find('{') != std::string::npos;
+    }
 };
 
 /// "Usage: qxpdu gsm encode [OPTIONS] [TEXT...]" of the command that was given, as far as it was.

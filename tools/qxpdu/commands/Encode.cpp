@@ -1,348 +1,281 @@
 // qxpdu encode
-#include <algorithm>
-#include <charconv>
 #include <ctime>
-#include <optional>
-#include <variant>
+#include <memory>
+#include <sstream>
+#include <utility>
 
 #include <fmt/format.h>
 
-#include "Encoding/PduDecoder.h"
-#include "Encoding/PduEncoder.h"
+#include "Messages/Read.h"
+#include "Messages/Words.h"
 #include "characters/InputError.h"
-#include "characters/Unicode.h"
 #include "commands/Commands.h"
+#include "commands/HostEncode.h"
 #include "commands/Members.h"
-#include "commands/Options.h"
-#include "commands/OutgoingText.h"
-#include "show/CodeUnits.h"
+#include "commands/Outgoing.h"
 #include "show/Json.h"
-#include "show/Plural.h"
-#include "show/Record.h"
+#include "show/Message.h"
 
 namespace qxpdu {
 
 namespace {
 
-using Encoding::Pdu;
-using Encoding::PduDecoder;
-using Encoding::PduEncoder;
-using Encoding::ValidityPeriod;
+using Messages::TpduType;
 
-constexpr int c_maxClass = 3;
-constexpr int c_maxReference = 255;
-constexpr std::size_t c_maxDigits = 20; ///< in an address field of 12 octets
-
-struct EncodeOptions : ConversionOptions {
-    std::string to;
-    std::string smsc;
-    std::optional<int> messageClass;
-    std::string validity;
-    bool statusReport = false;
-    bool rejectDuplicates = false;
-    bool replyPath = false;
-    std::optional<int> reference;
-    bool greek = false;
-    bool strict = false;
-    bool at = false;
-    bool lines = false;
-    unsigned int references = 0; ///< the concatenation reference before those of this run
+/// What the inputs of one run have in common.
+struct Run {
+    OutgoingOptions options;
+    std::optional<std::uint16_t> reference; ///< of the first text; nothing where the system gives none
 };
-
-/// Gives the messages of a run references of their own, one after the other, as one encoder does.
-class InputEncoder : public PduEncoder {
-public:
-    explicit InputEncoder(unsigned int counter)
-        : PduEncoder(Encoding::MessageTypeIndicator::TP_MTI_SMS_SUBMIT) {
-        m_ReferenceCounter = static_cast<unsigned char>(counter);
-    }
-};
-
-/// What goes out of a number: its decimal digits and a plus sign before them.
-std::string SentOf(const std::string& number) {
-    std::string sent = number.starts_with('+') ? "+" : "";
-    std::copy_if(number.begin(), number.end(), std::back_inserter(sent),
-                 [](char character) { return character >= '0' && character <= '9'; });
-    return sent;
-}
-
-/// What makes a number unusable, or nothing.
-std::string FaultOfNumber(const std::string& number) {
-    const std::string sent = SentOf(number);
-    const std::size_t digits = sent.size() - (sent.starts_with('+') ? 1 : 0);
-    if (digits == 0)
-        return "a number without digits";
-    return digits > c_maxDigits ? fmt::format("{} digits, {} at most", digits, c_maxDigits) : "";
-}
-
-/// A named period, or the octet.
-using Validity = std::variant<ValidityPeriod::TP_VP_Period, int>;
-
-std::optional<Validity> ReadValidity(const std::string& text) {
-    constexpr std::pair<std::string_view, ValidityPeriod::TP_VP_Period> c_names[] = {
-        {"1h", ValidityPeriod::TP_VP_1_HOUR},   {"2h", ValidityPeriod::TP_VP_2_HOURS},
-        {"6h", ValidityPeriod::TP_VP_6_HOURS},  {"12h", ValidityPeriod::TP_VP_12_HOURS},
-        {"1d", ValidityPeriod::TP_VP_1_DAY},    {"1w", ValidityPeriod::TP_VP_1_WEEK},
-        {"max", ValidityPeriod::TP_VP_MAXIMUM},
-    };
-    for (const auto& [name, period] : c_names) {
-        if (text == name)
-            return period;
-    }
-    unsigned char octet = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), octet);
-    if (error != std::errc{} || end != text.data() + text.size())
-        return std::nullopt;
-    return octet;
-}
-
-std::string FaultOfValidity(const std::string& text) {
-    return ReadValidity(text) ? ""
-                              : fmt::format("{} is neither 1h, 2h, 6h, 12h, 1d, 1w, max nor an octet", text);
-}
-
-void Configure(PduEncoder& encoder, const EncodeOptions& options) {
-    encoder.SetRecipient(FromUtf8(SentOf(options.to)));
-    encoder.SetSmsc(FromUtf8(SentOf(options.smsc)), false);
-    if (options.messageClass)
-        encoder.SetClass(static_cast<Encoding::MessageClass::Class>(*options.messageClass));
-    if (const auto validity = ReadValidity(options.validity))
-        std::visit([&encoder](auto period) { encoder.SetValidityPeriod(period); }, *validity);
-    encoder.SetRequireStatusReport(options.statusReport);
-    encoder.SetReject_Duplicates(options.rejectDuplicates);
-    encoder.SetReplyPath(options.replyPath);
-    encoder.SetMessageReference(options.reference.value_or(0));
-    if (options.greek)
-        encoder.AddTranslateTable(Encoding::TranslateTable::GREEK);
-}
 
 /// As a modem wants it, without the service centre.
-unsigned int TpduLength(const Pdu& pdu) {
-    return pdu.m_Length - 1 - pdu.m_Bytes[0];
+std::size_t TpduLength(const std::vector<std::uint8_t>& pdu) {
+    return pdu.size() - 1 - pdu.front();
 }
 
-/// One part as the decoder reads it back, after what the object has already.
-show::Json ToJson(show::Json object, const Toolkit::smart_ptr<Pdu>& pdu, std::size_t part,
-                  std::size_t parts) {
-    PduDecoder decoder;
-    decoder.Decode(pdu, false, false);
-    const bool hasHeader = decoder.m_HasUserDataHeader != 0;
-    object["octets"] = pdu->GetString();
-    object["tpdu_length"] = TpduLength(*pdu);
-    object["alphabet"] = AlphabetName(decoder.m_Alphabet);
-    object[UnitsOf(decoder)] = TextLength(decoder);
-    object["part"] = part;
-    object["parts"] = parts;
-    if (hasHeader) {
-        object["concatenation"] = {{"reference", decoder.m_ConcatReference},
-                                   {"total", decoder.m_ConcatTotal},
-                                   {"sequence", decoder.m_ConcatSequence}};
+Messages::Reading ReadBack(const std::vector<std::uint8_t>& pdu, const OutgoingOptions& options) {
+    const TpduType type = options.Type();
+    const bool isToMobile =
+        type == TpduType::Deliver || type == TpduType::StatusReport || type == TpduType::SubmitReport;
+    Messages::ReadOptions how;
+    how.serviceCentre = Messages::Presence::Yes;
+    how.direction = isToMobile ? Messages::Direction::ToMobile : Messages::Direction::FromMobile;
+    how.failureCause = options.failureCause ? Messages::Presence::Yes : Messages::Presence::No;
+    return Messages::Read(pdu, how);
+}
+
+void AddHeader(const Messages::UserData& userData, show::Json& object) {
+    if (const auto& place = userData.concatenation) {
+        object["concatenation"] = {{"reference", place->reference},
+                                   {"reference_bits", place->hasWideReference ? 16 : 8},
+                                   {"total", place->total},
+                                   {"sequence", place->part}};
     }
+    if (const auto& ports = userData.ports) {
+        object["ports"] = {{"destination", ports->destination},
+                           {"originator", ports->originator},
+                           {"bits", ports->areWide ? 16 : 8}};
+    }
+    if (userData.tables.locking != Messages::Language::Default)
+        object["locking_shift"] = Messages::NameOf(userData.tables.locking);
+    if (userData.tables.single != Messages::Language::Default)
+        object["single_shift"] = Messages::NameOf(userData.tables.single);
+}
+
+/// Alphabet and length of the text, or the data.
+void AddContent(const Messages::Tpdu& tpdu, const Messages::UserData& userData, show::Json& object) {
+    const Messages::DataCoding* const coding = Messages::CodingOf(tpdu);
+    const bool isData = show::IsData(tpdu);
+    const Messages::Alphabet alphabet = isData              ? Messages::Alphabet::Data
+                                        : coding != nullptr ? coding->alphabet
+                                                            : Messages::Alphabet::Gsm7;
+    object["alphabet"] = Messages::NameOf(alphabet);
+    if (isData)
+        object["data"] = Messages::ToHex(userData.Content());
+    else
+        object[alphabet == Messages::Alphabet::Gsm7 ? "septets" : "characters"] = userData.textUnits;
+}
+
+/// One part as it reads, after what the object has already.
+show::Json ToJson(show::Json object, const Outgoing& outgoing, std::size_t index,
+                  const OutgoingOptions& options) {
+    const std::vector<std::uint8_t>& pdu = outgoing.pdus[index];
+    const Messages::Reading reading = ReadBack(pdu, options);
+    const Messages::UserData* const userData = Messages::UserDataOf(reading.tpdu);
+    object["octets"] = Messages::ToHex(pdu);
+    object["tpdu_length"] = TpduLength(pdu);
+    if (reading.Type() != TpduType::Submit)
+        object["type"] = Messages::NameOf(reading.Type());
+    if (userData != nullptr)
+        AddContent(reading.tpdu, *userData, object);
+    object["part"] = index + 1;
+    object["parts"] = outgoing.pdus.size();
+    if (userData != nullptr)
+        AddHeader(*userData, object);
     return object;
-}
-
-bool IsInGsm(const Toolkit::smart_ptr<Pdu>& pdu) {
-    PduDecoder decoder;
-    decoder.Decode(pdu, false, false);
-    return decoder.m_Alphabet == Encoding::Alphabet::ALPHABET_GSM7;
-}
-
-struct Caution {
-    std::string option; ///< that it is about; empty for the text
-    std::string message;
-
-    std::string ToText() const { return option.empty() ? message : option + ": " + message; }
-};
-
-/// What will not go out as it was given.
-std::vector<Caution> Cautions(const EncodeOptions& options, const TString<wchar_t>& text, const Pdus& pdus) {
-    std::vector<Caution> cautions;
-    const auto checkNumber = [&cautions](const char* option, const std::string& number) {
-        if (SentOf(number) != number)
-            cautions.push_back(
-                {option, fmt::format("'{}' goes out as {}", show::Printable(number), SentOf(number))});
-    };
-    checkNumber("--to", options.to);
-    checkNumber("--smsc", options.smsc);
-    if (text.empty())
-        cautions.push_back({"", "the text is empty; a message without text goes out"});
-    if (options.greek && IsInGsm(pdus.front())) {
-        const std::u32string characters = show::CodePoints(text);
-        if (const auto lost = LostWithGreek(characters); !lost.empty()) {
-            cautions.push_back(
-                {"", fmt::format("{} lost, which GSM 7-bit has not; the first is character {}, {}",
-                                 show::Counted(lost.size(), "character"), lost.front(),
-                                 CodePointName(characters[lost.front() - 1]))});
-        }
-    }
-    return cautions;
 }
 
 /// False when a caution is an error.
 bool Heed(const std::vector<Caution>& cautions, const Input& input, bool isStrict, Console& console) {
+    bool isGood = true;
     for (const Caution& caution : cautions) {
         const std::string where = caution.option.empty() ? NameOf(input) : caution.option;
-        if (isStrict)
+        const bool isError = isStrict && !caution.isWanted;
+        isGood = isGood && !isError;
+        if (isError)
             console.Error(where, caution.message);
         else
             console.Warning(where, caution.message);
     }
-    return !isStrict || cautions.empty();
+    return isGood;
 }
 
-void Show(const EncodeOptions& options, const Input& input, const Pdus& pdus, Console& console) {
-    for (std::size_t i = 0; i < pdus.size(); ++i) {
+/// The line that tells a modem that a PDU follows.
+std::string CommandFor(const std::vector<std::uint8_t>& pdu, const OutgoingOptions& options) {
+    if (options.Type() == TpduType::Command)
+        return fmt::format("AT+CMGC={}", TpduLength(pdu));
+    if (options.Type() == TpduType::DeliverReport)
+        return fmt::format("AT+CNMA={},{}", options.failureCause ? 2 : 1, TpduLength(pdu));
+    return fmt::format("AT+CMGS={}", TpduLength(pdu));
+}
+
+void Show(const Outgoing& outgoing, const OutgoingOptions& options, const Input& input, Console& console) {
+    for (std::size_t i = 0; i < outgoing.pdus.size(); ++i) {
         if (console.WantsJson()) {
-            console.Object(ToJson(ObjectFor(input), pdus[i], i + 1, pdus.size()));
+            console.Object(ToJson(ObjectFor(input), outgoing, i, options));
             continue;
         }
         if (options.at)
-            console.Line(fmt::format("AT+CMGS={}", TpduLength(*pdus[i])));
-        console.Line(pdus[i]->GetString());
+            console.Line(CommandFor(outgoing.pdus[i], options));
+        console.Line(Messages::ToHex(outgoing.pdus[i]));
     }
 }
 
 /// One object for all parts, with the cautions in it.
-void ShowAsLine(const Input& input, const Pdus& pdus, const std::vector<Caution>& cautions,
+void ShowAsLine(const Outgoing& outgoing, const OutgoingOptions& options, const Input& input,
                 Console& console) {
     show::Json object = ObjectFor(input);
-    for (const Caution& caution : cautions)
+    for (const Caution& caution : outgoing.cautions) {
+        if (options.strict && !caution.isWanted)
+            throw InputError(caution.ToText());
         object["warnings"].push_back(caution.ToText());
+    }
     object["pdus"] = show::Json::array();
-    for (std::size_t i = 0; i < pdus.size(); ++i)
-        object["pdus"].push_back(ToJson(show::Json::object(), pdus[i], i + 1, pdus.size()));
+    for (std::size_t i = 0; i < outgoing.pdus.size(); ++i)
+        object["pdus"].push_back(ToJson(show::Json::object(), outgoing, i, options));
     console.Object(object);
 }
 
-void Encode(const EncodeOptions& options, const Input& input, Console& console) {
-    if (options.to.empty())
-        throw InputError("--to is required");
-    const TString<wchar_t> text = FromUtf8(input.text);
-    InputEncoder encoder(options.references + static_cast<unsigned int>(input.number));
-    Configure(encoder, options);
-    const Pdus pdus = EncodeText(encoder, text);
-    const std::vector<Caution> cautions = Cautions(options, text, pdus);
-    if (console.WantsJsonLines() && options.strict && !cautions.empty())
-        throw InputError(cautions.front().ToText());
-    if (!console.WantsJsonLines() && !Heed(cautions, input, options.strict, console))
-        return;
+void Encode(const OutgoingOptions& options, std::optional<std::uint16_t> reference, const Input& input,
+            Console& console) {
+    constexpr std::uint16_t narrow = 0xFF;
+    const Outgoing outgoing =
+        options.IsForHost()
+            ? MakeOutgoingAsHost(options, input.text, static_cast<std::uint8_t>(reference.value_or(0)))
+            : MakeOutgoing(options, input.text,
+                           reference && options.concatBits != "16" ? *reference & narrow : reference);
     if (console.WantsJsonLines())
-        ShowAsLine(input, pdus, cautions, console);
-    else
-        Show(options, input, pdus, console);
+        ShowAsLine(outgoing, options, input, console);
+    else if (Heed(outgoing.cautions, input, options.strict, console))
+        Show(outgoing, options, input, console);
 }
 
-/// The option that is on or off, by its name without the dashes; null where there is none.
-bool* FlagNamed(const std::string& name, EncodeOptions& options) {
-    const std::pair<std::string_view, bool*> flags[] = {
-        {"status-report", &options.statusReport},
-        {"reject-duplicates", &options.rejectDuplicates},
-        {"reply-path", &options.replyPath},
-        {"greek", &options.greek},
-        {"strict", &options.strict},
+/// The messages of a run have references one after the other, so that no two of them mix in a handset.
+std::optional<std::uint16_t> ReferenceOf(const Run& run, const Input& input) {
+    if (!run.reference)
+        return std::nullopt;
+    const std::size_t before = input.number == 0 ? 0 : input.number - 1;
+    return static_cast<std::uint16_t>(*run.reference + before);
+}
+
+/// A message that the object of one line tells of.
+struct LineMessage {
+    OutgoingOptions options;
+    std::optional<std::uint16_t> reference;
+    std::string text = {};
+};
+
+/// Members that the object lacks stay as the command line has them.
+LineMessage ReadObject(const std::string& line, const Run& run, std::optional<std::uint16_t> reference) {
+    LineMessage message{run.options, reference};
+    bool hasText = false;
+    bool hasData = false;
+    const auto set = [&](const std::string& name, const show::Json& value) {
+        hasText = hasText || name == "text";
+        hasData = hasData || name == "data";
+        if (name == "text")
+            message.text = StringIn(name, value);
+        else if (!SetOption(name, value, message.options))
+            Refuse(name, "no such member");
+        if (name == "concat-reference")
+            message.reference = static_cast<std::uint16_t>(*message.options.concatReference);
     };
-    for (const auto& [flagName, flag] : flags) {
-        if (name == flagName)
-            return flag;
-    }
-    return nullptr;
-}
-
-/// What the object of one line sets; members that it lacks stay as the command line has them.
-void SetMember(const std::string& name, const show::Json& value, EncodeOptions& options, std::string& text) {
-    if (name == "text")
-        text = StringIn(name, value);
-    else if (name == "to")
-        options.to = StringIn(name, value, FaultOfNumber);
-    else if (name == "smsc")
-        options.smsc = StringIn(name, value, FaultOfNumber);
-    else if (name == "validity")
-        options.validity =
-            StringIn(name, value.is_number() ? show::Json(value.dump()) : value, FaultOfValidity);
-    else if (name == "class")
-        options.messageClass = NumberIn(name, value, c_maxClass);
-    else if (name == "reference")
-        options.reference = NumberIn(name, value, c_maxReference);
-    else if (bool* flag = FlagNamed(name, options))
-        *flag = FlagIn(name, value);
-    else
-        Refuse(name, "no such member");
+    ReadMembers(line, set, false);
+    if (hasText && hasData)
+        Refuse("data", "not with text");
+    if (hasText)
+        message.options.data.clear();
+    else if (message.options.data.empty() && !message.options.MayBeEmpty())
+        throw InputError("text is required");
+    if (const std::string fault = FaultOfCombination(message.options); !fault.empty())
+        throw InputError(fault);
+    return message;
 }
 
 /// With --jsonl, an input that did not come as an argument is an object unless lines are texts.
-Afterwards EncodeInput(const EncodeOptions& options, const Input& input, Console& console) {
-    if (options.jsonLines && !options.lines && input.source == Input::Source::Line) {
-        EncodeOptions own = options;
-        std::string text;
-        ReadMembers(input.text, [&](const std::string& name, const show::Json& value) {
-            SetMember(name, value, own, text);
-        });
-        Encode(own, {input.source, input.number, std::move(text)}, console);
-    } else {
-        Encode(options, input, console);
+Afterwards EncodeInput(const Run& run, const Input& input, Console& console) {
+    const std::optional<std::uint16_t> reference = ReferenceOf(run, input);
+    if (!run.options.jsonLines || run.options.lines || input.source != Input::Source::Line) {
+        Encode(run.options, reference, input, console);
+        return {};
     }
+    LineMessage message = ReadObject(input.text, run, reference);
+    Encode(message.options, message.reference, {input.source, input.number, std::move(message.text)},
+           console);
     return {};
 }
 
-int Encode(EncodeOptions options, const Streams& streams) {
-    options.references = static_cast<unsigned int>(std::time(nullptr));
-    const bool hasLines = options.lines || options.jsonLines;
-    return ConvertStream(
-        options.Settings(), streams,
-        {hasLines ? LineKind::Message : LineKind::Whole,
-         [&options](const Input& input, Console& console) { return EncodeInput(options, input, console); }});
+std::optional<std::uint16_t> FirstReference(const OutgoingOptions& options) {
+    if (options.concatReference)
+        return static_cast<std::uint16_t>(*options.concatReference);
+    if (options.IsForHost()) // as an encoder has it that is made now
+        return static_cast<std::uint16_t>(std::time(nullptr) + 1);
+    return RandomReference();
 }
 
-void AddOptions(const Command& command, EncodeOptions& options) {
-    command.AddText("--to", options.to, "Destination number, a leading + for an international one")
-        .Check(FaultOfNumber)
-        .Named("NUMBER");
-    command.AddText("--smsc", options.smsc, "Service-centre number; without it, the modem's own")
-        .Check(FaultOfNumber)
-        .Named("NUMBER");
-    command.AddNumber("--class", options.messageClass, 0, c_maxClass, "TP-DCS message class, 0 to 3")
-        .Named("CLASS");
-    command
-        .AddText("--validity", options.validity,
-                 "TP-VP: 1h, 2h, 6h, 12h, 1d, 1w, max, or the octet, 0 to 255")
-        .Check(FaultOfValidity)
-        .Named("PERIOD");
-    command.AddFlag("--status-report", options.statusReport,
-                    "TP-SRR: ask for a status report on the first part");
-    command.AddFlag("--reject-duplicates", options.rejectDuplicates, "TP-RD: have duplicates rejected");
-    command.AddFlag("--reply-path", options.replyPath, "TP-RP: set the reply path");
-    command.AddNumber("--reference", options.reference, 0, c_maxReference, "TP-MR, 0 to 255; 0 without it");
-    command.AddFlag("--greek", options.greek, "Send Greek letters as capitals in GSM 7-bit");
-    command.AddFlag("--strict", options.strict, "Turn warnings into errors");
-    const Option json = AddJson(command, options);
-    AddStreaming(command, options);
-    command.AddFlag("--at", options.at, "Put AT+CMGS=LENGTH before each PDU, as a modem wants it")
-        .Excludes(json)
-        .Excludes(command.OptionNamed("--jsonl"));
-    AddSentText(command, options, options.lines);
+/// Whether a text is to be read.
+bool TakesInput(const OutgoingOptions& options, const ConversionSettings& settings) {
+    const bool isNeeded = !options.MayBeEmpty() && !options.IsDataGiven();
+    return isNeeded || options.data == "-" || options.lines || options.jsonLines ||
+           !settings.arguments.empty();
+}
+
+int Encode(const OutgoingOptions& options, const Streams& streams) {
+    const Run run{options, FirstReference(options)};
+    const ConversionSettings settings = options.Settings();
+    const bool hasLines = options.lines || options.jsonLines;
+    std::istringstream nothing;
+    const Streams without{nothing, streams.out, streams.err, streams.outIsTerminal, streams.errIsTerminal};
+    return ConvertStream(
+        settings, TakesInput(options, settings) ? streams : without,
+        {hasLines ? LineKind::Message : LineKind::Whole,
+         [&run](const Input& input, Console& console) { return EncodeInput(run, input, console); }});
+}
+
+/// What is wrong with the command line as a whole; an object may still give what it lacks.
+std::string FaultOfCommandLine(const OutgoingOptions& options) {
+    if (options.IsDataGiven() && options.lines)
+        return "--data excludes --lines";
+    if (options.IsDataGiven() && !options.inputs->Values().empty())
+        return "--data excludes TEXT";
+    return options.jsonLines && !options.lines ? "" : FaultOfCombination(options);
 }
 
 } // namespace
 
 void AddEncode(const Command& parent) {
-    const Command command = parent.AddCommand("encode", "Make SMS-SUBMIT PDUs of a text");
-    auto options = std::make_shared<EncodeOptions>();
-    AddOptions(command, *options);
+    const Command command = parent.AddCommand("encode", "Make the PDUs of a text, or of any message");
+    auto options = std::make_shared<OutgoingOptions>();
+    AddOutgoing(command, *options);
     command.SetFooter(
-        "A line of hexadecimal for each PDU, the service-centre address first. The text goes out in\n"
-        "GSM 7-bit where every character survives that, else in UCS2. With --json an object for each\n"
+        "A line of hexadecimal for each PDU, the service-centre address first. The text goes out in as few\n"
+        "messages as it takes, and where these are as many in as few octets: in GSM 7-bit, with the tables\n"
+        "of the languages allowed, or in UCS2. With --json an object for each\n"
         "part: \"octets\", \"tpdu_length\" (octets without the service centre, as a modem wants them),\n"
-        "\"alphabet\", \"septets\" or \"characters\", \"part\" and \"parts\", and \"concatenation\" where "
-        "the\n"
-        "part has a header. With --jsonl an object for each text, with those of its parts as \"pdus\";\n"
+        "\"alphabet\", \"septets\" or \"characters\" or \"data\", \"part\" and \"parts\", and what its\n"
+        "header says. With --jsonl an object for each text, with those of its parts as \"pdus\";\n"
         "each line of standard input is then an object itself, with \"text\" and any options by their\n"
         "names: {\"to\": \"+4179123\", \"text\": \"hello\", \"class\": 0, \"status-report\": true}.\n"
+        "Reports and commands need no text, and read none from standard input unless it is asked for.\n"
         "\n"
-        "Example:\n"
-        "  qxpdu encode --to +4179123 hello");
+        "Examples:\n"
+        "  qxpdu encode --to +4179123 hello\n"
+        "  qxpdu encode --to +4179123 --language tr 'Görüşmek üzere'\n"
+        "  qxpdu encode --type deliver --from Bank 'Your code is 1234'\n"
+        "  qxpdu encode --type status-report --to +4179123 --reference 7 --status 0");
     command.SetAction([options](const Streams& streams) {
-        if (!options->jsonLines && options->to.empty())
-            throw CommandLineError("--to is required");
+        if (const std::string fault = FaultOfCommandLine(*options); !fault.empty())
+            throw CommandLineError(fault);
         return Encode(*options, streams);
     });
 }

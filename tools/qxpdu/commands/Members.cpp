@@ -36,7 +36,7 @@ bool FlagIn(const std::string& name, const show::Json& value) {
 }
 
 void ReadMembers(const std::string& line,
-                 const std::function<void(const std::string&, const show::Json&)>& set) {
+                 const std::function<void(const std::string&, const show::Json&)>& set, bool needsText) {
     std::set<std::string> names;
     const auto refuseTwice = [&names](int depth, show::Json::parse_event_t event, const show::Json& name) {
         if (depth == 1 && event == show::Json::parse_event_t::key && !names.insert(name).second)
@@ -46,7 +46,7 @@ void ReadMembers(const std::string& line,
     const show::Json object = show::Json::parse(line, refuseTwice, false);
     if (!object.is_object())
         throw InputError("no JSON object");
-    if (!object.contains("text"))
+    if (needsText && !object.contains("text"))
         throw InputError("text is required");
     for (const auto& [name, value] : object.items())
         set(name, value);

@@ -18,9 +18,10 @@ std::string StringIn(const std::string& name, const show::Json& value,
 int NumberIn(const std::string& name, const show::Json& value, int most);
 bool FlagIn(const std::string& name, const show::Json& value);
 
-/// Gives each member of the object, of which one is "text".
+/// Gives each member of the object, of which one is "text" unless there need be none.
 void ReadMembers(const std::string& line,
-                 const std::function<void(const std::string& name, const show::Json& value)>& set);
+                 const std::function<void(const std::string& name, const show::Json& value)>& set,
+                 bool needsText = true);
 
 } // namespace qxpdu
 

@@ -8,6 +8,11 @@ namespace {
 /// several values are allowed, and forget that "--" came before as soon as one input was there.
 constexpr char c_shield = '\1';
 
+/// Whether the word belongs to the flag before it, which may have a value.
+bool IsValueOf(const std::string& flag, const std::string& word) {
+    return flag == c_reportOption && (word == "first" || word == "all");
+}
+
 } // namespace
 
 std::vector<std::string> Shielded(const std::vector<std::string>& arguments) {
@@ -19,6 +24,10 @@ std::vector<std::string> Shielded(const std::vector<std::string>& arguments) {
         if (areFiles && !onlyInputs && !isOption && shielded.back() != c_fileOption)
             shielded.emplace_back(c_fileOption);
         areFiles = !onlyInputs && (isOption ? argument == c_fileOption : areFiles);
+        if (!onlyInputs && !shielded.empty() && IsValueOf(shielded.back(), argument)) {
+            shielded.back() += '=' + argument;
+            continue;
+        }
         const bool isList = argument.starts_with('[') && argument.ends_with(']');
         if (onlyInputs || isList || argument.starts_with(c_shield))
             shielded.push_back(c_shield + argument);

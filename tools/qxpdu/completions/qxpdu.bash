@@ -11,14 +11,20 @@ _qxpdu() {
         --class) words="0 1 2 3" ;;
         --validity) words="1h 2h 6h 12h 1d 1w max" ;;
         --alphabet)
-            words="0 2"
-            case $command in count | explain) words="gsm ucs2" ;; esac
+            words="gsm ucs2"
+            [[ $command == encode ]] && words="$words 8bit"
+            [[ $command == text ]] && words="0 2"
             ;;
-        --concat-bits) words="8 16" ;;
+        --language) words="tr es pt bn gu hi kn ml or pa ta te ur all" ;;
+        --port-bits | --concat-bits) words="8 16" ;;
+        --validity-format) words="relative enhanced absolute" ;;
         --color) words="auto always never" ;;
         --direction) words="to-mobile from-mobile" ;;
         --as) words="libQX_Encoding" ;;
-        --type) words="gsm umts etws" ;;
+        --type)
+            words="gsm umts etws"
+            [[ $command == encode ]] && words="submit deliver status-report command deliver-report submit-report"
+            ;;
         --columns) words="address time direction type part text" ;;
         --file)
             mapfile -t COMPREPLY < <(compgen -f -- "$current")
@@ -28,13 +34,16 @@ _qxpdu() {
             [[ $command == encode ]] && return
             words="yes no"
             ;;
-        --input-column | --to | --reference | -j | --threads) return ;;
+        --input-column | --to | --from | --data | --port | --concat-reference | --pid | --reference | --time | --discharge-time | --status | --failure-cause | --command-type | --message-number | -j | --threads) return ;;
         *)
             case $command in
                 "") words="encode count explain decode inspect cell text ucs2 gsm --version" ;;
                 encode)
-                    words="--to --smsc --class --validity --status-report --reject-duplicates --reply-path"
-                    words="$words --reference --greek --strict --at --lines $stream"
+                    words="--type --to --from --smsc --alphabet --language --replace --data --class --port --port-bits"
+                    words="$words --concat-reference --concat-bits --pid --validity --validity-format --single-shot"
+                    words="$words --status-report --reject-duplicates --reply-path --reference --time --discharge-time"
+                    words="$words --status --for-command --more-messages --loop-prevention --failure-cause"
+                    words="$words --command-type --message-number --as --greek --strict --at --lines $stream"
                     ;;
                 count | explain) words="--language --alphabet --replace --concat-bits --as --greek --lines $stream" ;;
                 decode) words="--file --smsc --no-smsc --direction --as --strict --ignore-time-zone --join --each --brief --columns --input-column --no-heading $stream" ;;

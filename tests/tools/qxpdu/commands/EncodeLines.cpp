@@ -24,7 +24,7 @@ TEST(QxpduEncodeLines, EachLineIsATextOfItsOwn) {
 TEST(QxpduEncodeLines, ObjectsHaveTheNamesOfTheOptions) {
     const std::string line =
         R"({"to":"+4179123","smsc":"+41","class":0,"validity":"1h","status-report":true,)"
-        R"("reject-duplicates":true,"reply-path":true,"reference":5,"greek":true,"strict":true,"text":"hello"})";
+        R"("reject-duplicates":true,"reply-path":true,"reference":5,"as":"libQX_Encoding","greek":true,"strict":true,"text":"hello"})";
     const Outcome run =
         Qxpdu({"encode", "--jsonl"}, line + "\n{\"to\":\"1\",\"validity\":11,\"text\":\"a\"}\n");
     EXPECT_EQ(run.status, 0) << run.out;
@@ -49,14 +49,15 @@ TEST(QxpduEncodeLines, ObjectsThatAreWrongGiveErrors) {
         {R"({"text":"a"})", "--to is required"},
         {R"({"text":"a","to":"1","to":"2"})", "to: given twice"},
         {R"({"text":1})", "text: no string"},
-        {R"({"text":"a","to":"x"})", "to: a number without digits"},
+        {R"({"text":"a","to":"x"})", "to: character 1, 'x', is no digit of a number"},
         {R"({"text":"a","to":"1","smsc":"123456789012345678901"})", "smsc: 21 digits, 20 at most"},
         {R"({"text":"a","to":"1","class":4})", "class: no number from 0 to 3"},
         {R"({"text":"a","to":"1","class":-1})", "class: no number from 0 to 3"},
         {R"({"text":"a","to":"1","reference":256})", "reference: no number from 0 to 255"},
         {R"({"text":"a","to":"1","reference":"1"})", "reference: no number from 0 to 255"},
-        {R"({"text":"a","to":"1","validity":"3h"})",
-         "validity: 3h is neither 1h, 2h, 6h, 12h, 1d, 1w, max nor an octet"},
+        {R"({"text":"a","to":"1","validity":"3x"})", "validity: 3x is neither a period of at most 63 weeks, "
+                                                     "as 90m, 3h, 1d12h or max, nor an octet, nor a "
+                                                     "time with its zone, as 2026-12-24T18:00:00+01:00"},
         {R"({"text":"a","to":"1","greek":1})", "greek: neither true nor false"},
         {R"({"text":"a","to":"1","colour":1})", "colour: no such member"},
         {R"({"text":"","to":"1","strict":true})", "the text is empty; a message without text goes out"},
