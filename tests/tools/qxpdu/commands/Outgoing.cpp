@@ -295,6 +295,22 @@ TEST(QxpduOutgoing, TimesAreNowUnlessGiven) {
     const nlohmann::json report = message({"--type", "status-report", "--to", "1", "--time", c_time});
     EXPECT_EQ(report["tp_scts"]["time"], c_time);
     EXPECT_EQ(report["tp_dt"]["time"], c_time) << "as TP-SCTS";
+    // POSIX has the zones' signs the other way round.
+    const auto zone = [](const std::string& name) {
+        return tests::Shell("TZ=" + name + " $QXPDU encode --type deliver --from 1 hi").out.substr(26, 2);
+    };
+    EXPECT_EQ(zone("XXX-5:30"), "22");
+    EXPECT_EQ(zone("XXX3:30"), "49");
+    EXPECT_EQ(zone("XXX0"), "00");
+}
+
+TEST(QxpduOutgoing, ReportsReadTheInputWhereThatIsAskedFor) {
+    EXPECT_EQ(Encode({"--type", "deliver-report"}, "hi"), (Outcome{0, "000000\n", ""}));
+    EXPECT_EQ(Encode({"--type", "deliver-report", "-"}, "hi"), (Outcome{0, "0000060002E834\n", ""}));
+    EXPECT_EQ(Encode({"--type", "deliver-report", "--lines"}, "hi\n\n"),
+              (Outcome{0, "0000060002E834\n000000\n", ""}));
+    EXPECT_EQ(Encode({"--type", "deliver-report", "--data", "-"}, "AB"), (Outcome{0, "0000060401AB\n", ""}));
+    EXPECT_EQ(Encode({"--type", "deliver-report", "--jsonl"}, "{}\n").Json()["pdus"][0]["octets"], "000000");
 }
 
 TEST(QxpduOutgoing, ReportsAndCommandsAreOneMessage) {
