@@ -43,8 +43,8 @@ bool IsDumped(std::string list) {
     for (std::string line; std::getline(pieces, line);) {
         std::istringstream returned(line);
         for (std::string piece; std::getline(returned, piece, '\r');) {
-            if (qxpdu::ReadDumpLine(piece) ||
-                qxpdu::ReadDumpLine(piece.substr(std::min(piece.size(), c_mark))))
+            if (qxpdu::ReadDumpLine(piece, 0) ||
+                qxpdu::ReadDumpLine(piece.substr(std::min(piece.size(), c_mark)), 0))
                 return true;
         }
     }

@@ -69,9 +69,35 @@ bool AreCharactersLeft(std::string_view rest, std::string_view digits) {
            AreCharacters(rest.substr(begin), digits);
 }
 
+/// What od prints unless it is told otherwise has seven octal digits, what others print other hexadecimal
+/// ones.
+std::size_t OffsetOf(std::string_view digits) {
+    constexpr std::size_t c_octalDigits = 7;
+    constexpr int c_octal = 8;
+    if (digits.size() != c_octalDigits)
+        return ValueOf(digits);
+    std::size_t value = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), value, c_octal);
+    return value;
+}
+
+/// The digits of octets parted by blanks; none where anything else stands there.
+std::string BareOctets(std::string_view text) {
+    std::string digits;
+    while (text.starts_with(c_blank)) {
+        text.remove_prefix(std::min(text.find_first_not_of(c_blank), text.size()));
+        const std::string_view octet = DigitsAt(text);
+        if (octet.size() != c_digitsInOctet)
+            break;
+        digits += octet;
+        text.remove_prefix(c_digitsInOctet);
+    }
+    return text.empty() ? digits : std::string();
+}
+
 } // namespace
 
-std::optional<DumpLine> ReadDumpLine(std::string_view line) {
+std::optional<DumpLine> ReadDumpLine(std::string_view line, std::size_t octets) {
     constexpr std::size_t c_mostDigits = 128;
     std::string_view rest = WithoutReturn(line);
     const std::string_view offset = OffsetAt(rest);
@@ -79,6 +105,8 @@ std::optional<DumpLine> ReadDumpLine(std::string_view line) {
         return std::nullopt;
     rest.remove_prefix(offset.size());
     rest.remove_prefix(rest.starts_with(':') ? 1 : 0);
+    if (std::string bare = BareOctets(rest); !bare.empty() && OffsetOf(offset) == octets)
+        return DumpLine{octets, std::move(bare), true};
     DumpLine read{ValueOf(offset), {}};
     while (rest.starts_with(c_blank) && read.digits.size() < c_mostDigits) {
         rest.remove_prefix(std::min(rest.find_first_not_of(c_blank), rest.size()));
@@ -95,22 +123,27 @@ std::optional<DumpLine> ReadDumpLine(std::string_view line) {
 
 bool EndsDump(std::string_view line, std::size_t octets) {
     line = WithoutReturn(line);
-    return !line.empty() && OffsetAt(line) == line && ValueOf(line) == octets;
+    return !line.empty() && OffsetAt(line) == line && (OffsetOf(line) == octets || ValueOf(line) == octets);
 }
 
 std::optional<std::string> ReadDump(std::string_view text) {
     std::string digits;
+    bool isKnown = false;
     while (!text.empty()) {
         const std::size_t end = std::min(text.find('\n'), text.size());
         const std::string_view line = text.substr(0, end);
         text.remove_prefix(std::min(end + 1, text.size()));
         const std::size_t octets = digits.size() / c_digitsInOctet;
-        if (const std::optional<DumpLine> read = ReadDumpLine(line); read && read->offset == octets)
+        if (const std::optional<DumpLine> read = ReadDumpLine(line, octets); read && read->offset == octets) {
+            isKnown = !read->isBare || octets > 0;
             digits += read->digits;
-        else if (!EndsDump(line, octets) || !text.empty())
+        } else if (EndsDump(line, octets) && text.empty()) {
+            isKnown = !digits.empty();
+        } else {
             return std::nullopt;
+        }
     }
-    return digits.empty() ? std::nullopt : std::optional(std::move(digits));
+    return isKnown ? std::optional(std::move(digits)) : std::nullopt;
 }
 
 } // namespace qxpdu

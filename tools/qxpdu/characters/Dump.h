@@ -11,13 +11,15 @@ namespace qxpdu {
 
 /// A line of a dump, as `hexdump -C`, `xxd` and others print it.
 struct DumpLine {
-    std::size_t offset; ///< of the first octet
-    std::string digits; ///< of the octets
+    std::size_t offset;  ///< of the first octet
+    std::string digits;  ///< of the octets
+    bool isBare = false; ///< has no characters: what it is can be told by other lines alone
 };
 
-/// Nothing unless characters stand after the octets, each of them that of its octet or a point: nothing else
-/// looks so.
-std::optional<DumpLine> ReadDumpLine(std::string_view line);
+/// Nothing unless characters stand after the octets, each of them that of its octet or a point, or `octets`
+/// came before and the line is an offset of so many with octets after it, two digits each: nothing else looks
+/// so.
+std::optional<DumpLine> ReadDumpLine(std::string_view line, std::size_t octets);
 
 /// Whether it is the last line that hexdump prints: an offset alone, after so many octets.
 bool EndsDump(std::string_view line, std::size_t octets);

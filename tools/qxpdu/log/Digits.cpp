@@ -12,6 +12,7 @@ namespace qxpdu {
 
 namespace {
 
+constexpr std::size_t c_digitsInOctet = 2;
 constexpr std::size_t c_longWord = 16; ///< digits that no date, number or address in a log has
 constexpr std::string_view c_blanks = " \t";
 
@@ -188,13 +189,16 @@ std::string PlainDigits(std::string_view text, const std::vector<Word>& words) {
 }
 
 /// Those of the text before the first bracket or quotation mark after a digit; empty where they stand after a
-/// string and a comma, as other arguments of a program.
+/// string and a comma, as other arguments of a program, and where one digit is the mark of a string: b'07'.
 std::string PlainHead(std::string_view text, const std::vector<Word>& words) {
     const std::string_view before = text.substr(0, words[0].begin);
     if (before.find(',', std::min(before.find_first_of("'\""), before.size())) != std::string_view::npos)
         return {};
     const std::size_t end = text.find_first_of("'\"()[]{}|", words[0].end);
     const std::string_view head = text.substr(0, end);
+    if (words[0].text.size() == 1 && end == words[0].end && end < text.size() &&
+        (text[end] == '\'' || text[end] == '"'))
+        return {};
     return end == std::string_view::npos ? std::string() : PlainDigits(head, WordsOf(head));
 }
 
@@ -239,16 +243,20 @@ std::string DigitsIn(std::string_view text, Beside beside, const AwaitedPdu& pdu
     const std::vector<Word> words = WordsOf(text);
     if (words.empty())
         return {};
-    if (std::optional<DumpLine> dumped = ReadDumpLine(text))
-        return std::move(dumped->digits);
     std::string plain = PlainDigits(text, words);
-    const bool isLine = beside == Beside::Nothing && !plain.empty();
+    std::optional<DumpLine> dumped = ReadDumpLine(text, pdu.Digits().size() / c_digitsInOctet);
+    if (dumped && (!dumped->isBare || !pdu.IsComplete(plain)))
+        return std::move(dumped->digits);
+    const std::size_t fewest = beside == Beside::Others ? 2 : 1; // one digit by itself may be an answer
+    const bool isLine = beside != Beside::Words && plain.size() >= fewest;
     if (pdu.IsComplete(plain) || (isLine && !pdu.IsTooLong(plain)))
         return plain;
     if (std::string sound = FindSound(RunsOf(text, words), pdu); !sound.empty())
         return sound;
     if (isLine)
         return plain;
+    if (beside == Beside::Others)
+        return {};
     if (std::string head = PlainHead(text, words); beside == Beside::Nothing && !head.empty())
         return head;
     return Longest(words);

@@ -18,7 +18,8 @@ std::optional<std::size_t> EndOfPrefix(std::string_view text, std::string_view p
 /// How much may stand beside the digits.
 enum class Beside {
     Nothing, ///< the line is theirs, but for quotation marks and the like
-    Words    ///< only as many digits as nothing else has, or those that complete the PDU
+    Words,   ///< only as many digits as nothing else has, or those that complete the PDU
+    Others   ///< the line may be another's: it is all digits, or has those that complete the PDU
 };
 
 /// The digits of a PDU, or of a piece of one, in what a line says; empty where there are none. A line that

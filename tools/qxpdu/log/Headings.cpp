@@ -224,7 +224,8 @@ private:
         const std::size_t statusAt = m_Name.form == Form::Listed ? 2 : 1;
         if (leading < statusAt && AnyQuoted(m_Values))
             return TextMode();
-        if (leading == 0)
+        const bool isCut = m_Values.back().IsEmpty() && !AnyQuoted(m_Values); // by whom read it in pieces
+        if (leading == 0 || isCut)
             return;
         if (m_Values.size() > c_most || !m_Values.back().IsNumber())
             return TextMode();
@@ -267,7 +268,7 @@ private:
 
 const Name* NameAt(std::string_view line, std::size_t at) {
     const auto* const name = std::find_if(c_names.begin(), c_names.end(), [&](const Name& candidate) {
-        const std::size_t separator = at + candidate.text.size();
+        const std::size_t separator = SkipBlanks(line, at + candidate.text.size());
         return BeginsWith(line.substr(at), candidate.text) && separator < line.size() &&
                line[separator] == candidate.separator;
     });
@@ -285,8 +286,9 @@ Mark ReadMark(std::string_view line, std::size_t at, const Name& name) {
     mark.heading.kind = name.kind;
     mark.heading.direction = name.direction;
     mark.heading.isTyped = isCommand;
+    mark.heading.isUnasked = name.form == Form::Delivered;
     mark.heading.isSent = name.isSent;
-    const Values values = ReadValues(line, at + name.text.size() + 1);
+    const Values values = ReadValues(line, line.find(name.separator, at) + 1);
     mark.end = values.end;
     Reader(name, values.list, mark).Read();
     return mark;
@@ -329,7 +331,8 @@ bool HasCommand(std::string_view line) {
     return false;
 }
 
-/// "+CREG: 1"
+/// "+CREG: 1". Before a mark that others write as well, "#Sent: today", the name is in capitals, and a number
+/// or a string follows.
 bool IsNamed(std::string_view text) {
     if (text.empty() || c_nameMarks.find(text[0]) == std::string_view::npos)
         return false;
@@ -337,7 +340,14 @@ bool IsNamed(std::string_view text) {
     while (end < text.size() && IsAlphanumeric(text[end]))
         ++end;
     constexpr std::size_t c_shortest = 3; // with the mark
-    return end >= c_shortest && !IsDecimal(text[1]) && end < text.size() && text[end] == ':';
+    if (end < c_shortest || IsDecimal(text[1]) || end == text.size() || text[end] != ':')
+        return false;
+    if (text[0] == '+' || text[0] == '^')
+        return true;
+    const std::size_t value = SkipBlanks(text, end + 1);
+    const bool hasValue = value < text.size() && (IsDecimal(text[value]) || text[value] == '"');
+    return hasValue && std::none_of(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(end),
+                                    [](char character) { return character >= 'a' && character <= 'z'; });
 }
 
 /// Without blanks, quotation marks and arrows around it, but with the mark that begins a name.
@@ -379,6 +389,12 @@ bool EndsAnswer(std::string_view line) {
     const bool isApart = !before.empty() && !IsAlphanumeric(before.back());
     const std::string_view last = Core(said.substr(blank));
     return isApart && (last == c_ok || last == c_error);
+}
+
+bool EndsInError(std::string_view line) {
+    constexpr std::array c_errors = {c_error, std::string_view("+CME ERROR"), std::string_view("+CMS ERROR")};
+    const std::string_view said = Said(line);
+    return IsAnyOf(said, c_errors) || (EndsAnswer(line) && said.ends_with(c_error));
 }
 
 bool IsUnasked(std::string_view line) {

@@ -26,6 +26,7 @@ struct Heading {
     std::optional<unsigned int> length; ///< of the TPDU, or of the page, in octets, where it is told
     Messages::Direction direction = Messages::Direction::Unknown;
     bool isTyped = false;       ///< a command: its PDU is typed after a prompt
+    bool isUnasked = false;     ///< of a message that the modem gives while it may answer something else
     bool isSent = false;        ///< a command that sends, so that the network gives the message a reference
     unsigned int reference = 0; ///< TP-MR
     std::size_t sentLine = 0;   ///< of the PDU that was given the reference; 0 where none was seen
@@ -52,6 +53,9 @@ std::optional<Mark> FindMark(std::string_view line, std::size_t from);
 
 /// Whether the line, without what a program wrote before it, ends what the modem said or is a command.
 bool EndsAnswer(std::string_view line);
+
+/// Whether the answer that it ends is that something failed.
+bool EndsInError(std::string_view line);
 
 /// Whether a modem says so unasked, between a heading and its PDU even.
 bool IsUnasked(std::string_view line);

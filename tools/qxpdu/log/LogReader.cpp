@@ -20,6 +20,15 @@ bool HasAlphanumeric(std::string_view text) {
     return std::any_of(text.begin(), text.end(), IsAlphanumeric);
 }
 
+/// What a program wrote before lines of a modem that it printed as one; empty where that cannot be told.
+std::string LeadOf(std::string_view said) {
+    std::string_view first = said.substr(0, said.find_first_of("+^\n"));
+    const std::size_t quotation = first.find_last_of("'\"");
+    if (quotation != std::string_view::npos)
+        first = first.substr(0, quotation + 1);
+    return first.empty() || IsAlphanumeric(first.back()) ? std::string() : std::string(first);
+}
+
 bool IsOfModemPrinted(std::string_view printed) {
     const std::string said = Unprinted(printed);
     for (std::size_t begin = 0; begin <= said.size();) {
@@ -120,16 +129,20 @@ bool LogReader::TakeDumped(const std::string& piece, std::size_t number) {
     constexpr std::size_t c_digitsInOctet = 2;
     const std::size_t octets = m_Dump ? m_Dump->text.size() / c_digitsInOctet : 0;
     if (m_Dump && EndsDump(piece, octets)) {
+        m_DumpLine.clear();
         EndDump();
         return true;
     }
-    const std::optional<DumpLine> line = ReadDumpLine(piece);
+    std::optional<DumpLine> line = ReadDumpLine(piece, octets);
+    if (!line)
+        line = ReadDumpLine(piece, 0);
     if (!line || (line->offset != 0 && line->offset != octets))
         return false;
     if (line->offset == 0) {
         EndDump();
         m_Dump = LogEntry{number, {}, std::nullopt};
     }
+    m_DumpLine = line->isBare && line->offset == 0 ? piece : std::string();
     m_Dump->text += line->digits;
     if (m_Dump->text.size() > LOOK_AHEAD)
         EndDump();
@@ -137,14 +150,17 @@ bool LogReader::TakeDumped(const std::string& piece, std::size_t number) {
 }
 
 void LogReader::EndDump() {
-    if (m_Dump)
-        m_Entries.push_back(*std::exchange(m_Dump, std::nullopt));
+    if (!m_Dump)
+        return;
+    if (!m_DumpLine.empty())
+        m_Dump->text = std::exchange(m_DumpLine, {});
+    m_Entries.push_back(*std::exchange(m_Dump, std::nullopt));
 }
 
-/// A line that was passed over.
+/// A line that was passed over. What a modem repeats of a PDU that was typed is none by itself.
 void LogReader::CountStray(std::string_view text) {
     const std::string_view core = Core(text);
-    if (core.empty() || !AreHexDigits(core))
+    if (core.empty() || !AreHexDigits(core) || core == m_Typed)
         return;
     ++m_Counts.strayDigits;
     if (AwaitedPdu().IsSound(core))
@@ -153,45 +169,52 @@ void LogReader::CountStray(std::string_view text) {
 
 void LogReader::ReadLogLine(std::string_view printed, std::size_t number) {
     m_Number = number;
-    m_HasEntry = false;
     m_HasTextMode = false;
+    bool hasEntry = false;
     const std::string said = Unprinted(printed);
+    m_Lead.reset();
+    const std::optional<std::size_t> prefix =
+        EndOfPrefix(std::string_view(said).substr(0, said.find('\n')), m_Prefix);
+    m_IsPrefixed = prefix.has_value();
     for (std::size_t begin = 0; begin <= said.size();) {
         const std::size_t end = std::min(said.find('\n', begin), said.size());
         // What a program prints after a string is none of it: "+CMT: ,24\r\n", 4096) = 14
         const bool isAfterString = begin > 0 && (said[begin] == '"' || said[begin] == '\'');
-        ReadSaid(std::string_view(said).substr(begin, end - begin), isAfterString);
+        const std::string_view line = std::string_view(said).substr(begin, end - begin);
+        const std::size_t words = begin == 0 ? prefix.value_or(0) : 0;
+        m_HasEntry = false;
+        ReadSaid(line, words, isAfterString);
+        hasEntry = hasEntry || m_HasEntry;
+        if (!m_HasEntry && !m_HasTextMode)
+            CountStray(line.substr(words));
+        if (begin == 0)
+            m_Lead = LeadOf(said);
         begin = end + 1;
     }
-    if (m_HasEntry) {
+    if (hasEntry)
         ++m_Counts.entries;
-        return;
-    }
-    ++(m_HasTextMode ? m_Counts.textModes : m_Counts.passedOver);
-    if (!m_HasTextMode)
-        CountStray(printed);
+    else
+        ++(m_HasTextMode ? m_Counts.textModes : m_Counts.passedOver);
 }
 
-/// One line of the modem. It may hold several headings, each with its PDU after it.
-void LogReader::ReadSaid(std::string_view said, bool isAfterString) {
+/// One line of the modem, after what a program wrote before it. It may hold several headings, each with its
+/// PDU after it.
+void LogReader::ReadSaid(std::string_view said, std::size_t begin, bool isAfterString) {
     std::size_t at = 0;
     while (std::optional<Mark> mark = FindMark(said, at)) {
         ReadBeside(said.substr(at, mark->begin - at), at > 0);
         at = mark->end;
-        Begin(std::move(*mark), said.substr(0, mark->begin));
+        Begin(std::move(*mark), m_Lead ? *m_Lead : said.substr(0, mark->begin));
     }
-    const std::string_view rest = at > 0 ? said.substr(at) : WithoutPrefix(said);
+    const std::string_view rest = said.substr(at > 0 ? at : begin);
     if (at > 0 || isAfterString)
         ReadBeside(rest, !isAfterString);
     else if (m_Open)
         ReadRest(rest);
     if (EndsAnswer(rest))
         m_Typed.clear();
-}
-
-/// Without what a program writes before each line, where it begins with that.
-std::string_view LogReader::WithoutPrefix(std::string_view said) const {
-    return said.substr(EndOfPrefix(said, m_Prefix).value_or(0));
+    if (EndsInError(rest))
+        m_SentLine = 0;
 }
 
 /// What stands in a line beside a heading: strings of a list, or columns, each with a line in it. Before the
@@ -213,7 +236,9 @@ void LogReader::ReadBeside(std::string_view text, bool isAfterHeading) {
 void LogReader::ReadRest(std::string_view text) {
     if (!HasAlphanumeric(text) || IsUnasked(text))
         return;
-    if (EndsAnswer(text)) {
+    // What the modem says unasked may come while it answers something else.
+    const bool isOfAnswer = !m_Open->heading.isUnasked || !m_Open->pdu.IsEmpty();
+    if (EndsAnswer(text) && isOfAnswer) {
         ReadBeside(text, true);
         return End();
     }
@@ -227,13 +252,14 @@ void LogReader::ReadRest(std::string_view text) {
 bool LogReader::Gather(std::string_view text, bool isWholeLine) {
     Open& open = *m_Open;
     AwaitedPdu& pdu = open.pdu;
-    const std::string digits = DigitsIn(text, isWholeLine ? Beside::Nothing : Beside::Words, pdu);
+    const std::string digits = DigitsFor(open, text, isWholeLine);
     if (digits.empty())
         return false;
     m_HasEntry = true;
     if (pdu.IsEmpty()) {
         open.line = m_Number;
         LearnPrefix(text, digits);
+        open.isPrefixed = m_IsPrefixed && !m_Prefix.empty();
     }
     pdu.Add(digits);
     open.strangers = 0;
@@ -241,6 +267,26 @@ bool LogReader::Gather(std::string_view text, bool isWholeLine) {
     if (isTyped || pdu.IsFull() || pdu.IsComplete() || (pdu.IsTooLong() && pdu.IsSound()))
         End();
     return true;
+}
+
+/// Where a line has the whole PDU, what came before it was none of it, and is left out.
+std::string LogReader::DigitsFor(Open& open, std::string_view text, bool isWholeLine) {
+    const Beside beside = isWholeLine ? Beside::Nothing : Beside::Words;
+    const auto isWhole = [](const AwaitedPdu& pdu, const std::string& digits) {
+        return pdu.IsComplete(digits) && (pdu.IsPage() || pdu.IsSound(digits));
+    };
+    AwaitedPdu& pdu = open.pdu;
+    const bool mayBeOthers = !pdu.IsEmpty() && (pdu.IsSound() || (open.isPrefixed && !m_IsPrefixed));
+    std::string digits = DigitsIn(text, mayBeOthers ? Beside::Others : beside, pdu);
+    if (pdu.IsEmpty() || isWhole(pdu, digits))
+        return digits;
+    AwaitedPdu alone(open.heading);
+    std::string whole = DigitsIn(text, beside, alone);
+    if (!isWhole(alone, whole))
+        return digits;
+    CountStray(pdu.Digits());
+    pdu = std::move(alone);
+    return whole;
 }
 
 /// A modem's own line before the PDU has no prefix where a program writes the time only before some lines.
@@ -260,12 +306,15 @@ void LogReader::Begin(Mark mark, std::string_view prefix) {
     if (!isEcho)
         End();
     m_HasTextMode = m_HasTextMode || mark.kind == Mark::Kind::TextMode;
+    if (heading.isSent)
+        m_SentLine = 0;
     if (mark.kind != Mark::Kind::Heading)
         return;
     mark.heading.line = m_Number;
     if (heading.kind == Heading::Kind::Reference)
         return GiveReference(std::move(mark.heading));
     m_Prefix = prefix;
+    m_IsPrefixed = true;
     AwaitedPdu pdu(heading);
     m_Open = Open{std::move(mark.heading), std::move(pdu), m_Number};
 }

@@ -71,16 +71,17 @@ private:
         Heading heading;
         AwaitedPdu pdu;
         std::size_t line = 0;       ///< of its first digits
+        bool isPrefixed = false;    ///< a program wrote something before these
         unsigned int strangers = 0; ///< lines since its last digits that say something else
     };
 
     void ReadLogLine(std::string_view printed, std::size_t number);
-    void ReadSaid(std::string_view said, bool isAfterString);
-    std::string_view WithoutPrefix(std::string_view said) const;
+    void ReadSaid(std::string_view said, std::size_t begin, bool isAfterString);
     void ReadRest(std::string_view text);
     void LearnPrefix(std::string_view text, std::string_view digits);
     void ReadBeside(std::string_view text, bool isAfterHeading);
     bool Gather(std::string_view text, bool isWholeLine);
+    std::string DigitsFor(Open& open, std::string_view text, bool isWholeLine);
     void Begin(Mark mark, std::string_view prefix);
     void GiveReference(Heading heading);
     void End();
@@ -97,13 +98,16 @@ private:
     std::size_t m_HeldBytes = 0;
     bool m_MayHoldPdu = false;      ///< one of these
     std::optional<LogEntry> m_Dump; ///< of a list, while its lines come
+    std::string m_DumpLine;         ///< the first of them, until another shows that it is one
     std::optional<Open> m_Open;
-    std::string m_Prefix;       ///< what a program wrote before the last heading
-    std::size_t m_Number = 0;   ///< of the line that is being read
-    bool m_HasEntry = false;    ///< in this line
-    bool m_HasTextMode = false; ///< in this line
-    std::size_t m_SentLine = 0; ///< of the last PDU that was typed to be sent
-    std::string m_Typed;        ///< digits of the last PDU that was typed and not answered yet
+    std::string m_Prefix;              ///< what a program wrote before the last heading
+    std::optional<std::string> m_Lead; ///< and before this line, once one that was printed with it is read
+    bool m_IsPrefixed = false;         ///< this line begins as that of the last heading
+    std::size_t m_Number = 0;          ///< of the line that is being read
+    bool m_HasEntry = false;           ///< in this line
+    bool m_HasTextMode = false;        ///< in this line
+    std::size_t m_SentLine = 0;        ///< of the last PDU that was typed to be sent
+    std::string m_Typed;               ///< digits of the last PDU that was typed and not answered yet
     std::deque<LogEntry> m_Entries;
     LogCounts m_Counts;
 };

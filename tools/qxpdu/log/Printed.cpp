@@ -33,6 +33,12 @@ constexpr std::array c_prints = {
     Print{"\\015", '\n'},
     Print{"\\012", '\n'},
     Print{"\\032", c_endOfTyping},
+    Print{"\\013", '\n'}, // decimal
+    Print{"\\010", '\n'},
+    Print{"\\026", c_endOfTyping},
+    Print{"\\13", '\n'},
+    Print{"\\10", '\n'},
+    Print{"\\26", c_endOfTyping},
     // the system log
     Print{"#015", '\n'},
     Print{"#012", '\n'},

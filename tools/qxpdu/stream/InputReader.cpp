@@ -128,6 +128,11 @@ void InputReader::Note(const LogCounts& counts) {
                                        "stand in none",
                                        show::Counted(counts.strayDigits, "line")),
                            counts.strayPdus > 0});
+    } else if (counts.strayPdus > 0 && counts.textModes == 0) {
+        m_Notes.push_back(
+            {source,
+             fmt::format("{} that no heading announces passed over", show::Counted(counts.strayPdus, "PDU")),
+             false});
     }
 }
 

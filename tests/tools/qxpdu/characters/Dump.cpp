@@ -10,6 +10,8 @@ using qxpdu::EndsDump;
 using qxpdu::ReadDump;
 using qxpdu::ReadDumpLine;
 
+constexpr std::size_t c_others = 0x1000; ///< octets before a line, which none of these tells
+
 TEST(Dump, LineIsKnownByTheCharactersAfterItsOctets) {
     const struct {
         const char* line;
@@ -27,7 +29,7 @@ TEST(Dump, LineIsKnownByTheCharactersAfterItsOctets) {
         {"000a  41  A", 10, "41"},
     };
     for (const auto& row : rows) {
-        const auto read = ReadDumpLine(row.line);
+        const auto read = ReadDumpLine(row.line, c_others);
         ASSERT_TRUE(read) << row.line;
         EXPECT_EQ(read->offset, row.offset) << row.line;
         EXPECT_EQ(read->digits, row.digits) << row.line;
@@ -60,8 +62,43 @@ TEST(Dump, NothingElseIsTakenForALine) {
              "10:00:00  07 91 21 43  ..!C",    // a time
              "2026-11-22  07 91 21 43  ..!C",  // a date
          }) {
-        EXPECT_FALSE(ReadDumpLine(line)) << line;
+        EXPECT_FALSE(ReadDumpLine(line, c_others)) << line;
     }
+}
+
+TEST(Dump, LineWithoutCharactersIsKnownByItsOffset) {
+    const struct {
+        const char* line;
+        std::size_t octets;
+        const char* digits;
+    } rows[] = {
+        {"0000  07 91 21 43", 0, "07912143"},
+        {"00000010  07 91", 16, "0791"},
+        {"000010 07 91", 16, "0791"},
+        {"0000020 07 91", 16, "0791"}, // octal
+        {"0000  07 91  21 43\r", 0, "07912143"},
+        {"0010  0791", 16, nullptr},
+        {"0010  07 91 x", 16, nullptr},
+        {"0010  07", 16, "07"},
+        {"0010  07 91 ", 16, "0791"},
+        {"0010: 07 91", 16, "0791"},
+        {"0010  07 91", 17, nullptr},
+        {"010  07 91", 16, nullptr},
+        {"0010  07-91", 16, nullptr},
+        {"0010", 16, nullptr},
+    };
+    for (const auto& row : rows) {
+        const auto read = ReadDumpLine(row.line, row.octets);
+        ASSERT_EQ(read.has_value(), row.digits != nullptr) << row.line;
+        if (read) {
+            EXPECT_EQ(read->offset, row.octets) << row.line;
+            EXPECT_EQ(read->digits, row.digits) << row.line;
+        }
+    }
+    EXPECT_TRUE(EndsDump("0000040", 32)) << "octal";
+    EXPECT_EQ(ReadDump("0000  07 91\n0002  21 43\n0004\n"), "07912143");
+    EXPECT_EQ(ReadDump("0000  07 91\n0002\n"), "0791");
+    EXPECT_FALSE(ReadDump("0000  07 91\n"));
 }
 
 TEST(Dump, LineHasUpTo64Octets) {
@@ -71,10 +108,10 @@ TEST(Dump, LineHasUpTo64Octets) {
             line += "41 ";
         return line + ' ' + std::string(octets, 'A');
     };
-    const auto longest = ReadDumpLine(lineOf(64));
+    const auto longest = ReadDumpLine(lineOf(64), c_others);
     ASSERT_TRUE(longest);
     EXPECT_EQ(longest->digits.size(), 128U);
-    EXPECT_FALSE(ReadDumpLine(lineOf(65)));
+    EXPECT_FALSE(ReadDumpLine(lineOf(65), c_others));
 }
 
 TEST(Dump, LinesFollowEachOther) {

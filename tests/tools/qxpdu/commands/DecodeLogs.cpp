@@ -188,6 +188,14 @@ TEST(QxpduLogs, DigitsOutsideAMessageAreNoPduInALog) {
                        "hexadecimal digits stand in none\n"}));
 }
 
+TEST(QxpduLogs, PdusThatNoHeadingAnnouncesAreTold) {
+    const std::string hello = c_hello;
+    const Outcome run =
+        Qxpdu({"decode", "--brief"}, "+CMT: ,24\n" + hello + '\n' + hello + '\n' + hello + '\n');
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err, "qxpdu: standard input: warning: 2 PDUs that no heading announces passed over\n");
+}
+
 TEST(QxpduLogs, LogWithoutAMessageInWhichPdusStandIsAnError) {
     EXPECT_EQ(Qxpdu({"decode"}, std::string("AT+CGMM\nEC25\nOK\n") + c_hello + '\n'),
               (Outcome{1, "",

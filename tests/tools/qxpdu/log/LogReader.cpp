@@ -77,6 +77,35 @@ TEST(LogReader, ReferenceNamesTheLineOfTheMessageThatWasTyped) {
     EXPECT_EQ(entries[4].heading->sentLine, 0U) << "stored, not sent";
 }
 
+TEST(LogReader, ReferenceIsOfNoMessageThatFailed) {
+    const std::string sent = "AT+CMGS=10\n> 0001070491214300000161\n";
+    for (const char* between : {"+CMS ERROR: 38\n", "ERROR\n", "+CME ERROR: 1\n", "10:00:01 <- ERROR\n",
+                                "AT+CMGS=\"+1234\"\n> hi\x1a\n"}) {
+        const LogOutcome outcome = ReadLog(sent + between + "+CMGS: 9\nOK\n");
+        ASSERT_EQ(outcome.entries.size(), 2U) << between;
+        EXPECT_EQ(outcome.entries[1].heading->sentLine, 0U) << between;
+    }
+    const LogOutcome other = ReadLog(sent + "OK\n+CMGS: 9\n");
+    ASSERT_EQ(other.entries.size(), 2U);
+    EXPECT_EQ(other.entries[1].heading->sentLine, 2U) << "no error";
+}
+
+TEST(LogReader, PdusThatNoHeadingAnnouncesAreCounted) {
+    const std::string hello = c_hello;
+    const struct {
+        std::string log;
+        std::uint64_t strays;
+    } rows[] = {
+        {"+CMT: ,24\n" + hello + '\n', 0},
+        {"+CMT: ,24\n" + hello + '\n' + hello + '\n', 1},
+        {"'+CMGL: 1,1,,24\\r\\n" + hello + "\\r\\n+CMG'\n'L: 2,1,,24\\r\\n" + hello + "\\r\\nOK'\n", 1},
+        {"AT+CMGS=10\n> 0001070491214300000161\n0001070491214300000161\n+CMGS: 1\nOK\n", 0}, // its echo
+        {"GSM1: +CMT: ,24\nGSM2: +CMT: ,24\nGSM1: " + hello.substr(0, 40) + "\nGSM2: " + hello + '\n', 0},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(ReadLog(row.log).counts.strayPdus, row.strays) << row.log;
+}
+
 TEST(LogReader, StrayDigitsAreCounted) {
     const LogOutcome outcome = ReadLog("EC25\nOK\nDEADBEEF\n+CSQ: 1\n");
     EXPECT_TRUE(outcome.entries.empty());
@@ -87,7 +116,8 @@ TEST(LogReader, StrayDigitsAreCounted) {
 
 TEST(LogReader, LinesThatAreNoneOfAModemLeaveAList) {
     for (const char* line :
-         {"OKAY", "ERRORS", "RINGS", "ATTACHED", "at ten", "bat+ball", "hello: 1", "0791", "+", "+1"}) {
+         {"#Sent: today", "#TODO: x", "*PDU1:* 07", "$Id: x$", "# CREG: 1", "#CREG: x", "#creg: 1", "OKAY",
+          "ERRORS", "RINGS", "ATTACHED", "at ten", "bat+ball", "hello: 1", "0791", "+", "+1"}) {
         LogReader reader;
         reader.Take(line, 1);
         EXPECT_FALSE(reader.IsLog()) << line;
@@ -315,6 +345,19 @@ TEST(LogReader, TalkThatWasForgottenIsCounted) {
     EXPECT_EQ(list.counts.forgotten, list.counts.passedOver);
     EXPECT_EQ(list.counts.passedOver + list.counts.entries, 20001U);
     EXPECT_EQ(ReadLog(Lines("gatewayd: started", 20)).counts.forgotten, 0U);
+}
+
+TEST(LogReader, DumpWithoutCharactersIsKnownByItsSecondLine) {
+    const std::string digits = "0791214365870921040b912143658709f100002120312143658005c8329bfd06";
+    const std::string first = "0000  07 91 21 43 65 87 09 21 04 0b 91 21 43 65 87 09\n";
+    const std::string second = "0010  f1 00 00 21 20 31 21 43 65 80 05 c8 32 9b fd 06\n";
+    EXPECT_EQ(TextsIn(first + second), std::vector<std::string>{digits});
+    EXPECT_EQ(TextsIn(first + second + first + second + "0020\n"),
+              (std::vector<std::string>{digits, digits}));
+    EXPECT_EQ(TextsIn("0000  07 91\n0002\n"), std::vector<std::string>{"0791"});
+    EXPECT_EQ(TextsIn("0000  07 91\n"), std::vector<std::string>{"0000  07 91"});
+    EXPECT_EQ(TextsIn(first + c_hello + '\n'),
+              (std::vector<std::string>{first.substr(0, first.size() - 1), c_hello}));
 }
 
 TEST(LogReader, DumpInAListIsOnePdu) {
