@@ -314,7 +314,7 @@ Outgoing MakeOutgoing(const OutgoingOptions& options, const std::string& text,
     Messages::CutText cut;
     if (hasUserData)
         cut = Cut(options, text, cutting);
-    Outgoing outgoing{{}, CautionsOf(options, text, cut), std::move(cut.replacements)};
+    Outgoing outgoing{{}, CautionsOf(options, text, cut)};
     AskForReport(tpdu, !options.statusReport.empty());
     if (!hasUserData)
         outgoing.pdus.push_back(Written(tpdu, options));

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "Messages/Alphabet.h"
+#include "Messages/Address.h"
 #include "commands/OutgoingOptions.h"
 
 namespace qxpdu {
@@ -25,7 +25,6 @@ struct Caution {
 struct Outgoing {
     std::vector<std::vector<std::uint8_t>> pdus;
     std::vector<Caution> cautions;
-    std::vector<Messages::Replacement> replacements; ///< near characters that were put in
 };
 
 /// What is said of an empty text that goes out.
