@@ -331,4 +331,13 @@ TEST(QxpduCell, MessageOfTheLengthOfAPageIsAMessageWhereItIsSound) {
     EXPECT_TRUE(HasLine(Qxpdu({"decode"}, log).out, "TP-MTI 0: SMS-DELIVER"));
 }
 
+TEST(QxpduCell, OctetsThatAreNeitherAPageNorAMessageAreNoPage) {
+    // Page 0 of 1, page 2 of 1, and a reserved data coding.
+    for (const char* head : {"432111120101", "432111120121", "432111128011"}) {
+        std::string octets = head;
+        octets.resize(2 * std::size_t{88}, '0');
+        EXPECT_EQ(Qxpdu({"cell"}, "+CMGL: 1,1,,88\n" + octets + "\nOK\n"), (Outcome{0, "", ""})) << head;
+    }
+}
+
 } // namespace
