@@ -32,6 +32,7 @@ using Messages::CutOptions;
 using Messages::CutText;
 using Messages::Language;
 using Messages::Languages;
+using Messages::SeptetTables;
 
 struct CountOptions : ConversionOptions {
     std::string host; ///< "libQX_Encoding", or empty
@@ -68,6 +69,7 @@ struct Cost {
 /// What the text would cost with their tables.
 struct WithLanguages {
     std::vector<std::string> codes; ///< "tr"
+    bool replacesNear;              ///< as well
     Cost cost;
 };
 
@@ -101,6 +103,8 @@ std::size_t RoomIn(const Messages::UserData& part, const Choice& choice) {
 }
 
 std::vector<Break> BreaksIn(const CutText& cut) {
+    if (cut.offsets.size() == 1)
+        return {};
     constexpr std::size_t c_shown = 12; // characters on either side
     const std::u32string text = show::CodePoints(FromUtf8(cut.text));
     const auto shown = [&text](std::size_t begin, std::size_t end) {
@@ -146,26 +150,94 @@ void ForEachLanguage(Visit visit) {
         visit(static_cast<Language>(number));
 }
 
-/// Each language whose tables make the text cheaper, the cheapest first; before these two languages whose
-/// tables do more together.
-std::vector<WithLanguages> SavingsIn(const std::string& text, const CutOptions& options, Languages languages,
-                                     const Cost& without) {
-    std::vector<WithLanguages> savings;
+Languages LanguagesWith(const Messages::CostlyCharacter& costly) {
+    Languages languages;
     ForEachLanguage([&](Language language) {
-        if (!languages.Has(language))
-            return;
-        if (Cost cost = CostWith(text, options, {language}); cost.IsCheaperThan(without))
-            savings.push_back({CodesOf({language}), std::move(cost)});
+        if (costly.locking.Has(language) || costly.single.Has(language))
+            languages.Add(language);
     });
-    std::stable_sort(savings.begin(), savings.end(),
-                     [](const auto& one, const auto& other) { return one.cost.IsCheaperThan(other.cost); });
-    Cost both = CostWith(text, options, languages);
-    if (both.IsCheaperThan(savings.empty() ? without : savings.front().cost)) {
-        const Languages two = {both.choice.tables.locking, both.choice.tables.single};
-        savings.insert(savings.begin(), {CodesOf(two), std::move(both)});
-    }
-    return savings;
+    return languages;
 }
+
+bool HaveCommon(Languages some, Languages others) {
+    return (some.Bits() & others.Bits()) != Languages().Bits();
+}
+
+/// What languages save of a text.
+class Savings {
+public:
+    Savings(const std::string& text, const CutOptions& options, const Cost& without)
+        : m_Text(text), m_Options(options), m_Without(without) {
+        std::vector<Messages::Replacement> replacements;
+        const std::string near = ReplaceNear(text, Languages::All(), replacements);
+        m_HasNear = !replacements.empty();
+        Explain(near, {}, m_Explanation);
+        if (m_HasNear)
+            m_WithNear = CostWith({}, true);
+    }
+
+    /// Each of the languages whose tables make it cheaper, the cheapest first; before these two whose tables
+    /// do more together.
+    std::vector<WithLanguages> Of(Languages languages) const {
+        std::vector<WithLanguages> savings;
+        ForEachLanguage([&](Language language) {
+            if (languages.Has(language))
+                AddTo(savings, {language}, m_Without);
+        });
+        std::stable_sort(savings.begin(), savings.end(), [](const auto& one, const auto& other) {
+            return one.cost.IsCheaperThan(other.cost);
+        });
+        std::vector<WithLanguages> all;
+        AddTo(all, languages, savings.empty() ? m_Without : savings.front().cost);
+        all.insert(all.end(), std::make_move_iterator(savings.begin()),
+                   std::make_move_iterator(savings.end()));
+        return all;
+    }
+
+private:
+    Cost CostWith(Languages languages, bool replacesNear) const {
+        CutOptions options = m_Options;
+        options.replacesNear = replacesNear;
+        return qxpdu::CostWith(m_Text, options, languages);
+    }
+
+    /// Whether tables of these languages have every character that the default alphabet lacks, and one
+    /// better than it does.
+    bool MaySave(Languages languages) const {
+        bool isBetter = false;
+        for (const Messages::CostlyCharacter& costly : m_Explanation.characters) {
+            if (HaveCommon(costly.isInExtension ? costly.locking : LanguagesWith(costly), languages))
+                isBetter = true;
+            else if (!costly.isInExtension)
+                return false;
+        }
+        return isBetter;
+    }
+
+    void AddTo(std::vector<WithLanguages>& savings, Languages languages, const Cost& most) const {
+        if (!MaySave(languages))
+            return;
+        Cost cost = CostWith(languages, m_Options.replacesNear);
+        bool replacesNear = false;
+        if (m_HasNear && !m_Options.replacesNear) {
+            Cost near = CostWith(languages, true);
+            replacesNear = near.IsCheaperThan(cost) && near.IsCheaperThan(*m_WithNear);
+            if (replacesNear)
+                cost = std::move(near);
+        }
+        if (!cost.IsCheaperThan(most))
+            return;
+        const SeptetTables& tables = cost.choice.tables;
+        savings.push_back({CodesOf({tables.locking, tables.single}), replacesNear, std::move(cost)});
+    }
+
+    const std::string& m_Text;
+    const CutOptions& m_Options;
+    const Cost& m_Without;
+    bool m_HasNear = false;
+    std::optional<Cost> m_WithNear;
+    Messages::Explanation m_Explanation;
+};
 
 Characters ReplacementsIn(const std::string& text, const std::vector<Messages::Replacement>& replacements) {
     Characters characters;
@@ -179,15 +251,6 @@ Characters ReplacementsIn(const std::string& text, const std::vector<Messages::R
         occurrence.becomes = one.replacement;
     }
     return characters;
-}
-
-Languages LanguagesWith(const Messages::CostlyCharacter& costly) {
-    Languages languages;
-    ForEachLanguage([&](Language language) {
-        if (costly.locking.Has(language) || costly.single.Has(language))
-            languages.Add(language);
-    });
-    return languages;
 }
 
 bool TakesTwoSeptets(char32_t character, const Choice& choice) {
@@ -211,8 +274,8 @@ Sorting Sort(const std::string& text, const Choice& choice, Languages allowed) {
         if (costly.isInExtension)
             continue;
         const Languages languages = LanguagesWith(costly);
-        const bool mayBe = (languages.Bits() & allowed.Bits()) != Languages().Bits();
-        Occurrence& occurrence = (mayBe ? sorting.tabled : sorting.foreign)[{costly.character}];
+        Characters& alike = HaveCommon(languages, allowed) ? sorting.tabled : sorting.foreign;
+        Occurrence& occurrence = alike[{costly.character}];
         occurrence.positions = occurrences[costly.character].positions;
         occurrence.languages = CodesOf(languages);
     }
@@ -329,8 +392,10 @@ void TellLanguages(const std::string& text, const CutOptions& options, bool areG
         counted.Add("without --language", Shown(without));
     }
     const Languages languages = areGiven ? options.choice.languages : Languages::All();
-    for (const WithLanguages& one : SavingsIn(text, options, languages, without)) {
+    for (const WithLanguages& one : Savings(text, options, without).Of(languages)) {
         show::Json object = {{"languages", one.codes}};
+        if (one.replacesNear)
+            object["replace"] = true;
         AddTo(object, one.cost);
         if (!without.fault) {
             object["parts_saved"] = without.choice.parts - one.cost.choice.parts;
@@ -340,25 +405,32 @@ void TellLanguages(const std::string& text, const CutOptions& options, bool areG
         counted.object["with_languages"].push_back(std::move(object));
         if (areGiven && one.cost.choice.tables == cost.choice.tables)
             continue; // said already
-        counted.Add(fmt::format("with --language {}", fmt::join(one.codes, ",")),
+        counted.Add(fmt::format("with {}--language {}", one.replacesNear ? "--replace " : "",
+                                fmt::join(one.codes, ",")),
                     Shown(one.cost) + SavingShown(one.cost, without));
     }
+}
+
+bool IsPlain(const std::string& text) {
+    Messages::Explanation explanation;
+    Explain(text, {}, explanation);
+    return explanation.characters.empty();
 }
 
 /// By the standards.
 void Count(const CountOptions& options, const Input& input, Console& console) {
     FromUtf8(input.text); // says which octet is not UTF-8
     CutOptions how = CutOptionsOf(options);
-    const CutText plain = CutIntoParts(input.text, how);
-    how.replacesNear = true;
+    const bool isPlain = IsPlain(input.text); // and nothing makes it cheaper
+    how.replacesNear = !isPlain;
     const CutText near = CutIntoParts(input.text, how);
     how.replacesNear = options.replacesNear;
-    const CutText& sent = options.replacesNear ? near : plain;
+    const CutText sent = near.replacements.empty() || how.replacesNear ? near : CutIntoParts(input.text, how);
 
     const Cost cost = CostOf(sent);
     Counted counted{{}, ObjectFor(input), std::nullopt};
     TellCost(cost, counted);
-    const bool mayBeGsm = how.choice.alphabet != Messages::Alphabet::Ucs2;
+    const bool mayBeGsm = !isPlain && how.choice.alphabet != Messages::Alphabet::Ucs2;
     if (mayBeGsm)
         TellCharacters(Sort(sent.text, sent.choice, how.choice.languages), counted);
     TellNear(input.text, near, options.replacesNear, counted);

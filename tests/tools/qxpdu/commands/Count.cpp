@@ -186,6 +186,26 @@ TEST(QxpduCount, TwoLanguagesMaySaveTogether) {
         << "a message has two tables";
 }
 
+TEST(QxpduCount, LanguagesAndNearCharactersMaySaveTogether) {
+    const std::string text = "“" + Repeated("ş", 70) + "”";
+    const json count = CountOf({text});
+    EXPECT_FALSE(count.contains("replaced"));
+    EXPECT_EQ(count["with_languages"], json::parse(R"([
+        {"languages": ["tr"], "replace": true, "alphabet": "GSM 7-bit", "locking_shift": "Turkish",
+         "septets": 72, "parts": 1, "room": 83, "user_data_octets": 68, "parts_saved": 1,
+         "octets_saved": 88}])"));
+    EXPECT_NE(Qxpdu({"count", text})
+                  .out.find("\nwith --replace --language tr GSM 7-bit, Turkish locking shift, 72 "
+                            "septets, 1 part, room for 83 septets; saves 1 part\n"),
+              std::string::npos);
+    const json replaced = CountOf({"--replace", text});
+    EXPECT_EQ(replaced["text"], text);
+    EXPECT_FALSE(replaced["with_languages"][0].contains("replace")) << "it was asked for";
+    EXPECT_EQ(replaced["with_languages"][0]["septets"], 72);
+    EXPECT_EQ(CountOf({"--replace", "--language", "tr", text})["septets"], 72);
+    EXPECT_FALSE(CountOf({"“a”"}).contains("with_languages")) << "near characters do it alone";
+}
+
 TEST(QxpduCount, LanguagesThatMayBeUsedAreWhereThatIsCheaper) {
     EXPECT_EQ(
         Qxpdu({"count", "--language", "tr", "Yarın şubemizde €"}),
