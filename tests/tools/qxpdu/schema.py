@@ -66,7 +66,7 @@ CASES = [
     (["count", "--lines"], "€" + "ж" * 17086 + "’", 1),
     (["count", "--lines", "--language", "tr,pt", "--concat-bits", "16"], "şã\n" + "ş€" * 40 + "\n" + "ş" * 71, 3),
     (["count", "--lines", "--replace"], "It’s 5\ne\u0301\nж\n" + "…" * 17085, 4),
-    (["count", "--lines"], "şã" * 40 + "\ncafe\u0301", 2),
+    (["count", "--lines"], "şã" * 40 + "\ncafe\u0301\n“" + "ş" * 70 + "”", 3),
     (["count", "--lines", "--alphabet", "gsm"], "ж\nş", 2),
     (["count", "--as", "libQX_Encoding", "--lines"], "\n".join(["a€", "ж", "α’", "…" * 17085, "a" * 152 + "€" * 5, "ж" * 66 + "😀" * 3, "\t",
                                       "a" * 39016]), 8),

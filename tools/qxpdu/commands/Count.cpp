@@ -17,6 +17,7 @@
 #include "commands/CountedText.h"
 #include "commands/HostCount.h"
 #include "commands/Languages.h"
+#include "commands/Numbers.h"
 #include "commands/Options.h"
 #include "show/CodeUnits.h"
 #include "show/JoinedMessage.h"
@@ -42,6 +43,8 @@ struct CountOptions : ConversionOptions {
     std::string languages;
     std::string alphabet; ///< "gsm", "ucs2", or empty where either may be
     std::string concatBits;
+    std::string ports; ///< "TO:FROM"
+    std::string portBits;
 };
 
 /// Where a part of the text ends and the next begins.
@@ -86,6 +89,7 @@ CutOptions CutOptionsOf(const CountOptions& options) {
     if (!options.alphabet.empty())
         cut.choice.alphabet = options.alphabet == "gsm" ? Messages::Alphabet::Gsm7 : Messages::Alphabet::Ucs2;
     cut.choice.room.hasWideReference = options.concatBits == "16";
+    cut.ports = PortsIn(options.ports, options.portBits);
     cut.reference = 0; // whichever it is, it costs the same
     return cut;
 }
@@ -453,10 +457,6 @@ std::string FaultOfAlphabet(const std::string& name) {
     return name == "gsm" || name == "ucs2" ? "" : name + " is neither gsm nor ucs2";
 }
 
-std::string FaultOfBits(const std::string& bits) {
-    return bits == "8" || bits == "16" ? "" : bits + " is neither 8 nor 16";
-}
-
 std::string FaultOfEncoder(const std::string& name) {
     return name == "libQX_Encoding" ? "" : name + " is not libQX_Encoding";
 }
@@ -476,6 +476,12 @@ void AddOptions(const Command& command, CountOptions& options) {
         command
             .AddText("--concat-bits", options.concatBits,
                      "Bits of the reference of several parts; 8 without it")
+            .Check(FaultOfBits)
+            .Named("8|16"),
+        command.AddText("--port", options.ports, "Port of the application that it is for, and is from")
+            .Check(FaultOfPorts)
+            .Named("TO[:FROM]"),
+        command.AddText("--port-bits", options.portBits, "Bits of the ports; 16 without it")
             .Check(FaultOfBits)
             .Named("8|16"),
     };
@@ -511,7 +517,12 @@ void AddCount(const Command& parent) {
         "Example:\n"
         "  qxpdu count 'It’s 5 €'\n"
         "  qxpdu count --language tr,es 'Yarın şubemizden alınız'");
-    command.SetAction([options](const Streams& streams) { return Count(*options, streams); });
+    command.SetAction([options](const Streams& streams) {
+        const std::string fault = FaultOfPortsWithBits(options->ports, options->portBits);
+        if (!fault.empty())
+            throw CommandLineError(fault);
+        return Count(*options, streams);
+    });
 }
 
 } // namespace qxpdu

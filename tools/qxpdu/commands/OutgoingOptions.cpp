@@ -1,7 +1,6 @@
 #include "commands/OutgoingOptions.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
 #include <iterator>
 #include <string_view>
@@ -14,6 +13,7 @@
 #include "characters/InputError.h"
 #include "commands/Languages.h"
 #include "commands/Members.h"
+#include "commands/Numbers.h"
 #include "commands/Parties.h"
 #include "commands/Times.h"
 #include "show/Json.h"
@@ -45,30 +45,6 @@ std::optional<TpduType> TypeNamed(std::string_view name) {
     return found == std::end(c_types) ? std::nullopt : std::optional(found->second);
 }
 
-/// Decimal without leading zeros or, after 0x, hexadecimal.
-std::optional<int> NumberOf(std::string_view text, int most) {
-    const bool isHex = text.starts_with("0x");
-    if (!isHex && text.size() > 1 && text.starts_with('0'))
-        return std::nullopt;
-    text.remove_prefix(isHex ? 2 : 0);
-    unsigned int number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [last, error] = std::from_chars(text.data(), end, number, isHex ? 16 : 10);
-    const bool isNumber = error == std::errc{} && last == end && number <= static_cast<unsigned int>(most);
-    return isNumber ? std::optional(static_cast<int>(number)) : std::nullopt;
-}
-
-/// "TO" or "TO:FROM".
-std::optional<Messages::Ports> PortsIn(std::string_view text) {
-    const std::size_t colon = std::min(text.find(':'), text.size());
-    const std::optional<int> to = NumberOf(text.substr(0, colon), c_maxWord);
-    const std::optional<int> from =
-        colon == text.size() ? std::optional(0) : NumberOf(text.substr(colon + 1), c_maxWord);
-    if (!to || !from)
-        return std::nullopt;
-    return Messages::Ports{true, static_cast<std::uint16_t>(*to), static_cast<std::uint16_t>(*from)};
-}
-
 // What is wrong with a value by itself.
 
 std::string FaultOfType(const std::string& name) {
@@ -90,16 +66,6 @@ std::string FaultOfReports(const std::string& which) {
 std::string FaultOfAlphabet(const std::string& name) {
     const bool isKnown = name == "gsm" || name == "ucs2" || name == "8bit";
     return isKnown ? "" : fmt::format("{} is neither gsm, ucs2 nor 8bit", name);
-}
-
-std::string FaultOfBits(const std::string& bits) {
-    return bits == "8" || bits == "16" ? "" : fmt::format("{} is neither 8 nor 16", bits);
-}
-
-std::string FaultOfPorts(const std::string& text) {
-    return PortsIn(text)
-               ? ""
-               : fmt::format("{} is neither a port from 0 to 65535 nor two with a colon between", text);
 }
 
 std::string FaultOfData(const std::string& text) {
@@ -344,12 +310,7 @@ std::string FaultOfContent(const OutgoingOptions& options) {
 std::string FaultOfHeader(const OutgoingOptions& options) {
     if (options.concatReference.value_or(0) > c_maxOctet && options.concatBits != "16")
         return fmt::format("--concat-reference: {} takes --concat-bits 16", *options.concatReference);
-    if (!options.portBits.empty() && options.ports.empty())
-        return "--port-bits: --port is required";
-    const std::optional<Messages::Ports> ports = options.Ports();
-    if (ports && !ports->areWide && std::max(ports->destination, ports->originator) > c_maxOctet)
-        return fmt::format("--port: {} takes --port-bits 16", options.ports);
-    return {};
+    return FaultOfPortsWithBits(options.ports, options.portBits);
 }
 
 std::string FaultOfValidity(const OutgoingOptions& options) {
@@ -401,10 +362,7 @@ bool OutgoingOptions::MayBeEmpty() const {
 }
 
 std::optional<Messages::Ports> OutgoingOptions::Ports() const {
-    std::optional<Messages::Ports> found = PortsIn(ports);
-    if (found)
-        found->areWide = portBits != "8";
-    return found;
+    return PortsIn(ports, portBits);
 }
 
 void AddOutgoing(const Command& command, OutgoingOptions& options) {

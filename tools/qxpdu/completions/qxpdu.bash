@@ -45,7 +45,7 @@ _qxpdu() {
                     words="$words --status --for-command --more-messages --loop-prevention --failure-cause"
                     words="$words --command-type --message-number --as --greek --strict --at --lines $stream"
                     ;;
-                count | explain) words="--language --alphabet --replace --concat-bits --as --greek --lines $stream" ;;
+                count | explain) words="--language --alphabet --replace --concat-bits --port --port-bits --as --greek --lines $stream" ;;
                 decode) words="--file --smsc --no-smsc --direction --as --strict --ignore-time-zone --join --each --brief --columns --input-column --no-heading $stream" ;;
                 inspect) words="--cell --type --file --smsc --no-smsc --direction --as --strict --color $stream" ;;
                 "cell encode") words="--id --scope --code --update --serial --language --alphabet --class --umts --lines $stream" ;;

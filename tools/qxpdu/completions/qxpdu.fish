@@ -68,6 +68,8 @@ complete -c qxpdu -n $count -l language -x -a 'tr es pt bn gu hi kn ml or pa ta 
 complete -c qxpdu -n $count -l alphabet -x -a 'gsm ucs2' -d 'The only alphabet'
 complete -c qxpdu -n $count -l replace -d 'Count and print the text with near characters'
 complete -c qxpdu -n $count -l concat-bits -x -a '8 16' -d 'Bits of the reference of several parts'
+complete -c qxpdu -n $count -l port -x -d 'Port of the application that it is for'
+complete -c qxpdu -n $count -l port-bits -x -a '8 16' -d 'Bits of the ports'
 complete -c qxpdu -n $count -l as -x -a libQX_Encoding -d 'Count as the encoder of that library sends the text'
 
 complete -c qxpdu -n '__fish_seen_subcommand_from cell inspect' -l type -x -a 'gsm umts etws' -d 'What the octets are'

@@ -69,6 +69,17 @@ TEST(QxpduCount, ReferenceOf16BitsTakesRoom) {
     EXPECT_EQ(Qxpdu({"count", "--concat-bits", "12", "a"}).status, 2);
 }
 
+TEST(QxpduCount, PortsTakeRoom) {
+    EXPECT_EQ(CountOf({"--port", "2948", "a"})["room"], 151) << "7 octets of header";
+    EXPECT_EQ(CountOf({"--port", "2948:9200", "ж"})["room"], 65);
+    EXPECT_EQ(CountOf({"--port", "240", "--port-bits", "8", "a"})["room"], 153) << "5 octets";
+    EXPECT_EQ(CountOf({"--port", "2948"}, Repeated("a", 153))["room"], 2 * 146 - 153);
+    EXPECT_EQ(Qxpdu({"count", "--port", "65536", "a"}).status, 2);
+    EXPECT_EQ(Qxpdu({"count", "--port", "256", "--port-bits", "8", "a"}).err,
+              "qxpdu: --port: 256 takes --port-bits 16\nUsage: qxpdu count [OPTIONS] [TEXT]\n");
+    EXPECT_EQ(Qxpdu({"count", "--port-bits", "8", "a"}).status, 2);
+}
+
 TEST(QxpduCount, PlainTextTakesOneLine) {
     EXPECT_EQ(Qxpdu({"count", "hello"}),
               (Outcome{0, "goes out as GSM 7-bit, 5 septets, 1 part, room for 155 septets\n", ""}));
@@ -298,7 +309,8 @@ TEST(QxpduCount, LinesAreTextsOfTheirOwnInTheirOrder) {
 TEST(QxpduCount, OptionsOfEitherLibraryExcludeThoseOfTheOther) {
     EXPECT_EQ(Qxpdu({"count", "--greek", "α"}).err, "qxpdu: --greek requires --as\n"
                                                     "Usage: qxpdu count [OPTIONS] [TEXT]\n");
-    for (const char* const option : {"--language=tr", "--alphabet=gsm", "--concat-bits=8", "--replace"})
+    for (const char* const option :
+         {"--language=tr", "--alphabet=gsm", "--concat-bits=8", "--port=1", "--port-bits=8", "--replace"})
         EXPECT_EQ(Qxpdu({"count", "--as", "libQX_Encoding", option, "a"}).status, 2) << option;
     EXPECT_EQ(Qxpdu({"count", "--as", "libQX_Messages", "a"}).status, 2);
 }
