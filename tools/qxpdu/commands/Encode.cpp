@@ -148,12 +148,12 @@ void ShowAsLine(const Outgoing& outgoing, const OutgoingOptions& options, const 
 
 void Encode(const OutgoingOptions& options, std::optional<std::uint16_t> reference, const Input& input,
             Console& console) {
-    constexpr std::uint16_t narrow = 0xFF;
+    constexpr std::uint16_t c_narrow = 0xFF;
     const Outgoing outgoing =
         options.IsForHost()
             ? MakeOutgoingAsHost(options, input.text, static_cast<std::uint8_t>(reference.value_or(0)))
             : MakeOutgoing(options, input.text,
-                           reference && options.concatBits != "16" ? *reference & narrow : reference);
+                           reference && options.concatBits != "16" ? *reference & c_narrow : reference);
     if (console.WantsJsonLines())
         ShowAsLine(outgoing, options, input, console);
     else if (Heed(outgoing.cautions, input, options.strict, console))

@@ -46,10 +46,10 @@ Messages::Timestamp TimeOf(const OutgoingOptions& options) {
 
 /// TP-DCS of a message without user data; nothing where it has no class.
 std::optional<Messages::DataCoding> CodingOf(const OutgoingOptions& options) {
-    constexpr unsigned int hasClass = 0x10;
+    constexpr unsigned int c_hasClass = 0x10;
     if (!options.messageClass)
         return std::nullopt;
-    return Messages::DataCoding(static_cast<std::uint8_t>(hasClass | OctetOf(options.messageClass)));
+    return Messages::DataCoding(static_cast<std::uint8_t>(c_hasClass | OctetOf(options.messageClass)));
 }
 
 Tpdu SubmitOf(const OutgoingOptions& options) {
@@ -165,9 +165,9 @@ std::vector<std::uint8_t> Written(const Tpdu& tpdu, const OutgoingOptions& optio
 
 /// Octets of user data that the message has room for, which its type and its other fields decide.
 std::size_t RoomIn(Tpdu tpdu) {
-    constexpr std::size_t tooMany = 161;
+    constexpr std::size_t c_tooMany = 161;
     Messages::UserData userData;
-    userData.octets.resize(tooMany);
+    userData.octets.resize(c_tooMany);
     SetUserData(tpdu, {}, userData);
     const Messages::Written written = Messages::Write(tpdu);
     if (written.fault->code != Messages::WriteFaultCode::UserDataTooLong)
@@ -192,10 +192,10 @@ Messages::CutOptions CuttingOf(const OutgoingOptions& options, std::optional<std
 
 /// An octet for each character.
 std::vector<std::uint8_t> OctetsOf(const std::string& text) {
-    constexpr char32_t last = 0xFF;
+    constexpr char32_t c_last = 0xFF;
     std::vector<std::uint8_t> octets;
     for (const char32_t character : CharactersOf(text)) {
-        if (character > last)
+        if (character > c_last)
             throw InputError(fmt::format("character {}, {}, is no octet of 8-bit data", octets.size() + 1,
                                          CodePointName(character)));
         octets.push_back(static_cast<std::uint8_t>(character));

@@ -228,13 +228,12 @@ struct Adder {
         command
             .AddText(
                 Name(),
-                [target = &(options.*member), this_row = row](const std::string& text) {
-                    *target = NumberIn(this_row, text);
+                [target = &(options.*member), &row = row](const std::string& text) {
+                    *target = NumberIn(row, text);
                 },
                 row.description)
-            .Check([this_row = row](const std::string& text) {
-                return NumberIn(this_row, text) ? std::string()
-                                                : fmt::format("{} is {}", text, RangeOf(this_row));
+            .Check([&row = row](const std::string& text) {
+                return NumberIn(row, text) ? std::string() : fmt::format("{} is {}", text, RangeOf(row));
             })
             .Named(row.value);
     }

@@ -29,9 +29,9 @@ std::string WordsOf(const Messages::MisfitCharacter& misfit, const std::string& 
 
 /// A name without letters would be no number either, but for its characters.
 bool IsName(const std::string& party) {
-    constexpr std::string_view ofNumbers = "+*# -./()";
+    constexpr std::string_view c_ofNumbers = "+*# -./()";
     return !party.starts_with('+') && std::any_of(party.begin(), party.end(), [&](char character) {
-        return !IsDecimal(character) && ofNumbers.find(character) == std::string_view::npos;
+        return !IsDecimal(character) && c_ofNumbers.find(character) == std::string_view::npos;
     });
 }
 

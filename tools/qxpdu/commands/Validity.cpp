@@ -84,8 +84,8 @@ std::optional<Period> PeriodOfUnits(std::string_view text) {
 
 /// "99:59:59" at most.
 std::optional<Period> PeriodOfClock(std::string_view text) {
-    constexpr std::size_t length = 8;
-    if (text.size() != length || text[2] != ':' || text[5] != ':')
+    constexpr std::size_t c_length = 8;
+    if (text.size() != c_length || text[2] != ':' || text[5] != ':')
         return std::nullopt;
     std::uint32_t seconds = 0;
     for (const std::size_t place : {0U, 3U, 6U}) {
@@ -99,9 +99,9 @@ std::optional<Period> PeriodOfClock(std::string_view text) {
 }
 
 std::optional<Octet> OctetIn(std::string_view text) {
-    constexpr std::uint32_t most = 0xFF;
+    constexpr std::uint32_t c_most = 0xFF;
     const std::optional<std::uint32_t> number = TakeNumber(text);
-    return number && text.empty() && *number <= most
+    return number && text.empty() && *number <= c_most
                ? std::optional(Octet{static_cast<std::uint8_t>(*number)})
                : std::nullopt;
 }
@@ -177,8 +177,9 @@ struct EnhancedMaker {
 
 private:
     std::uint8_t Indicator(EnhancedValidity format) const {
-        constexpr unsigned int singleShot = 0x40;
-        return static_cast<std::uint8_t>(static_cast<unsigned int>(format) | (isSingleShot ? singleShot : 0));
+        constexpr unsigned int c_singleShot = 0x40;
+        return static_cast<std::uint8_t>(static_cast<unsigned int>(format) |
+                                         (isSingleShot ? c_singleShot : 0));
     }
 };
 
