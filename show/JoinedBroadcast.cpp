@@ -49,7 +49,7 @@ std::string WordsOfPages(const CellMessage& message) {
                        missing.empty() ? "" : "; missing ", fmt::join(missing, ", "));
 }
 
-/// The text with a word for each gap.
+/// The text with a word for each gap. Pages beyond the total stand at the end.
 std::string TextWithGaps(const CellMessage& message) {
     std::string text;
     std::vector<int> missing;
@@ -58,12 +58,14 @@ std::string TextWithGaps(const CellMessage& message) {
         text += Messages::JoinText(run, message.coding);
         run.clear();
     };
-    for (int number = 1; number <= message.total; ++number) {
+    const int last = std::max<int>(message.total, message.pages.back().number);
+    for (int number = 1; number <= last; ++number) {
         const auto page = std::find_if(message.pages.begin(), message.pages.end(),
                                        [number](const CellPage& each) { return each.number == number; });
         if (page == message.pages.end()) {
             end();
-            missing.push_back(number);
+            if (number <= message.total)
+                missing.push_back(number);
             continue;
         }
         if (!missing.empty())

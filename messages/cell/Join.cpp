@@ -142,8 +142,9 @@ bool CellPage::IsSameAs(const CellPage& other, const CellCoding& coding) const n
 }
 
 bool CellMessage::IsComplete() const noexcept {
-    return pages.size() == total &&
-           std::none_of(pages.begin(), pages.end(), [](const CellPage& page) { return page.isCut; });
+    return pages.size() == total && std::all_of(pages.begin(), pages.end(), [&](const CellPage& page) {
+               return page.number <= total && !page.isCut;
+           });
 }
 
 std::vector<std::uint8_t> CellMessage::Missing() const {

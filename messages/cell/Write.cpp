@@ -98,13 +98,21 @@ std::size_t EndOfPage(const Units& units, std::size_t first, std::size_t room) {
     std::size_t end = whole;
     while (end > first && looksLikePadding(end))
         --end;
-    return end == first ? whole : end;
+    if (end > first)
+        return end;
+    // Nothing but what looks so: a last septet 0 that fills the page begins the next one, as a CR cannot
+    // follow.
+    const bool fillsPage =
+        units.alphabet == Alphabet::Gsm7 && whole - first == room && units.At(whole - 1) == 0;
+    return fillsPage ? whole - 1 : whole;
 }
 
 /// Packs septets, padded to so many.
 std::vector<std::uint8_t> PackPadded(std::vector<std::uint8_t> septets, std::size_t count) {
+    constexpr std::size_t c_septetBits = 7;
+    constexpr std::size_t c_octetBits = 8;
     septets.resize(count, c_carriageReturn);
-    std::vector<std::uint8_t> packed(c_cellPageOctets);
+    std::vector<std::uint8_t> packed((count * c_septetBits + c_octetBits - 1) / c_octetBits);
     packed.resize(PackSeptets(septets, 0, packed.data()));
     return packed;
 }

@@ -147,6 +147,9 @@ TEST(CellJoiner, GivesUpAPageBeyondTheTotal) {
     ASSERT_EQ(taken.givenUp.size(), 1U);
     EXPECT_EQ(taken.givenUp[0].Text(), "a");
     EXPECT_FALSE(joiner.TakeOldest());
+    const CellTaken second = joiner.Take(Page('a', 2, 1));
+    ASSERT_EQ(second.givenUp.size(), 1U);
+    EXPECT_FALSE(second.givenUp[0].IsComplete()) << "page 1 is missing";
 }
 
 TEST(CellJoiner, TakesAMessageWhole) {

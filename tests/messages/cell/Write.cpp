@@ -187,6 +187,20 @@ TEST(WriteCell, LosesNoReturnBeforeAnAtSign) {
             EXPECT_EQ(ReadBack(WriteCell(Draft(text, {}, format))), text);
 }
 
+TEST(WriteCell, LosesNoAtSignAfterAPageOfReturns) {
+    for (const CellFormat format : {CellFormat::GsmPage, CellFormat::UmtsMessage}) {
+        // The at sign begins the second page, as no return can follow it on the first.
+        const CellWritten written = WriteCell(Draft(Repeated("\r", 92) + "@", {}, format));
+        EXPECT_EQ(written.pages, 2U);
+        EXPECT_EQ(ReadBack(written), "@");
+        EXPECT_EQ(ReadBack(WriteCell(Draft(Repeated("\r", 89) + "@x", "uk", format))), "@x");
+        EXPECT_EQ(ReadBack(WriteCell(Draft(Repeated("\r", 91) + "@", {}, format))), Repeated("\r", 91) + "@");
+    }
+    const CellWritten message = WriteCell(Draft(Repeated("\r", 92) + "@", {}, CellFormat::UmtsMessage));
+    ASSERT_EQ(message.octets[0].size(), 7U + 2 * 83U);
+    EXPECT_EQ(message.octets[0][7 + 82], 81) << "92 septets";
+}
+
 TEST(WriteCell, LosesNothingButReturnsAtTheEndOfTheText) {
     const std::vector<std::string> characters = {"@", "@", "\r", "x", "\xE2\x82\xAC"};
     std::mt19937 random(20261122); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same every time

@@ -1,5 +1,6 @@
 // qxpdu cell encode
 #include <charconv>
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -50,26 +51,31 @@ std::optional<std::uint16_t> WordIn(std::string_view text) {
     return number;
 }
 
-/// The identifiers of a name, as far as it takes to see that there are two.
-std::vector<std::uint16_t> IdentifiersNamed(const std::string& name) {
-    std::vector<std::uint16_t> found;
-    for (int identifier = 0; identifier <= c_maxWord && found.size() < 2; ++identifier) {
-        const auto number = static_cast<std::uint16_t>(identifier);
-        if (Messages::MeaningOfMessageIdentifier(number) == name)
-            found.push_back(number);
-    }
-    return found;
+/// The identifier of each name; none where several have it.
+using NamedIdentifiers = std::map<std::string, std::optional<std::uint16_t>>;
+
+const NamedIdentifiers& IdentifiersByName() {
+    static const NamedIdentifiers named = [] {
+        NamedIdentifiers identifiers;
+        for (int identifier = 0; identifier <= c_maxWord; ++identifier) {
+            const auto number = static_cast<std::uint16_t>(identifier);
+            const auto [row, isNew] =
+                identifiers.emplace(Messages::MeaningOfMessageIdentifier(number), number);
+            if (!isNew)
+                row->second.reset();
+        }
+        return identifiers;
+    }();
+    return named;
 }
 
 std::string FaultOfIdentifier(const std::string& identifier) {
     if (WordIn(identifier))
         return {};
-    const std::size_t count = IdentifiersNamed(identifier).size();
-    if (count == 1)
-        return {};
-    return fmt::format("{} is {}", identifier,
-                       count == 0 ? "neither a number from 0 to 65535 nor the name of an identifier"
-                                  : "the name of several identifiers");
+    const auto row = IdentifiersByName().find(identifier);
+    if (row == IdentifiersByName().end())
+        return identifier + " is neither a number from 0 to 65535 nor the name of an identifier";
+    return row->second ? "" : identifier + " is the name of several identifiers";
 }
 
 std::string FaultOfAlphabet(const std::string& alphabet) {
@@ -89,7 +95,7 @@ Messages::CellDraft DraftOf(const CellEncodeOptions& options, const std::string&
     draft.serialNumber.value = static_cast<std::uint16_t>(
         options.serial.value_or(options.scope << 14 | options.code << 4 | options.update));
     const std::optional<std::uint16_t> number = WordIn(options.identifier);
-    draft.messageIdentifier = number ? *number : IdentifiersNamed(options.identifier).front();
+    draft.messageIdentifier = number ? *number : *IdentifiersByName().at(options.identifier);
     draft.text = text;
     draft.language = options.language;
     draft.alphabet = AlphabetOf(options);
@@ -145,6 +151,17 @@ void Encode(const CellEncodeOptions& options, const Input& input, Console& conso
     ShowWritten(input, draft, written, console);
 }
 
+/// A serial number as a whole is taken to pieces.
+void TakeToPieces(CellEncodeOptions& options) {
+    if (!options.serial)
+        return;
+    const Messages::SerialNumber serial{static_cast<std::uint16_t>(*options.serial)};
+    options.scope = static_cast<int>(serial.Scope());
+    options.code = serial.MessageCode();
+    options.update = serial.UpdateNumber();
+    options.serial.reset();
+}
+
 /// What the object of one line sets; members that it lacks stay as the command line has them.
 void SetMember(const std::string& name, const show::Json& value, CellEncodeOptions& options,
                std::string& text) {
@@ -178,7 +195,7 @@ void EncodeInput(const CellEncodeOptions& options, const Input& input, Console& 
     if (!options.jsonLines || options.lines || input.source != Input::Source::Line)
         return Encode(options, input, console);
     CellEncodeOptions own = options;
-    own.serial.reset();
+    TakeToPieces(own);
     std::string text;
     bool hasPieces = false; // of the serial number
     ReadMembers(input.text, [&](const std::string& name, const show::Json& value) {
@@ -187,8 +204,6 @@ void EncodeInput(const CellEncodeOptions& options, const Input& input, Console& 
     });
     if (hasPieces && own.serial)
         Refuse("serial", "not with scope, code or update");
-    if (!hasPieces && !own.serial)
-        own.serial = options.serial;
     Encode(own, {input.source, input.number, std::move(text)}, console);
 }
 

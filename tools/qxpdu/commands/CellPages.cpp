@@ -43,9 +43,9 @@ bool IsSoundPage(Messages::OctetView octets) {
            });
 }
 
+/// With a service centre that the length counts, or without one.
 bool IsSoundMessage(Messages::OctetView octets, const Heading& heading) {
     Messages::ReadOptions options;
-    options.serviceCentre = Messages::Presence::No;
     options.direction = heading.direction;
     return Messages::Read(octets, options).IsSound();
 }
@@ -90,7 +90,7 @@ bool IsPageOfLog(const Input& input) {
     constexpr std::size_t c_pageOctets = 88;
     if (!input.heading || input.heading->kind == Heading::Kind::Page)
         return input.heading.has_value();
-    if (input.heading->kind != Heading::Kind::Tpdu || input.heading->length != c_pageOctets)
+    if (!input.heading->isStored || input.heading->length != c_pageOctets)
         return false;
     const std::vector<unsigned char> octets = ReadHex(input.text);
     return octets.size() == c_pageOctets && !IsSoundMessage(octets, *input.heading) && IsSoundPage(octets);

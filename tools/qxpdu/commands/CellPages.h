@@ -25,9 +25,9 @@ struct CellSettings {
     RowOptions rows = {};
 };
 
-/// Whether the log has the input as a page: after +CBM or, as modems list what they keep, after +CMGL, with
-/// all of its octets counted. That may be a message without a service centre just as well, which it is where
-/// the message is sound or the page is not.
+/// Whether the log has the input as a page: after +CBM or, as modems list what they keep, after +CMGL or
+/// +CMGR, with all of its octets counted. That may be a message just as well, which it is where the message
+/// is sound or the page is not.
 bool IsPageOfLog(const Input& input);
 
 /// Reads pages, messages and notifications. What had to be assumed is warned of; in JSON Lines the object

@@ -286,6 +286,7 @@ Mark ReadMark(std::string_view line, std::size_t at, const Name& name) {
     mark.heading.kind = name.kind;
     mark.heading.direction = name.direction;
     mark.heading.isTyped = isCommand;
+    mark.heading.isStored = name.form == Form::Listed || name.form == Form::Read;
     mark.heading.isUnasked = name.form == Form::Delivered;
     mark.heading.isSent = name.isSent;
     const Values values = ReadValues(line, line.find(name.separator, at) + 1);

@@ -25,6 +25,7 @@ struct Heading {
     Kind kind = Kind::Tpdu;
     std::optional<unsigned int> length; ///< of the TPDU, or of the page, in octets, where it is told
     Messages::Direction direction = Messages::Direction::Unknown;
+    bool isStored = false;      ///< of what the modem has kept: a message, or a page
     bool isTyped = false;       ///< a command: its PDU is typed after a prompt
     bool isUnasked = false;     ///< of a message that the modem gives while it may answer something else
     bool isSent = false;        ///< a command that sends, so that the network gives the message a reference

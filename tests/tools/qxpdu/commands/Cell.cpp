@@ -331,6 +331,24 @@ TEST(QxpduCell, MessageOfTheLengthOfAPageIsAMessageWhereItIsSound) {
     EXPECT_TRUE(HasLine(Qxpdu({"decode"}, log).out, "TP-MTI 0: SMS-DELIVER"));
 }
 
+TEST(QxpduCell, MessageOfTheLengthOfAPageMayHaveAServiceCentreThatIsCounted) {
+    // A service centre of 8 octets, and an SMS-DELIVER: 8-bit data, 61 octets after 19.
+    std::string sound = "0791214365870921"
+                        "040B914411122233F40004"
+                        "62111280510300"
+                        "3D";
+    sound.resize(2 * std::size_t{88}, '1');
+    const std::string log = "+CMGL: 1,1,,88\n" + sound + "\nOK\n";
+    EXPECT_EQ(Qxpdu({"cell"}, log), (Outcome{0, "", ""}));
+    EXPECT_TRUE(HasLine(Qxpdu({"decode"}, log).out, "TP-MTI 0: SMS-DELIVER"));
+}
+
+TEST(QxpduCell, PagesAreKeptUnderTheirOwnHeadings) {
+    for (const char* heading : {"+CMT: ,88", "+CDS: 88", "AT+CMGS=88", "AT+CMGW=88"})
+        EXPECT_EQ(Qxpdu({"cell"}, std::string(heading) + '\n' + StoredPage() + "\nOK\n").out, "") << heading;
+    EXPECT_NE(Qxpdu({"cell"}, "+CMGR: 1,,88\n" + StoredPage() + "\nOK\n").out, "");
+}
+
 TEST(QxpduCell, OctetsThatAreNeitherAPageNorAMessageAreNoPage) {
     // Page 0 of 1, page 2 of 1, and a reserved data coding.
     for (const char* head : {"432111120101", "432111120121", "432111128011"}) {

@@ -144,8 +144,8 @@ TEST(QxpduCellEncode, SerialNumberOfAnObjectIsWholeOrInPieces) {
     };
     EXPECT_EQ(serialOf(""), "0002") << "of the command line";
     EXPECT_EQ(serialOf(R"(, "serial": 3)"), "0003");
-    EXPECT_EQ(serialOf(R"(, "scope": 1)"), "4000");
-    EXPECT_EQ(serialOf(R"(, "code": 1)"), "0010");
+    EXPECT_EQ(serialOf(R"(, "scope": 1)"), "4002");
+    EXPECT_EQ(serialOf(R"(, "code": 1)"), "0012");
     EXPECT_EQ(serialOf(R"(, "update": 1)"), "0001");
     for (const char* members :
          {R"(, "serial": 3, "scope": 1)", R"(, "code": 1, "serial": 3)", R"(, "update": 1, "serial": 3)"})

@@ -140,6 +140,15 @@ TEST(QxpduCellPages, BeyondTheirNumberAreShownByThemselves) {
     EXPECT_EQ(run.out, "from 4370 [3/2] Hello\nfrom 4370 helloHello\n");
 }
 
+TEST(QxpduCellPages, BeyondTheirNumberLoseNoText) {
+    const Outcome third = Qxpdu({"cell", "--join", "432111120132C8329BFD06"});
+    EXPECT_TRUE(HasLine(third.out, "text [pages 1, 2 missing]Hello")) << third.out;
+    const Outcome second = Qxpdu({"cell", "--join", "--strict", "432111120121C8329BFD06"});
+    EXPECT_EQ(second.status, 1);
+    EXPECT_EQ(second.err, "qxpdu: argument 1: page 1 of 1 is missing\n");
+    EXPECT_TRUE(HasLine(second.out, "text [page 1 missing]Hello")) << second.out;
+}
+
 TEST(QxpduCellPages, WhatTheyHealIsNoRemark) {
     // UCS2, a high surrogate at the end of the first page and its other half in the second.
     const std::string pages = "432111124812D83D\n432111124822DE00\n";
