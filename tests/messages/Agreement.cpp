@@ -201,14 +201,10 @@ bool LooksPadded(std::string_view text) {
     return run != 0;
 }
 
-void CheckWriting(const CellReading& reading, OctetView octets) {
-    if (LooksPadded(reading.text))
-        return;
+void CheckWriting(CellDraft draft, OctetView octets) {
+    const bool looksPadded = LooksPadded(draft.text);
     for (const CellFormat format : {CellFormat::GsmPage, CellFormat::UmtsMessage}) {
-        CellDraft draft;
         draft.format = format;
-        draft.serialNumber = reading.serialNumber;
-        draft.text = reading.text;
         const CellWritten written = WriteCell(draft);
         Require(written.fault == CellDraftFault::None || written.fault == CellDraftFault::TooLong,
                 "a text can be written", octets);
@@ -219,9 +215,16 @@ void CheckWriting(const CellReading& reading, OctetView octets) {
             Require(!page.fault && page.remarks.empty(), "what is written is read without a remark", sent);
             message = joiner.Take(page).complete;
         }
-        Require(written.octets.empty() || (message && message->Text() == reading.text),
+        Require(written.octets.empty() || (message && (looksPadded || message->Text() == draft.text)),
                 "what is written is read as it was", octets);
     }
+}
+
+void CheckWriting(const CellReading& reading, OctetView octets) {
+    CellDraft draft;
+    draft.serialNumber = reading.serialNumber;
+    draft.text = reading.text;
+    CheckWriting(draft, octets);
 }
 
 void CheckCell(OctetView octets, CellFormat format) {
@@ -261,6 +264,17 @@ void CheckAgreement(OctetView pdu, unsigned int way) {
 void CheckCellAgreement(OctetView octets, CellFormat format) {
     const Copy copy(octets);
     CheckCell(copy.View(), format);
+}
+
+void CheckCellText(OctetView runs) {
+    constexpr std::string_view c_characters[] = {"@", "\r", "x", "\xE2\x82\xAC"};
+    CellDraft draft;
+    for (const std::uint8_t run : runs)
+        for (unsigned int count = 0; count <= run >> 2U; ++count)
+            draft.text += c_characters[run & 3U];
+    CheckWriting(draft, runs);
+    draft.language = "uk";
+    CheckWriting(draft, runs);
 }
 
 void CheckAgreement(OctetView pdu) {

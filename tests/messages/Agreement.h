@@ -24,6 +24,10 @@ void CheckAgreement(Messages::OctetView pdu);
 /// written in either geometry and be read again. Ends the program likewise.
 void CheckCellAgreement(Messages::OctetView octets, Messages::CellFormat format);
 
+/// The same of a text of few characters, of which some look like padding, in runs: an octet for each says
+/// which, and how often less one.
+void CheckCellText(Messages::OctetView runs);
+
 } // namespace tests
 
 #endif

@@ -46,4 +46,17 @@ TEST(CellProperties, HoldForDamagedPages) {
     }
 }
 
+TEST(CellProperties, HoldForTextsThatLookLikePadding) {
+    std::mt19937 random(20261122); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same every time
+    for (int round = 0; round < 5000; ++round) {
+        std::vector<std::uint8_t> runs(random() % 8);
+        for (std::uint8_t& run : runs)
+            run = static_cast<std::uint8_t>(random());
+        tests::CheckCellText(runs);
+    }
+    // A page of 92 returns, and one of 89 after a language, before an at sign.
+    tests::CheckCellText(std::vector<std::uint8_t>{0xFD, 27 << 2 | 1, 0});
+    tests::CheckCellText(std::vector<std::uint8_t>{0xFD, 24 << 2 | 1, 0, 2});
+}
+
 } // namespace
