@@ -59,6 +59,7 @@ struct Word {
 
 std::vector<Word> WordsOf(std::string_view text) {
     constexpr std::string_view c_hexMark = "0X";
+    constexpr std::string_view c_answer = "OK"; // in the line of the PDU, where no line ends are printed
     std::vector<Word> words;
     for (std::size_t at = 0; at < text.size();) {
         if (!IsAlphanumeric(text[at])) {
@@ -69,6 +70,8 @@ std::vector<Word> WordsOf(std::string_view text) {
         std::string_view word = text.substr(at, end - at);
         if (BeginsWith(word, c_hexMark) && word.size() > c_hexMark.size())
             word.remove_prefix(c_hexMark.size());
+        if (word.ends_with(c_answer) && word.size() > c_longWord)
+            word.remove_suffix(c_answer.size());
         words.push_back({word, at, end, AreHexDigits(word)});
         at = end;
     }

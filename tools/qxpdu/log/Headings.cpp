@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "characters/Letters.h"
+#include "log/AwaitedPdu.h"
 
 namespace qxpdu {
 
@@ -119,6 +120,22 @@ std::size_t EndOfQuoted(std::string_view line, std::size_t at) {
     return std::string_view::npos;
 }
 
+/// Digits of the length that a PDU follows at once, where no line ends are printed; 0 where none does.
+std::size_t LengthBeforePdu(std::string_view text) {
+    constexpr std::size_t c_most = 3;
+    for (std::size_t size = 1; size <= c_most && size < text.size() && IsDecimal(text[size - 1]); ++size) {
+        Heading heading;
+        heading.length = Value{text.substr(0, size)}.Number();
+        const std::string_view rest = text.substr(size);
+        const auto* const end = std::find_if_not(rest.begin(), rest.end(), IsHexDigit);
+        const std::string_view digits = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
+        const AwaitedPdu pdu(heading);
+        if (pdu.IsComplete(digits) && pdu.IsSound(digits))
+            return size;
+    }
+    return 0;
+}
+
 /// The value at a place, and where it ends; nothing where something else stands there.
 std::optional<std::pair<Value, std::size_t>> ReadValue(std::string_view line, std::size_t at) {
     if (at < line.size() && line[at] == '"') {
@@ -130,8 +147,14 @@ std::optional<std::pair<Value, std::size_t>> ReadValue(std::string_view line, st
     std::size_t end = at;
     while (end < line.size() && IsAlphanumeric(line[end]))
         ++end;
-    const std::string_view text = line.substr(at, end - at);
-    if (text.size() > c_mostDigits || !std::all_of(text.begin(), text.end(), IsDecimal))
+    std::string_view text = line.substr(at, end - at);
+    if (text.size() > c_mostDigits) {
+        text = text.substr(0, LengthBeforePdu(text));
+        end = at + text.size();
+        if (text.empty())
+            return std::nullopt;
+    }
+    if (!std::all_of(text.begin(), text.end(), IsDecimal))
         return std::nullopt;
     return std::pair(Value{text, false}, end);
 }

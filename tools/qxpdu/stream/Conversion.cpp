@@ -68,14 +68,17 @@ void CheckInput(const Input& input) {
 }
 
 Outcome Convert(const Input& input, const ConversionSettings& settings, const Converter& converter) {
+    constexpr const char* c_hint = "did you mean --file?";
     Outcome outcome{Console(settings.format), {}};
+    const auto isFileMeant = [&] { return settings.takesFiles && IsFile(input); };
     try {
         CheckInput(input);
         outcome.afterwards = converter.convert(input, outcome.console);
+        if (outcome.console.Errors() != 0 && isFileMeant()) // its name may be hexadecimal
+            outcome.console.Warning(NameOf(input), c_hint);
     } catch (const InputError& error) {
-        const bool isFileMeant = settings.takesFiles && IsFile(input);
         Fail(outcome.console, input,
-             isFileMeant ? fmt::format("{}; did you mean --file?", error.what()) : error.what());
+             isFileMeant() ? fmt::format("{}; {}", error.what(), c_hint) : error.what());
     }
     return outcome;
 }

@@ -56,6 +56,8 @@ TEST(QxpduFiles, ThoseThatCannotBeReadAreNamedAndTheOthersRead) {
 TEST(QxpduFiles, FileGivenAsAPduIsAskedAbout) {
     EXPECT_EQ(InFolder("$QXPDU decode a.log").err,
               "qxpdu: argument 1: character 2, '.', is no hexadecimal digit; did you mean --file?\n");
+    const std::string named = InFolder("cp a.log feed; $QXPDU decode feed; $QXPDU cell feed").err;
+    EXPECT_TRUE(named.ends_with("qxpdu: argument 1: warning: did you mean --file?\n")) << named;
     EXPECT_EQ(InFolder("$QXPDU ucs2 decode a.log").err,
               "qxpdu: argument 1: character 2, '.', is no hexadecimal digit\n");
     EXPECT_EQ(InFolder("$QXPDU decode c.log").err,
