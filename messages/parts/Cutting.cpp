@@ -165,6 +165,19 @@ std::string ReplaceShorter(std::string_view text, std::vector<Replacement>& repl
     return shorter.append(text.substr(at));
 }
 
+/// A misfit of the text with near characters as one of the text as it was given.
+MisfitCharacter AsGiven(MisfitCharacter misfit, std::string_view text,
+                        const std::vector<Replacement>& replacements) {
+    for (const Replacement& one : replacements) {
+        if (misfit.offset < one.offset)
+            break;
+        if (misfit.offset < one.offset + one.replacement.size()) // what is near does not fit either
+            return {one.offset, Characters(text.substr(one.offset)).Next()};
+        misfit.offset = misfit.offset - one.replacement.size() + one.length;
+    }
+    return misfit;
+}
+
 /// Chooses, and puts near characters in where that is cheaper or makes the text fit at all.
 std::optional<MisfitCharacter> ChooseWithNear(std::string_view text, const ChoiceOptions& options,
                                               CutText& cut) {
@@ -172,8 +185,10 @@ std::optional<MisfitCharacter> ChooseWithNear(std::string_view text, const Choic
     std::vector<Replacement> replacements;
     std::string near = ReplaceNear(text, LanguagesOf(options), replacements);
     Choice choice;
-    if (replacements.empty() || Choose(near, options, choice))
+    if (replacements.empty())
         return misfit;
+    if (const auto nearMisfit = Choose(near, options, choice))
+        return misfit ? std::optional(AsGiven(*nearMisfit, text, replacements)) : std::nullopt;
     if (choice.alphabet == Alphabet::Ucs2) {
         near = ReplaceShorter(text, replacements);
         Choose(near, options, choice);

@@ -137,7 +137,11 @@ TEST(CutText, NearCharactersWhereTheyAreCheaper) {
     EXPECT_EQ(shorter.replacements[2].replacement, "é");
     options.choice.alphabet = Alphabet::Gsm7;
     EXPECT_EQ(CutIntoParts("“a”", options).text, "\"a\"");
-    EXPECT_EQ(FaultOf(CutIntoParts("“😀”", options)), "1 0 8220");
+    EXPECT_EQ(FaultOf(CutIntoParts("“😀”", options)), "1 3 128512") << "the first that nothing is near";
+    EXPECT_EQ(FaultOf(CutIntoParts("a“b”😀😀…", options)), "1 8 128512");
+    EXPECT_EQ(FaultOf(CutIntoParts("e\u0301¼\u200Bж", options)), "1 8 1078")
+        << "those before it are longer or shorter";
+    EXPECT_EQ(FaultOf(CutIntoParts("“ж”\xFF", options)), "0 8 0");
 }
 
 TEST(CutData, OfEveryRoom) {
@@ -170,6 +174,8 @@ TEST(CutText, NearCharactersInTablesThatAreForced) {
     EXPECT_EQ(CutIntoParts("a", options).text, "a");
     options.choice.tables = {Language::Turkish, Language::Default};
     EXPECT_EQ(CutIntoParts("“ş”", options).text, "\"ş\"");
+    options.choice.tables = {Language::Hindi, Language::Default};
+    EXPECT_EQ(FaultOf(CutIntoParts("…№", options)), "1 3 8470") << "there is no N in the tables";
 }
 
 TEST(CutData, WithoutRoomIsAFault) {

@@ -42,6 +42,11 @@ constexpr const char* c_footer =
 /// Sets the description apart from the usage line, and wraps all.
 class HelpFormatter : public CLI::Formatter {
 public:
+    HelpFormatter() {
+        constexpr std::size_t c_leftColumn = 31; // the longest name and two blanks
+        column_width(c_leftColumn);
+    }
+
     std::string make_description(const CLI::App* command) const override {
         return Formatter::make_description(command) + '\n';
     }
@@ -50,7 +55,7 @@ public:
         return Wrapped(Formatter::make_help(command, std::move(name), mode));
     }
 
-    /// "--status-report[=all]" of a flag that may have a value.
+    /// "--status-report[=first|all]" of a flag that may have a value.
     std::string make_option_name(const CLI::Option* option, bool isPositional) const override {
         const std::string name = Formatter::make_option_name(option, isPositional);
         return MayHaveValue(option) ? name.substr(0, name.find('{')) + "[=" + option->get_type_name() + ']'

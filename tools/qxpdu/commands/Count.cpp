@@ -360,13 +360,13 @@ void TellCost(const Cost& cost, Counted& counted) {
     counted.Add("breaks", Shown(cost.breaks));
 }
 
-void TellCharacters(const Sorting& sorting, Counted& counted) {
+void TellCharacters(const Sorting& sorting, bool mayBeUcs2, Counted& counted) {
     const auto tell = [&counted](const char* member, const char* name, const Characters& characters) {
         if (!characters.empty())
             counted.object[member] = ToJson(characters, nullptr);
         counted.Add(name, Shown(characters, false));
     };
-    tell("forces_ucs2", "forces UCS2", sorting.foreign);
+    tell("forces_ucs2", mayBeUcs2 ? "forces UCS2" : "in no table allowed", sorting.foreign);
     tell("needs_table", "needs a table", sorting.tabled);
     tell("two_septets", "two septets", sorting.escaped);
 }
@@ -436,7 +436,8 @@ void Count(const CountOptions& options, const Input& input, Console& console) {
     TellCost(cost, counted);
     const bool mayBeGsm = !isPlain && how.choice.alphabet != Messages::Alphabet::Ucs2;
     if (mayBeGsm)
-        TellCharacters(Sort(sent.text, sent.choice, how.choice.languages), counted);
+        TellCharacters(Sort(sent.text, sent.choice, how.choice.languages),
+                       how.choice.alphabet != Messages::Alphabet::Gsm7, counted);
     TellNear(input.text, near, options.replacesNear, counted);
     if (mayBeGsm)
         TellLanguages(input.text, how, !options.languages.empty(), cost, counted);
@@ -463,9 +464,7 @@ std::string FaultOfEncoder(const std::string& name) {
 
 void AddOptions(const Command& command, CountOptions& options) {
     const Option standards[] = {
-        command
-            .AddText("--language", options.languages,
-                     "Languages whose tables may be used where that is cheaper: tr,pt, ... or all")
+        command.AddText("--language", options.languages, c_languagesMeaning)
             .Check(FaultOfLanguages)
             .Named("CODES"),
         command.AddText("--alphabet", options.alphabet, "gsm or ucs2; without it, the cheaper one")
@@ -514,7 +513,7 @@ void AddCount(const Command& parent) {
         "With --as libQX_Encoding as that library's encoder sends the text, which may cut a character in\n"
         "two, and with near characters and with --greek whether that is cheaper or not.\n"
         "\n"
-        "Example:\n"
+        "Examples:\n"
         "  qxpdu count 'It’s 5 €'\n"
         "  qxpdu count --language tr,es 'Yarın şubemizden alınız'");
     command.SetAction([options](const Streams& streams) {

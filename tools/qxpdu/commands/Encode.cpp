@@ -119,6 +119,12 @@ std::string CommandFor(const std::vector<std::uint8_t>& pdu, const OutgoingOptio
     return fmt::format("AT+CMGS={}", TpduLength(pdu));
 }
 
+/// +CNMA takes the TPDU without the octet for a service centre, 3GPP TS 27.005.
+Messages::OctetView OctetsToShow(const std::vector<std::uint8_t>& pdu, const OutgoingOptions& options) {
+    const bool isForAcknowledgement = options.at && options.Type() == TpduType::DeliverReport;
+    return Messages::OctetView(pdu).Sub(isForAcknowledgement ? pdu.size() - TpduLength(pdu) : 0);
+}
+
 void Show(const Outgoing& outgoing, const OutgoingOptions& options, const Input& input, Console& console) {
     for (std::size_t i = 0; i < outgoing.pdus.size(); ++i) {
         if (console.WantsJson()) {
@@ -127,7 +133,7 @@ void Show(const Outgoing& outgoing, const OutgoingOptions& options, const Input&
         }
         if (options.at)
             console.Line(CommandFor(outgoing.pdus[i], options));
-        console.Line(Messages::ToHex(outgoing.pdus[i]));
+        console.Line(Messages::ToHex(OctetsToShow(outgoing.pdus[i], options)));
     }
 }
 
@@ -146,8 +152,8 @@ void ShowAsLine(const Outgoing& outgoing, const OutgoingOptions& options, const 
     console.Object(object);
 }
 
-void Encode(const OutgoingOptions& options, std::optional<std::uint16_t> reference, const Input& input,
-            Console& console) {
+void EncodeText(const OutgoingOptions& options, std::optional<std::uint16_t> reference, const Input& input,
+                Console& console) {
     constexpr std::uint16_t c_narrow = 0xFF;
     const Outgoing outgoing =
         options.IsForHost()
@@ -158,6 +164,17 @@ void Encode(const OutgoingOptions& options, std::optional<std::uint16_t> referen
         ShowAsLine(outgoing, options, input, console);
     else if (Heed(outgoing.cautions, input, options.strict, console))
         Show(outgoing, options, input, console);
+}
+
+void Encode(const OutgoingOptions& options, std::optional<std::uint16_t> reference, const Input& input,
+            Console& console) {
+    try {
+        EncodeText(options, reference, input, console);
+    } catch (const InputError& error) {
+        if (!options.IsDataGiven() || input.source != Input::Source::Stream)
+            throw;
+        console.Error("--data", error.what()); // nothing was read
+    }
 }
 
 /// The messages of a run have references one after the other, so that no two of them mix in a handset.

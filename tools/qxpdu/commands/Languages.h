@@ -9,6 +9,11 @@
 
 namespace qxpdu {
 
+/// Of the option that names them, for help.
+inline constexpr const char* c_languagesMeaning =
+    "Languages whose tables may be used where that is cheaper, with commas between: tr, es, pt, bn, gu, hi, "
+    "kn, ml, or, pa, ta, te, ur; or all";
+
 /// What is wrong with "tr,pt" or "all"; nothing where each is a language that has tables.
 std::string FaultOfLanguages(const std::string& names);
 

@@ -130,13 +130,23 @@ Tpdu TpduOf(const OutgoingOptions& options) {
 
 // What differs between the parts.
 
+template <typename Message>
+void SetCoding(Message& message, const Messages::DataCoding& coding) {
+    if constexpr (requires { message.coding; })
+        message.coding = coding;
+}
+
+/// TP-DCS takes an octet from the user data, and may be left out where it is 0.
+void SetCoding(Messages::StatusReport& report, const Messages::DataCoding& coding) {
+    report.coding = coding.value == 0 ? std::nullopt : std::optional(coding);
+}
+
 void SetUserData(Tpdu& tpdu, const Messages::DataCoding& coding, const Messages::UserData& userData) {
     std::visit(
         [&](auto& one) {
+            SetCoding(one, coding);
             if constexpr (requires { one.data; })
                 one.data = userData;
-            if constexpr (requires { one.coding; })
-                one.coding = coding;
             if constexpr (requires { one.userData; })
                 one.userData = userData;
         },
@@ -154,6 +164,12 @@ void AskForReport(Tpdu& tpdu, bool isAskedFor) {
         tpdu);
 }
 
+/// Each SMS-SUBMIT has the next, 3GPP TS 23.040 clause 9.2.3.6.
+void CountReferenceUp(Tpdu& tpdu) {
+    if (auto* const submit = std::get_if<Messages::Submit>(&tpdu))
+        ++submit->reference;
+}
+
 std::vector<std::uint8_t> Written(const Tpdu& tpdu, const OutgoingOptions& options) {
     Messages::Written written = Messages::Write(tpdu, ServiceCentreOf(options));
     if (written.fault)
@@ -164,11 +180,11 @@ std::vector<std::uint8_t> Written(const Tpdu& tpdu, const OutgoingOptions& optio
 // The user data.
 
 /// Octets of user data that the message has room for, which its type and its other fields decide.
-std::size_t RoomIn(Tpdu tpdu) {
+std::size_t RoomIn(Tpdu tpdu, const Messages::DataCoding& coding) {
     constexpr std::size_t c_tooMany = 161;
     Messages::UserData userData;
     userData.octets.resize(c_tooMany);
-    SetUserData(tpdu, {}, userData);
+    SetUserData(tpdu, coding, userData);
     const Messages::Written written = Messages::Write(tpdu);
     if (written.fault->code != Messages::WriteFaultCode::UserDataTooLong)
         throw InputError(Messages::MeaningOf(*written.fault));
@@ -222,13 +238,18 @@ std::vector<std::uint8_t> DataOf(const OutgoingOptions& options, const std::stri
                                  CodePointName(cut.fault->character)));
 }
 
-Messages::CutText Cut(const OutgoingOptions& options, const std::string& text,
-                      const Messages::CutOptions& cutting) {
+Messages::CutText Cut(const OutgoingOptions& options, const std::string& text, const Tpdu& tpdu,
+                      Messages::CutOptions cutting) {
     const bool isData =
         !options.data.empty() || options.alphabet == "8bit" || options.Type() == TpduType::Command;
-    Messages::CutText cut = isData
-                                ? Messages::CutIntoParts(Messages::OctetView(DataOf(options, text)), cutting)
-                                : Messages::CutIntoParts(text, cutting);
+    const auto cutInto = [&](std::size_t room) {
+        cutting.choice.room.octets = room;
+        return isData ? Messages::CutIntoParts(Messages::OctetView(DataOf(options, text)), cutting)
+                      : Messages::CutIntoParts(text, cutting);
+    };
+    Messages::CutText cut = cutInto(RoomIn(tpdu, {}));
+    if (options.Type() == TpduType::StatusReport && cut.coding.value != 0)
+        cut = cutInto(RoomIn(tpdu, cut.coding));
     if (cut.fault)
         Refuse(cut, text);
     if (cut.parts.size() > 1 && options.MayBeEmpty())
@@ -241,14 +262,14 @@ Messages::CutText Cut(const OutgoingOptions& options, const std::string& text,
 
 // What the user is to know.
 
-/// "’ by '" as code points.
+/// "U+2026 by '...'".
 std::string WordsOf(const std::string& text, const Messages::Replacement& replacement) {
     std::string words;
     for (const char32_t character : CharactersOf(text.substr(replacement.offset, replacement.length)))
         words += (words.empty() ? "" : " ") + CodePointName(character);
     if (replacement.replacement.empty())
         return words + " left out";
-    return fmt::format("{} by {}", words, show::Printable(replacement.replacement));
+    return fmt::format("{} by '{}'", words, show::Printable(replacement.replacement));
 }
 
 Caution CautionOf(const std::string& text, const std::vector<Messages::Replacement>& replacements) {
@@ -309,11 +330,9 @@ Outgoing MakeOutgoing(const OutgoingOptions& options, const std::string& text,
     Tpdu tpdu = TpduOf(options);
     const bool hasUserData =
         !options.MayBeEmpty() || !text.empty() || options.IsDataGiven() || !options.ports.empty();
-    Messages::CutOptions cutting = CuttingOf(options, reference);
-    cutting.choice.room.octets = RoomIn(tpdu);
     Messages::CutText cut;
     if (hasUserData)
-        cut = Cut(options, text, cutting);
+        cut = Cut(options, text, tpdu, CuttingOf(options, reference));
     Outgoing outgoing{{}, CautionsOf(options, text, cut)};
     AskForReport(tpdu, !options.statusReport.empty());
     if (!hasUserData)
@@ -322,6 +341,8 @@ Outgoing MakeOutgoing(const OutgoingOptions& options, const std::string& text,
         SetUserData(tpdu, cut.coding, part);
         outgoing.pdus.push_back(Written(tpdu, options));
         AskForReport(tpdu, options.statusReport == "all");
+        if (options.reference)
+            CountReferenceUp(tpdu);
     }
     return outgoing;
 }

@@ -129,8 +129,7 @@ const Row c_rows[] = {
     {"alphabet", &Options::alphabet, c_texts, "NAME",
      "gsm, ucs2, or 8bit, an octet for each character up to U+00FF; without it, the cheapest of gsm and ucs2",
      FaultOfAlphabet},
-    {"language", &Options::languages, c_texts, "CODES",
-     "Languages whose tables may be used where that is cheaper: tr,pt, ... or all", FaultOfLanguages},
+    {"language", &Options::languages, c_texts, "CODES", c_languagesMeaning, FaultOfLanguages},
     {"replace", &Options::replacesNear, c_texts, "", "Send near characters where that is cheaper"},
     {"data", &Options::data, c_everything, "HEX", "8-bit data in place of a text; - where the input is it",
      FaultOfData},
@@ -148,18 +147,19 @@ const Row c_rows[] = {
     {"pid", &Options::protocol, c_everything, "N", "TP-PID; 0 without it", nullptr, false, 0, c_maxOctet,
      true},
     {"validity", &Options::validity, c_submit | c_forHost, "PERIOD",
-     "TP-VP: 90m, 3h, 2d, 1w, max, the octet, or until 2026-12-24T18:00:00+01:00", FaultOfPeriod, true},
+     "TP-VP: 90m, 3h, 2d, 1w, max, a bare number for the octet, or until 2026-12-24T18:00:00+01:00",
+     FaultOfPeriod, true},
     {"validity-format", &Options::validityFormat, c_submit, "FORMAT",
      "TP-VPF: relative, enhanced, to the second, or absolute; without it, as the validity needs it",
      FaultOfValidityFormat},
     {"single-shot", &Options::isSingleShot, c_submit, "", "Enhanced format: one attempt at delivery"},
-    {"status-report", &Options::statusReport, c_submit | c_deliver | c_command | c_forHost, "all",
+    {"status-report", &Options::statusReport, c_submit | c_deliver | c_command | c_forHost, "first|all",
      "TP-SRR, or TP-SRI: ask for a status report on the first part, or with =all on each", FaultOfReports},
     {"reject-duplicates", &Options::rejectDuplicates, c_submit | c_forHost, "",
      "TP-RD: have duplicates rejected"},
     {"reply-path", &Options::replyPath, c_submit | c_deliver | c_forHost, "", "TP-RP: set the reply path"},
     {"reference", &Options::reference, c_submit | c_statusReport | c_command | c_forHost, "N",
-     "TP-MR, 0 to 255; 0 without it"},
+     "TP-MR of the first part of each text, 0 to 255; 0 in all parts without it, as modems give their own"},
     {"time", &Options::time, c_deliver | c_statusReport | For(TpduType::SubmitReport), "TIME",
      "TP-SCTS, as 2026-12-24T18:00:00+01:00; now without it", FaultOfTime},
     {"discharge-time", &Options::dischargeTime, c_statusReport, "TIME", "TP-DT; TP-SCTS without it",
@@ -235,7 +235,7 @@ struct Adder {
             .Check([&row = row](const std::string& text) {
                 return NumberIn(row, text) ? std::string() : fmt::format("{} is {}", text, RangeOf(row));
             })
-            .Named(row.value);
+            .Named(fmt::format("{0}|0x{0}", row.value));
     }
     void operator()(Flag member) const { command.AddFlag(Name(), options.*member, row.description); }
 
@@ -330,6 +330,8 @@ std::string FaultOfHost(const OutgoingOptions& options) {
         return {};
     if (options.Type() != TpduType::Submit)
         return fmt::format("--type: {} makes no {}", c_host, Messages::NameOf(options.Type()));
+    if (options.concatReference.value_or(0) > c_maxOctet)
+        return fmt::format("--concat-reference: {} has references from 0 to {}", c_host, c_maxOctet);
     for (const auto& [name, number] : {std::pair("--to", options.to), std::pair("--smsc", options.smsc)}) {
         const std::size_t place = number.find_first_of("*#abc");
         if (place != std::string::npos)
@@ -345,6 +347,8 @@ std::string FaultOfCommand(const OutgoingOptions& options) {
     const TpduType type = options.Type();
     const bool isSentByMobile =
         type == TpduType::Submit || type == TpduType::Command || type == TpduType::DeliverReport;
+    if (options.at && type == TpduType::DeliverReport && !options.smsc.empty())
+        return "--smsc: AT+CNMA takes no service centre";
     return options.at && !isSentByMobile
                ? fmt::format("--at: no command of a modem sends an {}", Messages::NameOf(type))
                : "";

@@ -5,7 +5,8 @@ namespace qxpdu {
 namespace {
 
 /// Put before an argument that CLI11 is to leave as it is. It would take "[a,b]" for a list wherever
-/// several values are allowed, and forget that "--" came before as soon as one input was there.
+/// several values are allowed, and "++" for the end of a command, and forget that "--" came before as soon as
+/// one input was there.
 constexpr char c_shield = '\1';
 
 /// Whether the word belongs to the flag before it, which may have a value.
@@ -29,7 +30,7 @@ std::vector<std::string> Shielded(const std::vector<std::string>& arguments) {
             continue;
         }
         const bool isList = argument.starts_with('[') && argument.ends_with(']');
-        if (onlyInputs || isList || argument.starts_with(c_shield))
+        if (onlyInputs || isList || argument == "++" || argument.starts_with(c_shield))
             shielded.push_back(c_shield + argument);
         else if (argument == "--")
             onlyInputs = true;

@@ -13,8 +13,9 @@ inline constexpr const char* c_fileOption = "--file";
 /// The flag that may have a value.
 inline constexpr const char* c_reportOption = "--status-report";
 
-/// The arguments, as the command line is to be given them: what it would take for a list, or for an option
-/// though "--" came before, is put under a shield. The value of a flag is tied to it.
+/// The arguments, as the command line is to be given them: what it would take for a list, for the end
+/// of a command, or for an option though "--" came before, is put under a shield. The value of a flag is tied
+/// to it.
 std::vector<std::string> Shielded(const std::vector<std::string>& arguments);
 
 /// A message about them without the shields.

@@ -28,8 +28,8 @@ TEST(QxpduCommandLine, EveryCommandHasHelpWithUsageAndExample) {
         {{"encode"},
          "Usage: qxpdu encode [OPTIONS] [TEXT]\n",
          "Examples:\n  qxpdu encode --to +4179123 hello\n"},
-        {{"count"}, "Usage: qxpdu count [OPTIONS] [TEXT]\n", "Example:\n  qxpdu count 'It’s 5 €'\n"},
-        {{"explain"}, "Usage: qxpdu count [OPTIONS] [TEXT]\n", "Example:\n  qxpdu count 'It’s 5 €'\n"},
+        {{"count"}, "Usage: qxpdu count [OPTIONS] [TEXT]\n", "Examples:\n  qxpdu count 'It’s 5 €'\n"},
+        {{"explain"}, "Usage: qxpdu count [OPTIONS] [TEXT]\n", "Examples:\n  qxpdu count 'It’s 5 €'\n"},
         {{"decode"}, "Usage: qxpdu decode [OPTIONS] [PDU...]\n", "Example:\n  qxpdu decode 0791214365870921"},
         {{"cell"},
          "Usage: qxpdu cell [OPTIONS] [PAGE...] [SUBCOMMAND]\n",
@@ -86,6 +86,23 @@ TEST(QxpduCommandLine, HelpFitsInto80Columns) {
             EXPECT_LE(columns, 80) << command << ": " << line;
         }
     }
+}
+
+TEST(QxpduCommandLine, HelpNamesTheValuesThatAnOptionTakes) {
+    const auto helpOf = [](const char* command) {
+        std::istringstream words(Qxpdu({"help", command}).out);
+        std::string help;
+        for (std::string word; words >> word;)
+            help += word + ' ';
+        return help;
+    };
+    const std::string encode = helpOf("encode");
+    const std::string languages = " tr, es, pt, bn, gu, hi, kn, ml, or, pa, ta, te, ur; or all ";
+    for (const std::string& piece :
+         {languages, std::string(" --status-report[=first|all] TP-SRR"), std::string(" --pid N|0xN TP-PID"),
+          std::string(" max, a bare number for the octet, or "), std::string(" --message-number N TP-MN")})
+        EXPECT_NE(encode.find(piece), std::string::npos) << piece;
+    EXPECT_NE(helpOf("count").find(languages), std::string::npos);
 }
 
 TEST(QxpduCommandLine, HelpOfTheToolNamesTheCommandsAndTheExitStatuses) {
@@ -183,6 +200,11 @@ TEST(QxpduCommandLine, TextThatLooksLikeSomethingElseIsText) {
     EXPECT_EQ(Qxpdu({"ucs2", "encode", "", "{}"}), (Outcome{0, "\n007B007D\n", ""}));
     EXPECT_EQ(Qxpdu({"ucs2", "encode", "decode"}), (Outcome{0, "006400650063006F00640065\n", ""}));
     EXPECT_EQ(Qxpdu({"ucs2", "encode", "\1"}), (Outcome{0, "0001\n", ""}));
+    EXPECT_EQ(Qxpdu({"encode", "--to", "1", "++"}), (Outcome{0, "0001000181F1000002AB15\n", ""}));
+    EXPECT_EQ(Qxpdu({"count", "++"}),
+              (Outcome{0, "goes out as GSM 7-bit, 2 septets, 1 part, room for 158 septets\n", ""}));
+    EXPECT_EQ(Qxpdu({"gsm", "encode", "++", "a"}), (Outcome{0, "2B2B\n61\n", ""}));
+    EXPECT_EQ(Qxpdu({"++", "encode"}).err.substr(0, 27), "qxpdu: ++ is no command\nUsa");
 }
 
 TEST(QxpduCommandLine, InvalidUtf8IsAnErrorThatNamesTheByte) {

@@ -259,11 +259,13 @@ TEST(QxpduCount, AlphabetMayBeGiven) {
         << "though UCS2 is cheaper";
     const Outcome run = Qxpdu({"count", "--alphabet", "gsm", "aж"});
     EXPECT_EQ(run, (Outcome{1,
-                            "cannot go out U+0436 CYRILLIC SMALL LETTER ZHE at 2 is in no table that may be "
-                            "used\n"
-                            "  forces UCS2 U+0436 CYRILLIC SMALL LETTER ZHE at 2\n",
+                            "      cannot go out U+0436 CYRILLIC SMALL LETTER ZHE at 2 is in no table that "
+                            "may be used\n"
+                            "in no table allowed U+0436 CYRILLIC SMALL LETTER ZHE at 2\n",
                             "qxpdu: argument 1: U+0436 CYRILLIC SMALL LETTER ZHE at 2 is in no table that "
                             "may be used\n"}));
+    EXPECT_EQ(CountOf({"--alphabet", "gsm", "--replace", "“а”"})["error"],
+              "U+0430 CYRILLIC SMALL LETTER A at 2 is in no table that may be used");
     EXPECT_NE(Qxpdu({"count", "--alphabet", "gsm", "ş"})
                   .out.find("with --language tr GSM 7-bit, Turkish locking shift, 1 septet, 1 part, room for "
                             "154 septets\n"),

@@ -73,7 +73,7 @@ TEST(QxpduHostEncode, WhatItDoesNotHaveIsAnError) {
         {{"--port", "5"}, "--port: libQX_Encoding has none"},
         {{"--pid", "5"}, "--pid: libQX_Encoding has none"},
         {{"--concat-bits", "16"}, "--concat-bits: libQX_Encoding has none"},
-        {{"--concat-reference", "256"}, "--concat-reference: 256 takes --concat-bits 16"},
+        {{"--concat-reference", "256"}, "--concat-reference: libQX_Encoding has references from 0 to 255"},
         {{"--validity-format", "enhanced"}, "--validity-format: libQX_Encoding has none"},
         {{"--validity", "2026-12-24T18:00:00Z"}, "--validity: libQX_Encoding has relative periods alone"},
         {{"--status-report=all"}, "--status-report: libQX_Encoding asks for one on the first part alone"},

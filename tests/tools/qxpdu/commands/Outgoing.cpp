@@ -74,14 +74,16 @@ TEST(QxpduOutgoing, ForcedAlphabetNamesTheFirstCharacterThatItLacks) {
     EXPECT_EQ(Submit({"--alphabet", "8bit"}, "é€"),
               (Outcome{1, "", "qxpdu: standard input: character 2, U+20AC, is no octet of 8-bit data\n"}));
     EXPECT_EQ(Submit({"--alphabet", "8bit", "\u0100"}).status, 1);
+    EXPECT_EQ(Submit({"--alphabet", "gsm", "--replace", "“а”"}).err,
+              "qxpdu: argument 1: character 2, U+0430, is in no table of GSM 7-bit that may be used\n");
     EXPECT_EQ(Submit({"--alphabet", "gsm", "--replace", "’’"}),
               (Outcome{0, "0001000791149721F3000002A713\n",
-                       "qxpdu: argument 1: warning: replaced: U+2019 by ' (2 times)\n"}));
+                       "qxpdu: argument 1: warning: replaced: U+2019 by ''' (2 times)\n"}));
 }
 
 TEST(QxpduOutgoing, NearCharactersAreSentWhereThatIsCheaperAndTold) {
     const std::string dont = "0001000791149721F3000005E4B7FB4407\n";
-    const std::string told = "qxpdu: argument 1: warning: replaced: U+2019 by '\n";
+    const std::string told = "qxpdu: argument 1: warning: replaced: U+2019 by '''\n";
     EXPECT_EQ(Submit({"--replace", "don’t"}), (Outcome{0, dont, told}));
     EXPECT_EQ(Submit({"--replace", "--strict", "don’t"}), (Outcome{0, dont, told})) << "it is wanted";
     EXPECT_EQ(Submit({"don’t"}), (Outcome{0, "0001000791149721F300080A0064006F006E20190074\n", ""}));
@@ -92,12 +94,15 @@ TEST(QxpduOutgoing, NearCharactersAreSentWhereThatIsCheaperAndTold) {
         << "no cheaper";
     EXPECT_EQ(Submit({"--replace", "e\u0301"}),
               (Outcome{0, "0001000791149721F300000105\n",
-                       "qxpdu: argument 1: warning: replaced: U+0065 U+0301 by é\n"}));
+                       "qxpdu: argument 1: warning: replaced: U+0065 U+0301 by 'é'\n"}));
     EXPECT_EQ(Submit({"--replace", "a\u200B’"}).err,
-              "qxpdu: argument 1: warning: replaced: U+200B left out, U+2019 by '\n");
+              "qxpdu: argument 1: warning: replaced: U+200B left out, U+2019 by '''\n");
+    EXPECT_EQ(Submit({"--replace", "\u00A0ab"}),
+              (Outcome{0, "0001000791149721F3000003A0B018\n",
+                       "qxpdu: argument 1: warning: replaced: U+00A0 by ' '\n"}));
     const nlohmann::json object =
         nlohmann::json::parse(Submit({"--replace", "--strict", "--jsonl", "don’t"}).out);
-    EXPECT_EQ(object["warnings"], nlohmann::json::array({"replaced: U+2019 by '"}));
+    EXPECT_EQ(object["warnings"], nlohmann::json::array({"replaced: U+2019 by '''"}));
     EXPECT_EQ(object["pdus"][0]["octets"], dont.substr(0, dont.size() - 1));
 }
 
@@ -108,6 +113,9 @@ TEST(QxpduOutgoing, DataMayComeFromTheInput) {
               (Outcome{1, "0001000791149721F300040101\n0001000791149721F300040102\n",
                        "qxpdu: line 2: character 2, 'G', is no hexadecimal digit\n"}));
     EXPECT_EQ(Submit({"--data", "01"}, "not read"), (Outcome{0, "0001000791149721F300040101\n", ""}));
+    EXPECT_EQ(Submit({"--data", Repeated("5A", 255 * 134 + 1)}),
+              (Outcome{1, "", "qxpdu: --data: the data needs 256 parts, 255 at most\n"}))
+        << "it is named for where it comes from";
 }
 
 TEST(QxpduOutgoing, PortsStandInTheHeaderOfEachPart) {
@@ -172,6 +180,27 @@ TEST(QxpduOutgoing, ReferenceIsRandomAndThatOfTheNextTextIsTheNext) {
     EXPECT_EQ(found({"--concat-reference", "254"}), "0003FE 0003FE 0003FF 0003FF 000300 000300 ");
     EXPECT_EQ(found({"--concat-reference", "65535", "--concat-bits", "16"}),
               "0804FFFF 0804FFFF 08040000 08040000 08040001 08040001 ");
+}
+
+/// TP-MR of each part.
+std::string MessageReferencesOf(const std::string& pdus) {
+    std::string references;
+    for (const std::string& pdu : LinesOf(pdus))
+        references += pdu.substr(4, 2) + ' ';
+    return references;
+}
+
+TEST(QxpduOutgoing, MessageReferenceGoesUpFromPartToPart) {
+    const std::string threeParts = Repeated("a", 2 * 153 + 1);
+    EXPECT_EQ(MessageReferencesOf(Submit({"--reference", "7", threeParts}).out), "07 08 09 ");
+    EXPECT_EQ(MessageReferencesOf(Submit({"--reference", "254", threeParts}).out), "FE FF 00 ");
+    EXPECT_EQ(MessageReferencesOf(Submit({"--reference", "0", threeParts}).out), "00 01 02 ");
+    EXPECT_EQ(MessageReferencesOf(Submit({threeParts}).out), "00 00 00 ") << "modems give their own";
+    EXPECT_EQ(MessageReferencesOf(Submit({"--reference", "7", "--lines"}, threeParts + "\na\n").out),
+              "07 08 09 07 ")
+        << "each text begins anew";
+    EXPECT_EQ(MessageReferencesOf(Submit({"--as", "libQX_Encoding", "--reference", "7", threeParts}).out),
+              "07 07 07 ");
 }
 
 TEST(QxpduOutgoing, NeitherAnEscapeNorASurrogateIsTorn) {
@@ -257,8 +286,14 @@ TEST(QxpduOutgoing, EveryTypeHasItsFields) {
          "0006000791149721F3621122310050406211223100504000"},
         {{"--type", "status-report", "--to", "1", "--time", c_time, "--for-command", "--more-messages",
           "--loop-prevention", "hi"},
-         "002A000181F162112231005040621122310050400006"
-         "0002E834"},
+         "002A000181F162112231005040621122310050400004"
+         "02E834"},
+        {{"--type", "status-report", "--to", "1", "--time", c_time, "--class", "0", "hi"},
+         "0006000181F162112231005040621122310050400006"
+         "1002E834"},
+        {{"--type", "status-report", "--to", "1", "--time", c_time, "я"},
+         "0006000181F162112231005040621122310050400006"
+         "0802044F"},
         {{"--type", "status-report", "--to", "1", "--time", c_time, "--pid", "1", "--class", "1"},
          "0006000181F1621122310050406211223100504000"
          "030111"},
@@ -348,6 +383,26 @@ TEST(QxpduOutgoing, ReportsAndCommandsAreOneMessage) {
               (Outcome{1, "", "qxpdu: argument 1: an SMS-COMMAND has no text; --data gives it data\n"}));
 }
 
+TEST(QxpduOutgoing, StatusReportHasRoomForOneOctetMoreWithoutTpDcs) {
+    const auto encode = [](std::vector<std::string> options, const std::string& text) {
+        options.insert(options.begin(), {"--type", "status-report", "--to", "1"});
+        options.push_back(text);
+        return Encode(options);
+    };
+    const auto tooLong = [](int octets) {
+        return "qxpdu: argument 1: " + std::to_string(octets) +
+               " octets of user data fit into an SMS-STATUS-REPORT, and 2 messages would be needed\n";
+    };
+    // 22 octets are others, so that 142 are left: 162 septets.
+    EXPECT_EQ(encode({}, Repeated("a", 162)).out.size(), 2 * (1 + 164U) + 1);
+    EXPECT_EQ(encode({}, Repeated("a", 163)).err, tooLong(142));
+    EXPECT_EQ(encode({"--class", "1"}, Repeated("a", 161)).status, 0);
+    EXPECT_EQ(encode({"--class", "1"}, Repeated("a", 162)).err, tooLong(141));
+    EXPECT_EQ(encode({}, Repeated("я", 70)).status, 0);
+    EXPECT_EQ(encode({}, Repeated("я", 71)).err, tooLong(141)) << "they would be 142 octets";
+    EXPECT_EQ(encode({"--alphabet", "8bit"}, Repeated("a", 142)).err, tooLong(141));
+}
+
 TEST(QxpduOutgoing, LongDeliverIsCut) {
     const Outcome run = Encode({"--type", "deliver", "--from", "1", "--time", c_time, "--status-report",
                                 "--concat-reference", "9", Repeated("a", 161)});
@@ -360,9 +415,16 @@ TEST(QxpduOutgoing, LongDeliverIsCut) {
 TEST(QxpduOutgoing, AtWritesTheCommandOfTheType) {
     EXPECT_EQ(Encode({"--at", "--type", "command", "--to", "+4179123"}),
               (Outcome{0, "AT+CMGC=12\n0002000000000791149721F300\n", ""}));
-    EXPECT_EQ(Encode({"--at", "--type", "deliver-report"}), (Outcome{0, "AT+CNMA=1,2\n000000\n", ""}));
-    EXPECT_EQ(Encode({"--at", "--type", "deliver-report", "--failure-cause", "208"}),
-              (Outcome{0, "AT+CNMA=2,3\n0000D000\n", ""}));
+    EXPECT_EQ(Encode({"--at", "--type", "deliver-report"}), (Outcome{0, "AT+CNMA=1,2\n0000\n", ""}));
+    EXPECT_EQ(Encode({"--at", "--type", "deliver-report", "--failure-cause", "0xD3", "hi"}),
+              (Outcome{0, "AT+CNMA=2,7\n00D3060002E834\n", ""}))
+        << "without the octet for a service centre";
+    EXPECT_EQ(Qxpdu({"decode", "--json"}, "AT+CNMA=2,7\n00D3060002E834\n").Json()[0]["text"], "hi");
+    EXPECT_EQ(Encode({"--at", "--type", "deliver-report", "--smsc", "+41"}),
+              (Outcome{2, "",
+                       "qxpdu: --smsc: AT+CNMA takes no service centre\n"
+                       "Usage: qxpdu encode [OPTIONS] [TEXT]\n"}));
+    EXPECT_EQ(Encode({"--type", "deliver-report", "--smsc", "+41"}), (Outcome{0, "0291140000\n", ""}));
     EXPECT_EQ(Encode({"--at", "--type", "deliver", "--from", "1", "hi"}),
               (Outcome{2, "",
                        "qxpdu: --at: no command of a modem sends an SMS-DELIVER\n"
