@@ -187,8 +187,9 @@ std::optional<MisfitCharacter> ChooseWithNear(std::string_view text, const Choic
     Choice choice;
     if (replacements.empty())
         return misfit;
-    if (const auto nearMisfit = Choose(near, options, choice))
-        return misfit ? std::optional(AsGiven(*nearMisfit, text, replacements)) : std::nullopt;
+    if (const auto nearMisfit =
+            Choose(near, options, choice)) // only characters that nothing holds were replaced
+        return AsGiven(*nearMisfit, text, replacements);
     if (choice.alphabet == Alphabet::Ucs2) {
         near = ReplaceShorter(text, replacements);
         Choose(near, options, choice);
