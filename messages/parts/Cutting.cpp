@@ -187,8 +187,8 @@ std::optional<MisfitCharacter> ChooseWithNear(std::string_view text, const Choic
     Choice choice;
     if (replacements.empty())
         return misfit;
-    if (const auto nearMisfit =
-            Choose(near, options, choice)) // only characters that nothing holds were replaced
+    // Only characters that nothing holds were replaced, so that a text that fits has none of these.
+    if (const auto nearMisfit = Choose(near, options, choice))
         return AsGiven(*nearMisfit, text, replacements);
     if (choice.alphabet == Alphabet::Ucs2) {
         near = ReplaceShorter(text, replacements);
