@@ -2,7 +2,6 @@
 // line, the number of threads, then standard input.
 #include <algorithm>
 #include <array>
-#include <ctime>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -34,7 +33,7 @@ struct Command {
 
 const std::array<Command, 11> c_commands = {
     {{{"count", "--lines", "--jsonl"}, Answers::EachLine},
-     {{"encode", "--to", "+4179123", "--lines", "--jsonl"}, Answers::EachLine},
+     {{"encode", "--to", "+4179123", "--concat-reference", "7", "--lines", "--jsonl"}, Answers::EachLine},
      {{"decode", "--columns", "input,text,error", "--input-column", "2"}, Answers::Rows},
      {{"cell", "--jsonl"}, Answers::SomeLines},
      {{"decode", "--jsonl"}, Answers::SomeLines},
@@ -101,17 +100,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Command& command = c_commands[input.Octet() % c_commands.size()];
     const unsigned int threads = input.Octet() % 4 + 1U;
     const std::string in = input.Octets(c_longest);
-    std::time_t begin = std::time(nullptr);
-    Run run = RunTool(command.arguments, in);
+    const Run run = RunTool(command.arguments, in);
     RequireAnswers(command.answers, LinesOf(run.out), LinesOf(in).size());
     if (threads == 1)
         return 0;
     std::vector<std::string> arguments = command.arguments; // a batch a line, so that threads have to wait
     arguments.insert(arguments.end(), {"--line-buffered", "-j", std::to_string(threads)});
-    while (RunTool(arguments, in) != run) { // parts have a reference made of the second of the run
-        Require(std::time(nullptr) != begin, "threads change nothing");
-        begin = std::time(nullptr);
-        run = RunTool(command.arguments, in);
-    }
+    Require(RunTool(arguments, in) == run, "threads change nothing");
     return 0;
 }
