@@ -10,6 +10,10 @@ namespace bench {
 
 using Octets = std::vector<unsigned char>;
 
+/// What a host has in its hands, and wants back: PDUs as octets or as hexadecimal digits, texts in UTF-8 or
+/// in the codec's own wide characters.
+enum class Form { Wide, Utf8, Hexadecimal };
+
 class Codec {
 public:
     Codec() = default;
@@ -17,12 +21,13 @@ public:
     Codec& operator=(const Codec&) = delete;
     virtual ~Codec() = default;
 
-    /// Decodes an SMS-DELIVER with its service-centre address.
-    virtual void Decode(const Octets& pdu) = 0;
+    /// Takes over an SMS-DELIVER with its service-centre address for Decode(), in the form of this codec.
+    virtual void Prepare(const Octets& pdu) = 0;
+    virtual void Decode() = 0;
     /// The text of the PDU decoded last.
     virtual std::u16string Text() const = 0;
 
-    /// Takes over a text for Encode(), in the codec's own form.
+    /// Takes over a text for Encode(), in the form of this codec.
     virtual void Prepare(const std::u16string& text, bool isGsm) = 0;
     /// Encodes the text into SMS-SUBMITs to +12345678901.
     virtual void Encode() = 0;
@@ -31,10 +36,10 @@ public:
 };
 
 /// This library, with one decoder for all PDUs or a fresh one for each.
-std::unique_ptr<Codec> MakeOwnCodec(bool reusesDecoder);
+std::unique_ptr<Codec> MakeOwnCodec(Form form, bool reusesDecoder);
 
 /// libgammu, which keeps text in UTF-16.
-std::unique_ptr<Codec> MakeGammuCodec();
+std::unique_ptr<Codec> MakeGammuCodec(Form form);
 
 } // namespace bench
 

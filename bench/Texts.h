@@ -35,6 +35,46 @@ inline Octets BigEndian(const std::u16string& text) {
     return octets;
 }
 
+/// UTF-8 of a text without surrogates, and back.
+inline std::string ToUtf8(const std::u16string& text) {
+    std::string utf8;
+    for (const unsigned int unit : text) {
+        if (unit >= 0x800)
+            utf8 += static_cast<char>(0xE0 | unit >> 12);
+        if (unit >= 0x80)
+            utf8 += static_cast<char>(unit >= 0x800 ? 0x80 | (unit >> 6 & 0x3F) : 0xC0 | unit >> 6);
+        utf8 += static_cast<char>(unit >= 0x80 ? 0x80 | (unit & 0x3F) : unit);
+    }
+    return utf8;
+}
+
+inline std::u16string FromUtf8(const std::string& utf8) {
+    std::u16string text;
+    for (const char character : utf8) {
+        const auto octet = static_cast<unsigned char>(character);
+        if (octet < 0x80 || octet >= 0xC0)
+            text += static_cast<char16_t>(octet < 0x80 ? octet : octet & (octet < 0xE0 ? 0x1F : 0x0F));
+        else
+            text.back() = static_cast<char16_t>(text.back() << 6 | (octet & 0x3F));
+    }
+    return text;
+}
+
+inline std::string ToHexadecimal(const Octets& octets) {
+    std::string digits;
+    for (const unsigned char octet : octets)
+        for (const int digit : {octet >> 4, octet & 0x0F})
+            digits += "0123456789ABCDEF"[digit];
+    return digits;
+}
+
+inline Octets FromHexadecimal(const std::string& digits) {
+    Octets octets;
+    for (std::size_t i = 0; i + 1 < digits.size(); i += 2)
+        octets.push_back(static_cast<unsigned char>(std::stoi(digits.substr(i, 2), nullptr, 16)));
+    return octets;
+}
+
 inline const std::u16string c_gsm160 = Letters(160);
 inline const std::u16string c_gsm1000 = Letters(1000);
 inline const std::u16string c_ucs70(70, u'\u4E2D');

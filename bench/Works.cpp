@@ -8,13 +8,14 @@ namespace bench {
 namespace {
 
 void Decode(benchmark::State& state, Codec& codec, const Octets& pdu, const std::u16string& text) {
-    codec.Decode(pdu);
+    codec.Prepare(pdu);
+    codec.Decode();
     if (codec.Text() != text) {
         state.SkipWithError("decoded wrongly");
         return;
     }
     for ([[maybe_unused]] const auto _ : state)
-        codec.Decode(pdu);
+        codec.Decode();
 }
 
 /// What stands after TP-UDL in each part; the reference of the header counts as any.
@@ -63,17 +64,25 @@ const bool s_registered = [] {
     const struct {
         const char* name;
         void (*run)(benchmark::State&, Codec&);
-    } works[] = {{"W1", W1}, {"W2", W2}, {"W3", W3}, {"W4", W4}, {"W5", W5}};
+        bool decodes;
+    } works[] = {{"W1", W1, true}, {"W2", W2, true}, {"W3", W3, false}, {"W4", W4, false}, {"W5", W5, false}};
     const struct {
         const char* name;
-        std::shared_ptr<Codec> codec;
-    } codecs[] = {
-        {"reused", MakeOwnCodec(true)}, {"fresh", MakeOwnCodec(false)}, {"libgammu", MakeGammuCodec()}};
-    for (const auto& work : works)
-        for (const auto& codec : codecs)
-            benchmark::RegisterBenchmark(
-                (std::string(work.name) + "/" + codec.name).c_str(),
-                [run = work.run, peer = codec.codec](benchmark::State& state) { run(state, *peer); });
+        Form form;
+    } forms[] = {{"wide", Form::Wide}, {"octets", Form::Utf8}, {"hexadecimal", Form::Hexadecimal}};
+    for (const auto& work : works) {
+        for (const auto& form : forms) {
+            const auto add = [&](const char* codec, std::shared_ptr<Codec> peer) {
+                benchmark::RegisterBenchmark(
+                    (std::string(work.name) + "/" + form.name + "/" + codec).c_str(),
+                    [run = work.run, peer](benchmark::State& state) { run(state, *peer); });
+            };
+            add("reused", MakeOwnCodec(form.form, true));
+            if (work.decodes)
+                add("fresh", MakeOwnCodec(form.form, false));
+            add("libgammu", MakeGammuCodec(form.form));
+        }
+    }
     return true;
 }();
 

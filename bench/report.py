@@ -15,6 +15,7 @@ YARDSTICK = "libgammu"
 MEANING = {
     "W1": "decode an SMS-DELIVER of 160 septets", "W2": "decode an SMS-DELIVER of 70 UCS2 characters",
     "W3": "encode 160 GSM characters", "W4": "encode 1,000 GSM characters into 7 parts", "W5": "encode 70 UCS2 characters"}
+FORMS = {"wide": "octets, wide", "octets": "octets, UTF-8", "hexadecimal": "hexadecimal, UTF-8"}
 PLOTS = {
     "EncodingByTextLength": ("length", "encoding by the length of the text", "characters"),
     "EncodingBySelectedTables": ("tables", "encoding a Greek text by the number of selected tables", "tables"),
@@ -38,13 +39,18 @@ class Figures:
 
 
 def works(figures):
-    yield f"| work | {YARDSTICK}, ns | ours, ns | ratio | fresh decoder, ns | ratio |"
-    yield "|---|---|---|---|---|---|"
+    yield f"| work | PDUs and texts as | {YARDSTICK}, ns | ours, ns | ratio | fresh decoder, ns | ratio |"
+    yield "|---|---|---|---|---|---|---|"
     for work, meaning in MEANING.items():
-        peer, ours, fresh = (figures.nanoseconds(f"{work}/{who}") for who in (YARDSTICK, "reused", "fresh"))
-        decodes = work in ("W1", "W2")
-        yield (f"| {work}: {meaning} | {peer:,.0f} | {ours:,.0f} | {peer / ours:.1f} | "
-               + (f"{fresh:,.0f} | {peer / fresh:.1f} |" if decodes else "| |"))
+        for form, names in FORMS.items():
+            peer, ours = (figures.nanoseconds(f"{work}/{form}/{who}") for who in (YARDSTICK, "reused"))
+            row = f"| {work}: {meaning} | {names} | {peer:,.0f} | {ours:,.0f} | {peer / ours:.1f} | "
+            if f"{work}/{form}/fresh" in figures.medians:
+                fresh = figures.nanoseconds(f"{work}/{form}/fresh")
+                row += f"{fresh:,.0f} | {peer / fresh:.1f} |"
+            else:
+                row += "| |"
+            yield row
 
 
 def reading(figures):
@@ -91,7 +97,7 @@ def threaded_works(figures, threaded):
     yield "| work | ns | ns in a process of two threads |"
     yield "|---|---|---|"
     for work in MEANING:
-        yield f"| {work} | {figures.nanoseconds(f'{work}/reused'):,.0f} | {threaded.nanoseconds(f'{work}/reused'):,.0f} |"
+        yield f"| {work} | {figures.nanoseconds(f'{work}/wide/reused'):,.0f} | {threaded.nanoseconds(f'{work}/wide/reused'):,.0f} |"
 
 
 def machine(figures):
