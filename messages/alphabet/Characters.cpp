@@ -29,6 +29,14 @@ constexpr auto TablesByLanguage(const char* const (&rows)[Count][Columns],
 constexpr std::array<CharacterTable, c_languageCount> c_lockingTables =
     TablesByLanguage(c_lockingRows, &Tables::LanguageRow::hasLocking);
 
+constexpr std::array<bool, c_languageCount> c_holdsPlain = [] {
+    std::array<bool, c_languageCount> holds{};
+    for (std::size_t language = 0; language < c_languageCount; ++language)
+        holds[language] = c_lockingTables[language].HoldsPlain();
+    return holds;
+}();
+static_assert(c_holdsPlain[static_cast<std::size_t>(Language::Default)]);
+
 constexpr std::array<CharacterTable, c_languageCount> c_singleShiftTables =
     TablesByLanguage(c_singleShiftRows, &Tables::LanguageRow::hasSingle);
 

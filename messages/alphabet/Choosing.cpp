@@ -32,17 +32,40 @@ struct Survey {
     std::optional<MisfitCharacter> misfit; ///< after which none was left
 };
 
+/// What no table holds is counted alone.
+std::optional<MisfitCharacter> CountRest(Characters characters, Survey& survey) {
+    std::size_t units = survey.utf16Units;
+    std::size_t count = survey.characters;
+    while (!characters.AtEnd()) {
+        const std::size_t offset = characters.Offset();
+        const char32_t character = characters.Next();
+        if (character == c_notUtf8)
+            return MisfitCharacter{offset, character};
+        ++count;
+        units += character < 0x10000 ? 1 : 2;
+    }
+    survey.characters = count;
+    survey.utf16Units = units;
+    return std::nullopt;
+}
+
 /// REQUIRES the tables that may be used, a bit for each language.
 std::optional<MisfitCharacter> Look(std::string_view text, std::uint16_t languages, Survey& survey) {
     survey.locking =
         static_cast<std::uint16_t>(languages & ~Bit(static_cast<std::size_t>(Language::Spanish)));
     survey.single.fill(languages);
     for (Characters characters(text); !characters.AtEnd();) {
+        if ((survey.locking & ~c_codes.plainLocking) == 0) {
+            const std::size_t plain = characters.TakePlain().size();
+            survey.characters += plain;
+            survey.utf16Units += plain;
+            if (characters.AtEnd())
+                break;
+        }
         const std::size_t offset = characters.Offset();
         const char32_t character = characters.Next();
         if (character == c_notUtf8)
             return MisfitCharacter{offset, character};
-        const bool wasHeld = survey.locking != 0;
         ++survey.characters;
         survey.utf16Units += character < 0x10000 ? 1 : 2;
         const HoldingTables holding = c_codes.tables[c_codes.NumberOf(character)];
@@ -52,8 +75,10 @@ std::optional<MisfitCharacter> Look(std::string_view text, std::uint16_t languag
             if (survey.single[locking] == 0)
                 survey.locking = static_cast<std::uint16_t>(survey.locking & ~Bit(locking));
         });
-        if (wasHeld && survey.locking == 0)
+        if (survey.locking == 0) {
             survey.misfit = MisfitCharacter{offset, character};
+            return CountRest(characters, survey);
+        }
     }
     return std::nullopt;
 }
@@ -233,10 +258,11 @@ std::optional<MisfitCharacter> Explain(std::string_view text, const ChoiceOption
 }
 
 std::vector<std::size_t> PartOffsets(std::string_view text, const Choice& choice, const TextRoom& room) {
-    const PartRoom part = choice.parts == 1 ? RoomOfOne(choice, room) : RoomOfMany(choice, room);
+    if (choice.parts == 1)
+        return {0};
     std::vector<std::size_t> offsets;
     offsets.reserve(choice.parts);
-    VisitParts(text, choice, part.Units(),
+    VisitParts(text, choice, RoomOfMany(choice, room).Units(),
                [&](std::size_t offset, std::size_t) { offsets.push_back(offset); });
     return offsets;
 }

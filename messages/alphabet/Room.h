@@ -70,13 +70,24 @@ inline std::size_t UnitsOf(char32_t character, const Choice& choice) {
     return c_codes.locking[locking][c_codes.NumberOf(character)] != 0 ? 1 : 2;
 }
 
+/// Whether a choice writes each plain character with one unit.
+inline bool IsPlainOneUnit(const Choice& choice) {
+    return choice.alphabet == Alphabet::Ucs2 ||
+           (c_codes.plainLocking >> static_cast<unsigned int>(choice.tables.locking) & 1U) != 0;
+}
+
 /// Fills parts from the front, of `most` units each, and calls `visit(offset, units)` for each: where it
 /// begins in the text. REQUIRES UTF-8 that the choice holds, and room for a pair.
 template <class Visit>
 void VisitParts(std::string_view text, const Choice& choice, std::size_t most, Visit visit) {
     std::size_t begin = 0;
     std::size_t used = 0;
+    const bool isPlainOneUnit = IsPlainOneUnit(choice);
     for (Characters characters(text); !characters.AtEnd();) {
+        if (isPlainOneUnit)
+            used += characters.TakePlain(most - used).size();
+        if (characters.AtEnd())
+            break;
         const std::size_t offset = characters.Offset();
         const std::size_t units = UnitsOf(characters.Next(), choice);
         if (used + units > most) {

@@ -43,6 +43,14 @@ inline void HealCut(std::vector<std::uint8_t>& septets, std::size_t cut) {
         septets.erase(septets.begin() + static_cast<std::ptrdiff_t>(cut));
 }
 
+/// A character of three octets.
+inline char* PutThree(char16_t character, char* out) {
+    *out++ = static_cast<char>(0xE0U | character >> 12U);
+    *out++ = static_cast<char>(0x80U | (character >> 6U & 0x3FU));
+    *out++ = static_cast<char>(0x80U | (character & 0x3FU));
+    return out;
+}
+
 inline char* Put(const Utf8Character& character, char* out) {
     std::memcpy(out, &character, sizeof character);
     return out + character.length;
@@ -54,6 +62,7 @@ template <class Odd>
 char* WriteSeptetText(OctetView septets, SeptetTables tables, char* out, Odd odd) {
     const CharacterTable& locking = LockingTable(tables.locking);
     const CharacterTable& single = SingleShiftTable(tables.single);
+    const bool holdsPlain = c_holdsPlain[static_cast<std::size_t>(tables.locking)];
     const std::size_t count = septets.size();
     std::size_t at = 0;
     const auto putLocking = [&](std::size_t place) {
@@ -78,6 +87,12 @@ char* WriteSeptetText(OctetView septets, SeptetTables tables, char* out, Odd odd
         }
     };
     while (at < count) {
+        if (holdsPlain && count - at >= c_plainBlock && IsPlainBlock(septets.data() + at)) {
+            std::memcpy(out, septets.data() + at, c_plainBlock);
+            at += c_plainBlock;
+            out += c_plainBlock;
+            continue;
+        }
         if (count - at >= c_septetsAtOnce && CopyAscii(septets.data() + at, locking, out)) {
             at += c_septetsAtOnce;
             out += c_septetsAtOnce;
@@ -110,7 +125,10 @@ char* WriteUcs2Text(OctetView octets, char* out, Odd odd) {
     const std::size_t count = octets.size() / 2;
     for (std::size_t at = 0; at < count; ++at) {
         const char16_t unit = unitAt(at);
-        if (isHigh(unit) && at + 1 < count && isLow(unitAt(at + 1))) {
+        const bool isOfThree = (unit >= 0x800 && unit < 0xD800) || unit >= 0xE000;
+        if (isOfThree) {
+            out = PutThree(unit, out);
+        } else if (isHigh(unit) && at + 1 < count && isLow(unitAt(at + 1))) {
             const char32_t character = 0x10000U + ((unit & 0x3FFU) << 10U) + (unitAt(++at) & 0x3FFU);
             *out++ = static_cast<char>(0xF0U | character >> 18U);
             *out++ = static_cast<char>(0x80U | (character >> 12U & 0x3FU));

@@ -8,20 +8,34 @@
 namespace Messages {
 namespace {
 
-/// Appends what `append(character)` makes of each character of a text, until it makes nothing of one.
-template <class Append>
-std::optional<MisfitCharacter> AppendEach(std::string_view text, std::vector<std::uint8_t>& octets,
-                                          Append append) {
+/// Appends what `put(character, out)` writes for each character of a text, and returns the end of, until it
+/// is null; for plain characters `putPlain(characters, out)`. An octet of the text gives `most` at most.
+template <class Put, class PutPlain>
+std::optional<MisfitCharacter> AppendEach(std::string_view text, std::size_t most,
+                                          std::vector<std::uint8_t>& octets, Put put, PutPlain putPlain) {
     const std::size_t before = octets.size();
+    octets.resize(before + most * text.size());
+    std::uint8_t* out = octets.data() + before;
     for (Characters characters(text); !characters.AtEnd();) {
+        out = putPlain(characters, out);
+        if (characters.AtEnd())
+            break;
         const std::size_t offset = characters.Offset();
         const char32_t character = characters.Next();
-        if (character == c_notUtf8 || !append(character)) {
+        out = character == c_notUtf8 ? nullptr : put(character, out);
+        if (out == nullptr) {
             octets.resize(before);
             return MisfitCharacter{offset, character};
         }
     }
+    octets.resize(static_cast<std::size_t>(out - octets.data()));
     return std::nullopt;
+}
+
+std::uint8_t* PutUnit(char32_t unit, std::uint8_t* out) {
+    *out++ = static_cast<std::uint8_t>(unit >> c_octetBits);
+    *out++ = static_cast<std::uint8_t>(unit);
+    return out;
 }
 
 } // namespace
@@ -49,39 +63,47 @@ std::size_t PackSeptets(OctetView septets, unsigned int firstBit, std::uint8_t* 
 
 std::optional<MisfitCharacter> AppendSeptets(std::string_view text, SeptetTables tables,
                                              std::vector<std::uint8_t>& septets) {
-    const CharacterCodes::Codes& locking = c_codes.locking[static_cast<std::size_t>(tables.locking)];
+    constexpr std::size_t mostSeptets = 2;
+    const auto language = static_cast<std::size_t>(tables.locking);
+    const CharacterCodes::Codes& locking = c_codes.locking[language];
     const CharacterCodes::Codes& single = c_codes.single[static_cast<std::size_t>(tables.single)];
-    septets.reserve(septets.size() + text.size());
-    return AppendEach(text, septets, [&](char32_t character) {
+    const bool holdsPlain = (c_codes.plainLocking >> language & 1U) != 0;
+    const auto putPlain = [&](Characters& characters, std::uint8_t* out) {
+        if (!holdsPlain)
+            return out;
+        const std::string_view plain = characters.TakePlain();
+        return std::copy(plain.begin(), plain.end(), out);
+    };
+    const auto put = [&](char32_t character, std::uint8_t* out) -> std::uint8_t* {
         const std::uint16_t number = c_codes.NumberOf(character);
         if (locking[number] != 0) {
-            septets.push_back(static_cast<std::uint8_t>(locking[number] - 1));
-            return true;
+            *out++ = static_cast<std::uint8_t>(locking[number] - 1);
+            return out;
         }
         if (single[number] == 0)
-            return false;
-        septets.push_back(c_escapeSeptet);
-        septets.push_back(static_cast<std::uint8_t>(single[number] - 1));
-        return true;
-    });
+            return nullptr;
+        *out++ = c_escapeSeptet;
+        *out++ = static_cast<std::uint8_t>(single[number] - 1);
+        return out;
+    };
+    return AppendEach(text, mostSeptets, septets, put, putPlain);
 }
 
 std::optional<MisfitCharacter> AppendUcs2(std::string_view text, std::vector<std::uint8_t>& octets) {
-    const auto appendUnit = [&](char32_t unit) {
-        octets.push_back(static_cast<std::uint8_t>(unit >> c_octetBits));
-        octets.push_back(static_cast<std::uint8_t>(unit));
+    constexpr std::size_t unitOctets = 2;
+    const auto putPlain = [](Characters& characters, std::uint8_t* out) {
+        for (const char character : characters.TakePlain())
+            out = PutUnit(static_cast<std::uint8_t>(character), out);
+        return out;
     };
-    octets.reserve(octets.size() + 2 * text.size());
-    return AppendEach(text, octets, [&](char32_t character) {
+    const auto put = [](char32_t character, std::uint8_t* out) {
         constexpr char32_t firstOfPairs = 0x10000;
-        if (character < firstOfPairs) {
-            appendUnit(character);
-        } else {
-            appendUnit(0xD800U | (character - firstOfPairs) >> 10U);
-            appendUnit(0xDC00U | (character & 0x3FFU));
-        }
-        return true;
-    });
+        if (character < firstOfPairs)
+            return PutUnit(character, out);
+        out = PutUnit(0xD800U | (character - firstOfPairs) >> 10U, out);
+        return PutUnit(0xDC00U | (character & 0x3FFU), out);
+    };
+    return AppendEach(text, unitOctets, octets, put, putPlain);
 }
 
 } // namespace Messages

@@ -41,11 +41,29 @@ inline std::uint8_t SemiOctet(OctetView octets, std::size_t place) {
     return static_cast<std::uint8_t>(octets[place / 2] >> (place % 2 == 0 ? 0U : c_semiOctetBits) & 0x0FU);
 }
 
+/// The digits of each octet; NUL where a semi-octet is a filler.
+constexpr auto c_digitPairs = [] {
+    std::array<std::array<char, c_semiOctetsOfOctet>, 256> pairs{};
+    for (std::size_t octet = 0; octet < pairs.size(); ++octet)
+        for (std::size_t i = 0; i < c_semiOctetsOfOctet; ++i)
+            if (const std::size_t digit = octet >> i * c_semiOctetBits & 0x0FU; digit != c_filler)
+                pairs.at(octet).at(i) = c_digits[digit];
+    return pairs;
+}();
+
 /// Writes the digits of `semiOctets` semi-octets to `out`, which has room for as many. Returns its end.
 /// Calls `odd(code, value, place)`.
 template <class Odd>
 char* WriteDigits(OctetView octets, std::size_t semiOctets, char* out, Odd odd) {
-    for (std::size_t place = 0; place < semiOctets; ++place) {
+    std::size_t place = 0;
+    for (; place + 1 < semiOctets; place += c_semiOctetsOfOctet) {
+        const auto& [first, second] = c_digitPairs[octets[place / c_semiOctetsOfOctet]];
+        if (first == '\0' || second == '\0')
+            break;
+        *out++ = first;
+        *out++ = second;
+    }
+    for (; place < semiOctets; ++place) {
         const std::uint8_t digit = SemiOctet(octets, place);
         if (digit == c_filler) {
             if (place + 1 < semiOctets)

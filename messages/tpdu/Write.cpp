@@ -49,22 +49,20 @@ std::optional<UserData> MakeUserData(const DataCoding& coding, OctetView element
         return std::nullopt;
 
     // As it is sent, which a reader then makes values of.
-    std::vector<std::uint8_t> octets;
-    octets.reserve(lengthOctets + mostUnits);
-    octets.push_back(static_cast<std::uint8_t>(units));
+    std::array<std::uint8_t, lengthOctets + mostUnits> octets;
+    std::uint8_t* out = octets.data();
+    *out++ = static_cast<std::uint8_t>(units);
     if (header != 0)
-        octets.push_back(static_cast<std::uint8_t>(elements.size()));
-    octets.insert(octets.end(), elements.begin(), elements.end());
-    const std::size_t contentAt = octets.size();
-    if (coding.CountsSeptets()) {
-        octets.resize(lengthOctets + OctetsOfSeptets(units));
-        PackSeptets(content, FillBitsAfter(header), octets.data() + contentAt);
-    } else {
-        octets.insert(octets.end(), content.begin(), content.end());
-    }
+        *out++ = static_cast<std::uint8_t>(elements.size());
+    out = std::copy(elements.begin(), elements.end(), out);
+    if (coding.CountsSeptets())
+        out += PackSeptets(content, FillBitsAfter(header), out);
+    else
+        out = std::copy(content.begin(), content.end(), out);
     UserData userData;
     UserDataKeeping keeping(userData);
-    Walker(OctetView(octets), ReadOptions{}, keeping).WalkUserData(coding, header != 0);
+    Walker({octets.data(), static_cast<std::size_t>(out - octets.data())}, ReadOptions{}, keeping)
+        .WalkUserData(coding, header != 0);
     return userData;
 }
 

@@ -1,0 +1,167 @@
+// Characters that are looked at and copied many together give what each of them gives by itself, wherever
+// others stand among them, and nothing after the end is read.
+#include <cstring>
+
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include "Messages/Alphabet.h"
+
+namespace {
+
+using namespace Messages;
+
+using Octets = std::vector<std::uint8_t>;
+
+constexpr std::size_t c_septets = 128;
+constexpr std::uint8_t c_escape = 0x1B;
+
+/// Two pages, of which the second cannot be read.
+class GuardedPage {
+public:
+    GuardedPage()
+        : m_Size(static_cast<std::size_t>(sysconf(_SC_PAGESIZE))),
+          m_Pages(static_cast<char*>(
+              mmap(nullptr, 2 * m_Size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0))) {
+        mprotect(m_Pages + m_Size, m_Size, PROT_NONE);
+    }
+    GuardedPage(const GuardedPage&) = delete;
+    GuardedPage& operator=(const GuardedPage&) = delete;
+    ~GuardedPage() { munmap(m_Pages, 2 * m_Size); }
+
+    /// A copy of these, right before the end.
+    template <class Run>
+    char* AtEnd(const Run& run) {
+        char* const begin = m_Pages + m_Size - run.size();
+        if (!run.empty())
+            std::memcpy(begin, run.data(), run.size());
+        return begin;
+    }
+
+private:
+    std::size_t m_Size;
+    char* m_Pages;
+};
+
+std::string TextOf(OctetView septets, SeptetTables tables) {
+    std::string text;
+    AppendSeptetText(septets, tables, text);
+    return text;
+}
+
+/// Sixteen letters that stand where they do in ASCII, whatever the table, three times.
+const Octets c_letters(48, 0x65);
+
+TEST(Blocks, EachSeptetAtEachPlace) {
+    for (std::size_t language = 0; language <= c_lastLanguage; ++language) {
+        const SeptetTables tables{static_cast<Language>(language), Language::Default};
+        const std::string letter = TextOf(Octets{c_letters[0]}, tables);
+        for (std::uint8_t septet = 0; septet < c_septets; ++septet) {
+            const std::string own = TextOf(Octets{septet}, tables);
+            for (std::size_t place = 0; place < c_letters.size() && septet != c_escape; ++place) {
+                Octets septets = c_letters;
+                septets[place] = septet;
+                std::string text;
+                for (std::size_t i = 0; i < septets.size(); ++i)
+                    text += i == place ? own : letter;
+                ASSERT_EQ(TextOf(septets, tables), text) << language << ' ' << +septet << ' ' << place;
+            }
+        }
+    }
+}
+
+TEST(Blocks, EachCharacterAtEachPlace) {
+    for (std::size_t language = 0; language <= c_lastLanguage; ++language) {
+        const SeptetTables tables{static_cast<Language>(language), Language::Default};
+        for (char character = 0; character >= 0 && character < '\x7F'; ++character) {
+            Octets own;
+            const bool isHeld = !AppendSeptets(std::string(1, character), tables, own);
+            for (std::size_t place = 0; place < 40; ++place) {
+                std::string text(40, ' '); // which all tables have
+                text[place] = character;
+                Octets expected(place, 0x20);
+                expected.insert(expected.end(), own.begin(), own.end());
+                expected.resize(own.size() + 39, 0x20);
+                Octets septets;
+                const auto misfit = AppendSeptets(text, tables, septets);
+                ASSERT_EQ(misfit.has_value(), !isHeld);
+                if (misfit)
+                    ASSERT_EQ(misfit->offset, place);
+                else
+                    ASSERT_EQ(septets, expected) << language << ' ' << +character << ' ' << place;
+            }
+        }
+    }
+}
+
+TEST(Blocks, OctetsThatAreNoCharactersAtEachPlace) {
+    for (const int octet : {0x80, 0xA0, 0xC0, 0xC1, 0xE0, 0xEE, 0xF0, 0xF8, 0xFF})
+        for (std::size_t place = 0; place < 40; ++place) {
+            std::string text(40, 'a');
+            text[place] = static_cast<char>(octet);
+            Octets out;
+            Choice choice;
+            for (const auto& misfit :
+                 {AppendSeptets(text, {}, out), AppendUcs2(text, out), Choose(text, {}, choice)}) {
+                ASSERT_TRUE(misfit);
+                EXPECT_EQ(misfit->offset, place);
+                EXPECT_EQ(misfit->character, c_notUtf8);
+            }
+            EXPECT_TRUE(out.empty());
+        }
+}
+
+TEST(Blocks, UnitsAndPartsOfATextWithOneOtherCharacter) {
+    struct {
+        const char* character;
+        std::size_t septets;
+        std::size_t units; ///< UTF-16; 0 where it is not needed
+    } const others[] = {{"$", 1, 0}, {"@", 1, 0}, {"_", 1, 0},  {"`", 0, 1}, {"{", 2, 0},
+                        {"é", 1, 0}, {"€", 2, 0}, {"中", 0, 1}, {"😀", 0, 2}};
+    for (const auto& other : others)
+        for (std::size_t place = 0; place < 40; ++place) {
+            const std::string text = std::string(place, 'x') + other.character + std::string(39 - place, 'x');
+            Choice choice;
+            ASSERT_FALSE(Choose(text, {}, choice));
+            EXPECT_EQ(choice.alphabet, other.units == 0 ? Alphabet::Gsm7 : Alphabet::Ucs2);
+            EXPECT_EQ(choice.units, 39 + other.septets + other.units) << other.character << ' ' << place;
+        }
+}
+
+TEST(Blocks, APartEndsWhereverAPairHasNoRoom) {
+    // Of 153 septets; "{" takes two.
+    for (std::size_t place = 140; place < 160; ++place) {
+        const std::string text = std::string(place, 'x') + '{' + std::string(199 - place, 'x');
+        Choice choice;
+        ASSERT_FALSE(Choose(text, {}, choice));
+        const std::size_t first = place <= 152 ? 152 : 153; // characters of the first part
+        EXPECT_EQ(PartOffsets(text, choice, {}), (std::vector<std::size_t>{0, first})) << place;
+    }
+}
+
+TEST(Blocks, NothingAfterTheEndIsRead) {
+    GuardedPage page;
+    for (std::size_t size = 0; size <= 50; ++size) {
+        const Octets septets(size, 0x61);
+        const std::string text(size, 'a');
+        const auto* const octets = reinterpret_cast<const std::uint8_t*>(page.AtEnd(septets));
+        EXPECT_EQ(TextOf({octets, size}, {}), text);
+        const std::string_view atEnd(page.AtEnd(text), size);
+        Octets out;
+        EXPECT_FALSE(AppendSeptets(atEnd, {}, out));
+        EXPECT_EQ(out, septets);
+        out.clear();
+        EXPECT_FALSE(AppendUcs2(atEnd, out));
+        EXPECT_EQ(out.size(), 2 * size);
+        Choice choice;
+        EXPECT_FALSE(Choose(atEnd, {}, choice));
+        EXPECT_EQ(choice.units, size);
+    }
+    for (const std::string_view cut : {"\xC3", "\xE4\xB8", "\xF0\x9F\x98", "\xE4", "\xF0"}) {
+        Octets out;
+        EXPECT_TRUE(AppendUcs2({page.AtEnd(cut), cut.size()}, out));
+    }
+}
+
+} // namespace
