@@ -1,47 +1,122 @@
 #include "Toolkit/UTF8.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
+#include <type_traits>
 
 #include <utf8.h>
+
+#include "wire/Utf8.h"
 
 namespace Toolkit {
 namespace {
 
 constexpr char32_t c_replacement = 0xFFFD;
+constexpr std::size_t c_stretch = 256; ///< characters that are converted before the result grows by them
 
-bool IsScalarValue(char32_t value) {
-    return value < 0xD800 || (value > 0xDFFF && value <= 0x10FFFF);
+/// Whether all is ASCII. Looks at the whole text, since a loop that may end early takes one character at a
+/// time.
+template <class CharT>
+bool IsAscii(const TString<CharT>& text) {
+    std::make_unsigned_t<CharT> all = 0;
+    for (const CharT character : text)
+        all = static_cast<decltype(all)>(all | static_cast<decltype(all)>(character));
+    return all < 0x80;
 }
 
-bool IsAscii(char octet) {
-    return static_cast<unsigned char>(octet) < 0x80;
+/// A text of ASCII, in which a character is an octet.
+template <class To, class From>
+TString<To> OneForOne(const TString<From>& text) {
+    TString<To> result(text.size(), To{});
+    std::transform(text.begin(), text.end(), result.begin(), [](From unit) { return static_cast<To>(unit); });
+    return result;
+}
+
+char* Write(wchar_t character, char* octets) {
+    const auto value = static_cast<char32_t>(character);
+    return Wire::WriteUtf8(Wire::IsScalarValue(value) ? value : c_replacement, octets);
+}
+
+/// Writes `count` characters and returns where the next ones go.
+char* WriteStretch(const wchar_t* characters, std::size_t count, char* octets) {
+    const wchar_t* const end = characters + count;
+    while (characters != end) {
+        const std::size_t block =
+            std::min<std::size_t>(Wire::c_utf8Block, static_cast<std::size_t>(end - characters));
+        if (block == Wire::c_utf8Block && Wire::WriteBlockOfThree(characters, octets)) {
+            characters += block;
+            octets += 3 * block;
+            continue;
+        }
+        for (const wchar_t* const stop = characters + block; characters != stop; ++characters)
+            octets = Write(*characters, octets);
+    }
+    return octets;
+}
+
+/// Reads characters as long as a block of them still fits, or to the end, and returns where the next ones
+/// begin; null for what is not UTF-8.
+const char* ReadStretch(const char* octets, const char* end, wchar_t*& next, const wchar_t* limit) {
+    while (octets != end && next <= limit - Wire::c_utf8Block) {
+        if (static_cast<std::size_t>(end - octets) >= Wire::c_blockOfThreeReach &&
+            Wire::ReadBlockOfThree(octets, next)) {
+            octets += 3 * Wire::c_utf8Block;
+            next += Wire::c_utf8Block;
+            continue;
+        }
+        for (std::size_t i = 0; i < Wire::c_utf8Block && octets != end; ++i) {
+            char32_t character = 0;
+            octets = Wire::ReadUtf8(octets, end, character);
+            if (octets == nullptr)
+                return nullptr;
+            *next++ = static_cast<wchar_t>(character);
+        }
+    }
+    return octets;
+}
+
+/// False for what is not UTF-8.
+bool Read(const TString<char>& text, TString<wchar_t>& wide) {
+    const char* octets = text.data();
+    const char* const end = octets + text.size();
+    while (octets != end) {
+        std::array<wchar_t, c_stretch> stretch;
+        wchar_t* next = stretch.data();
+        octets = ReadStretch(octets, end, next, stretch.data() + stretch.size());
+        if (octets == nullptr)
+            return false;
+        wide.append(stretch.data(), static_cast<std::size_t>(next - stretch.data()));
+    }
+    return true;
 }
 
 } // namespace
 
 TString<char> UTF8::ToUTF8(const TString<wchar_t>& text) {
+    if (IsAscii(text))
+        return OneForOne<char>(text);
     TString<char> octets;
-    octets.reserve(text.size());
-    for (const wchar_t character : text) {
-        const auto value = static_cast<char32_t>(character);
-        utf8::unchecked::append(IsScalarValue(value) ? value : c_replacement, std::back_inserter(octets));
+    for (std::size_t done = 0; done < text.size();) {
+        std::array<char, Wire::c_longestUtf8 * c_stretch> stretch;
+        const std::size_t count = std::min(c_stretch, text.size() - done);
+        const char* const end = WriteStretch(text.data() + done, count, stretch.data());
+        octets.append(stretch.data(), static_cast<std::size_t>(end - stretch.data()));
+        done += count;
     }
     return octets;
 }
 
 TString<wchar_t> UTF8::ToUNICODE(const TString<char>& text) {
-    if (std::all_of(text.begin(), text.end(), IsAscii)) // as telephone numbers are
-        return {text.begin(), text.end()};
-    TString<char> repaired;
-    const bool valid = utf8::is_valid(text.begin(), text.end());
-    if (!valid)
-        utf8::replace_invalid(text.begin(), text.end(), std::back_inserter(repaired), c_replacement);
-
-    const TString<char>& octets = valid ? text : repaired;
+    if (IsAscii(text)) // as telephone numbers are
+        return OneForOne<wchar_t>(text);
     TString<wchar_t> wide;
-    wide.reserve(octets.size());
-    utf8::unchecked::utf8to32(octets.begin(), octets.end(), std::back_inserter(wide));
+    if (Read(text, wide))
+        return wide;
+    TString<char> repaired;
+    utf8::replace_invalid(text.begin(), text.end(), std::back_inserter(repaired), c_replacement);
+    wide.clear();
+    Read(repaired, wide);
     return wide;
 }
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "Encoding/PduCommon.h"
-#include "Encoding/UCS2Encoding.h"
+#include "wire/Hexadecimal.h"
 
 namespace Encoding {
 
@@ -16,6 +16,8 @@ Pdu::Pdu(const unsigned char* data, unsigned int length) : m_Bytes{}, m_Length(d
 
 Pdu::Pdu(const TString<char>& hex)
     : m_Bytes{}, m_Length(static_cast<unsigned int>(std::min<std::size_t>(hex.size() / 2, CAPACITY))) {
+    if (Wire::ReadHexadecimal(hex.data(), m_Length, m_Bytes))
+        return;
     const auto* digits = reinterpret_cast<const unsigned char*>(hex.data());
     for (unsigned int i = 0; i < m_Length; ++i)
         m_Bytes[i] = static_cast<unsigned char>(PduCommon::HexaToInt(digits + 2 * i));
@@ -46,13 +48,9 @@ void Pdu::Clear() {
 }
 
 TString<char> Pdu::GetString() const {
-    TString<char> hex;
     const unsigned int length = std::min(m_Length, CAPACITY);
-    hex.reserve(std::size_t{2} * length);
-    for (unsigned int i = 0; i < length; ++i) {
-        hex.push_back(UCS2Encoding::c_toHex[m_Bytes[i] >> 4]);
-        hex.push_back(UCS2Encoding::c_toHex[m_Bytes[i] & 0x0F]);
-    }
+    TString<char> hex(std::size_t{2} * length, '0');
+    Wire::WriteHexadecimal(m_Bytes, length, hex.data());
     return hex;
 }
 

@@ -194,6 +194,20 @@ TEST(Pdu, HexadecimalTextWithNulEndsThePairThere) {
     EXPECT_EQ(OctetsOf(Pdu(hex)), (Bytes{0xA0, 0x00, 0x0C}));
 }
 
+/// However long the text is, what is no digit takes nothing from the other digits.
+TEST(Pdu, HexadecimalTextLosesNoDigitToWhatIsNone) {
+    for (std::size_t place = 0; place < 80; ++place) {
+        std::string hex(80, '7');
+        hex[place] = '\xC3';
+        Bytes octets(40, 0x77);
+        octets[place / 2] = place % 2 == 0 ? 0x07 : 0x70;
+        ASSERT_EQ(OctetsOf(Pdu(TString<char>(hex))), octets) << place;
+        hex[place] = '\0';
+        octets[place / 2] = place % 2 == 0 ? 0x00 : 0x70;
+        ASSERT_EQ(OctetsOf(Pdu(TString<char>(hex))), octets) << place;
+    }
+}
+
 TEST(Pdu, HexadecimalTextKeepsTheFirst512Octets) {
     const TString<char> hex(std::string(1022, '1') + "ABCDEF");
     const Pdu pdu(hex);

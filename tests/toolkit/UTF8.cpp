@@ -47,6 +47,66 @@ TEST(UTF8, ConvertsEveryScalarValueBothWays) {
     }
 }
 
+/// What stands among characters of one length, at each place of texts of each length: where blocks begin, end
+/// and are left, and around the stretches that long texts are taken in.
+TEST(UTF8, ConvertsEveryCharacterAtEveryPlace) {
+    const Pair fillers[] = {{"one octet", Wide({0x61}), Narrow("61")},
+                            {"two octets", Wide({0xE9}), Narrow("C3 A9")},
+                            {"three octets", Wide({0x4E2D}), Narrow("E4 B8 AD")},
+                            {"four octets", Wide({0x1F600}), Narrow("F0 9F 98 80")}};
+    const auto check = [&](const Pair& filler, const Pair& other, std::size_t before, std::size_t after) {
+        TString<wchar_t> wide;
+        TString<char> octets;
+        for (std::size_t i = 0; i < before; ++i) {
+            wide += filler.wide;
+            octets += filler.octets;
+        }
+        wide += other.wide;
+        octets += other.octets;
+        for (std::size_t i = 0; i < after; ++i) {
+            wide += filler.wide;
+            octets += filler.octets;
+        }
+        EXPECT_EQ(UTF8::ToUTF8(wide), octets) << filler.name << ", " << other.name << " after " << before;
+        EXPECT_EQ(UTF8::ToUNICODE(octets), wide) << filler.name << ", " << other.name << " after " << before;
+    };
+    for (const Pair& filler : fillers) {
+        for (const Pair& other : fillers) {
+            for (std::size_t length = 0; length <= 40; ++length)
+                for (std::size_t before = 0; before <= length; ++before)
+                    check(filler, other, before, length - before);
+            for (std::size_t before = 250; before <= 262; ++before)
+                check(filler, other, before, 1030 - before);
+        }
+    }
+}
+
+/// One octet too few or broken makes the whole text invalid, wherever it stands; what is right around it
+/// stays.
+TEST(UTF8, RepairsAtEveryPlace) {
+    for (std::size_t length = 1; length <= 20; ++length) {
+        for (std::size_t place = 0; place < length; ++place) {
+            TString<wchar_t> wide(length, L'\u4E2D');
+            TString<char> octets;
+            for (std::size_t i = 0; i < length; ++i)
+                octets += i == place ? Narrow("E4 B8") : Narrow("E4 B8 AD");
+            wide[place] = L'\uFFFD';
+            EXPECT_EQ(UTF8::ToUNICODE(octets), wide) << place << " of " << length;
+        }
+    }
+}
+
+TEST(UTF8, WritesWhatIsNoScalarValueAtEveryPlace) {
+    for (std::size_t place = 0; place < 9; ++place) {
+        TString<wchar_t> wide(9, L'\u4E2D');
+        wide[place] = static_cast<wchar_t>(0xD800);
+        TString<char> octets;
+        for (std::size_t i = 0; i < 9; ++i)
+            octets += i == place ? Narrow("EF BF BD") : Narrow("E4 B8 AD");
+        EXPECT_EQ(UTF8::ToUTF8(wide), octets) << place;
+    }
+}
+
 TEST(UTF8, WritesWhatIsNoScalarValueAsReplacementCharacter) {
     for (const unsigned int value :
          {0xD800U, 0xDBFFU, 0xDC00U, 0xDFFFU, 0x110000U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {

@@ -1,0 +1,20 @@
+// Octets as pairs of hexadecimal digits, high digit first: how PDUs travel as text.
+//
+// Plain loops without a branch or a table, which compilers turn into vectors on every machine that has them.
+#ifndef WIRE_HEXADECIMAL_H
+#define WIRE_HEXADECIMAL_H
+
+#include <cstddef>
+
+namespace Wire {
+
+/// Writes two upper-case digits for each octet.
+void WriteHexadecimal(const unsigned char* octets, std::size_t count, char* digits);
+
+/// Reads `count` pairs of digits, of either case, into octets. Returns false when a character is no digit;
+/// what the octets hold then is of no use.
+bool ReadHexadecimal(const char* digits, std::size_t count, unsigned char* octets);
+
+} // namespace Wire
+
+#endif
