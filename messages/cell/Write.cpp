@@ -109,10 +109,8 @@ std::size_t EndOfPage(const Units& units, std::size_t first, std::size_t room) {
 
 /// Packs septets, padded to so many.
 std::vector<std::uint8_t> PackPadded(std::vector<std::uint8_t> septets, std::size_t count) {
-    constexpr std::size_t c_septetBits = 7;
-    constexpr std::size_t c_octetBits = 8;
     septets.resize(count, c_carriageReturn);
-    std::vector<std::uint8_t> packed((count * c_septetBits + c_octetBits - 1) / c_octetBits);
+    std::vector<std::uint8_t> packed(OctetsOfSeptets(count));
     packed.resize(PackSeptets(septets, 0, packed.data()));
     return packed;
 }
