@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "Messages/Words.h"
+#include "show/CodeUnits.h"
 #include "show/Message.h"
 #include "show/Plural.h"
 #include "show/Subfields.h"
@@ -35,16 +36,8 @@ std::string MeaningOfTime(const Messages::Timestamp& time) {
     return time.isValid ? time.ToString() : "no time";
 }
 
-bool IsHighHalf(std::uint32_t unit) {
-    return (unit & 0xFC00U) == 0xD800;
-}
-bool IsLowHalf(std::uint32_t unit) {
-    return (unit & 0xFC00U) == 0xDC00;
-}
-
-std::uint32_t UnitAt(const CellPage& page, std::size_t unit) {
-    const Messages::OctetView octets = page.Content().Sub(2 * unit, 2);
-    return static_cast<std::uint32_t>(octets[0] << 8 | octets[1]);
+char32_t UnitOf(const CellPage& page, std::size_t unit) {
+    return UnitAt(page.Content(), 2 * unit);
 }
 
 std::size_t IndexOf(const CellPage* page, const Broadcast& broadcast) {
@@ -171,11 +164,11 @@ bool IsHealed(const Messages::Remark& remark, std::size_t page, const std::vecto
     case Messages::RemarkCode::EscapeAtEnd:
         return goesOn(page);
     case Messages::RemarkCode::UnpairedSurrogate:
-        if (IsHighHalf(remark.number))
+        if (IsHighSurrogate(remark.number))
             return remark.other + 1 == pages[page].textUnits && goesOn(page) &&
-                   IsLowHalf(UnitAt(pages[page + 1], 0));
+                   IsLowSurrogate(UnitOf(pages[page + 1], 0));
         return remark.other == 0 && page > 0 && goesOn(page - 1) && pages[page - 1].textUnits != 0 &&
-               IsHighHalf(UnitAt(pages[page - 1], pages[page - 1].textUnits - 1U));
+               IsHighSurrogate(UnitOf(pages[page - 1], pages[page - 1].textUnits - 1U));
     default:
         return false;
     }

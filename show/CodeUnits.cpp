@@ -15,14 +15,6 @@ constexpr char32_t c_firstSupplementary = 0x10000;
 constexpr char32_t c_highSurrogates = 0xD800;
 constexpr char32_t c_lowSurrogates = 0xDC00;
 
-bool IsHighSurrogate(wchar_t unit) {
-    return (static_cast<char32_t>(unit) & ~char32_t{0x3FF}) == c_highSurrogates;
-}
-
-bool IsLowSurrogate(wchar_t unit) {
-    return (static_cast<char32_t>(unit) & ~char32_t{0x3FF}) == c_lowSurrogates;
-}
-
 bool IsSurrogate(char32_t codePoint) {
     return (codePoint & ~char32_t{0x7FF}) == c_highSurrogates;
 }
@@ -32,10 +24,11 @@ template <class Take>
 void ForEachCodePoint(const std::wstring& units, Take take) {
     for (std::size_t i = 0; i < units.size(); ++i) {
         auto codePoint = static_cast<char32_t>(units[i]);
-        if (IsHighSurrogate(units[i]) && i + 1 < units.size() && IsLowSurrogate(units[i + 1])) {
+        const auto next = static_cast<char32_t>(i + 1 < units.size() ? units[i + 1] : L'\0');
+        if (IsHighSurrogate(codePoint) && IsLowSurrogate(next)) {
             ++i;
-            codePoint = c_firstSupplementary + ((codePoint - c_highSurrogates) << 10) +
-                        (static_cast<char32_t>(units[i]) - c_lowSurrogates);
+            codePoint =
+                c_firstSupplementary + ((codePoint - c_highSurrogates) << 10) + (next - c_lowSurrogates);
         }
         take(codePoint);
     }
@@ -89,6 +82,12 @@ std::string ToUtf8(const std::wstring& units) {
         utf8::unchecked::append(IsSurrogate(codePoint) ? c_replacement : codePoint, std::back_inserter(text));
     });
     return text;
+}
+
+std::size_t CharactersIn(std::string_view text) {
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) {
+        return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+    }));
 }
 
 bool HasLoneSurrogate(const std::wstring& units) {

@@ -2,9 +2,11 @@
 #ifndef SHOW_CODEUNITS_H
 #define SHOW_CODEUNITS_H
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
+#include "Messages/Octets.h"
 #include "Toolkit/TString.h"
 
 namespace show {
@@ -17,6 +19,22 @@ TString<wchar_t> Units(std::u32string_view codePoints);
 
 /// The UTF-8 form of UTF-16 code units: a surrogate pair becomes one character, a lone surrogate U+FFFD.
 std::string ToUtf8(const std::wstring& units);
+
+/// The code unit of two octets, the more significant one first.
+inline char32_t UnitAt(Messages::OctetView octets, std::size_t offset) {
+    return static_cast<char32_t>(octets[offset] << 8 | octets[offset + 1]);
+}
+
+/// Which half of a surrogate pair a code unit is, if it is one.
+constexpr bool IsHighSurrogate(char32_t unit) {
+    return (unit & ~char32_t{0x3FF}) == 0xD800;
+}
+constexpr bool IsLowSurrogate(char32_t unit) {
+    return (unit & ~char32_t{0x3FF}) == 0xDC00;
+}
+
+/// Characters of a text in UTF-8.
+std::size_t CharactersIn(std::string_view text);
 
 /// Whether the code units hold half a surrogate pair.
 bool HasLoneSurrogate(const std::wstring& units);

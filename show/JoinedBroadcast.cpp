@@ -21,13 +21,6 @@ namespace {
 using Messages::CellMessage;
 using Messages::CellPage;
 
-std::vector<int> NumbersOf(const std::vector<CellPage>& pages) {
-    std::vector<int> numbers;
-    std::transform(pages.begin(), pages.end(), std::back_inserter(numbers),
-                   [](const CellPage& page) { return int{page.number}; });
-    return numbers;
-}
-
 /// Those that have come whole.
 std::vector<int> WholeOf(const CellMessage& message) {
     std::vector<int> numbers;
@@ -113,12 +106,8 @@ std::vector<std::string> NotesOf(const JoinedBroadcast& joined) {
     return notes;
 }
 
-std::vector<int> NumbersOf(const PageSource& source) {
-    return NumbersOf(source.compared->broadcast.reading.pages);
-}
-
 void WriteSource(const JoinedBroadcast& joined, const PageSource& source, JsonText& object) {
-    object.Numbers("pages", NumbersOf(source));
+    object.Numbers("pages", NumbersOf(source.compared->broadcast.reading.pages));
     if (!source.file.empty())
         object.Member("file", source.file);
     object.Member(source.isArgument ? "argument" : "line", source.input);
@@ -128,6 +117,13 @@ void WriteSource(const JoinedBroadcast& joined, const PageSource& source, JsonTe
 }
 
 } // namespace
+
+std::vector<int> NumbersOf(const std::vector<CellPage>& pages) {
+    std::vector<int> numbers;
+    std::transform(pages.begin(), pages.end(), std::back_inserter(numbers),
+                   [](const CellPage& page) { return int{page.number}; });
+    return numbers;
+}
 
 std::string PagesText(const std::vector<int>& numbers) {
     return fmt::format("{} {}", numbers.size() == 1 ? "page" : "pages", fmt::join(numbers, ", "));

@@ -30,6 +30,9 @@ struct JoinedBroadcast {
     std::vector<PageSource> sources; ///< in the order of their first pages
 };
 
+/// Of pages, their numbers.
+std::vector<int> NumbersOf(const std::vector<Messages::CellPage>& pages);
+
 /// "page 2", "pages 2, 4"
 std::string PagesText(const std::vector<int>& numbers);
 

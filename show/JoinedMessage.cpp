@@ -132,12 +132,6 @@ std::vector<std::string> NotesOf(const JoinedMessage& joined) {
 
 } // namespace
 
-std::size_t CharactersIn(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) {
-        return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
-    }));
-}
-
 bool MayBeHealed(const Messages::Remark& remark) {
     const bool isOfText =
         remark.field == Messages::Field::UserData || remark.field == Messages::Field::PageContent;

@@ -30,9 +30,6 @@ struct JoinedContent {
     bool HasText() const { return !text.empty() || data.empty(); }
 };
 
-/// Characters of a text in UTF-8.
-std::size_t CharactersIn(std::string_view text);
-
 /// Whether what the remark is about, at the end or the beginning of a part, may be whole in the message.
 bool MayBeHealed(const Messages::Remark& remark);
 

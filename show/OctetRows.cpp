@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "Messages/Words.h"
+#include "show/CodeUnits.h"
 #include "show/Message.h"
 #include "show/Plural.h"
 #include "show/Subfields.h"
@@ -23,15 +24,6 @@ using Messages::Piece;
 constexpr unsigned int c_septetBits = 7;
 constexpr std::uint32_t c_septetRow = 7; ///< octets that hold eight septets
 constexpr std::uint32_t c_octetRow = 8;
-
-/// By the first octet of the unit.
-bool IsHighSurrogate(std::uint8_t octet) {
-    return (octet & 0xFC) == 0xD8;
-}
-
-bool IsLowSurrogate(std::uint8_t octet) {
-    return (octet & 0xFC) == 0xDC;
-}
 
 /// The text of the septets from one row to the next. A row never ends between an escape and its code.
 class SeptetText {
@@ -163,7 +155,8 @@ void OctetRows::AddUnits(Field field, std::uint32_t end) {
     while (End() < end) {
         std::uint32_t rowEnd = std::min(end, End() + c_octetRow);
         const bool cutsPair = rowEnd + 2 <= end && rowEnd - End() >= 2 &&
-                              IsHighSurrogate(m_Octets[rowEnd - 2]) && IsLowSurrogate(m_Octets[rowEnd]);
+                              IsHighSurrogate(UnitAt(m_Octets, rowEnd - 2)) &&
+                              IsLowSurrogate(UnitAt(m_Octets, rowEnd));
         rowEnd += cutsPair ? 2 : 0;
         OctetRow& row = Add(field, rowEnd - End());
         QuotedText text;

@@ -13,7 +13,7 @@
 #include "commands/CellEncode.h"
 #include "commands/Members.h"
 #include "commands/Options.h"
-#include "show/JoinedMessage.h"
+#include "show/CodeUnits.h"
 #include "show/Json.h"
 
 namespace qxpdu {

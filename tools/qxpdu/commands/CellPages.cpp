@@ -57,9 +57,7 @@ bool IsPart(const show::Broadcast& broadcast) {
 }
 
 void ShowDuplicate(const Input& input, const Messages::CellReading& reading, Console& console) {
-    std::vector<int> pages;
-    for (const Messages::CellPage& page : reading.pages)
-        pages.push_back(page.number);
+    const std::vector<int> pages = show::NumbersOf(reading.pages);
     if (!console.WantsJsonLines())
         return console.Warning(NameOf(input), fmt::format("{} of {} {} come before", show::PagesText(pages),
                                                           reading.total, pages.size() == 1 ? "has" : "have"));

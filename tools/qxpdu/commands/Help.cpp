@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "show/CodeUnits.h"
+
 namespace qxpdu {
 
 namespace {
@@ -13,13 +15,6 @@ constexpr std::size_t c_columns = 80;
 
 bool IsAtMargin(std::string_view line) {
     return !line.empty() && line.front() != ' ';
-}
-
-/// Characters of UTF-8.
-std::size_t WidthOf(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char octet) {
-        return (static_cast<unsigned char>(octet) & 0xC0) != 0x80;
-    }));
 }
 
 /// Where the text of a line begins: in its right column, if it has two.
@@ -36,7 +31,7 @@ std::size_t IndentOf(std::string_view line) {
 std::size_t BreakIn(std::string_view line, std::size_t indent) {
     std::size_t best = line.find(' ', indent);
     for (std::size_t blank = best; blank != std::string_view::npos; blank = line.find(' ', blank + 1)) {
-        if (WidthOf(line.substr(0, blank)) > c_columns)
+        if (show::CharactersIn(line.substr(0, blank)) > c_columns)
             break;
         best = blank;
     }
@@ -45,7 +40,7 @@ std::size_t BreakIn(std::string_view line, std::size_t indent) {
 
 void AppendWrapped(std::string line, std::string& wrapped) {
     const std::size_t indent = IndentOf(line);
-    while (WidthOf(line) > c_columns) {
+    while (show::CharactersIn(line) > c_columns) {
         const std::size_t blank = BreakIn(line, indent);
         if (blank == std::string::npos)
             break;

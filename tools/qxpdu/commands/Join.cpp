@@ -3,6 +3,8 @@
 #include <iterator>
 #include <utility>
 
+#include "show/CodeUnits.h"
+
 namespace qxpdu {
 
 namespace {
