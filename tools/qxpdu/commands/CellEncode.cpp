@@ -13,6 +13,7 @@
 #include "commands/CellEncode.h"
 #include "commands/Members.h"
 #include "commands/Options.h"
+#include "commands/Writing.h"
 #include "show/CodeUnits.h"
 #include "show/Json.h"
 
@@ -78,17 +79,6 @@ std::string FaultOfIdentifier(const std::string& identifier) {
     return row->second ? "" : identifier + " is the name of several identifiers";
 }
 
-std::string FaultOfAlphabet(const std::string& alphabet) {
-    const bool isKnown = alphabet == "gsm" || alphabet == "ucs2";
-    return isKnown ? "" : fmt::format("{} is neither gsm nor ucs2", alphabet);
-}
-
-std::optional<Messages::Alphabet> AlphabetOf(const CellEncodeOptions& options) {
-    if (options.alphabet.empty())
-        return std::nullopt;
-    return options.alphabet == "gsm" ? Messages::Alphabet::Gsm7 : Messages::Alphabet::Ucs2;
-}
-
 Messages::CellDraft DraftOf(const CellEncodeOptions& options, const std::string& text) {
     Messages::CellDraft draft;
     draft.format = options.umts ? Messages::CellFormat::UmtsMessage : Messages::CellFormat::GsmPage;
@@ -98,7 +88,7 @@ Messages::CellDraft DraftOf(const CellEncodeOptions& options, const std::string&
     draft.messageIdentifier = number ? *number : *IdentifiersByName().at(options.identifier);
     draft.text = text;
     draft.language = options.language;
-    draft.alphabet = AlphabetOf(options);
+    draft.alphabet = AlphabetNamed(options.alphabet);
     if (options.messageClass)
         draft.messageClass = static_cast<std::uint8_t>(*options.messageClass);
     return draft;

@@ -19,8 +19,8 @@
 #include "commands/Languages.h"
 #include "commands/Numbers.h"
 #include "commands/Options.h"
+#include "commands/Writing.h"
 #include "show/CodeUnits.h"
-#include "show/JoinedMessage.h"
 #include "show/Json.h"
 #include "show/Plural.h"
 
@@ -35,16 +35,10 @@ using Messages::Language;
 using Messages::Languages;
 using Messages::SeptetTables;
 
-struct CountOptions : ConversionOptions {
+struct CountOptions : ConversionOptions, WritingOptions {
     std::string host; ///< "libQX_Encoding", or empty
     bool greek = false;
-    bool replacesNear = false;
     bool lines = false;
-    std::string languages;
-    std::string alphabet; ///< "gsm", "ucs2", or empty where either may be
-    std::string concatBits;
-    std::string ports; ///< "TO:FROM"
-    std::string portBits;
 };
 
 /// Where a part of the text ends and the next begins.
@@ -82,17 +76,6 @@ struct Sorting {
     Characters tabled;  ///< in one of a language alone
     Characters escaped; ///< take two septets
 };
-
-CutOptions CutOptionsOf(const CountOptions& options) {
-    CutOptions cut;
-    cut.choice.languages = LanguagesIn(options.languages);
-    if (!options.alphabet.empty())
-        cut.choice.alphabet = options.alphabet == "gsm" ? Messages::Alphabet::Gsm7 : Messages::Alphabet::Ucs2;
-    cut.choice.room.hasWideReference = options.concatBits == "16";
-    cut.ports = PortsIn(options.ports, options.portBits);
-    cut.reference = 0; // whichever it is, it costs the same
-    return cut;
-}
 
 bool IsUcs2(const Choice& choice) {
     return choice.alphabet == Messages::Alphabet::Ucs2;
@@ -332,10 +315,7 @@ void AddTo(show::Json& object, const Cost& cost) {
     }
     const Choice& choice = cost.choice;
     object["alphabet"] = IsUcs2(choice) ? "UCS2" : "GSM 7-bit";
-    if (choice.tables.locking != Language::Default)
-        object["locking_shift"] = NameOf(choice.tables.locking);
-    if (choice.tables.single != Language::Default)
-        object["single_shift"] = NameOf(choice.tables.single);
+    AddTables(choice.tables, object);
     object[IsUcs2(choice) ? "characters" : "septets"] = choice.units;
     object["parts"] = choice.parts;
     object["room"] = cost.room;
@@ -424,7 +404,8 @@ bool IsPlain(const std::string& text) {
 /// By the standards.
 void Count(const CountOptions& options, const Input& input, Console& console) {
     FromUtf8(input.text); // says which octet is not UTF-8
-    CutOptions how = CutOptionsOf(options);
+    CutOptions how = CuttingOf(options);
+    how.reference = 0;                        // whichever it is, it costs the same
     const bool isPlain = IsPlain(input.text); // and nothing makes it cheaper
     how.replacesNear = !isPlain;
     const CutText near = CutIntoParts(input.text, how);
@@ -454,14 +435,6 @@ int Count(const CountOptions& options, const Streams& streams) {
                       });
 }
 
-std::string FaultOfAlphabet(const std::string& name) {
-    return name == "gsm" || name == "ucs2" ? "" : name + " is neither gsm nor ucs2";
-}
-
-std::string FaultOfEncoder(const std::string& name) {
-    return name == "libQX_Encoding" ? "" : name + " is not libQX_Encoding";
-}
-
 void AddOptions(const Command& command, CountOptions& options) {
     const Option standards[] = {
         command.AddText("--language", options.languages, c_languagesMeaning)
@@ -485,8 +458,8 @@ void AddOptions(const Command& command, CountOptions& options) {
             .Named("8|16"),
     };
     Option host = command.AddText("--as", options.host, "Count as the encoder of that library sends the text")
-                      .Check(FaultOfEncoder)
-                      .Named("libQX_Encoding");
+                      .Check(FaultOfHost)
+                      .Named(c_host);
     for (const Option& option : standards)
         host.Excludes(option);
     command.AddFlag("--greek", options.greek, "With --as: count as encode --greek sends the text")
@@ -517,7 +490,7 @@ void AddCount(const Command& parent) {
         "  qxpdu count 'It’s 5 €'\n"
         "  qxpdu count --language tr,es 'Yarın şubemizden alınız'");
     command.SetAction([options](const Streams& streams) {
-        const std::string fault = FaultOfPortsWithBits(options->ports, options->portBits);
+        const std::string fault = FaultOfPortsWithBits(*options);
         if (!fault.empty())
             throw CommandLineError(fault);
         return Count(*options, streams);

@@ -56,10 +56,7 @@ void AddHeader(const Messages::UserData& userData, show::Json& object) {
                            {"originator", ports->originator},
                            {"bits", ports->areWide ? 16 : 8}};
     }
-    if (userData.tables.locking != Messages::Language::Default)
-        object["locking_shift"] = Messages::NameOf(userData.tables.locking);
-    if (userData.tables.single != Messages::Language::Default)
-        object["single_shift"] = Messages::NameOf(userData.tables.single);
+    AddTables(userData.tables, object);
 }
 
 /// Alphabet and length of the text, or the data.

@@ -67,9 +67,7 @@ Outgoing MakeOutgoingAsHost(const OutgoingOptions& options, const std::string& t
     Outgoing outgoing;
     for (const auto& pdu : pdus)
         outgoing.pdus.emplace_back(pdu->m_Bytes, pdu->m_Bytes + pdu->m_Length);
-    AddCautionsOfNumbers(options, outgoing.cautions);
-    if (std::string caution = options.Validity().caution; !caution.empty())
-        outgoing.cautions.push_back({"--validity", std::move(caution)});
+    AddCautionsOfOptions(options, outgoing.cautions);
     if (units.empty())
         outgoing.cautions.push_back(CautionOfNoText());
     if (options.greek && IsInGsm(pdus.front()))

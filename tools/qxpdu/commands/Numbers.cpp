@@ -10,7 +10,6 @@ namespace qxpdu {
 
 namespace {
 
-constexpr int c_maxOctet = 0xFF;
 constexpr int c_maxWord = 0xFFFF;
 
 /// Of 16 bits.
@@ -46,15 +45,6 @@ std::string FaultOfPorts(const std::string& ports) {
     return WidePortsIn(ports)
                ? ""
                : fmt::format("{} is neither a port from 0 to 65535 nor two with a colon between", ports);
-}
-
-std::string FaultOfPortsWithBits(const std::string& ports, const std::string& bits) {
-    if (!bits.empty() && ports.empty())
-        return "--port-bits: --port is required";
-    const std::optional<Messages::Ports> found = PortsIn(ports, bits);
-    if (found && !found->areWide && std::max(found->destination, found->originator) > c_maxOctet)
-        return fmt::format("--port: {} takes --port-bits 16", ports);
-    return {};
 }
 
 std::optional<Messages::Ports> PortsIn(std::string_view ports, std::string_view bits) {

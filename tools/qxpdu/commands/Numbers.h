@@ -19,9 +19,6 @@ std::string FaultOfBits(const std::string& bits);
 /// What is wrong with "TO" or "TO:FROM".
 std::string FaultOfPorts(const std::string& ports);
 
-/// What is wrong with ports and their bits together, each of which may be empty.
-std::string FaultOfPortsWithBits(const std::string& ports, const std::string& bits);
-
 /// None of an empty text. REQUIRES that nothing is wrong with it.
 std::optional<Messages::Ports> PortsIn(std::string_view ports, std::string_view bits);
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include <fmt/format.h>
+
 #include "commands/Shields.h"
 
 namespace qxpdu {
@@ -16,6 +18,10 @@ ConversionSettings ConversionOptions::Settings() const {
     const Format format = jsonLines ? Format::JsonLines : json ? Format::JsonArray : Format::Text;
     std::vector<std::string> names = files ? files->Values() : std::vector<std::string>();
     return {inputs->Values(), std::move(names), files.has_value(), format, lineBuffered, progress, threads};
+}
+
+std::string FaultOfHost(const std::string& name) {
+    return name == c_host ? "" : fmt::format("{} is not {}", name, c_host);
 }
 
 void AddConversion(const Command& command, ConversionOptions& options, const std::string& name,

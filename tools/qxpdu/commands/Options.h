@@ -23,6 +23,12 @@ struct ConversionOptions {
     ConversionSettings Settings() const;
 };
 
+/// The library whose reading and writing can be had in place of the standards', as options name it.
+inline constexpr const char* c_host = "libQX_Encoding";
+
+/// What is wrong with any other name.
+std::string FaultOfHost(const std::string& name);
+
 /// Adds the input arguments, named `name`, and --json.
 void AddConversion(const Command& command, ConversionOptions& options, const std::string& name,
                    const std::string& description);

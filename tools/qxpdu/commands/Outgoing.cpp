@@ -12,7 +12,6 @@
 #include "characters/Hexadecimal.h"
 #include "characters/InputError.h"
 #include "characters/Unicode.h"
-#include "commands/Languages.h"
 #include "commands/Parties.h"
 #include "commands/Times.h"
 #include "show/CodeUnits.h"
@@ -192,16 +191,8 @@ std::size_t RoomIn(Tpdu tpdu, const Messages::DataCoding& coding) {
 }
 
 Messages::CutOptions CuttingOf(const OutgoingOptions& options, std::optional<std::uint16_t> reference) {
-    Messages::CutOptions cutting;
-    cutting.choice.languages = LanguagesIn(options.languages);
-    if (options.alphabet == "gsm")
-        cutting.choice.alphabet = Messages::Alphabet::Gsm7;
-    else if (options.alphabet == "ucs2")
-        cutting.choice.alphabet = Messages::Alphabet::Ucs2;
-    cutting.choice.room.hasWideReference = options.concatBits == "16";
-    cutting.replacesNear = options.replacesNear;
+    Messages::CutOptions cutting = CuttingOf(static_cast<const WritingOptions&>(options));
     cutting.reference = reference;
-    cutting.ports = options.Ports();
     cutting.messageClass = MaybeOctetOf(options.messageClass);
     return cutting;
 }
@@ -234,7 +225,7 @@ std::vector<std::uint8_t> DataOf(const OutgoingOptions& options, const std::stri
     if (cut.fault->code != CutFaultCode::NoCharacter)
         throw InputError(Messages::MeaningOf(*cut.fault));
     throw InputError(fmt::format("character {}, {}, is in no table of GSM 7-bit that may be used",
-                                 CharactersOf(text.substr(0, cut.fault->offset)).size() + 1,
+                                 show::CharactersIn(std::string_view(text).substr(0, cut.fault->offset)) + 1,
                                  CodePointName(cut.fault->character)));
 }
 
@@ -292,9 +283,7 @@ Caution CautionOf(const std::string& text, const std::vector<Messages::Replaceme
 std::vector<Caution> CautionsOf(const OutgoingOptions& options, const std::string& text,
                                 const Messages::CutText& cut) {
     std::vector<Caution> cautions;
-    AddCautionsOfNumbers(options, cautions);
-    if (std::string caution = options.Validity().caution; !caution.empty())
-        cautions.push_back({"--validity", std::move(caution)});
+    AddCautionsOfOptions(options, cautions);
     if (text.empty() && options.data.empty() && !options.MayBeEmpty())
         cautions.push_back(CautionOfNoText());
     if (!cut.replacements.empty())
@@ -308,7 +297,7 @@ Caution CautionOfNoText() {
     return {"", "the text is empty; a message without text goes out"};
 }
 
-void AddCautionsOfNumbers(const OutgoingOptions& options, std::vector<Caution>& cautions) {
+void AddCautionsOfOptions(const OutgoingOptions& options, std::vector<Caution>& cautions) {
     const auto check = [&cautions](const char* option, const std::string& number, const std::string& sent) {
         if (sent != number)
             cautions.push_back({option, fmt::format("'{}' goes out as {}", show::Printable(number), sent)});
@@ -316,6 +305,8 @@ void AddCautionsOfNumbers(const OutgoingOptions& options, std::vector<Caution>& 
     check("--to", options.to, AddressOfNumber(options.to).ToString());
     check("--from", options.from, AddressOfParty(options.from).ToString());
     check("--smsc", options.smsc, AddressOfNumber(options.smsc).ToString());
+    if (std::string caution = options.Validity().caution; !caution.empty())
+        cautions.push_back({"--validity", std::move(caution)});
 }
 
 Messages::Address ServiceCentreOf(const OutgoingOptions& options) {

@@ -30,8 +30,8 @@ struct Outgoing {
 /// What is said of an empty text that goes out.
 Caution CautionOfNoText();
 
-/// Of numbers of which not every character goes out.
-void AddCautionsOfNumbers(const OutgoingOptions& options, std::vector<Caution>& cautions);
+/// Of numbers of which not every character goes out, and of the validity.
+void AddCautionsOfOptions(const OutgoingOptions& options, std::vector<Caution>& cautions);
 
 /// The service centre; empty where the modem's own is meant.
 Messages::Address ServiceCentreOf(const OutgoingOptions& options);

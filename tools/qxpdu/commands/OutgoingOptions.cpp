@@ -24,7 +24,6 @@ namespace {
 
 using Messages::TpduType;
 
-constexpr const char* c_host = "libQX_Encoding";
 constexpr const char* c_first = "first";
 constexpr const char* c_all = "all";
 constexpr int c_maxOctet = 0xFF;
@@ -54,17 +53,13 @@ std::string FaultOfType(const std::string& name) {
                                          name);
 }
 
-std::string FaultOfEncoder(const std::string& name) {
-    return name == c_host ? "" : fmt::format("{} is not {}", name, c_host);
-}
-
 std::string FaultOfReports(const std::string& which) {
     const bool isKnown = which == c_first || which == c_all;
     return isKnown ? "" : fmt::format("{} is neither {} nor {}", which, c_first, c_all);
 }
 
-std::string FaultOfAlphabet(const std::string& name) {
-    const bool isKnown = name == "gsm" || name == "ucs2" || name == "8bit";
+std::string FaultOfCoding(const std::string& name) {
+    const bool isKnown = AlphabetNamed(name) || name == "8bit";
     return isKnown ? "" : fmt::format("{} is neither gsm, ucs2 nor 8bit", name);
 }
 
@@ -128,7 +123,7 @@ const Row c_rows[] = {
      "Service-centre number; without it, the modem's own", FaultOfNumber},
     {"alphabet", &Options::alphabet, c_texts, "NAME",
      "gsm, ucs2, or 8bit, an octet for each character up to U+00FF; without it, the cheapest of gsm and ucs2",
-     FaultOfAlphabet},
+     FaultOfCoding},
     {"language", &Options::languages, c_texts, "CODES", c_languagesMeaning, FaultOfLanguages},
     {"replace", &Options::replacesNear, c_texts, "", "Send near characters where that is cheaper"},
     {"data", &Options::data, c_everything, "HEX", "8-bit data in place of a text; - where the input is it",
@@ -177,8 +172,8 @@ const Row c_rows[] = {
      false, 0, c_maxOctet, true},
     {"message-number", &Options::messageNumber, c_command, "N",
      "TP-MN: TP-MR of the message that the command is about"},
-    {"as", &Options::as, c_everything | c_forHost, "libQX_Encoding",
-     "Send what the encoder of that library makes", FaultOfEncoder},
+    {"as", &Options::as, c_everything | c_forHost, c_host, "Send what the encoder of that library makes",
+     FaultOfHost},
     {"greek", &Options::greek, c_forHost, "", "With --as: Greek letters as capitals in GSM 7-bit"},
     {"strict", &Options::strict, c_everything | c_forHost, "", "Turn warnings into errors"},
 };
@@ -309,7 +304,7 @@ std::string FaultOfContent(const OutgoingOptions& options) {
 std::string FaultOfHeader(const OutgoingOptions& options) {
     if (options.concatReference.value_or(0) > c_maxOctet && options.concatBits != "16")
         return fmt::format("--concat-reference: {} takes --concat-bits 16", *options.concatReference);
-    return FaultOfPortsWithBits(options.ports, options.portBits);
+    return FaultOfPortsWithBits(options);
 }
 
 std::string FaultOfValidity(const OutgoingOptions& options) {
@@ -325,7 +320,7 @@ std::string FaultOfValidity(const OutgoingOptions& options) {
     }
 }
 
-std::string FaultOfHost(const OutgoingOptions& options) {
+std::string FaultOfHostUse(const OutgoingOptions& options) {
     if (!options.IsForHost())
         return {};
     if (options.Type() != TpduType::Submit)
@@ -364,10 +359,6 @@ bool OutgoingOptions::MayBeEmpty() const {
     return Type() != TpduType::Submit && Type() != TpduType::Deliver;
 }
 
-std::optional<Messages::Ports> OutgoingOptions::Ports() const {
-    return PortsIn(ports, portBits);
-}
-
 void AddOutgoing(const Command& command, OutgoingOptions& options) {
     for (const Row& row : c_rows)
         std::visit(Adder{command, options, row}, row.member);
@@ -389,7 +380,7 @@ bool SetOption(const std::string& name, const show::Json& value, OutgoingOptions
 }
 
 std::string FaultOfCombination(const OutgoingOptions& options) {
-    for (const auto faultOf : {FaultOfUse, FaultOfHost, FaultOfParties, FaultOfContent, FaultOfHeader,
+    for (const auto faultOf : {FaultOfUse, FaultOfHostUse, FaultOfParties, FaultOfContent, FaultOfHeader,
                                FaultOfValidity, FaultOfCommand}) {
         if (std::string fault = faultOf(options); !fault.empty())
             return fault;

@@ -8,12 +8,13 @@
 #include "Messages/Tpdu.h"
 #include "commands/Options.h"
 #include "commands/Validity.h"
+#include "commands/Writing.h"
 #include "show/JsonForward.h"
 
 namespace qxpdu {
 
 /// Each as it was given; an empty text where it was not.
-struct OutgoingOptions : ConversionOptions {
+struct OutgoingOptions : ConversionOptions, WritingOptions {
     std::string type = "submit";
     std::string as; ///< "libQX_Encoding", or empty
     std::string to;
@@ -24,12 +25,7 @@ struct OutgoingOptions : ConversionOptions {
     std::string statusReport; ///< "first", "all", or empty where none is asked for
     std::string time;
     std::string dischargeTime;
-    std::string languages;
-    std::string alphabet;
-    std::string data;  ///< hexadecimal; "-" where the input is
-    std::string ports; ///< "TO:FROM"
-    std::string portBits;
-    std::string concatBits;
+    std::string data; ///< hexadecimal; "-" where the input is
     std::optional<int> messageClass;
     std::optional<int> reference;
     std::optional<int> protocol;
@@ -44,7 +40,6 @@ struct OutgoingOptions : ConversionOptions {
     bool moreMessages = false;
     bool loopPrevention = false;
     bool forCommand = false;
-    bool replacesNear = false;
     bool greek = false;
     bool strict = false;
     bool at = false;
@@ -56,7 +51,6 @@ struct OutgoingOptions : ConversionOptions {
     /// Whether there may be a message of that type without user data.
     bool MayBeEmpty() const;
     MadeValidity Validity() const { return MakeValidity({validity, validityFormat, isSingleShot}); }
-    std::optional<Messages::Ports> Ports() const;
 };
 
 /// Adds all options of the command and its argument.

@@ -22,8 +22,8 @@ constexpr std::size_t c_mostSeptets = 11; ///< of a name there
 /// "character 7, 'x', is no digit of a number"
 std::string WordsOf(const Messages::MisfitCharacter& misfit, const std::string& text,
                     std::string_view whatIsWrong) {
-    const std::string before = text.substr(0, misfit.offset);
-    return fmt::format("character {}, {}, {}", show::CodePoints(FromUtf8(before)).size() + 1,
+    const std::string_view before = std::string_view(text).substr(0, misfit.offset);
+    return fmt::format("character {}, {}, {}", show::CharactersIn(before) + 1,
                        FirstCharacter(text.substr(misfit.offset)), whatIsWrong);
 }
 

@@ -20,17 +20,12 @@ namespace {
 
 constexpr const char* c_yes = "yes";
 constexpr const char* c_no = "no";
-constexpr const char* c_host = "libQX_Encoding";
 
 std::string FaultOfDirection(const std::string& direction) {
     const std::string_view toMobile = show::DirectionName(Messages::Direction::ToMobile);
     const std::string_view fromMobile = show::DirectionName(Messages::Direction::FromMobile);
     const bool isKnown = direction == toMobile || direction == fromMobile;
     return isKnown ? "" : fmt::format("{} is neither {} nor {}", direction, toMobile, fromMobile);
-}
-
-std::string FaultOfReader(const std::string& reader) {
-    return reader == c_host ? "" : fmt::format("{} is not {}", reader, c_host);
 }
 
 std::optional<Messages::CellFormat> CellFormatOf(std::string_view name) {
@@ -91,8 +86,8 @@ void AddHostReading(const Command& command, bool& asHost) {
         .AddText(
             "--as", [&asHost](const std::string&) { asHost = true; },
             "Show the reading of libQX_Encoding alone, member by member")
-        .Check(FaultOfReader)
-        .Named("libQX_Encoding");
+        .Check(FaultOfHost)
+        .Named(c_host);
 }
 
 void AddStrict(const Command& command, bool& isStrict) {
