@@ -23,10 +23,9 @@ std::string_view DigitsAt(std::string_view text) {
     return text.substr(0, static_cast<std::size_t>(end - text.begin()));
 }
 
-std::size_t ValueOf(std::string_view digits) {
-    constexpr int c_base = 16;
+std::size_t ValueOf(std::string_view digits, int base = 16) {
     std::size_t value = 0;
-    std::from_chars(digits.data(), digits.data() + digits.size(), value, c_base);
+    std::from_chars(digits.data(), digits.data() + digits.size(), value, base);
     return value;
 }
 
@@ -74,11 +73,7 @@ bool AreCharactersLeft(std::string_view rest, std::string_view digits) {
 std::size_t OffsetOf(std::string_view digits) {
     constexpr std::size_t c_octalDigits = 7;
     constexpr int c_octal = 8;
-    if (digits.size() != c_octalDigits)
-        return ValueOf(digits);
-    std::size_t value = 0;
-    std::from_chars(digits.data(), digits.data() + digits.size(), value, c_octal);
-    return value;
+    return digits.size() == c_octalDigits ? ValueOf(digits, c_octal) : ValueOf(digits);
 }
 
 /// The digits of octets parted by blanks; none where anything else stands there.

@@ -66,4 +66,8 @@ bool AwaitedPdu::IsSound(std::string_view more) const {
     return Messages::Read(octets, options).IsSound();
 }
 
+bool AwaitedPdu::IsWhole(std::string_view more) const {
+    return IsComplete(more) && (IsPage() || IsSound(more));
+}
+
 } // namespace qxpdu

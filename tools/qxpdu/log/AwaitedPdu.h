@@ -38,6 +38,9 @@ public:
     /// Whether the digits can stand for themselves. A page has nothing that could tell.
     bool IsSound(std::string_view more = {}) const;
 
+    /// Whether it is complete, and sound where that can be told.
+    bool IsWhole(std::string_view more) const;
+
     bool IsPage() const { return m_Kind == Heading::Kind::Page; }
 
 private:

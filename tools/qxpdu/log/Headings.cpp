@@ -129,8 +129,7 @@ std::size_t LengthBeforePdu(std::string_view text) {
         const std::string_view rest = text.substr(size);
         const auto* const end = std::find_if_not(rest.begin(), rest.end(), IsHexDigit);
         const std::string_view digits = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
-        const AwaitedPdu pdu(heading);
-        if (pdu.IsComplete(digits) && pdu.IsSound(digits))
+        if (AwaitedPdu(heading).IsWhole(digits))
             return size;
     }
     return 0;

@@ -272,17 +272,14 @@ bool LogReader::Gather(std::string_view text, bool isWholeLine) {
 /// Where a line has the whole PDU, what came before it was none of it, and is left out.
 std::string LogReader::DigitsFor(Open& open, std::string_view text, bool isWholeLine) {
     const Beside beside = isWholeLine ? Beside::Nothing : Beside::Words;
-    const auto isWhole = [](const AwaitedPdu& pdu, const std::string& digits) {
-        return pdu.IsComplete(digits) && (pdu.IsPage() || pdu.IsSound(digits));
-    };
     AwaitedPdu& pdu = open.pdu;
     const bool mayBeOthers = !pdu.IsEmpty() && (pdu.IsSound() || (open.isPrefixed && !m_IsPrefixed));
     std::string digits = DigitsIn(text, mayBeOthers ? Beside::Others : beside, pdu);
-    if (pdu.IsEmpty() || isWhole(pdu, digits))
+    if (pdu.IsEmpty() || pdu.IsWhole(digits))
         return digits;
     AwaitedPdu alone(open.heading);
     std::string whole = DigitsIn(text, beside, alone);
-    if (!isWhole(alone, whole))
+    if (!alone.IsWhole(whole))
         return digits;
     CountStray(pdu.Digits());
     pdu = std::move(alone);
