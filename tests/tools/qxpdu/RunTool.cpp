@@ -142,6 +142,14 @@ std::vector<nlohmann::json> JsonLines(const std::string& text) {
     return objects;
 }
 
+std::vector<std::string> LinesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+        lines.push_back(line);
+    return lines;
+}
+
 std::string AsLines(const std::vector<std::string>& lines) {
     std::string text;
     for (const std::string& line : lines)

@@ -41,6 +41,9 @@ bool HasLine(const std::string& text, const std::string& line);
 /// One object a line.
 std::vector<nlohmann::json> JsonLines(const std::string& text);
 
+/// The lines of a text without their line feeds.
+std::vector<std::string> LinesOf(const std::string& text);
+
 /// A line each, with its line feed.
 std::string AsLines(const std::vector<std::string>& lines);
 

@@ -7,6 +7,7 @@
 
 namespace {
 
+using tests::LinesOf;
 using tests::Outcome;
 using tests::Qxpdu;
 using tests::Repeated;
@@ -20,16 +21,6 @@ Outcome Encode(std::vector<std::string> arguments, const std::string& input = ""
 Outcome Submit(std::vector<std::string> arguments, const std::string& input = "") {
     arguments.insert(arguments.begin(), {"--to", "+4179123"});
     return Encode(std::move(arguments), input);
-}
-
-std::vector<std::string> LinesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    for (std::size_t begin = 0; begin < text.size();) {
-        const std::size_t feed = text.find('\n', begin);
-        lines.push_back(text.substr(begin, feed - begin));
-        begin = feed + 1;
-    }
-    return lines;
 }
 
 struct Row {
