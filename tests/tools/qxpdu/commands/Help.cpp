@@ -52,6 +52,7 @@ TEST(Nearest, DiffersByTwoLettersAtMost) {
                 {"dcd", ""},
                 {"x", ""},
                 {"", ""},
+                {"gm", "gsm"},
                 {"gms", ""},
                 {"dodo", ""}};
     for (const auto& row : rows)

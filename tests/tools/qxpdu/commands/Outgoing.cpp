@@ -153,12 +153,13 @@ TEST(QxpduOutgoing, ReferenceIsThatWhichIsGiven) {
 
 TEST(QxpduOutgoing, ReferenceIsRandomAndThatOfTheNextTextIsTheNext) {
     std::set<int> references;
-    for (int run = 0; run < 3; ++run) {
+    for (int run = 0; run < 8; ++run) {
         const nlohmann::json parts = Submit({"--json", "--concat-bits", "16", Repeated("a", 161)}).Json();
         EXPECT_EQ(parts[0]["concatenation"]["reference_bits"], 16);
         references.insert(parts[0]["concatenation"]["reference"].get<int>());
     }
     EXPECT_GT(references.size(), 1U);
+    EXPECT_GT(*references.rbegin(), 0xFF) << "all of their bits are random";
     const std::string lines = Repeated(Repeated("a", 161) + '\n', 3);
     const auto found = [&lines](const std::vector<std::string>& options) {
         std::vector<std::string> arguments = {"--lines"};
