@@ -56,6 +56,14 @@ bool IsControl(char32_t codePoint) {
     return codePoint < 0x20 || IsMark(codePoint);
 }
 
+/// Looks at all of it whatever it finds, so that the compiler takes many bytes together.
+bool IsPrintableAscii(std::string_view text) {
+    unsigned char others = 0;
+    for (const char byte : text)
+        others |= static_cast<unsigned char>(static_cast<unsigned char>(byte - ' ') > '~' - ' ');
+    return others == 0;
+}
+
 /// The bytes that a mark can begin with in UTF-8.
 constexpr std::string_view c_beginMarks = "\x7F\xC2\xE2";
 
@@ -124,11 +132,16 @@ bool HasMarks(std::string_view json) {
 }
 
 std::string Printable(std::string_view text) {
-    const auto isPlain = [](char byte) { return byte >= 0x20 && byte < 0x7F; };
-    if (std::all_of(text.begin(), text.end(), isPlain))
-        return std::string(text);
     std::string shown;
-    shown.reserve(text.size());
+    AppendPrintable(text, shown);
+    return shown;
+}
+
+void AppendPrintable(std::string_view text, std::string& shown) {
+    if (IsPrintableAscii(text)) {
+        shown += text;
+        return;
+    }
     auto invalid = utf8::find_invalid(text.begin(), text.end());
     for (auto position = text.begin(); position != text.end();) {
         if (position == invalid) {
@@ -143,7 +156,6 @@ std::string Printable(std::string_view text) {
         else
             shown.append(begin, position);
     }
-    return shown;
 }
 
 } // namespace show

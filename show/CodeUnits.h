@@ -49,6 +49,7 @@ bool HasMarks(std::string_view json);
 /// The text for a terminal: control characters and direction marks become "\u001B", so that a message
 /// cannot act on the terminal that shows it, and octets that are no UTF-8 become "\xFB".
 std::string Printable(std::string_view text);
+void AppendPrintable(std::string_view text, std::string& shown);
 
 } // namespace show
 

@@ -1,9 +1,6 @@
 #include "show/Lines.h"
 
 #include <algorithm>
-#include <iterator>
-
-#include <fmt/format.h>
 
 #include "show/CodeUnits.h"
 
@@ -11,13 +8,34 @@ namespace show {
 
 namespace {
 
+constexpr char c_blank = ' ';
+
 /// The text for a terminal; a line of it after the first begins below the first.
 void AppendContinued(std::string_view text, std::size_t indent, std::string& lines) {
     for (std::size_t feed = text.find('\n'); feed != std::string_view::npos; feed = text.find('\n')) {
-        fmt::format_to(std::back_inserter(lines), "{}\n{:{}}", Printable(text.substr(0, feed)), "", indent);
+        AppendPrintable(text.substr(0, feed), lines);
+        lines += '\n';
+        lines.append(indent, c_blank);
         text.remove_prefix(feed + 1);
     }
-    lines += Printable(text);
+    AppendPrintable(text, lines);
+}
+
+void Append(const Line& line, std::size_t width, std::string& text) {
+    text.append(width - line.name.size(), c_blank).append(line.name);
+    if (!line.raw.empty())
+        (text += c_blank) += line.raw;
+    if (!line.raw.empty() && !line.meaning.empty())
+        text += ':';
+    if (!line.meaning.empty())
+        text += c_blank;
+    AppendContinued(line.meaning, width + 1, text);
+    text += '\n';
+    for (const std::string& note : line.notes) {
+        text.append(width + 1, c_blank);
+        AppendPrintable(note, text);
+        text += '\n';
+    }
 }
 
 } // namespace
@@ -27,16 +45,8 @@ std::string Aligned(const std::vector<Line>& lines) {
     for (const Line& line : lines)
         width = std::max(width, line.name.size());
     std::string text;
-    for (const Line& line : lines) {
-        const bool hasBoth = !line.raw.empty() && !line.meaning.empty();
-        fmt::format_to(std::back_inserter(text), "{:>{}}{}{}{}{}", line.name, width,
-                       line.raw.empty() ? "" : " ", line.raw, hasBoth ? ":" : "",
-                       line.meaning.empty() ? "" : " ");
-        AppendContinued(line.meaning, width + 1, text);
-        text += '\n';
-        for (const std::string& note : line.notes)
-            fmt::format_to(std::back_inserter(text), "{:{}}{}\n", "", width + 1, Printable(note));
-    }
+    for (const Line& line : lines)
+        Append(line, width, text);
     return text;
 }
 

@@ -9,6 +9,7 @@
 #include "Messages/Octets.h"
 #include "Messages/Remarks.h"
 #include "alphabet/Characters.h"
+#include "wire/Utf8.h"
 
 namespace Messages {
 
@@ -41,14 +42,6 @@ inline void HealCut(std::vector<std::uint8_t>& septets, std::size_t cut) {
     if (cut < septets.size() && septets[cut] == c_escapeSeptet &&
         EndsInEscape(OctetView(septets).Sub(0, cut)))
         septets.erase(septets.begin() + static_cast<std::ptrdiff_t>(cut));
-}
-
-/// A character of three octets.
-inline char* PutThree(char16_t character, char* out) {
-    *out++ = static_cast<char>(0xE0U | character >> 12U);
-    *out++ = static_cast<char>(0x80U | (character >> 6U & 0x3FU));
-    *out++ = static_cast<char>(0x80U | (character & 0x3FU));
-    return out;
 }
 
 inline char* Put(const Utf8Character& character, char* out) {
@@ -124,24 +117,24 @@ char* WriteUcs2Text(OctetView octets, char* out, Odd odd) {
     const auto isLow = [](char16_t unit) { return (unit & 0xFC00) == 0xDC00; };
     const std::size_t count = octets.size() / 2;
     for (std::size_t at = 0; at < count; ++at) {
+        if (count - at >= Wire::c_utf8Block) {
+            const char32_t block[Wire::c_utf8Block] = {unitAt(at), unitAt(at + 1), unitAt(at + 2),
+                                                       unitAt(at + 3)};
+            if (Wire::WriteBlockOfThree(block, out)) {
+                out += 3 * Wire::c_utf8Block;
+                at += Wire::c_utf8Block - 1;
+                continue;
+            }
+        }
         const char16_t unit = unitAt(at);
-        const bool isOfThree = (unit >= 0x800 && unit < 0xD800) || unit >= 0xE000;
-        if (isOfThree) {
-            out = PutThree(unit, out);
-        } else if (isHigh(unit) && at + 1 < count && isLow(unitAt(at + 1))) {
-            const char32_t character = 0x10000U + ((unit & 0x3FFU) << 10U) + (unitAt(++at) & 0x3FFU);
-            *out++ = static_cast<char>(0xF0U | character >> 18U);
-            *out++ = static_cast<char>(0x80U | (character >> 12U & 0x3FU));
-            *out++ = static_cast<char>(0x80U | (character >> 6U & 0x3FU));
-            *out++ = static_cast<char>(0x80U | (character & 0x3FU));
+        char32_t character = unit;
+        if (isHigh(unit) && at + 1 < count && isLow(unitAt(at + 1))) {
+            character = 0x10000U + ((unit & 0x3FFU) << 10U) + (unitAt(++at) & 0x3FFU);
         } else if (isHigh(unit) || isLow(unit)) {
             odd(RemarkCode::UnpairedSurrogate, unit, at);
-            out = Put(ToUtf8(c_replacement), out);
-        } else if (unit == 0) {
-            *out++ = '\0';
-        } else {
-            out = Put(ToUtf8(unit), out);
+            character = c_replacement;
         }
+        out = Wire::WriteUtf8(character, out);
     }
     return out;
 }

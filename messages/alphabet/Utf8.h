@@ -3,11 +3,11 @@
 #define ALPHABET_UTF8_H
 
 #include <algorithm>
-#include <cstdint>
 #include <string_view>
 
 #include "Messages/Alphabet.h"
 #include "alphabet/Plain.h"
+#include "wire/Utf8.h"
 
 namespace Messages {
 
@@ -25,16 +25,20 @@ public:
     /// The next character; c_notUtf8 where there is none, and the offset stays. REQUIRES that it is not at
     /// the end.
     char32_t Next() {
-        const std::uint8_t lead = OctetAt(0);
-        if (lead < 0x80) {
-            ++m_At;
-            return lead;
-        }
-        if ((lead & 0xF0U) == 0xE0)
-            return NextOf<3>(lead);
-        if ((lead & 0xE0U) == 0xC0)
-            return NextOf<2>(lead);
-        return (lead & 0xF8U) == 0xF0 ? NextOf<4>(lead) : c_notUtf8;
+        char32_t character = 0;
+        const char* const next = Wire::ReadUtf8(m_At, m_End, character);
+        if (next == nullptr)
+            return c_notUtf8;
+        m_At = next;
+        return character;
+    }
+
+    /// Whether the next characters are Wire::c_utf8Block of three octets each, which it then goes past.
+    bool TakeBlockOfThree(char32_t* characters) {
+        if (Left() < Wire::c_blockOfThreeReach || !Wire::ReadBlockOfThree(m_At, characters))
+            return false;
+        m_At += 3 * Wire::c_utf8Block;
+        return true;
     }
 
     /// The plain characters that come next, `most` of them, which it goes past.
@@ -46,26 +50,6 @@ public:
 
 private:
     std::size_t Left() const { return static_cast<std::size_t>(m_End - m_At); }
-    std::uint8_t OctetAt(std::size_t offset) const { return static_cast<std::uint8_t>(m_At[offset]); }
-
-    template <std::size_t Length>
-    char32_t NextOf(std::uint8_t lead) {
-        constexpr char32_t least[] = {0, 0, 0x80, 0x800, 0x10000};
-        if (Left() < Length)
-            return c_notUtf8;
-        char32_t character = lead & (0x7FU >> Length);
-        unsigned int others = 0; // of all octets, what bits 7 and 6 have instead of 10
-        for (std::size_t i = 1; i < Length; ++i) {
-            const unsigned int next = OctetAt(i) ^ 0x80U;
-            others |= next;
-            character = character << 6U | (next & 0x3FU);
-        }
-        const bool isSurrogate = character >= 0xD800 && character < 0xE000;
-        if (others > 0x3F || character < least[Length] || character > 0x10FFFF || isSurrogate)
-            return c_notUtf8;
-        m_At += Length;
-        return character;
-    }
 
     const char* m_Begin;
     const char* m_At;

@@ -9,15 +9,16 @@ namespace Messages {
 namespace {
 
 /// Appends what `put(character, out)` writes for each character of a text, and returns the end of, until it
-/// is null; for plain characters `putPlain(characters, out)`. An octet of the text gives `most` at most.
-template <class Put, class PutPlain>
+/// is null; before each, what `putRun(characters, out)` takes at once. An octet of the text gives `most` at
+/// most.
+template <class Put, class PutRun>
 std::optional<MisfitCharacter> AppendEach(std::string_view text, std::size_t most,
-                                          std::vector<std::uint8_t>& octets, Put put, PutPlain putPlain) {
+                                          std::vector<std::uint8_t>& octets, Put put, PutRun putRun) {
     const std::size_t before = octets.size();
     octets.resize(before + most * text.size());
     std::uint8_t* out = octets.data() + before;
     for (Characters characters(text); !characters.AtEnd();) {
-        out = putPlain(characters, out);
+        out = putRun(characters, out);
         if (characters.AtEnd())
             break;
         const std::size_t offset = characters.Offset();
@@ -91,7 +92,10 @@ std::optional<MisfitCharacter> AppendSeptets(std::string_view text, SeptetTables
 
 std::optional<MisfitCharacter> AppendUcs2(std::string_view text, std::vector<std::uint8_t>& octets) {
     constexpr std::size_t unitOctets = 2;
-    const auto putPlain = [](Characters& characters, std::uint8_t* out) {
+    const auto putRun = [](Characters& characters, std::uint8_t* out) {
+        for (char32_t block[Wire::c_utf8Block]; characters.TakeBlockOfThree(block);)
+            for (const char32_t unit : block)
+                out = PutUnit(unit, out);
         for (const char character : characters.TakePlain())
             out = PutUnit(static_cast<std::uint8_t>(character), out);
         return out;
@@ -103,7 +107,7 @@ std::optional<MisfitCharacter> AppendUcs2(std::string_view text, std::vector<std
         out = PutUnit(0xD800U | (character - firstOfPairs) >> 10U, out);
         return PutUnit(0xDC00U | (character & 0x3FFU), out);
     };
-    return AppendEach(text, unitOctets, octets, put, putPlain);
+    return AppendEach(text, unitOctets, octets, put, putRun);
 }
 
 } // namespace Messages

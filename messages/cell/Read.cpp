@@ -418,7 +418,7 @@ CellReading ReadCell(OctetView octets, CellFormat format) {
 
 CellReading ReadCellHex(std::string_view digits, CellFormat format) {
     std::vector<std::uint8_t> octets;
-    const std::optional<std::size_t> none = AppendOctets(digits, octets);
+    const std::optional<std::size_t> none = ReadOctets(digits, octets);
     if (!none)
         return ReadCell(octets, format);
     CellReading reading;

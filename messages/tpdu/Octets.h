@@ -10,8 +10,9 @@
 
 namespace Messages {
 
-/// Appends octets until a pair is none, or lacks a digit: its number, from 0, is returned.
-std::optional<std::size_t> AppendOctets(std::string_view digits, std::vector<std::uint8_t>& octets);
+/// Reads digit pairs into `octets`, written anew; where a pair is none, or lacks a digit, its number, from 0,
+/// is returned, and there are no octets.
+std::optional<std::size_t> ReadOctets(std::string_view digits, std::vector<std::uint8_t>& octets);
 
 } // namespace Messages
 

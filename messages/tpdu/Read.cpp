@@ -110,7 +110,7 @@ void Walk(OctetView pdu, const ReadOptions& options, Visitor& visitor) {
 
 Reading ReadHex(std::string_view digits, const ReadOptions& options) {
     std::vector<std::uint8_t> octets;
-    const std::optional<std::size_t> none = AppendOctets(digits, octets);
+    const std::optional<std::size_t> none = ReadOctets(digits, octets);
     if (!none)
         return Read(octets, options);
     Reading reading;

@@ -1,12 +1,9 @@
 // Characters that are looked at and copied many together give what each of them gives by itself, wherever
 // others stand among them, and nothing after the end is read.
-#include <cstring>
-
 #include <gtest/gtest.h>
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include "Messages/Alphabet.h"
+#include "support/Guarded.h"
 
 namespace {
 
@@ -16,33 +13,6 @@ using Octets = std::vector<std::uint8_t>;
 
 constexpr std::size_t c_septets = 128;
 constexpr std::uint8_t c_escape = 0x1B;
-
-/// Two pages, of which the second cannot be read.
-class GuardedPage {
-public:
-    GuardedPage()
-        : m_Size(static_cast<std::size_t>(sysconf(_SC_PAGESIZE))),
-          m_Pages(static_cast<char*>(
-              mmap(nullptr, 2 * m_Size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0))) {
-        mprotect(m_Pages + m_Size, m_Size, PROT_NONE);
-    }
-    GuardedPage(const GuardedPage&) = delete;
-    GuardedPage& operator=(const GuardedPage&) = delete;
-    ~GuardedPage() { munmap(m_Pages, 2 * m_Size); }
-
-    /// A copy of these, right before the end.
-    template <class Run>
-    char* AtEnd(const Run& run) {
-        char* const begin = m_Pages + m_Size - run.size();
-        if (!run.empty())
-            std::memcpy(begin, run.data(), run.size());
-        return begin;
-    }
-
-private:
-    std::size_t m_Size;
-    char* m_Pages;
-};
 
 std::string TextOf(OctetView septets, SeptetTables tables) {
     std::string text;
@@ -140,14 +110,48 @@ TEST(Blocks, APartEndsWhereverAPairHasNoRoom) {
     }
 }
 
+TEST(Blocks, OneOtherUnitAtEachPlaceOfUcs2) {
+    const struct {
+        Octets octets;
+        std::string_view text;
+    } others[] = {{{0x00, 0x00}, {"\0", 1}},
+                  {{0x00, 0x41}, "A"},
+                  {{0x00, 0xE9}, "é"},
+                  {{0x07, 0xFF}, "\xDF\xBF"},
+                  {{0x08, 0x00}, "\xE0\xA0\x80"},
+                  {{0xD7, 0xFF}, "\xED\x9F\xBF"},
+                  {{0xE0, 0x00}, "\xEE\x80\x80"},
+                  {{0xFF, 0xFF}, "\xEF\xBF\xBF"},
+                  {{0xD8, 0x3D, 0xDE, 0x00}, "😀"}};
+    for (const auto& other : others)
+        for (std::size_t place = 0; place <= 12; ++place) {
+            Octets octets;
+            std::string text;
+            for (std::size_t i = 0; i <= 12; ++i) {
+                const Octets one = i == place ? other.octets : Octets{0x4E, 0x2D};
+                octets.insert(octets.end(), one.begin(), one.end());
+                text += i == place ? other.text : "中";
+            }
+            std::string read;
+            AppendUcs2Text(octets, read);
+            EXPECT_EQ(read, text) << place;
+            Octets written;
+            EXPECT_FALSE(AppendUcs2(text, written));
+            EXPECT_EQ(written, octets) << place;
+            Choice choice;
+            EXPECT_FALSE(Choose(text, {}, choice));
+            EXPECT_EQ(choice.units, octets.size() / 2) << place;
+        }
+}
+
 TEST(Blocks, NothingAfterTheEndIsRead) {
-    GuardedPage page;
     for (std::size_t size = 0; size <= 50; ++size) {
         const Octets septets(size, 0x61);
         const std::string text(size, 'a');
-        const auto* const octets = reinterpret_cast<const std::uint8_t*>(page.AtEnd(septets));
-        EXPECT_EQ(TextOf({octets, size}, {}), text);
-        const std::string_view atEnd(page.AtEnd(text), size);
+        const tests::Guarded octets(septets.data(), size);
+        EXPECT_EQ(TextOf({octets.Data(), size}, {}), text);
+        const tests::Guarded characters(text.data(), size);
+        const std::string_view atEnd(characters.Data(), size);
         Octets out;
         EXPECT_FALSE(AppendSeptets(atEnd, {}, out));
         EXPECT_EQ(out, septets);
@@ -158,9 +162,22 @@ TEST(Blocks, NothingAfterTheEndIsRead) {
         EXPECT_FALSE(Choose(atEnd, {}, choice));
         EXPECT_EQ(choice.units, size);
     }
-    for (const std::string_view cut : {"\xC3", "\xE4\xB8", "\xF0\x9F\x98", "\xE4", "\xF0"}) {
-        Octets out;
-        EXPECT_TRUE(AppendUcs2({page.AtEnd(cut), cut.size()}, out));
+}
+
+TEST(Blocks, NothingAfterTheEndOfUcs2IsRead) {
+    std::string text;
+    for (Octets units; units.size() <= 20; units.insert(units.end(), {0x4E, 0x2D}), text += "中") {
+        const tests::Guarded octets(units.data(), units.size());
+        std::string read;
+        AppendUcs2Text({octets.Data(), units.size()}, read);
+        EXPECT_EQ(read, text);
+        for (const std::string& cut : {text, text + '\xE4', text + "\xE4\xB8", text + "\xF0\x9F\x98"}) {
+            const tests::Guarded characters(cut.data(), cut.size());
+            Octets out;
+            Choice choice;
+            EXPECT_EQ(AppendUcs2({characters.Data(), cut.size()}, out).has_value(), cut != text);
+            EXPECT_EQ(Choose({characters.Data(), cut.size()}, {}, choice).has_value(), cut != text);
+        }
     }
 }
 

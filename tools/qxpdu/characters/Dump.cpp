@@ -33,7 +33,7 @@ std::size_t ValueOf(std::string_view digits, int base = 16) {
 std::string_view OffsetAt(std::string_view line) {
     constexpr std::size_t c_fewest = 4;
     constexpr std::size_t c_most = 8;
-    const std::string_view digits = DigitsAt(line);
+    const std::string_view digits = DigitsAt(line.substr(0, c_most + 1));
     return digits.size() < c_fewest || digits.size() > c_most ? std::string_view() : digits;
 }
 

@@ -23,8 +23,16 @@ constexpr bool IsHexDigit(char character) {
     return IsDecimal(character) || (Upper(character) >= 'A' && Upper(character) <= 'F');
 }
 
+/// Looks at all of them whatever it finds, so that the compiler takes many together.
 constexpr bool AreHexDigits(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), IsHexDigit);
+    unsigned char others = 0;
+    for (const char character : text) {
+        const auto fromZero = static_cast<unsigned char>(character - '0');
+        const auto fromA = static_cast<unsigned char>((character | 0x20) - 'a');
+        others |= static_cast<unsigned char>(static_cast<unsigned char>(fromZero > 9) &
+                                             static_cast<unsigned char>(fromA > 5));
+    }
+    return others == 0;
 }
 
 /// Whether the text begins with these letters, of either case.

@@ -1,7 +1,6 @@
 #include "log/LogReader.h"
 
 #include <algorithm>
-#include <sstream>
 #include <utility>
 
 #include "characters/Dump.h"
@@ -109,19 +108,26 @@ void LogReader::GiveListed(Line line) {
         if (line.text.starts_with(mark))
             line.text.erase(0, mark.size());
     }
-    std::erase(line.text, '\0');
+    if (line.text.find('\0') != std::string::npos)
+        std::erase(line.text, '\0');
     bool hasEntry = false;
-    std::istringstream pieces(line.text);
-    for (std::string piece; std::getline(pieces, piece, '\r');) {
-        if (!HasAlphanumeric(piece) || IsComment(piece))
-            continue;
-        hasEntry = true;
-        if (TakeDumped(piece, line.number))
-            continue;
-        EndDump();
-        m_Entries.push_back({line.number, piece, std::nullopt});
+    for (std::size_t end = line.text.find('\r'); end != std::string::npos; end = line.text.find('\r')) {
+        hasEntry = GivePiece({line.text.substr(0, end), line.number}) || hasEntry;
+        line.text.erase(0, end + 1);
     }
+    hasEntry = GivePiece(std::move(line)) || hasEntry;
     ++(hasEntry ? m_Counts.entries : m_Counts.passedOver);
+}
+
+/// False where it is none of the list.
+bool LogReader::GivePiece(Line piece) {
+    if (!HasAlphanumeric(piece.text) || IsComment(piece.text))
+        return false;
+    if (!TakeDumped(piece.text, piece.number)) {
+        EndDump();
+        m_Entries.push_back({piece.number, std::move(piece.text), std::nullopt});
+    }
+    return true;
 }
 
 /// False where the line is none of a dump.

@@ -87,6 +87,7 @@ private:
     void End();
     void GiveList();
     void GiveListed(Line line);
+    bool GivePiece(Line piece);
     void Forget();
     bool TakeDumped(const std::string& piece, std::size_t number);
     void EndDump();

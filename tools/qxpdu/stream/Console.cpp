@@ -54,7 +54,7 @@ void Console::Object(const show::Json& object) {
 void Console::Object(show::JsonText& object) {
     const std::string_view text = object.Finish();
     if (WantsJsonLines())
-        return Line(show::HasMarks(text) ? show::WithoutMarks(text) : text);
+        return Line(object.HasOthers() && show::HasMarks(text) ? show::WithoutMarks(text) : text);
     Object(show::Json::parse(text));
 }
 
