@@ -39,7 +39,8 @@ TEST(JsonText, EscapesWhatJsonRequires) {
         {"\"", R"(\")"},
         {"\\", R"(\\)"},
         {"\n", R"(\n)"},
-        {"\x1F", R"(\u001F)"},
+        {"\b\f\r\t", R"(\b\f\r\t)"},
+        {"\x01\x0B\x10\x1A\x1F", R"(\u0001\u000B\u0010\u001A\u001F)"},
         {{"\0", 1}, R"(\u0000)"},
         {" ", " "},
         {"!", "!"},
@@ -61,6 +62,19 @@ TEST(JsonText, EscapesWhereverItStands) {
                 text[place] = special;
                 EXPECT_EQ(show::Json::parse(TextWith(text))["text"], text) << length << ' ' << place;
             }
+        }
+    }
+}
+
+TEST(JsonText, TellsOfWhatIsNoAscii) {
+    for (std::size_t place = 0; place <= 20; ++place) {
+        for (const auto& [other, isTold] :
+             {std::pair("~", false), {"\n", false}, {"\x7F", true}, {"é", true}}) {
+            show::JsonText object;
+            object.Member("text", std::string(place, ' ') + other + std::string(20 - place, 'a'));
+            EXPECT_EQ(object.HasOthers(), isTold) << place << other;
+            object.Member("more", std::string_view("a"));
+            EXPECT_EQ(object.HasOthers(), isTold) << place << other;
         }
     }
 }
