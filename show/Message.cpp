@@ -110,7 +110,7 @@ std::string MeaningOfOctet(Field field, unsigned int octet, const Message& messa
     case Field::CommandDataLength:
         return Counted(octet, "octet");
     default:
-        return fmt::format("{}", octet);
+        return std::to_string(octet);
     }
 }
 

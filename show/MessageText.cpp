@@ -16,7 +16,7 @@ using Messages::Field;
 /// In decimal for bits, else as octets.
 std::string RawOf(const MessageField& field, const Message& message) {
     if (IsFlag(field.field))
-        return fmt::format("{}", std::get<unsigned int>(field.value));
+        return std::to_string(std::get<unsigned int>(field.value));
     const bool isNumber = field.count == 1 && !std::holds_alternative<PlainOctets>(field.value) &&
                           !std::holds_alternative<const Messages::Address*>(field.value);
     return (isNumber ? "0x" : "") + Messages::ToHex(message.Octets(field.octet, field.count));

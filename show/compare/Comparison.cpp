@@ -30,10 +30,12 @@ constexpr int c_noEnumerator = -1;
 /// Whether wide text holds the same characters as text in UTF-8.
 bool IsSame(const std::wstring& units, std::string_view text) {
     const auto isAscii = [](wchar_t unit) { return static_cast<unsigned int>(unit) < 0x80; };
-    if (std::all_of(units.begin(), units.end(), isAscii))
-        return std::equal(units.begin(), units.end(), text.begin(), text.end(),
-                          [](wchar_t unit, char character) { return static_cast<char>(unit) == character; });
-    return ToUtf8(units) == text;
+    const auto isSame = [&](wchar_t unit, char character) {
+        return isAscii(unit) && static_cast<char>(unit) == character;
+    };
+    if (std::equal(units.begin(), units.end(), text.begin(), text.end(), isSame))
+        return true;
+    return !std::all_of(units.begin(), units.end(), isAscii) && ToUtf8(units) == text;
 }
 
 bool IsSame(const std::wstring& number, const Messages::Address* address) {
