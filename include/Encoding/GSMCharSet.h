@@ -127,9 +127,6 @@ public:
     std::vector<Toolkit::smart_ptr<GsmTranslationTable>> m_TranslateTables;
 
 private:
-    template <class UseBlock, class Use>
-    void ForEachGsm(const unsigned char* src, std::size_t characters, UseBlock&& useBlock, Use&& use) const;
-
     int m_Endian; ///< 1 on a big-endian host
 };
 

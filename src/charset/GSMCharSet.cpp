@@ -33,7 +33,7 @@ GSMCharSet::~GSMCharSet() {
 int GSMCharSet::UnicodeToGsm(unsigned short unicode) const {
     if (unicode <= c_lastDirect)
         return unicode < c_directCount ? DirectCode(m_UnicodeToGsm.get(), unicode) : UNMAPPABLE;
-    if (c_reverseTables.pages[unicode >> 8] == PAGE_WITHOUT_CODES) // spares most scripts the search
+    if (!IsOnCodedPage(unicode)) // spares most scripts the search
         return UNMAPPABLE;
     const GsmUnicodeChar* high = m_ExtUnicodeTable.get();
     for (int row = 0; row < m_ExtCount; ++row)

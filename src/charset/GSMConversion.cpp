@@ -1,22 +1,18 @@
 // Conversion of whole texts to unpacked GSM codes and back.
 #include <algorithm>
-#include <cstdint>
-#include <cstring>
+#include <bit>
 #include <iterator>
 
 #include "Encoding/GSMCharSet.h"
 #include "charset/GSMTables.h"
 #include "charset/WideCharacter.h"
+#include "wire/OwnCodes.h"
 
 namespace Encoding {
 namespace {
 
-/// Codes that a result of UnicodeToGsm() stands for: none, one, or an extension pair.
-unsigned int CodeCount(int gsm) {
-    return gsm >= 0 ? 1 : gsm == GSMCharSet::UNMAPPABLE ? 0 : 2;
-}
-
-/// Writes those codes and returns where the next ones go.
+/// Writes the codes that a result of UnicodeToGsm() stands for, none, one or an extension pair, and returns
+/// where the next ones go.
 template <class Code, class Output>
 Output PutCodes(int gsm, Output out) {
     if (gsm >= 0) {
@@ -28,61 +24,120 @@ Output PutCodes(int gsm, Output out) {
     return out;
 }
 
-constexpr unsigned int c_block = 8; ///< codes or characters that the fast paths look at together
-
-/// Whether one of a block of codes is the escape or no code at all.
-bool HoldsSpecialCode(const unsigned char* codes) {
-    constexpr std::uint64_t lowBits = 0x0101010101010101;
-    constexpr std::uint64_t highBits = 0x8080808080808080;
-    std::uint64_t word = 0;
-    std::memcpy(&word, codes, c_block);
-    // An escape leaves 0 in the difference, and taking 1 from that sets its high bit, as nothing else does.
-    return (((word ^ c_escape * lowBits) - lowBits) | word) & highBits;
+/// Calls `use` with the place of each bit until it returns false; whether it never did.
+template <class Use>
+bool AllOf(Wire::BlockBits bits, Use use) {
+    for (; bits != 0; bits &= bits - 1)
+        if (!use(static_cast<unsigned int>(std::countr_zero(bits))))
+            return false;
+    return true;
 }
 
-/// The kinds of page that the characters of a block lie in, or-ed.
-unsigned int PageKinds(const unsigned char* block, int endian) {
-    unsigned int kinds = 0;
-    for (unsigned int i = 0; i < c_block; ++i)
-        kinds |= c_reverseTables.pages[HighOctet(block + i * c_wideSize, endian)];
-    return kinds;
+bool AnyOnCodedPage(const unsigned char* block) {
+    return Wire::AnyOnPages<c_codedPages[0], c_codedPages[1], c_codedPages[2]>(block);
 }
 
-/// Whether each character of a block, all of them below `c_directCount`, has just one code.
-bool HasPlainCodes(const signed char* direct, const unsigned char* block, int endian) {
-    int codes = 0;
-    for (unsigned int i = 0; i < c_block; ++i)
-        codes |= direct[LowUnit(block + i * c_wideSize, endian)];
-    return codes >= 0;
+/// What ForEachGsm() shows codes to when they are to be counted.
+struct CodeCounter {
+    unsigned int m_Count = 0;
+
+    void Put(int gsm) { m_Count += gsm >= 0 ? 1 : gsm == GSMCharSet::UNMAPPABLE ? 0 : 2; }
+
+    template <class CodeOf>
+    void PutBlock(const unsigned char*, Wire::BlockBits, CodeOf) {
+        m_Count += Wire::c_codeBlock;
+    }
+};
+
+/// What ForEachGsm() shows codes to when they are to be written.
+struct CodeWriter {
+    unsigned char* m_Next;
+
+    void Put(int gsm) { m_Next = PutCodes<unsigned char>(gsm, m_Next); }
+
+    template <class CodeOf>
+    void PutBlock(const unsigned char* characters, Wire::BlockBits others, CodeOf codeOf) {
+        Wire::Narrow(characters, m_Next);
+        AllOf(others, [&](unsigned int i) {
+            m_Next[i] = static_cast<unsigned char>(codeOf(characters + i * c_wideSize));
+            return true;
+        });
+        m_Next += Wire::c_codeBlock;
+    }
+};
+
+const GsmUnicodeChar* FindExtension(unsigned char code) {
+    const auto* const row = std::find_if(c_extensionTable.begin(), c_extensionTable.end(),
+                                         [code](const GsmUnicodeChar& extension) {
+                                             return static_cast<unsigned char>(extension.gsm) == code;
+                                         });
+    return row != c_extensionTable.end() ? row : nullptr;
+}
+
+/// Writes the characters of a block of codes; false where one of them is the escape or no code.
+bool WidenBlock(const unsigned char* codes, wchar_t* characters) {
+    const Wire::BlockBits others = Wire::OtherCodes(codes);
+    if (!AllOf(others, [codes](unsigned int i) { return codes[i] != c_escape && codes[i] < 0x80; }))
+        return false;
+    Wire::Widen(codes, characters);
+    return AllOf(others, [codes, characters](unsigned int i) {
+        characters[i] = static_cast<wchar_t>(GSMCharSet::m_GsmDefaultTable[codes[i]]);
+        return true;
+    });
+}
+
+/// Moves past one character's codes; false where they stand for none. An unknown pair loses its escape only;
+/// the second code is taken by itself.
+bool TakeCharacter(const unsigned char*& codes, const unsigned char* end, wchar_t& character) {
+    const unsigned char code = *codes++;
+    if (code >= 0x80)
+        return false;
+    if (code != c_escape) {
+        character = static_cast<wchar_t>(GSMCharSet::m_GsmDefaultTable[code]);
+        return true;
+    }
+    const GsmUnicodeChar* const extension = codes != end ? FindExtension(*codes) : nullptr;
+    if (extension == nullptr)
+        return false;
+    ++codes;
+    character = static_cast<wchar_t>(extension->unicode);
+    return true;
+}
+
+/// Shows to `codes` what UnicodeToGsm() gives for each character; a whole block at once where each of its
+/// characters has one code. Most of these are their own codes, and the others are put in their places.
+/// Characters that surely have no code may be left out.
+template <class Codes>
+void ForEachGsm(const GSMCharSet& charSet, int endian, const unsigned char* src, std::size_t characters,
+                Codes& codes) {
+    const auto codeOf = [&charSet, endian](const unsigned char* character) {
+        const unsigned short unit = LowUnit(character, endian);
+        if (unit < c_directCount)
+            return int{c_reverseTables.directCodes[unit]};
+        return IsOnCodedPage(unit) ? charSet.UnicodeToGsm(unit) : GSMCharSet::UNMAPPABLE;
+    };
+    const auto useEach = [&](std::size_t count) {
+        for (; count != 0; --count, src += c_wideSize)
+            codes.Put(codeOf(src));
+    };
+    if (IsNative(endian)) {
+        for (; characters >= Wire::c_codeBlock; characters -= Wire::c_codeBlock) {
+            const Wire::BlockBits others = Wire::OtherCharacters(src);
+            const auto hasOneCode = [&](unsigned int i) { return codeOf(src + i * c_wideSize) >= 0; };
+            if (others == Wire::c_allOfBlock && !AnyOnCodedPage(src)) {
+                src += Wire::c_codeBlock * c_wideSize;
+            } else if (AllOf(others, hasOneCode)) {
+                codes.PutBlock(src, others, codeOf);
+                src += Wire::c_codeBlock * c_wideSize;
+            } else {
+                useEach(Wire::c_codeBlock);
+            }
+        }
+    }
+    useEach(characters);
 }
 
 } // namespace
-
-/// Shows what UnicodeToGsm() gives for each character, and the plain codes of a whole block at once.
-/// Characters that surely have no code are left out.
-template <class UseBlock, class Use>
-void GSMCharSet::ForEachGsm(const unsigned char* src, std::size_t characters, UseBlock&& useBlock,
-                            Use&& use) const {
-    const signed char* const direct = c_reverseTables.directCodes.data();
-    const int endian = m_Endian;
-    const auto useEach = [&](const unsigned char* character, std::size_t count) {
-        for (; count != 0; --count, character += c_wideSize) {
-            const unsigned short unit = LowUnit(character, endian);
-            if (unit < c_directCount)
-                use(direct[unit]);
-            else if (c_reverseTables.pages[unit >> 8] != PAGE_WITHOUT_CODES)
-                use(UnicodeToGsm(unit));
-        }
-    };
-    for (; characters >= c_block; characters -= c_block, src += c_block * c_wideSize) {
-        const unsigned int kinds = PageKinds(src, endian);
-        if (kinds == PAGE_DIRECT && HasPlainCodes(direct, src, endian))
-            useBlock([&](unsigned int i) { return direct[LowUnit(src + i * c_wideSize, endian)]; });
-        else if (kinds != PAGE_WITHOUT_CODES)
-            useEach(src, c_block);
-    }
-    useEach(src, characters);
-}
 
 bool GSMCharSet::GetGsmBytes(const unsigned char* src, unsigned int srcBytes, unsigned int* ioLen,
                              unsigned char** out) {
@@ -91,24 +146,14 @@ bool GSMCharSet::GetGsmBytes(const unsigned char* src, unsigned int srcBytes, un
         return false;
 
     const auto characters = static_cast<std::size_t>((srcBytes + 3ULL) / c_wideSize);
-    const bool fill = out != nullptr && static_cast<int>(*ioLen) > 0;
-    if (fill) {
-        unsigned char* code = *out;
-        std::fill_n(code, *ioLen, static_cast<unsigned char>(0));
-        ForEachGsm(
-            src, characters,
-            [&code](auto&& codeOf) {
-                for (unsigned int i = 0; i < c_block; ++i)
-                    code[i] = static_cast<unsigned char>(codeOf(i));
-                code += c_block;
-            },
-            [&code](int gsm) { code = PutCodes<unsigned char>(gsm, code); });
+    if (out != nullptr && static_cast<int>(*ioLen) > 0) {
+        std::fill_n(*out, *ioLen, static_cast<unsigned char>(0));
+        CodeWriter codes{*out};
+        ForEachGsm(*this, m_Endian, src, characters, codes);
     } else {
-        unsigned int count = 0;
-        ForEachGsm(
-            src, characters, [&count](auto&&) { count += c_block; },
-            [&count](int gsm) { count += CodeCount(gsm); });
-        *ioLen = count;
+        CodeCounter codes;
+        ForEachGsm(*this, m_Endian, src, characters, codes);
+        *ioLen = codes.m_Count;
     }
     return true;
 }
@@ -116,29 +161,15 @@ bool GSMCharSet::GetGsmBytes(const unsigned char* src, unsigned int srcBytes, un
 TString<wchar_t> GSMCharSet::GsmToUnicode(const unsigned char* codes, unsigned int count) {
     TString<wchar_t> text(count, L'\0');
     wchar_t* character = text.data();
-    const unsigned char* const end = codes + count;
-    while (codes < end) {
-        const std::ptrdiff_t block = std::min<std::ptrdiff_t>(end - codes, c_block);
-        if (block == c_block && !HoldsSpecialCode(codes)) {
-            for (unsigned int i = 0; i < c_block; ++i)
-                character[i] = static_cast<wchar_t>(m_GsmDefaultTable[codes[i]]);
-            codes += c_block;
-            character += c_block;
+    for (const unsigned char* const end = codes + count; codes != end;) {
+        const auto block = std::min<std::ptrdiff_t>(end - codes, Wire::c_codeBlock);
+        if (block == Wire::c_codeBlock && WidenBlock(codes, character)) {
+            codes += block;
+            character += block;
             continue;
         }
-        for (const unsigned char* const stop = codes + block; codes < stop; ++codes) {
-            if (*codes != c_escape) {
-                if (*codes < 0x80)
-                    *character++ = static_cast<wchar_t>(m_GsmDefaultTable[*codes]);
-            } else if (codes + 1 != end) {
-                // An unknown pair loses its escape only; the second code decodes by itself.
-                if (const unsigned short extension = FindUnicodeCharFromEscapeChar(codes[1]);
-                    extension != 0) {
-                    *character++ = static_cast<wchar_t>(extension);
-                    ++codes;
-                }
-            }
-        }
+        for (const unsigned char* const stop = codes + block; codes < stop;)
+            character += TakeCharacter(codes, end, *character) ? 1 : 0;
     }
     text.resize(static_cast<std::size_t>(character - text.data()));
     return text;

@@ -1,5 +1,7 @@
 #include "charset/GSMTables.h"
 
+#include <algorithm>
+
 namespace Encoding {
 
 // Two entries are not the standard's, as is required: 0x09 is the small c with cedilla, and the escape
@@ -130,7 +132,6 @@ constexpr void AddReverse(ReverseTables& tables, unsigned short unicode, int gsm
         return;
     }
     tables.high[static_cast<std::size_t>(tables.highCount++)] = {code, unicode};
-    tables.pages[unicode >> 8] = PAGE_WITH_ROWS;
 }
 
 /// Default codes in rising order, then the extension table, whose codes are negated. The escape position puts
@@ -138,14 +139,10 @@ constexpr void AddReverse(ReverseTables& tables, unsigned short unicode, int gsm
 constexpr ReverseTables Reverse() {
     ReverseTables tables;
     tables.direct.fill(GSMCharSet::UNMAPPABLE);
-    tables.pages.fill(PAGE_WITHOUT_CODES);
     for (int gsm = 0; gsm < 128; ++gsm)
         AddReverse(tables, GSMCharSet::m_GsmDefaultTable[gsm], gsm);
     for (const GsmUnicodeChar& row : c_extensionTable)
         AddReverse(tables, row.unicode, -row.gsm);
-    for (const UniCodeToGsmChar& row : c_greekTable)
-        tables.pages[row.unicode >> 8] = PAGE_WITH_ROWS;
-    tables.pages[0] = PAGE_DIRECT;
     for (unsigned short unicode = 0; unicode < c_directCount; ++unicode)
         tables.directCodes[unicode] = static_cast<signed char>(DirectCode(tables.direct.data(), unicode));
     return tables;
@@ -154,5 +151,12 @@ constexpr ReverseTables Reverse() {
 } // namespace
 
 constexpr ReverseTables c_reverseTables = Reverse();
+
+// Elsewhere nothing has a code.
+static_assert(std::all_of(c_reverseTables.high.begin(),
+                          c_reverseTables.high.begin() + c_reverseTables.highCount,
+                          [](const GsmUnicodeChar& row) { return IsOnCodedPage(row.unicode); }));
+static_assert(std::all_of(c_greekTable.begin(), c_greekTable.end(),
+                          [](const UniCodeToGsmChar& row) { return IsOnCodedPage(row.unicode); }));
 
 } // namespace Encoding

@@ -22,12 +22,13 @@ constexpr unsigned short c_lastDirect = 0x0100;
 extern const std::array<GsmUnicodeChar, c_extensionCount> c_extensionTable;
 extern const std::array<UniCodeToGsmChar, c_greekCount> c_greekTable;
 
-/// What a page of 256 code points holds; a bit each, so that the kinds of several pages can be or-ed.
-enum PageKind : unsigned char {
-    PAGE_WITHOUT_CODES = 1,
-    PAGE_WITH_ROWS = 2, ///< in the reverse or the transliteration table
-    PAGE_DIRECT = 4     ///< the direct table
-};
+/// Pages of 256 code points that hold a character with a code, of its own or by transliteration.
+constexpr std::array<unsigned char, 3> c_codedPages = {0x00, 0x03, 0x20};
+
+constexpr bool IsOnCodedPage(unsigned short unicode) {
+    const unsigned int page = unicode >> 8;
+    return page == c_codedPages[0] || page == c_codedPages[1] || page == c_codedPages[2];
+}
 
 /// The code of a character below `c_directCount`. The diaeresis has none in the direct table and goes out as
 /// a space, as is required.
@@ -41,7 +42,6 @@ struct ReverseTables {
     std::array<signed char, c_directCount> directCodes{}; ///< what DirectCode() gives
     std::array<GsmUnicodeChar, c_highCapacity> high{};
     short highCount = 0;
-    std::array<PageKind, 0x100> pages{};
 };
 extern const ReverseTables c_reverseTables;
 

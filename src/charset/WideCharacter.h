@@ -2,6 +2,8 @@
 #ifndef CHARSET_WIDECHARACTER_H
 #define CHARSET_WIDECHARACTER_H
 
+#include <bit>
+
 #include "Toolkit/SystemInfo.h"
 #include "Toolkit/smart_ptr.h"
 
@@ -21,9 +23,10 @@ private:
     Toolkit::smart_ptr<Toolkit::SystemInfo> m_Share{*Toolkit::SystemInfo::s_pInstance};
 };
 
-/// Bits 15 to 8 of the character whose four octets begin here.
-inline unsigned char HighOctet(const unsigned char* character, int endian) {
-    return character[endian == c_bigEndian ? 2 : 1];
+/// Whether the byte order that the support library tells is the machine's, so that characters may be taken as
+/// numbers.
+constexpr bool IsNative(int endian) {
+    return (endian == c_bigEndian) == (std::endian::native == std::endian::big);
 }
 
 /// Bits 7 to 0 of the character whose four octets begin here.

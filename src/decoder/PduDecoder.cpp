@@ -1,6 +1,8 @@
 #include "Encoding/PduDecoder.h"
 
+#include <algorithm>
 #include <array>
+#include <span>
 
 #include "pdu/Octets.h"
 #include "pdu/Septets.h"
@@ -204,21 +206,31 @@ private:
         m_Record.m_Text = charSet->GsmToUnicode(septets.data(), characters);
     }
 
-    /// 8-bit data, one character an octet.
+    /// The octets from the position on that lie in the array, `count` at most.
+    std::span<const unsigned char> Inside(unsigned int count) const {
+        const unsigned int begin = std::min(m_Position, Pdu::CAPACITY);
+        return {m_Pdu->m_Bytes + begin, std::min(count, Pdu::CAPACITY - begin)};
+    }
+
+    /// 8-bit data, one character an octet. Octets outside the array count as zero.
     void ReadOctets() {
         const auto count = static_cast<unsigned int>(m_Count);
+        const auto octets = Inside(count);
         m_Record.m_Text.resize(count);
-        for (unsigned int i = 0; i < count; ++i)
-            m_Record.m_Text[i] = static_cast<wchar_t>(Octet(m_Position + i));
+        std::copy(octets.begin(), octets.end(), m_Record.m_Text.begin());
     }
 
     /// UCS2, one character for two octets; an odd count takes one octet more, as is required.
     void ReadUnits() {
         const unsigned int units = (static_cast<unsigned int>(m_Count) + 1) / 2;
         m_Record.m_Text.resize(units);
-        for (unsigned int i = 0; i < units; ++i)
-            m_Record.m_Text[i] =
-                static_cast<wchar_t>(Octet(m_Position + 2 * i) << 8 | Octet(m_Position + 2 * i + 1));
+        wchar_t* const text = m_Record.m_Text.data();
+        const auto octets = Inside(2 * units);
+        const auto whole = static_cast<unsigned int>(octets.size()) / 2;
+        for (unsigned int i = 0; i < whole; ++i)
+            text[i] = static_cast<wchar_t>(octets[2 * i] << 8 | octets[2 * i + 1]);
+        for (unsigned int i = whole; i < units; ++i)
+            text[i] = static_cast<wchar_t>(Octet(m_Position + 2 * i) << 8 | Octet(m_Position + 2 * i + 1));
     }
 
     PduDecoder& m_Record;

@@ -5,6 +5,7 @@
 
 #include "Encoding/GSMCharSet.h"
 #include "support/Allocations.h"
+#include "support/Guarded.h"
 #include "support/Octets.h"
 
 namespace {
@@ -61,6 +62,38 @@ TEST(GetGsmBytes, CountsThenFills) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(Convert(charSet, row.text), row.codes) << tests::Hex(row.codes);
+}
+
+/// At each place of texts of each length: where blocks begin, end and are left.
+TEST(GetGsmBytes, ConvertsEveryCharacterAtEveryPlace) {
+    struct Row {
+        unsigned int character;
+        Bytes codes;
+    };
+    const Row fillers[] = {{0x61, {0x61}}, {0x5F, {0x11}}, {0x4E2D, {}}, {0x0430, {}}, {0x7E, {0x1B, 0x3D}}};
+    const Row others[] = {
+        {0x40, {0x00}},    {0x24, {0x02}},   {0x7B, {0x1B, 0x28}}, {0x20AC, {0x1B, 0x65}}, {0x20AB, {}},
+        {0x03A9, {0x15}},  {0x03B1, {}},     {0x4E2D, {}},         {0x00A8, {0x20}},       {0x0000, {0x1B}},
+        {0x10061, {0x61}}, {0x80004E61, {}}, {0xFFFF0024, {0x02}}, {0x8041, {}},           {0x7A, {0x7A}}};
+    GSMCharSet charSet;
+    for (const Row& filler : fillers) {
+        for (const Row& other : others) {
+            for (const std::size_t length : {1U, 2U, 15U, 16U, 17U, 31U, 33U, 40U}) {
+                for (std::size_t place = 0; place < length; ++place) {
+                    TString<wchar_t> text(length, static_cast<wchar_t>(filler.character));
+                    text[place] = static_cast<wchar_t>(other.character);
+                    Bytes codes;
+                    for (std::size_t i = 0; i < length; ++i) {
+                        const Bytes& these = i == place ? other.codes : filler.codes;
+                        codes.insert(codes.end(), these.begin(), these.end());
+                    }
+                    ASSERT_EQ(Convert(charSet, text), codes)
+                        << other.character << " among " << filler.character << " at " << place << " of "
+                        << length;
+                }
+            }
+        }
+    }
 }
 
 TEST(GetGsmBytes, TextOfUnmappableCharactersCountsNothingAndSucceeds) {
@@ -238,6 +271,45 @@ TEST(GsmToUnicode, DecodesUnpackedCodes) {
         EXPECT_EQ(charSet.GsmToUnicode(row.codes.data(), static_cast<unsigned int>(row.codes.size())),
                   row.fromBytes);
         EXPECT_EQ(charSet.GsmToUnicode(Narrow(row.codes)), row.fromString);
+    }
+}
+
+TEST(GsmToUnicode, DecodesEveryCodeAtEveryPlace) {
+    struct Row {
+        Bytes codes;
+        TString<wchar_t> text;
+    };
+    const Row fillers[] = {{{0x61}, L"a"}, {{0x11}, L"_"}, {{0x1B, 0x28}, L"{"}, {{0xFF}, L""}};
+    const Row others[] = {{{0x00}, L"@"},
+                          {{0x1B, 0x65}, Wide({0x20AC})},
+                          {{0x1B, 0x1B, 0x3D}, L"~"},
+                          {{0x1B, 0x41}, L"A"},
+                          {{0x1B, 0x80}, L""},
+                          {{0x80}, L""},
+                          {{0x09}, Wide({0xE7})},
+                          {{0x7F}, Wide({0xE0})},
+                          {{0x24}, Wide({0xA4})},
+                          {{0x40}, Wide({0xA1})}};
+    GSMCharSet charSet;
+    for (const Row& filler : fillers) {
+        for (const Row& other : others) {
+            for (const std::size_t length : {1U, 2U, 15U, 16U, 17U, 31U, 33U, 40U}) {
+                for (std::size_t place = 0; place < length; ++place) {
+                    Bytes codes;
+                    TString<wchar_t> text;
+                    for (std::size_t i = 0; i < length; ++i) {
+                        const Row& row = i == place ? other : filler;
+                        codes.insert(codes.end(), row.codes.begin(), row.codes.end());
+                        text += row.text;
+                    }
+                    const tests::Guarded<unsigned char> guarded(codes.data(), codes.size());
+                    ASSERT_EQ(charSet.GsmToUnicode(guarded.Data(), static_cast<unsigned int>(codes.size())),
+                              text)
+                        << tests::Hex(other.codes) << " among " << tests::Hex(filler.codes) << " at "
+                        << place;
+                }
+            }
+        }
     }
 }
 

@@ -65,6 +65,30 @@ TEST(GetPduCount, AlphabetCapacityAndParts) {
     }
 }
 
+/// One character decides, wherever it stands.
+TEST(GetPduCount, EveryCharacterAtEveryPlaceChoosesTheAlphabet) {
+    const struct {
+        unsigned int character;
+        int alphabet;
+    } rows[] = {{0x61, 0}, {0x40, 0},  {0x7B, 0},   {0x20AC, 0},  {0x3A9, 0},
+                {0xE7, 0}, {0x00, 2},  {0x1B, 2},   {0xA8, 2},    {0xC7, 2},
+                {0x60, 2}, {0x3B1, 2}, {0x4E2D, 2}, {0x10061, 2}, {0x80000061, 2}};
+    for (const unsigned int filler : {0x61U, 0x65U, 0x24U, 0x7EU}) { // 0x65 after an escape is the euro sign
+        OpenEncoder encoder;
+        for (const auto& row : rows) {
+            for (const std::size_t length : {1U, 2U, 15U, 16U, 17U, 31U, 33U, 40U}) {
+                for (std::size_t place = 0; place < length; ++place) {
+                    TString<wchar_t> text = Repeat(length, filler);
+                    text[place] = static_cast<wchar_t>(row.character);
+                    EXPECT_EQ(encoder.GetPduCount(text), 1U);
+                    ASSERT_EQ(encoder.m_Alphabet, row.alphabet)
+                        << row.character << " at " << place << " of " << length;
+                }
+            }
+        }
+    }
+}
+
 TEST(GetPduCount, LeavesTheTextAsGsmCodes) {
     OpenEncoder encoder;
     encoder.GetPduCount(Wide({'a', 0x20AC, '@'}));
