@@ -124,6 +124,13 @@ TEST(LogReader, LinesThatAreNoneOfAModemLeaveAList) {
     }
 }
 
+TEST(LogReader, PrintedLinesAreOneLine) {
+    const LogOutcome outcome = ReadLog("'+CMT: ,24\\r\\n" + std::string(c_hello) + "\\r\\nOK\\r\\n'\n");
+    ASSERT_EQ(outcome.entries.size(), 1U);
+    EXPECT_EQ(outcome.counts.entries, 1U);
+    EXPECT_EQ(outcome.counts.passedOver, 0U);
+}
+
 TEST(LogReader, LinesOfAModemMakeALog) {
     for (const char* line : {"OK",
                              "ERROR",
