@@ -131,6 +131,12 @@ TEST(LogReader, PrintedLinesAreOneLine) {
     EXPECT_EQ(outcome.counts.passedOver, 0U);
 }
 
+TEST(LogReader, LineOfAReferenceIsAnEntry) {
+    const LogOutcome outcome = ReadLog("AT+CMGS=10\n0001070491214300000161\n+CMGS: 77\nOK\n");
+    EXPECT_EQ(outcome.counts.entries, 2U);
+    EXPECT_EQ(outcome.counts.passedOver, 2U);
+}
+
 TEST(LogReader, LinesOfAModemMakeALog) {
     for (const char* line : {"OK",
                              "ERROR",
