@@ -41,6 +41,15 @@ inline std::uint8_t SemiOctet(OctetView octets, std::size_t place) {
     return static_cast<std::uint8_t>(octets[place / 2] >> (place % 2 == 0 ? 0U : c_semiOctetBits) & 0x0FU);
 }
 
+/// What each character is worth as a digit; c_filler where it is none.
+constexpr auto c_digitValues = [] {
+    std::array<std::uint8_t, 256> values{};
+    values.fill(c_filler);
+    for (std::uint8_t value = 0; value < c_digits.size(); ++value)
+        values.at(static_cast<unsigned char>(c_digits[value])) = value;
+    return values;
+}();
+
 /// The digits of each octet; NUL where a semi-octet is a filler.
 constexpr auto c_digitPairs = [] {
     std::array<std::array<char, c_semiOctetsOfOctet>, 256> pairs{};

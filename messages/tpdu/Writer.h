@@ -267,10 +267,10 @@ private:
         const auto semiOctet = [&](std::size_t place) -> unsigned int {
             if (place >= text.size())
                 return c_filler;
-            const std::size_t digit = c_digits.find(text[place]);
-            if (digit == std::string_view::npos)
+            const std::uint8_t digit = c_digitValues[static_cast<unsigned char>(text[place])];
+            if (digit == c_filler)
                 Fail(WriteFaultCode::AddressCharacter, field, FirstCharacterOf(text.substr(place)), place);
-            return digit & c_filler;
+            return digit;
         };
         for (std::size_t place = 0; place < room; place += c_semiOctetsOfOctet) {
             const unsigned int low = semiOctet(place);
