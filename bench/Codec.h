@@ -35,8 +35,11 @@ public:
     virtual std::vector<Octets> UserData() const = 0;
 };
 
-/// This library, with one decoder for all PDUs or a fresh one for each.
+/// libQX_Encoding, with one decoder for all PDUs or a fresh one for each.
 std::unique_ptr<Codec> MakeOwnCodec(Form form, bool reusesDecoder);
+
+/// libQX_Messages, whose texts are UTF-8. One reading takes all PDUs.
+std::unique_ptr<Codec> MakeMessagesCodec(Form form);
 
 /// libgammu, which keeps text in UTF-16.
 std::unique_ptr<Codec> MakeGammuCodec(Form form);

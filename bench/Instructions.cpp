@@ -1,5 +1,5 @@
 // Does one work so many times, to be counted by callgrind:
-//   qx_instructions W1|W2|W3|W4|W5 wide|octets|hexadecimal|fresh TIMES
+//   qx_instructions W1|W2|W3|W4|W5 wide|octets|hexadecimal|fresh TIMES [messages]
 #include <cstdlib>
 #include <string>
 
@@ -7,14 +7,15 @@
 #include "Texts.h"
 
 int main(int argc, char** argv) {
-    if (argc != 4)
+    if (argc < 4)
         return 2;
     const std::string work = argv[1];
     const std::string form = argv[2];
-    const auto codec = bench::MakeOwnCodec(form == "octets"        ? bench::Form::Utf8
-                                           : form == "hexadecimal" ? bench::Form::Hexadecimal
-                                                                   : bench::Form::Wide,
-                                           form != "fresh");
+    const bench::Form of = form == "octets"        ? bench::Form::Utf8
+                           : form == "hexadecimal" ? bench::Form::Hexadecimal
+                                                   : bench::Form::Wide;
+    const bool isMessages = argc > 4;
+    const auto codec = isMessages ? bench::MakeMessagesCodec(of) : bench::MakeOwnCodec(of, form != "fresh");
     codec->Prepare(work == "W1" ? bench::Deliver160() : bench::DeliverUcs2());
     codec->Prepare(work == "W3"   ? bench::c_gsm160
                    : work == "W4" ? bench::c_gsm1000

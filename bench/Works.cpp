@@ -80,6 +80,8 @@ const bool s_registered = [] {
             add("reused", MakeOwnCodec(form.form, true));
             if (work.decodes)
                 add("fresh", MakeOwnCodec(form.form, false));
+            if (form.form != Form::Wide)
+                add("Messages", MakeMessagesCodec(form.form));
             add("libgammu", MakeGammuCodec(form.form));
         }
     }
