@@ -45,8 +45,8 @@ inline std::uint8_t SemiOctet(OctetView octets, std::size_t place) {
 constexpr auto c_digitValues = [] {
     std::array<std::uint8_t, 256> values{};
     values.fill(c_filler);
-    for (std::uint8_t value = 0; value < c_digits.size(); ++value)
-        values.at(static_cast<unsigned char>(c_digits[value])) = value;
+    for (std::size_t value = 0; value < c_digits.size(); ++value)
+        values.at(static_cast<unsigned char>(c_digits[value])) = static_cast<std::uint8_t>(value);
     return values;
 }();
 
