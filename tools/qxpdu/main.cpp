@@ -23,9 +23,10 @@ void EndOutOfMemory() {
     std::set_new_handler(EndOutOfMemory);
 }
 
+/// What is no file has the size 0.
 std::optional<std::uint64_t> SizeOfInput() {
     struct stat status;
-    if (fstat(STDIN_FILENO, &status) != 0 || !S_ISREG(status.st_mode))
+    if (fstat(STDIN_FILENO, &status) != 0)
         return std::nullopt;
     return static_cast<std::uint64_t>(status.st_size);
 }
