@@ -44,6 +44,12 @@ Outcome Join(const std::vector<std::string>& pdus) {
     return tests::Qxpdu({"decode", "--join", "--columns", "part,text", "--no-heading"}, AsLines(pdus));
 }
 
+TEST(QxpduJoin, EachMessageThatLacksPartsIsABlock) {
+    const Outcome run = Qxpdu({"decode", "--join"}, AsLines({c_highPart, c_widePart}));
+    EXPECT_TRUE(run.out.starts_with("Parts joined 1 of 2; missing 2\n")) << run.out;
+    EXPECT_NE(run.out.find("\n\nParts joined 2 of 2; missing 1\n"), std::string::npos) << run.out;
+}
+
 TEST(QxpduJoin, PairsThatWereCutBetweenPartsAreWhole) {
     struct Row {
         std::vector<std::string> parts;
