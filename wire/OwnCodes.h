@@ -87,11 +87,13 @@ inline __m128i Load(const unsigned char* octets) {
     return _mm_loadu_si128(reinterpret_cast<const __m128i*>(octets));
 }
 
-/// All bits of the octets that are `first` to `last`: neither below the one nor above the other.
-inline __m128i Between(__m128i octets, char first, char last) {
-    const __m128i below = _mm_subs_epu8(_mm_set1_epi8(first), octets);
-    const __m128i above = _mm_subs_epu8(octets, _mm_set1_epi8(last));
-    return _mm_cmpeq_epi8(_mm_or_si128(below, above), _mm_setzero_si128());
+using Lanes [[gnu::vector_size(16)]] = unsigned char;
+
+/// All bits of the octets that are `first` to `last`: as far from the first as the last, or less.
+inline __m128i Between(__m128i octets, unsigned char first, unsigned char last) {
+    const auto distance = reinterpret_cast<__m128i>(reinterpret_cast<Lanes>(octets) - first);
+    const __m128i beyond = _mm_subs_epu8(distance, _mm_set1_epi8(static_cast<char>(last - first)));
+    return _mm_cmpeq_epi8(beyond, _mm_setzero_si128());
 }
 
 inline __m128i Equal(__m128i octets, char value) {

@@ -30,14 +30,18 @@ public:
         UnpackSeptets(pdu, digits, 0, m_Length, m_Characters.data() + 1);
     }
 
-    /// Every semi-octet is '0' plus its value, whatever the value; only a filler in the high one is left out.
+    /// Every semi-octet is '0' plus its value, whatever the value; only a filler in the high one is left out:
+    /// it is written, and the next digit takes its place.
     void ReadDigits(const Pdu& pdu, unsigned int digits, unsigned int octets) {
-        for (unsigned int i = 0; i + 1 < octets; ++i) {
+        unsigned char* next = m_Characters.data() + 1;
+        const unsigned char* const full = next + c_longestAddress;
+        for (unsigned int i = 0; i + 1 < octets && next < full; ++i) {
             const unsigned int pair = OctetAt(pdu, digits + i);
-            Append('0' + (pair & 0x0F));
-            if (pair >> 4 != c_filler)
-                Append('0' + (pair >> 4));
+            next[0] = static_cast<unsigned char>('0' + (pair & 0x0F));
+            next[1] = static_cast<unsigned char>('0' + (pair >> 4));
+            next += pair >> 4 != c_filler ? 2 : 1;
         }
+        m_Length = std::min(static_cast<unsigned int>(next - m_Characters.data()) - 1, c_longestAddress);
     }
 
     /// The wide form of what stands before the zero, after a "+" where the number is international.
@@ -49,11 +53,6 @@ public:
     }
 
 private:
-    void Append(unsigned int character) {
-        if (m_Length < c_longestAddress)
-            m_Characters[++m_Length] = static_cast<unsigned char>(character);
-    }
-
     unsigned int m_Length = 0;
     std::array<unsigned char, c_longestAddress + 2>
         m_Characters; ///< a place for the "+", and the address after it
