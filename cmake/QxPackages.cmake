@@ -71,16 +71,17 @@ qx_package(dev libqx-encoding-dev libdevel
 "short messages to PDUs and PDUs to text - development files
 Headers of libQX_Encoding and of its support library libQX_Toolkit, a CMake
 package and pkg-config files.")
-qx_library_package(messages libQX_Messages ${QX_MESSAGES_SOVERSION} libqx-messages0 ""
+qx_library_package(messages libQX_Messages ${PROJECT_VERSION_MAJOR} libqx-messages1 ""
 "short messages read by the standards
 All six TPDU types of 3GPP TS 23.040 and the alphabets of TS 23.038 with
 those of national languages: fields, text in UTF-8, where everything stands
 in the octets and what is unusual in it.")
-qx_package(messages_dev libqx-messages-dev libdevel "libqx-messages0 (= ${QX_DEBIAN_VERSION})"
+qx_package(messages_dev libqx-messages-dev libdevel "libqx-messages1 (= ${QX_DEBIAN_VERSION})"
 "short messages read by the standards - development files
-Headers of libQX_Messages, a CMake package and a pkg-config file.")
+Headers of libQX_Messages for C++ and C, a CMake package and a pkg-config
+file.")
 qx_package(tool qxpdu comm
-"libqx-encoding1 (>= ${PROJECT_VERSION}), libqx-messages0 (= ${QX_DEBIAN_VERSION}), libqx-toolkit1 (>= ${PROJECT_VERSION})"
+"libqx-encoding1 (>= ${PROJECT_VERSION}), libqx-messages1 (>= ${PROJECT_VERSION}), libqx-toolkit1 (>= ${PROJECT_VERSION})"
 "short messages and cell broadcast pages between octets and text
 Encodes texts to SMS-SUBMIT PDUs, decodes and explains PDUs octet by octet,
 reads the logs of modems and streams of any length, writes JSON.")

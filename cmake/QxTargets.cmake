@@ -1,7 +1,6 @@
 # How every target of the project is built: one language level, one set of warnings, hardened, hidden visibility.
 include(CheckCXXCompilerFlag)
 
-set(QX_MESSAGES_SOVERSION 0) # its interface has no promise yet
 set(QX_WARNINGS -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   list(APPEND QX_WARNINGS -Wno-restrict) # g++ 12 sees overlaps inside std::string's operator+ that are not there

@@ -1,0 +1,85 @@
+// What a caller gives, checked and made values. A Refusal is thrown for what breaks the header's rules, and
+// becomes QX_ARGUMENT.
+#ifndef C_GIVEN_H
+#define C_GIVEN_H
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <optional>
+#include <string_view>
+#include <type_traits>
+
+#include "Messages/Cell.h"
+#include "Messages/Parts.h"
+#include "Messages/Read.h"
+#include "Messages/Tpdu.h"
+#include "Messages/qx_messages.h"
+
+namespace Messages {
+
+/// An argument that breaks what is required of it.
+struct Refusal {};
+
+inline void Require(bool holds) {
+    if (!holds)
+        throw Refusal();
+}
+
+/// What the header had of a structure at first. One that has grown needs a specialisation.
+template <class Struct>
+inline constexpr std::size_t c_firstSize = sizeof(Struct);
+
+/// A structure as this library has it: members that the caller's lacks are 0.
+template <class Struct>
+Struct Given(const Struct* given) {
+    Require(given != nullptr && given->size >= c_firstSize<Struct>);
+    Struct result{};
+    std::memcpy(&result, given, std::min(given->size, sizeof(Struct)));
+    return result;
+}
+
+/// The same; all 0 for null.
+template <class Struct>
+Struct GivenOrNothing(const Struct* given) {
+    return given == nullptr ? Struct{} : Given(given);
+}
+
+/// Writes a structure to the caller's, as much of it as that has.
+template <class Struct>
+void Fill(Struct* filled, Struct value) {
+    value.size = std::min(filled->size, sizeof(Struct));
+    std::memcpy(filled, &value, value.size);
+}
+
+/// An enumerator up to `last`.
+template <class Enum>
+Enum Named(unsigned int number, Enum last) {
+    Require(number <= static_cast<unsigned int>(last));
+    return static_cast<Enum>(number);
+}
+
+inline OctetView GivenOctets(const std::uint8_t* data, std::size_t size) {
+    Require(data != nullptr || size == 0);
+    return {data, size};
+}
+inline std::string_view GivenText(const char* data, std::size_t size) {
+    Require(data != nullptr || size == 0);
+    return {data, size};
+}
+
+std::optional<std::uint8_t> ValueOf(qx_optional_octet octet) noexcept;
+Languages LanguagesOf(std::uint16_t bits);
+Address ValueOf(const qx_address* address);
+Timestamp ValueOf(const qx_timestamp* timestamp);
+Validity ValueOf(const qx_validity* validity);
+UserData ValueOf(const qx_user_data* userData);
+Tpdu ValueOf(const qx_message* message);
+ReadOptions ValueOf(const qx_read_options* options);
+CutOptions ValueOf(const qx_cut_options* options);
+CellDraft ValueOf(const qx_cell_draft* draft);
+
+} // namespace Messages
+
+#endif

@@ -1,0 +1,135 @@
+// What joins the parts of messages, and the pages of cell broadcast.
+#include "c/Calls.h"
+#include "c/HandedBack.h"
+#include "c/Reader.h"
+
+using namespace Messages;
+
+struct qx_joiner {
+    explicit qx_joiner(const JoinLimits& limits) : joiner(limits) {}
+
+    Joiner joiner;
+    HandedBack<std::vector<Joined>> handedBack;
+    Results results;
+};
+
+struct qx_page_joiner {
+    explicit qx_page_joiner(std::size_t messages) noexcept : joiner(messages) {}
+
+    CellJoiner joiner;
+    HandedBack<CellTaken> handedBack;
+    Results results;
+};
+
+namespace {
+
+/// Hands out what `give(joiner)` gives, after what is still to be told.
+template <class Give>
+qx_result HandBack(qx_joiner* joiner, const qx_joined_list** joined, Give give) {
+    return Handing(joiner, joined, [&](qx_joiner& used) {
+        used.handedBack.Take([&] { return give(used.joiner); });
+        std::vector<const Joined*> messages;
+        for (const std::vector<Joined>& batch : used.handedBack.Batches())
+            for (const Joined& message : batch)
+                messages.push_back(&message);
+        auto* const result = used.results.Make<qx_joined_list>();
+        const auto list =
+            used.results.ListBy(messages, [&](const Joined* message) { return used.results.Of(*message); });
+        result->messages = list.items;
+        result->message_count = list.count;
+        used.handedBack.Tell();
+        return result;
+    });
+}
+
+/// The same of pages.
+template <class Give>
+qx_result HandBackPages(qx_page_joiner* joiner, const qx_pages_taken** taken, Give give) {
+    return Handing(joiner, taken, [&](qx_page_joiner& used) {
+        used.handedBack.Take([&] { return give(used.joiner); });
+        std::vector<const qx_cell_message*> messages;
+        for (const CellTaken& batch : used.handedBack.Batches()) {
+            for (const CellMessage& message : batch.givenUp)
+                messages.push_back(used.results.Of(message, true));
+            if (batch.complete)
+                messages.push_back(used.results.Of(*batch.complete, false));
+        }
+        auto* const result = used.results.Make<qx_pages_taken>();
+        result->is_duplicate = used.handedBack.Batches().back().isDuplicate;
+        const auto list =
+            used.results.ListBy(messages, [](const qx_cell_message* message) { return message; });
+        result->messages = list.items;
+        result->message_count = list.count;
+        used.handedBack.Tell();
+        return result;
+    });
+}
+
+JoinLimits LimitsOf(const qx_join_limits* given) {
+    const qx_join_limits limits = GivenOrNothing(given);
+    Require(limits.seconds >= 0);
+    JoinLimits value;
+    if (limits.messages != 0)
+        value.messages = limits.messages;
+    if (limits.octets != 0)
+        value.octets = limits.octets;
+    if (limits.seconds != 0)
+        value.seconds = limits.seconds;
+    return value;
+}
+
+} // namespace
+
+qx_joiner* qx_joiner_new(const qx_join_limits* limits) {
+    qx_joiner* joiner = nullptr;
+    Guarded([&] {
+        joiner = NewHandle<qx_joiner>(LimitsOf(limits));
+        return QX_OK;
+    });
+    return joiner;
+}
+
+void qx_joiner_free(qx_joiner* joiner) {
+    delete joiner;
+}
+
+qx_result qx_joiner_add(qx_joiner* joiner, const qx_reader* reader, int64_t now, uint64_t tag,
+                        const qx_joined_list** joined) {
+    return HandBack(joiner, joined, [&](Joiner& used) {
+        Require(reader != nullptr && reader->kind == qx_reader::Kind::Message &&
+                reader->reading.Type() != TpduType::None);
+        return used.Add(reader->reading, now, tag);
+    });
+}
+
+qx_result qx_joiner_expire(qx_joiner* joiner, int64_t now, const qx_joined_list** joined) {
+    return HandBack(joiner, joined, [&](Joiner& used) { return used.Expire(now); });
+}
+
+qx_result qx_joiner_finish(qx_joiner* joiner, const qx_joined_list** joined) {
+    return HandBack(joiner, joined, [](Joiner& used) { return used.Finish(); });
+}
+
+qx_page_joiner* qx_page_joiner_new(size_t messages) {
+    return NewHandle<qx_page_joiner>(messages == 0 ? std::size_t{CellJoiner::c_messages} : messages);
+}
+
+void qx_page_joiner_free(qx_page_joiner* joiner) {
+    delete joiner;
+}
+
+qx_result qx_page_joiner_take(qx_page_joiner* joiner, const qx_reader* reader, const qx_pages_taken** taken) {
+    return HandBackPages(joiner, taken, [&](CellJoiner& used) {
+        Require(reader != nullptr && reader->kind == qx_reader::Kind::Cell);
+        return used.Take(reader->cell);
+    });
+}
+
+qx_result qx_page_joiner_take_oldest(qx_page_joiner* joiner, const qx_pages_taken** taken) {
+    return HandBackPages(joiner, taken, [](CellJoiner& used) {
+        CellTaken oldest;
+        if (auto message = used.TakeOldest())
+            oldest.givenUp.push_back(std::move(*message));
+        return oldest;
+    });
+}
