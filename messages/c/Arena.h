@@ -26,6 +26,7 @@ public:
         static_assert(std::is_trivially_destructible_v<Value> && alignof(Value) <= c_alignment);
         if (count == 0)
             return nullptr;
+        // NOLINTNEXTLINE(bugprone-sizeof-expression): lists are of pointers
         void* const piece = Take(count * sizeof(Value));
         auto* const values = static_cast<Value*>(piece);
         std::uninitialized_value_construct_n(values, count);
