@@ -117,7 +117,7 @@ TEST(LogReader, StrayDigitsAreCounted) {
 TEST(LogReader, LinesThatAreNoneOfAModemLeaveAList) {
     for (const char* line :
          {"#Sent: today", "#TODO: x", "*PDU1:* 07", "$Id: x$", "# CREG: 1", "#CREG: x", "#creg: 1", "OKAY",
-          "ERRORS", "RINGS", "ATTACHED", "at ten", "bat+ball", "hello: 1", "0791", "+", "+1"}) {
+          "ERRORS", "RINGS", "ATTACHED", "at ten", "bat+ball", "hello: 1", "0791", "+", "+1", "+C: 1"}) {
         LogReader reader;
         reader.Take(line, 1);
         EXPECT_FALSE(reader.IsLog()) << line;
@@ -169,6 +169,7 @@ TEST(LogReader, LinesOfAModemMakeALog) {
                              "SMS Ready",
                              "Call Ready",
                              "NORMAL POWER DOWN",
+                             "+CC: 1",
                              "x +CMTI: \"SM\",3",
                              "x +CDSI: \"SM\",3",
                              "x +CBMI: \"BM\",3",
@@ -237,6 +238,11 @@ TEST(LogReader, WrappedPduOfATooSmallLengthIsReadUntilItIsSound) {
     const std::string hello = c_hello;
     EXPECT_EQ(TextsIn("+CMGL: 1,1,,8\n" + hello.substr(0, 20) + '\n' + hello.substr(20, 20) + '\n' +
                       hello.substr(40, 20) + '\n' + hello.substr(60) + "\nOK\n"),
+              std::vector<std::string>{c_hello});
+}
+
+TEST(LogReader, PrefixMayEndAsACommandBegins) {
+    EXPECT_EQ(TextsIn("RXDAT+CMT: ,24\nRXDAT" + std::string(c_hello) + "\n"),
               std::vector<std::string>{c_hello});
 }
 

@@ -80,6 +80,16 @@ TEST(Pasted, LengthThatCountsTheServiceCentreIsAWarning) {
     EXPECT_EQ(pdu.warnings, Warnings{"+CMT announces 32 octets, the service centre counted"});
 }
 
+TEST(Pasted, WholeLengthIsThatOfATpduWhereBothReadingsAreSound) {
+    const std::string both =
+        "000281029100212031214365800810100000000000"; // 21 octets; a status report after the first
+    EXPECT_TRUE(Read(both, {Presence::Yes, Direction::Unknown, nullptr}).reading.IsSound());
+    const PastedPdu pdu = ReadAfter(Announcing(21), both);
+    EXPECT_FALSE(pdu.reading.serviceCentre);
+    EXPECT_EQ(pdu.reading.Type(), TpduType::Deliver);
+    EXPECT_EQ(pdu.warnings, Warnings{});
+}
+
 TEST(Pasted, LengthThatDisagreesIsAWarning) {
     const PastedPdu less = ReadAfter(Announcing(1), c_serviceCentre + c_hello);
     EXPECT_TRUE(less.reading.IsSound());
