@@ -42,6 +42,7 @@ TEST(LogReader, ListWaitsForALineOfAModemUntilItIsReleased) {
 }
 
 TEST(LogReader, NoMoreThanTheLookAheadIsKept) {
+    EXPECT_EQ(LogReader::LOOK_AHEAD, 65536U) << "as the manual says";
     LogReader reader;
     std::size_t number = 0;
     for (std::size_t bytes = 0; bytes < LogReader::LOOK_AHEAD; bytes += std::string(c_hello).size())
