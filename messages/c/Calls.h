@@ -23,7 +23,7 @@ qx_result Guarded(Body body) noexcept {
 template <class Result>
 bool HasFault(const Result& result) noexcept {
     if constexpr (requires { result.fault; })
-        return result.fault != 0;
+        return static_cast<bool>(result.fault);
     else if constexpr (requires { result.user_data; })
         return result.address == nullptr && result.user_data == nullptr;
     else if constexpr (requires { result.misfit; })

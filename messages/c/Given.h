@@ -71,14 +71,14 @@ inline std::string_view GivenText(const char* data, std::size_t size) {
 
 std::optional<std::uint8_t> ValueOf(qx_optional_octet octet) noexcept;
 Languages LanguagesOf(std::uint16_t bits);
-Address ValueOf(const qx_address* address);
-Timestamp ValueOf(const qx_timestamp* timestamp);
-Validity ValueOf(const qx_validity* validity);
-UserData ValueOf(const qx_user_data* userData);
-Tpdu ValueOf(const qx_message* message);
-ReadOptions ValueOf(const qx_read_options* options);
-CutOptions ValueOf(const qx_cut_options* options);
-CellDraft ValueOf(const qx_cell_draft* draft);
+Address ValueOf(const qx_address* given);
+Timestamp ValueOf(const qx_timestamp* given);
+Validity ValueOf(const qx_validity* given);
+UserData ValueOf(const qx_user_data* given);
+Tpdu ValueOf(const qx_message* given);
+ReadOptions ValueOf(const qx_read_options* given);
+CutOptions ValueOf(const qx_cut_options* given);
+CellDraft ValueOf(const qx_cell_draft* given);
 
 } // namespace Messages
 

@@ -23,6 +23,13 @@ struct qx_page_joiner {
 
 namespace {
 
+/// A reader that has read such last.
+const qx_reader& ReaderOf(const qx_reader* reader, qx_reader::Kind kind) {
+    if (reader == nullptr || reader->kind != kind)
+        throw Refusal();
+    return *reader;
+}
+
 /// Hands out what `give(joiner)` gives, after what is still to be told.
 template <class Give>
 qx_result HandBack(qx_joiner* joiner, const qx_joined_list** joined, Give give) {
@@ -96,9 +103,9 @@ void qx_joiner_free(qx_joiner* joiner) {
 qx_result qx_joiner_add(qx_joiner* joiner, const qx_reader* reader, int64_t now, uint64_t tag,
                         const qx_joined_list** joined) {
     return HandBack(joiner, joined, [&](Joiner& used) {
-        Require(reader != nullptr && reader->kind == qx_reader::Kind::Message &&
-                reader->reading.Type() != TpduType::None);
-        return used.Add(reader->reading, now, tag);
+        const Reading& reading = ReaderOf(reader, qx_reader::Kind::Message).reading;
+        Require(reading.Type() != TpduType::None);
+        return used.Add(reading, now, tag);
     });
 }
 
@@ -120,8 +127,7 @@ void qx_page_joiner_free(qx_page_joiner* joiner) {
 
 qx_result qx_page_joiner_take(qx_page_joiner* joiner, const qx_reader* reader, const qx_pages_taken** taken) {
     return HandBackPages(joiner, taken, [&](CellJoiner& used) {
-        Require(reader != nullptr && reader->kind == qx_reader::Kind::Cell);
-        return used.Take(reader->cell);
+        return used.Take(ReaderOf(reader, qx_reader::Kind::Cell).cell);
     });
 }
 

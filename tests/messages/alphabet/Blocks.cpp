@@ -44,7 +44,8 @@ TEST(Blocks, EachSeptetAtEachPlace) {
 TEST(Blocks, EachCharacterAtEachPlace) {
     for (std::size_t language = 0; language <= c_lastLanguage; ++language) {
         const SeptetTables tables{static_cast<Language>(language), Language::Default};
-        for (char character = 0; character >= 0 && character < '\x7F'; ++character) {
+        for (int ascii = 0; ascii < 0x7F; ++ascii) {
+            const auto character = static_cast<char>(ascii);
             Octets own;
             const bool isHeld = !AppendSeptets(std::string(1, character), tables, own);
             for (std::size_t place = 0; place < 40; ++place) {
