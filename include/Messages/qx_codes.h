@@ -5,9 +5,10 @@
 
 /// What a call came to.
 enum qx_result {
-    QX_OK = 0,       ///< done
-    QX_FAULT = 1,    ///< what was given cannot be read, written, cut …: what was handed out says why
-    QX_ARGUMENT = 2, ///< an argument breaks what is required of it: nothing was done
+    QX_OK = 0,    ///< done
+    QX_FAULT = 1, ///< what was given cannot be read, written, cut …: what was handed out says why
+    QX_ARGUMENT =
+        2, ///< an argument breaks what is required of it: nothing was done, but results of before are gone
     QX_NO_MEMORY = 3 ///< there was no memory
 };
 

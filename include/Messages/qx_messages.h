@@ -5,9 +5,11 @@
 /// \code
 /// qx_reader* reader = qx_reader_new();
 /// const qx_reading* reading;
-/// if (qx_read_hex(reader, digits, strlen(digits), NULL, &reading) == QX_OK && reading->message->party !=
-/// NULL)
-///     printf("%s: %s\n", reading->message->party->written.data, reading->message->user_data->text.data);
+/// if (qx_read_hex(reader, digits, strlen(digits), NULL, &reading) == QX_OK) {
+///     const qx_message* message = reading->message;
+///     if (message->party != NULL && message->user_data != NULL) // most status reports have no text
+///         printf("%s: %s\n", message->party->written.data, message->user_data->text.data);
+/// }
 /// qx_reader_free(reader);
 /// \endcode
 ///
@@ -15,9 +17,10 @@
 /// takes null too. One thread at a time uses a handle; handles have nothing in common.
 ///
 /// Results: what a call hands out belongs to the handle, with all that it points to, until the next call with
-/// that handle. A pointer that is null says that there is no such thing; a list is an array of so many
-/// pointers, and null or not where it is empty. After QX_OK and QX_FAULT there is a result, and after the
-/// others its pointer is null. No exception passes.
+/// that handle; so nothing of it may be given back to a call with the same handle, unless by a copy. A
+/// pointer that is null says that there is no such thing; a list is an array of so many pointers, and null or
+/// not where it is empty. After QX_OK and QX_FAULT there is a result, and after the others its pointer is
+/// null. No exception passes.
 ///
 /// Texts are UTF-8 and have a length, as one may hold NUL; after its last octet there is a NUL in all that is
 /// handed out. What is given needs none, and may be null where its length is 0.
@@ -592,7 +595,8 @@ typedef struct qx_joined_list {
 
 /// Joins the parts of long messages. Whatever is added is handed back once: at once where it is no part, with
 /// its message when that is complete or given up. Where QX_NO_MEMORY kept something from being handed back,
-/// the next call does.
+/// the next call does that; nothing that was added before is lost. What was to be added then may have been
+/// taken in or not: adding it again is right, as a part that comes twice counts once.
 typedef struct qx_joiner qx_joiner;
 /// A joiner; null where there is no memory, and where limits are less than 0 or too small to be some.
 MESSAGES_API qx_joiner* qx_joiner_new(const qx_join_limits* limits);

@@ -35,7 +35,9 @@ class Taker {
 public:
     void operator()(bool& value, bool given) const { value = given; }
     void operator()(std::uint8_t& value, std::uint8_t given) const { value = given; }
-    void operator()(std::uint8_t& value, qx_optional_octet given) const { value = given.value; }
+    void operator()(std::uint8_t& value, qx_optional_octet given) const {
+        value = Messages::ValueOf(given).value_or(0);
+    }
     void operator()(std::optional<std::uint8_t>& value, qx_optional_octet given) const {
         value = Messages::ValueOf(given);
     }

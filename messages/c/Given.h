@@ -53,6 +53,14 @@ void Fill(Struct* filled, Struct value) {
     std::memcpy(filled, &value, value.size);
 }
 
+/// Whether the members are those of a time, as the header has their ranges.
+inline bool IsTime(const Timestamp& time) {
+    const auto isWithin = [](int value, int first, int last) { return value >= first && value <= last; };
+    return time.isValid && isWithin(time.year, 2000, 2099) && isWithin(time.month, 1, 12) &&
+           isWithin(time.day, 1, 31) && isWithin(time.hour, 0, 23) && isWithin(time.minute, 0, 59) &&
+           isWithin(time.second, 0, 59) && isWithin(time.quarters, -85, 85);
+}
+
 /// An enumerator up to `last`.
 template <class Enum>
 Enum Named(unsigned int number, Enum last) {

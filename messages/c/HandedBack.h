@@ -18,7 +18,12 @@ public:
             m_Batches.clear();
         m_IsTold = false;
         m_Batches.emplace_back(); // there is room before anything is given
-        m_Batches.back() = give();
+        try {
+            m_Batches.back() = give();
+        } catch (...) {
+            m_Batches.pop_back();
+            throw;
+        }
     }
 
     const std::vector<Batch>& Batches() const noexcept { return m_Batches; }

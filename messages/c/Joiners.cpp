@@ -30,45 +30,45 @@ const qx_reader& ReaderOf(const qx_reader* reader, qx_reader::Kind kind) {
     return *reader;
 }
 
-/// Hands out what `give(joiner)` gives, after what is still to be told.
-template <class Give>
-qx_result HandBack(qx_joiner* joiner, const qx_joined_list** joined, Give give) {
-    return Handing(joiner, joined, [&](qx_joiner& used) {
-        used.handedBack.Take([&] { return give(used.joiner); });
-        std::vector<const Joined*> messages;
-        for (const std::vector<Joined>& batch : used.handedBack.Batches())
-            for (const Joined& message : batch)
-                messages.push_back(&message);
-        auto* const result = used.results.Make<qx_joined_list>();
-        const auto list =
-            used.results.ListBy(messages, [&](const Joined* message) { return used.results.Of(*message); });
-        result->messages = list.items;
-        result->message_count = list.count;
-        used.handedBack.Tell();
-        return result;
-    });
+/// What is still to be told.
+const qx_joined_list* Told(qx_joiner& joiner) {
+    std::vector<const Joined*> messages;
+    for (const std::vector<Joined>& batch : joiner.handedBack.Batches())
+        for (const Joined& message : batch)
+            messages.push_back(&message);
+    auto* const result = joiner.results.Make<qx_joined_list>();
+    const auto list =
+        joiner.results.ListBy(messages, [&](const Joined* message) { return joiner.results.Of(*message); });
+    result->messages = list.items;
+    result->message_count = list.count;
+    joiner.handedBack.Tell();
+    return result;
 }
 
 /// The same of pages.
-template <class Give>
-qx_result HandBackPages(qx_page_joiner* joiner, const qx_pages_taken** taken, Give give) {
-    return Handing(joiner, taken, [&](qx_page_joiner& used) {
+const qx_pages_taken* Told(qx_page_joiner& joiner) {
+    std::vector<const qx_cell_message*> messages;
+    for (const CellTaken& batch : joiner.handedBack.Batches()) {
+        for (const CellMessage& message : batch.givenUp)
+            messages.push_back(joiner.results.Of(message, true));
+        if (batch.complete)
+            messages.push_back(joiner.results.Of(*batch.complete, false));
+    }
+    auto* const result = joiner.results.Make<qx_pages_taken>();
+    result->is_duplicate = joiner.handedBack.Batches().back().isDuplicate;
+    const auto list = joiner.results.ListBy(messages, [](const qx_cell_message* message) { return message; });
+    result->messages = list.items;
+    result->message_count = list.count;
+    joiner.handedBack.Tell();
+    return result;
+}
+
+/// Hands out what `give(joiner)` gives, after what is still to be told.
+template <class Handle, class Result, class Give>
+qx_result HandBack(Handle* handle, const Result** handed, Give give) {
+    return Handing(handle, handed, [&](Handle& used) {
         used.handedBack.Take([&] { return give(used.joiner); });
-        std::vector<const qx_cell_message*> messages;
-        for (const CellTaken& batch : used.handedBack.Batches()) {
-            for (const CellMessage& message : batch.givenUp)
-                messages.push_back(used.results.Of(message, true));
-            if (batch.complete)
-                messages.push_back(used.results.Of(*batch.complete, false));
-        }
-        auto* const result = used.results.Make<qx_pages_taken>();
-        result->is_duplicate = used.handedBack.Batches().back().isDuplicate;
-        const auto list =
-            used.results.ListBy(messages, [](const qx_cell_message* message) { return message; });
-        result->messages = list.items;
-        result->message_count = list.count;
-        used.handedBack.Tell();
-        return result;
+        return Told(used);
     });
 }
 
@@ -126,13 +126,13 @@ void qx_page_joiner_free(qx_page_joiner* joiner) {
 }
 
 qx_result qx_page_joiner_take(qx_page_joiner* joiner, const qx_reader* reader, const qx_pages_taken** taken) {
-    return HandBackPages(joiner, taken, [&](CellJoiner& used) {
+    return HandBack(joiner, taken, [&](CellJoiner& used) {
         return used.Take(ReaderOf(reader, qx_reader::Kind::Cell).cell);
     });
 }
 
 qx_result qx_page_joiner_take_oldest(qx_page_joiner* joiner, const qx_pages_taken** taken) {
-    return HandBackPages(joiner, taken, [](CellJoiner& used) {
+    return HandBack(joiner, taken, [](CellJoiner& used) {
         CellTaken oldest;
         if (auto message = used.TakeOldest())
             oldest.givenUp.push_back(std::move(*message));

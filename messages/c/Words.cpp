@@ -18,17 +18,22 @@ const char* NameUpTo(Enum last, std::uint8_t number, Name name) noexcept {
     return number <= static_cast<std::uint8_t>(last) ? Constant(name(static_cast<Enum>(number))) : "";
 }
 
+/// Writes as much of a text as there is room for, and a NUL.
+void Copy(std::string_view text, char* written, std::size_t room) {
+    Require(written != nullptr || room == 0);
+    if (room != 0)
+        written[text.copy(written, room - 1)] = '\0';
+}
+
 /// Writes what `make()` makes, as far as there is room; returns its length.
 template <class Make>
-std::size_t Put(char* text, std::size_t room, Make make) noexcept {
+std::size_t Put(char* written, std::size_t room, Make make) noexcept {
     std::size_t size = 0;
     Guarded([&] {
-        if (room != 0)
-            *text = '\0';
-        const std::string made = make();
-        size = made.size();
-        if (room != 0)
-            text[made.copy(text, room - 1)] = '\0';
+        Copy({}, written, room);
+        const std::string text = make();
+        size = text.size();
+        Copy(text, written, room);
         return QX_OK;
     });
     return size;
@@ -119,7 +124,10 @@ const char* qx_warning_type_name(uint8_t type) {
 }
 
 size_t qx_timestamp_text(const qx_timestamp* timestamp, char* text, size_t room) {
-    return Put(text, room, [&] { return ValueOf(timestamp).ToString(); });
+    return Put(text, room, [&] {
+        const Timestamp time = ValueOf(timestamp);
+        return IsTime(time) ? time.ToString() : std::string();
+    });
 }
 size_t qx_validity_meaning(const qx_validity* validity, char* text, size_t room) {
     return Put(text, room, [&] { return MeaningOf(ValueOf(validity)); });

@@ -120,7 +120,10 @@ qx_result qx_make_enhanced_validity(uint32_t seconds, bool is_single_shot, qx_va
 qx_result qx_make_absolute_validity(const qx_timestamp* until, qx_validity* validity) {
     return Guarded([&] {
         Given(validity);
-        qx_validity made = StructOf(MakeAbsoluteValidity(ValueOf(until)));
+        const Timestamp end = ValueOf(until);
+        if (!IsTime(end))
+            return QX_FAULT;
+        qx_validity made = StructOf(MakeAbsoluteValidity(end));
         made.until = until;
         Fill(validity, made);
         return QX_OK;
@@ -128,5 +131,9 @@ qx_result qx_make_absolute_validity(const qx_timestamp* until, qx_validity* vali
 }
 
 qx_result qx_make_coding(uint8_t value, qx_coding* coding) {
-    return FillWith(coding, std::optional(DataCoding(value)));
+    return Guarded([&] {
+        Given(coding);
+        Fill(coding, StructOf(DataCoding(value)));
+        return QX_OK;
+    });
 }

@@ -166,6 +166,36 @@ TEST_F(Calls, WriteEveryTypeAsItWasRead) {
     }
 }
 
+TEST_F(Calls, WriteASubmitReport) {
+    auto time = Sized<qx_timestamp>();
+    ASSERT_EQ(qx_make_timestamp(2026, 11, 21, 8, 15, 30, 0, &time), QX_OK);
+    auto message = Sized<qx_message>();
+    message.type = QX_TYPE_SUBMIT_REPORT;
+    message.timestamp = &time;
+    const qx_written* const written = Write(message, nullptr);
+    EXPECT_EQ(Hex(written->octets), "010062111280510300");
+    auto options = Sized<qx_read_options>();
+    options.direction = QX_DIRECTION_TO_MOBILE;
+    options.service_centre = QX_PRESENCE_NO;
+    const qx_reading* reading = nullptr;
+    const std::string digits = Hex(written->octets);
+    ASSERT_EQ(qx_read_hex(m_Reader.get(), digits.data(), digits.size(), &options, &reading), QX_OK);
+    EXPECT_EQ(reading->message->type, QX_TYPE_SUBMIT_REPORT);
+    EXPECT_EQ(Hex(Write(*reading->message, nullptr)->octets), "010062111280510300");
+}
+
+TEST_F(Calls, WriteWhatIsNotGivenAsZero) {
+    auto message = Sized<qx_message>();
+    message.type = QX_TYPE_SUBMIT;
+    message.party = Number("+4479")->address;
+    message.protocol = {false, 0x41};
+    EXPECT_EQ(Hex(Write(message, nullptr)->octets), "0100049144970000"
+                                                    "00");
+    message.protocol = {true, 0x41};
+    EXPECT_EQ(Hex(Write(message, nullptr)->octets), "0100049144974100"
+                                                    "00");
+}
+
 TEST_F(Calls, TellWhyNothingIsWritten) {
     auto message = Sized<qx_message>();
     message.type = QX_TYPE_DELIVER;
@@ -229,6 +259,31 @@ TEST_F(Calls, MakeTimesAndValidities) {
     ASSERT_EQ(qx_make_absolute_validity(&time, &validity), QX_OK);
     EXPECT_EQ(validity.format, QX_VALIDITY_ABSOLUTE);
     EXPECT_EQ(validity.until, &time);
+    EXPECT_EQ(qx_make_absolute_validity(nullptr, &validity), QX_ARGUMENT);
+    EXPECT_EQ(qx_make_absolute_validity(&time, nullptr), QX_ARGUMENT);
+    const auto none = Sized<qx_timestamp>();
+    EXPECT_EQ(qx_make_absolute_validity(&none, &validity), QX_FAULT);
+    EXPECT_EQ(qx_timestamp_text(&none, text, sizeof(text)), 0U);
+    EXPECT_STREQ(text, "");
+    const auto refuses = [&](const auto& change) {
+        qx_timestamp wrong = time;
+        change(wrong);
+        EXPECT_EQ(qx_make_absolute_validity(&wrong, &validity), QX_FAULT);
+        EXPECT_EQ(qx_timestamp_text(&wrong, text, sizeof(text)), 0U);
+    };
+    refuses([](qx_timestamp& wrong) { wrong.year = 1999; });
+    refuses([](qx_timestamp& wrong) { wrong.year = 2100; });
+    refuses([](qx_timestamp& wrong) { wrong.month = 0; });
+    refuses([](qx_timestamp& wrong) { wrong.month = 13; });
+    refuses([](qx_timestamp& wrong) { wrong.day = 0; });
+    refuses([](qx_timestamp& wrong) { wrong.day = 32; });
+    refuses([](qx_timestamp& wrong) { wrong.hour = 24; });
+    refuses([](qx_timestamp& wrong) { wrong.minute = 60; });
+    refuses([](qx_timestamp& wrong) { wrong.second = 60; });
+    refuses([](qx_timestamp& wrong) { wrong.quarters = -86; });
+    refuses([](qx_timestamp& wrong) { wrong.quarters = 86; });
+    EXPECT_EQ(qx_timestamp_text(&time, nullptr, 26), 0U);
+    EXPECT_EQ(validity.until, &time) << "nothing was written since";
     ASSERT_EQ(qx_make_enhanced_validity(30, true, &validity), QX_OK);
     EXPECT_EQ(validity.enhanced, QX_ENHANCED_SECONDS);
     EXPECT_TRUE(validity.is_single_shot);
@@ -387,6 +442,64 @@ TEST_F(Calls, RefuseNoHandleAndNoPlaceForTheResult) {
         free();
 }
 
+/// Refuses no handle and no place for the result.
+template <class Handle, class Result, class Call>
+void ExpectRefusals(const Owned<Handle>& handle, Call call) {
+    const Result* result = nullptr;
+    Handle* const noHandle = nullptr;
+    const Result** const noPlace = nullptr;
+    EXPECT_EQ(call(noHandle, &result), QX_ARGUMENT);
+    EXPECT_EQ(call(handle.get(), noPlace), QX_ARGUMENT);
+    EXPECT_EQ(call(noHandle, noPlace), QX_ARGUMENT);
+}
+
+TEST_F(Calls, RefuseNoHandleAndNoPlaceEverywhere) {
+    ExpectRefusals<qx_reader, qx_reading>(
+        m_Reader, [](auto* handle, auto* place) { return qx_read(handle, nullptr, 0, nullptr, place); });
+    ExpectRefusals<qx_reader, qx_reading>(
+        m_Reader, [](auto* handle, auto* place) { return qx_read_hex(handle, nullptr, 0, nullptr, place); });
+    ExpectRefusals<qx_reader, qx_cell_reading>(
+        m_Reader, [](auto* handle, auto* place) { return qx_read_cell(handle, nullptr, 0, 0, place); });
+    ExpectRefusals<qx_reader, qx_cell_reading>(
+        m_Reader, [](auto* handle, auto* place) { return qx_read_cell_hex(handle, nullptr, 0, 0, place); });
+    const auto message = Sized<qx_message>();
+    ExpectRefusals<qx_writer, qx_written>(
+        m_Writer, [&](auto* handle, auto* place) { return qx_write(handle, &message, nullptr, place); });
+    const auto draft = Sized<qx_cell_draft>();
+    ExpectRefusals<qx_writer, qx_cell_written>(
+        m_Writer, [&](auto* handle, auto* place) { return qx_write_cell(handle, &draft, place); });
+    ExpectRefusals<qx_maker, qx_made>(
+        m_Maker, [](auto* handle, auto* place) { return qx_make_number(handle, "1", 1, place); });
+    ExpectRefusals<qx_maker, qx_made>(
+        m_Maker, [](auto* handle, auto* place) { return qx_make_name(handle, "a", 1, place); });
+    ExpectRefusals<qx_maker, qx_made>(
+        m_Maker, [](auto* handle, auto* place) { return qx_make_user_data(handle, 0, {}, {}, place); });
+    ExpectRefusals<qx_cutter, qx_explanation>(
+        m_Cutter, [](auto* handle, auto* place) { return qx_choose(handle, "a", 1, nullptr, place); });
+    ExpectRefusals<qx_cutter, qx_explanation>(
+        m_Cutter, [](auto* handle, auto* place) { return qx_explain(handle, "a", 1, nullptr, place); });
+    ExpectRefusals<qx_cutter, qx_near_text>(
+        m_Cutter, [](auto* handle, auto* place) { return qx_replace_near(handle, "a", 1, 0, place); });
+    ExpectRefusals<qx_cutter, qx_cut_text>(
+        m_Cutter, [](auto* handle, auto* place) { return qx_cut(handle, "a", 1, nullptr, place); });
+    ExpectRefusals<qx_cutter, qx_cut_text>(
+        m_Cutter, [](auto* handle, auto* place) { return qx_cut_data(handle, nullptr, 0, nullptr, place); });
+    Read(c_deliver);
+    ExpectRefusals<qx_joiner, qx_joined_list>(m_Joiner, [this](auto* handle, auto* place) {
+        return qx_joiner_add(handle, m_Reader.get(), 0, 0, place);
+    });
+    ExpectRefusals<qx_joiner, qx_joined_list>(
+        m_Joiner, [](auto* handle, auto* place) { return qx_joiner_expire(handle, 0, place); });
+    ExpectRefusals<qx_joiner, qx_joined_list>(
+        m_Joiner, [](auto* handle, auto* place) { return qx_joiner_finish(handle, place); });
+    ReadCell("402000320012C834");
+    ExpectRefusals<qx_page_joiner, qx_pages_taken>(m_Pages, [this](auto* handle, auto* place) {
+        return qx_page_joiner_take(handle, m_Reader.get(), place);
+    });
+    ExpectRefusals<qx_page_joiner, qx_pages_taken>(
+        m_Pages, [](auto* handle, auto* place) { return qx_page_joiner_take_oldest(handle, place); });
+}
+
 TEST_F(Calls, RefuseNumbersWithoutAName) {
     const qx_reading* reading = nullptr;
     for (std::uint8_t qx_read_options::*const member :
@@ -484,6 +597,87 @@ TEST_F(Calls, TakeLimitsOfJoiners) {
     EXPECT_EQ(joined->messages[0]->outcome, QX_OUTCOME_TIMED_OUT);
     ASSERT_EQ(joined->messages[0]->gap_count, 1U);
     EXPECT_EQ(joined->messages[0]->gaps[0]->first, 2);
+}
+
+/// The first part of two, under a reference, of four octets of text.
+std::string FirstPart(const std::string& reference) {
+    return "00440491449700046211128051030009050003" + reference + "0201" + "C834C834";
+}
+
+TEST_F(Calls, TakeLimitsOfMessagesAndOfOctets) {
+    auto messages = Sized<qx_join_limits>();
+    messages.messages = 1;
+    auto octets = Sized<qx_join_limits>();
+    octets.octets = 15; // of the user data of one part, but not of two
+    for (const qx_join_limits* const limits : {&messages, &octets}) {
+        const Owned<qx_joiner> joiner(qx_joiner_new(limits), qx_joiner_free);
+        const qx_joined_list* joined = nullptr;
+        Read(FirstPart("01"));
+        ASSERT_EQ(qx_joiner_add(joiner.get(), m_Reader.get(), 0, 0, &joined), QX_OK);
+        EXPECT_EQ(joined->message_count, 0U);
+        Read(FirstPart("02"));
+        ASSERT_EQ(qx_joiner_add(joiner.get(), m_Reader.get(), 0, 0, &joined), QX_OK);
+        ASSERT_EQ(joined->message_count, 1U);
+        EXPECT_EQ(joined->messages[0]->outcome, QX_OUTCOME_DISPLACED);
+    }
+    messages.messages = 2;
+    const Owned<qx_joiner> joiner(qx_joiner_new(&messages), qx_joiner_free);
+    const qx_joined_list* joined = nullptr;
+    for (const char* const reference : {"01", "02"}) {
+        Read(FirstPart(reference));
+        ASSERT_EQ(qx_joiner_add(joiner.get(), m_Reader.get(), 0, 0, &joined), QX_OK);
+        EXPECT_EQ(joined->message_count, 0U);
+    }
+}
+
+TEST_F(Calls, TakeTheLimitOfAPageJoiner) {
+    for (const std::size_t messages : {1, 2}) {
+        const Owned<qx_page_joiner> joiner(qx_page_joiner_new(messages), qx_page_joiner_free);
+        const qx_pages_taken* taken = nullptr;
+        ReadCell("402000320012C834");
+        ASSERT_EQ(qx_page_joiner_take(joiner.get(), m_Reader.get(), &taken), QX_OK);
+        ReadCell("403000320012C834");
+        ASSERT_EQ(qx_page_joiner_take(joiner.get(), m_Reader.get(), &taken), QX_OK);
+        EXPECT_EQ(taken->message_count, messages == 1 ? 1U : 0U);
+    }
+}
+
+TEST_F(Calls, TakeTheTablesThatAreTold) {
+    auto options = Sized<qx_cut_options>();
+    options.alphabet = {true, QX_ALPHABET_GSM7};
+    options.has_tables = true;
+    options.locking = QX_LANGUAGE_TURKISH;
+    EXPECT_EQ(Hex(Cut("a", &options)->parts[0]->octets).substr(0, 8), "03250101");
+    options.locking = QX_LANGUAGE_DEFAULT;
+    options.single = QX_LANGUAGE_TURKISH;
+    EXPECT_EQ(Hex(Cut("a", &options)->parts[0]->octets).substr(0, 8), "03240101");
+}
+
+TEST_F(Calls, TakeTheMembersOfADraft) {
+    auto draft = Sized<qx_cell_draft>();
+    draft.format = QX_CELL_UMTS_MESSAGE;
+    draft.message_identifier = 50;
+    draft.text = {"Hi", 2};
+    const qx_cell_written* written = nullptr;
+    ASSERT_EQ(qx_write_cell(m_Writer.get(), &draft, &written), QX_OK);
+    ASSERT_EQ(written->octets_count, 1U);
+    EXPECT_EQ(written->pages, 1U);
+    EXPECT_EQ(Hex(written->octets[0]).substr(0, 18), "0100320000"
+                                                     "0F01C834");
+    EXPECT_EQ(written->octets[0].size, 90U)
+        << "type, identifiers, coding, number of pages, page and its length";
+    draft.alphabet = {true, QX_ALPHABET_UCS2};
+    ASSERT_EQ(qx_write_cell(m_Writer.get(), &draft, &written), QX_OK);
+    EXPECT_EQ(written->coding->value, 0x48);
+    draft.message_class = {true, 2};
+    ASSERT_EQ(qx_write_cell(m_Writer.get(), &draft, &written), QX_OK);
+    EXPECT_EQ(written->coding->value, 0x5A);
+    draft.alphabet = {true, QX_ALPHABET_GSM7};
+    draft.text = {"a\xD0\x96", 3};
+    ASSERT_EQ(qx_write_cell(m_Writer.get(), &draft, &written), QX_FAULT);
+    ASSERT_NE(written->misfit, nullptr);
+    EXPECT_EQ(written->misfit->offset, 1U);
+    EXPECT_EQ(written->misfit->character, 0x416U);
 }
 
 TEST_F(Calls, TakeStructuresOfOtherSizes) {
