@@ -24,6 +24,8 @@ Output PutCodes(int gsm, Output out) {
     return out;
 }
 
+constexpr unsigned int c_blockSize = Wire::c_codeBlock * c_wideSize; ///< octets of its characters
+
 /// Calls `use` with the place of each bit until it returns false; whether it never did.
 template <class Use>
 bool AllOf(Wire::BlockBits bits, Use use) {
@@ -106,9 +108,10 @@ bool TakeCharacter(const unsigned char*& codes, const unsigned char* end, wchar_
 
 /// Shows to `codes` what UnicodeToGsm() gives for each character; a whole block at once where each of its
 /// characters has one code. Most of these are their own codes, and the others are put in their places.
-/// Characters that surely have no code may be left out.
+/// Characters that surely have no code may be left out. Of the last character two octets may do, which no
+/// block reads beyond.
 template <class Codes>
-void ForEachGsm(const GSMCharSet& charSet, int endian, const unsigned char* src, std::size_t characters,
+void ForEachGsm(const GSMCharSet& charSet, int endian, const unsigned char* src, unsigned int srcBytes,
                 Codes& codes) {
     const auto codeOf = [&charSet, endian](const unsigned char* character) {
         const unsigned short unit = LowUnit(character, endian);
@@ -120,15 +123,17 @@ void ForEachGsm(const GSMCharSet& charSet, int endian, const unsigned char* src,
         for (; count != 0; --count, src += c_wideSize)
             codes.Put(codeOf(src));
     };
+    auto characters = static_cast<std::size_t>((srcBytes + 3ULL) / c_wideSize);
     if (IsNative(endian)) {
-        for (; characters >= Wire::c_codeBlock; characters -= Wire::c_codeBlock) {
+        for (unsigned int blocks = srcBytes / c_blockSize; blocks != 0; --blocks) {
+            characters -= Wire::c_codeBlock;
             const Wire::BlockBits others = Wire::OtherCharacters(src);
             const auto hasOneCode = [&](unsigned int i) { return codeOf(src + i * c_wideSize) >= 0; };
             if (others == Wire::c_allOfBlock && !AnyOnCodedPage(src)) {
-                src += Wire::c_codeBlock * c_wideSize;
+                src += c_blockSize;
             } else if (AllOf(others, hasOneCode)) {
                 codes.PutBlock(src, others, codeOf);
-                src += Wire::c_codeBlock * c_wideSize;
+                src += c_blockSize;
             } else {
                 useEach(Wire::c_codeBlock);
             }
@@ -145,14 +150,13 @@ bool GSMCharSet::GetGsmBytes(const unsigned char* src, unsigned int srcBytes, un
     if (srcBytes < 2)
         return false;
 
-    const auto characters = static_cast<std::size_t>((srcBytes + 3ULL) / c_wideSize);
     if (out != nullptr && static_cast<int>(*ioLen) > 0) {
         std::fill_n(*out, *ioLen, static_cast<unsigned char>(0));
         CodeWriter codes{*out};
-        ForEachGsm(*this, m_Endian, src, characters, codes);
+        ForEachGsm(*this, m_Endian, src, srcBytes, codes);
     } else {
         CodeCounter codes;
-        ForEachGsm(*this, m_Endian, src, characters, codes);
+        ForEachGsm(*this, m_Endian, src, srcBytes, codes);
         *ioLen = codes.m_Count;
     }
     return true;

@@ -1,4 +1,5 @@
 // Conversion of whole texts to unpacked codes and back.
+#include <bit>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -310,6 +311,24 @@ TEST(GsmToUnicode, DecodesEveryCodeAtEveryPlace) {
                 }
             }
         }
+    }
+}
+
+TEST(GetGsmBytes, ReadsNoFurtherThanItIsTold) {
+    const TString<wchar_t> text(16, L'a');
+    const auto* const octets = reinterpret_cast<const unsigned char*>(text.data());
+    GSMCharSet charSet;
+    // Two octets of the last character do, which hold the code of a little-endian one.
+    for (const unsigned int size : {60U, 62U, 63U, 64U}) {
+        const tests::Guarded<unsigned char> guarded(octets,
+                                                    std::endian::native == std::endian::little ? size : 64);
+        unsigned int count = 0;
+        ASSERT_TRUE(charSet.GetGsmBytes(guarded.Data(), size, &count, nullptr));
+        EXPECT_EQ(count, size == 60 ? 15U : 16U);
+        Bytes codes(count);
+        unsigned char* out = codes.data();
+        ASSERT_TRUE(charSet.GetGsmBytes(guarded.Data(), size, &count, &out));
+        EXPECT_EQ(codes, Bytes(count, 'a'));
     }
 }
 

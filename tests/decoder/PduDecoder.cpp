@@ -505,7 +505,9 @@ TEST(Decode, OctetsOutsideTheArrayReadAsZero) {
               TString<wchar_t>(512 - start, L'B') + TString<wchar_t>(255 - (512 - start), L'\0'));
     pdu->m_Bytes[388] = 0x08;
     ASSERT_EQ(decoder.Decode(pdu, false, false), 1);
-    EXPECT_EQ(decoder.m_Text.size(), 128U);
+    EXPECT_EQ(decoder.m_Text,
+              TString<wchar_t>(57, L'\x4242') + TString<wchar_t>(1, L'\x4200') + TString<wchar_t>(70, L'\0'))
+        << "115 octets";
     pdu->m_Bytes[388] = 0x00;
     ASSERT_EQ(decoder.Decode(pdu, false, false), 1);
     EXPECT_EQ(decoder.m_Text.size(), 255U);

@@ -66,6 +66,18 @@ TEST(JsonText, EscapesWhereverItStands) {
     }
 }
 
+TEST(JsonText, EscapesThatFillTheRoom) {
+    std::string escapes;
+    for (std::size_t length = 1; length <= 800; ++length) {
+        escapes += "\\u0001";
+        for (std::size_t before = 0; length >= 600 && before < 16; ++before) {
+            const std::string letters(before, 'a');
+            ASSERT_EQ(TextWith(letters + std::string(length, '\x01')),
+                      R"({"format":2,"text":")" + letters + escapes + "\"}");
+        }
+    }
+}
+
 TEST(JsonText, TellsOfWhatIsNoAscii) {
     for (std::size_t place = 0; place <= 20; ++place) {
         for (const auto& [other, isTold] :

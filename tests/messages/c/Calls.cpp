@@ -631,7 +631,7 @@ TEST_F(Calls, TakeLimitsOfMessagesAndOfOctets) {
 }
 
 TEST_F(Calls, TakeTheLimitOfAPageJoiner) {
-    for (const std::size_t messages : {1, 2}) {
+    for (const std::size_t messages : {std::size_t{1}, std::size_t{2}}) {
         const Owned<qx_page_joiner> joiner(qx_page_joiner_new(messages), qx_page_joiner_free);
         const qx_pages_taken* taken = nullptr;
         ReadCell("402000320012C834");
