@@ -55,17 +55,18 @@ public:
 };
 
 template <std::size_t Type>
-Tpdu TpduOfType(const qx_message& message) {
+Tpdu TpduOfType([[maybe_unused]] const qx_message& message) {
     std::variant_alternative_t<Type, Tpdu> typed;
-    VisitPairs(typed, message, Taker());
+    if constexpr (!std::is_same_v<decltype(typed), std::monostate>)
+        VisitPairs(typed, message, Taker());
     return typed;
 }
 
+/// REQUIRES a type that has a name.
 template <std::size_t... Types>
 Tpdu TpduOf(const qx_message& message, std::index_sequence<Types...>) {
-    Tpdu tpdu;
-    ((message.type == Types + 1 ? void(tpdu = TpduOfType<Types + 1>(message)) : void()), ...);
-    return tpdu;
+    constexpr Tpdu (*c_makers[])(const qx_message&) = {TpduOfType<Types>...};
+    return c_makers[message.type](message);
 }
 
 } // namespace
@@ -142,7 +143,7 @@ UserData ValueOf(const qx_user_data* given) {
 Tpdu ValueOf(const qx_message* given) {
     const qx_message message = Given(given);
     Named(message.type, TpduType::Command);
-    return TpduOf(message, std::make_index_sequence<std::variant_size_v<Tpdu> - 1>());
+    return TpduOf(message, std::make_index_sequence<std::variant_size_v<Tpdu>>());
 }
 
 ReadOptions ValueOf(const qx_read_options* given) {
