@@ -47,9 +47,7 @@ qx_result qx_replace_near(qx_cutter* cutter, const char* text, size_t size, uint
         used.text = ReplaceNear(GivenText(text, size), LanguagesOf(languages), used.replacements);
         auto* const result = used.results.Make<qx_near_text>();
         result->text = TextOf(used.text);
-        const auto replacements = used.results.List(used.replacements);
-        result->replacements = replacements.items;
-        result->replacement_count = replacements.count;
+        used.results.List(used.replacements).To(result->replacements, result->replacement_count);
         return result;
     });
 }

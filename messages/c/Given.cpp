@@ -41,14 +41,8 @@ public:
     void operator()(std::optional<std::uint8_t>& value, qx_optional_octet given) const {
         value = Messages::ValueOf(given);
     }
-    template <class Coding>
-    std::enable_if_t<std::is_constructible_v<Coding, DataCoding>> operator()(Coding& value,
-                                                                             const qx_coding* given) const {
-        if (given != nullptr)
-            value = DataCoding(Given(given).value);
-    }
     template <class Value, class Struct>
-    std::enable_if_t<!std::is_same_v<Struct, qx_coding>> operator()(Value& value, const Struct* given) const {
+    void operator()(Value& value, const Struct* given) const {
         if (given != nullptr)
             value = Messages::ValueOf(given);
     }
@@ -114,6 +108,10 @@ Validity ValueOf(const qx_validity* given) {
     value.format = Named(validity.format, ValidityFormat::Absolute);
     std::copy(std::begin(validity.octets), std::end(validity.octets), value.octets.begin());
     return value;
+}
+
+DataCoding ValueOf(const qx_coding* given) {
+    return DataCoding(Given(given).value);
 }
 
 UserData ValueOf(const qx_user_data* given) {

@@ -82,6 +82,7 @@ Languages LanguagesOf(std::uint16_t bits);
 Address ValueOf(const qx_address* given);
 Timestamp ValueOf(const qx_timestamp* given);
 Validity ValueOf(const qx_validity* given);
+DataCoding ValueOf(const qx_coding* given);
 UserData ValueOf(const qx_user_data* given);
 Tpdu ValueOf(const qx_message* given);
 ReadOptions ValueOf(const qx_read_options* given);

@@ -37,10 +37,8 @@ const qx_joined_list* Told(qx_joiner& joiner) {
         for (const Joined& message : batch)
             messages.push_back(&message);
     auto* const result = joiner.results.Make<qx_joined_list>();
-    const auto list =
-        joiner.results.ListBy(messages, [&](const Joined* message) { return joiner.results.Of(*message); });
-    result->messages = list.items;
-    result->message_count = list.count;
+    joiner.results.ListBy(messages, [&](const Joined* message) { return joiner.results.Of(*message); })
+        .To(result->messages, result->message_count);
     joiner.handedBack.Tell();
     return result;
 }
@@ -56,9 +54,8 @@ const qx_pages_taken* Told(qx_page_joiner& joiner) {
     }
     auto* const result = joiner.results.Make<qx_pages_taken>();
     result->is_duplicate = joiner.handedBack.Batches().back().isDuplicate;
-    const auto list = joiner.results.ListBy(messages, [](const qx_cell_message* message) { return message; });
-    result->messages = list.items;
-    result->message_count = list.count;
+    joiner.results.ListBy(messages, [](const qx_cell_message* message) { return message; })
+        .To(result->messages, result->message_count);
     joiner.handedBack.Tell();
     return result;
 }

@@ -107,23 +107,18 @@ const qx_address* Results::Of(const Address& address) {
 }
 
 const qx_timestamp* Results::Of(const Timestamp& timestamp) {
-    auto* const result = Make<qx_timestamp>();
-    *result = StructOf(timestamp);
-    return result;
+    return Kept(StructOf(timestamp));
 }
 
 const qx_validity* Results::Of(const Validity& validity) {
-    auto* const result = Make<qx_validity>();
-    *result = StructOf(validity);
+    auto* const result = Kept(StructOf(validity));
     if (validity.format == ValidityFormat::Absolute)
         result->until = Of(validity.Absolute());
     return result;
 }
 
 const qx_coding* Results::Of(const DataCoding& coding) {
-    auto* const result = Make<qx_coding>();
-    *result = StructOf(coding);
-    return result;
+    return Kept(StructOf(coding));
 }
 
 const qx_concatenation* Results::Of(const Concatenation& concatenation) {
@@ -207,8 +202,7 @@ void Results::Decode(const HeaderElement& element, OctetView data, qx_element& r
         break;
     case ElementId::ReplyAddress:
         if (const auto address = ReadReplyAddress(data)) {
-            auto* const told = Make<qx_address>();
-            *told = *Of(*address);
+            auto* const told = Kept(*Of(*address));
             told->text = Copied(address->text); // the address goes
             result.reply_address = told;
         }
@@ -237,16 +231,17 @@ const qx_element* Results::Of(const HeaderElement& element, OctetView octets) {
     return result;
 }
 
+ResultList<qx_element> Results::ListOf(const std::vector<HeaderElement>& elements, OctetView octets) {
+    return ListBy(elements, [&](const HeaderElement& element) { return Of(element, octets); });
+}
+
 const qx_user_data* Results::Of(const UserData& userData) {
     auto* const result = Make<qx_user_data>();
     result->length = userData.length;
     result->octets = OctetsOf(userData.octets);
     result->has_header = userData.hasHeader;
     result->is_header_ignored = userData.isHeaderIgnored;
-    const auto elements =
-        ListBy(userData.elements, [&](const HeaderElement& element) { return Of(element, userData.octets); });
-    result->elements = elements.items;
-    result->element_count = elements.count;
+    ListOf(userData.elements, userData.octets).To(result->elements, result->element_count);
     result->concatenation = Of(userData.concatenation);
     result->ports = Of(userData.ports);
     result->locking = NumberOf(userData.tables.locking);
@@ -314,12 +309,8 @@ const qx_reading* Results::Of(const Reading& reading) {
     result->is_service_centre_guessed = reading.isServiceCentreGuessed;
     result->direction = NumberOf(reading.direction);
     result->message = Of(reading.tpdu);
-    const auto places = List(reading.places);
-    result->places = places.items;
-    result->place_count = places.count;
-    const auto remarks = List(reading.remarks);
-    result->remarks = remarks.items;
-    result->remark_count = remarks.count;
+    List(reading.places).To(result->places, result->place_count);
+    List(reading.remarks).To(result->remarks, result->remark_count);
     result->fault = Of(reading.fault);
     result->is_sound = reading.IsSound();
     return result;
@@ -376,14 +367,10 @@ const qx_costly_character* Results::Of(const CostlyCharacter& character) {
 const qx_explanation* Results::Of(const Explanation& explanation,
                                   const std::optional<MisfitCharacter>& misfit) {
     auto* const result = Make<qx_explanation>();
-    const auto choices = List(explanation.choices);
-    result->choices = choices.items;
-    result->choice_count = choices.count;
+    List(explanation.choices).To(result->choices, result->choice_count);
     result->offsets = explanation.offsets.data();
     result->offset_count = explanation.offsets.size();
-    const auto characters = List(explanation.characters);
-    result->characters = characters.items;
-    result->character_count = characters.count;
+    List(explanation.characters).To(result->characters, result->character_count);
     result->misfit = Of(misfit);
     return result;
 }
@@ -408,16 +395,12 @@ const qx_cut_fault* Results::Of(const CutFault& fault) {
 
 const qx_cut_text* Results::Of(const CutText& cut) {
     auto* const result = Make<qx_cut_text>();
-    const auto parts = List(cut.parts);
-    result->parts = parts.items;
-    result->part_count = parts.count;
+    List(cut.parts).To(result->parts, result->part_count);
     result->coding = Of(cut.coding);
     result->choice = Of(cut.choice);
     result->offsets = cut.offsets.data();
     result->text = TextOf(cut.text);
-    const auto replacements = List(cut.replacements);
-    result->replacements = replacements.items;
-    result->replacement_count = replacements.count;
+    List(cut.replacements).To(result->replacements, result->replacement_count);
     result->fault = Of(cut.fault);
     return result;
 }
@@ -443,14 +426,10 @@ const qx_joined* Results::Of(const Joined& joined) {
     auto* const result = Make<qx_joined>();
     result->outcome = NumberOf(joined.outcome);
     result->total = joined.total;
-    const auto parts = List(joined.parts);
-    result->parts = parts.items;
-    result->part_count = parts.count;
+    List(joined.parts).To(result->parts, result->part_count);
     result->text = TextOf(joined.text);
     result->data = OctetsOf(joined.data);
-    const auto gaps = List(joined.gaps);
-    result->gaps = gaps.items;
-    result->gap_count = gaps.count;
+    List(joined.gaps).To(result->gaps, result->gap_count);
     result->before = joined.before;
     return result;
 }
@@ -484,10 +463,7 @@ const qx_page* Results::Of(const CellPage& page) {
     result->number = page.number;
     result->octets = OctetsOf(page.octets);
     result->is_header_ignored = page.isHeaderIgnored;
-    const auto elements =
-        ListBy(page.elements, [&](const HeaderElement& element) { return Of(element, page.octets); });
-    result->elements = elements.items;
-    result->element_count = elements.count;
+    ListOf(page.elements, page.octets).To(result->elements, result->element_count);
     result->locking = NumberOf(page.tables.locking);
     result->single = NumberOf(page.tables.single);
     result->language = TextOf(page.language);
@@ -519,18 +495,12 @@ const qx_cell_reading* Results::Of(const CellReading& reading) {
     result->message_identifier = reading.messageIdentifier;
     result->coding = Of(reading.coding);
     result->total = reading.total;
-    const auto pages = List(reading.pages);
-    result->pages = pages.items;
-    result->page_count = pages.count;
+    List(reading.pages).To(result->pages, result->page_count);
     result->warning = Of(reading.warning);
     result->text = TextOf(reading.text);
     result->language = TextOf(reading.Language());
-    const auto places = List(reading.places);
-    result->places = places.items;
-    result->place_count = places.count;
-    const auto remarks = List(reading.remarks);
-    result->remarks = remarks.items;
-    result->remark_count = remarks.count;
+    List(reading.places).To(result->places, result->place_count);
+    List(reading.remarks).To(result->remarks, result->remark_count);
     result->fault = Of(reading.fault);
     return result;
 }
@@ -542,9 +512,7 @@ const qx_cell_message* Results::Of(const CellMessage& message, bool isGivenUp) {
     result->message_identifier = message.messageIdentifier;
     result->coding = Of(message.coding);
     result->total = message.total;
-    const auto pages = List(message.pages);
-    result->pages = pages.items;
-    result->page_count = pages.count;
+    List(message.pages).To(result->pages, result->page_count);
     const std::vector<std::uint8_t> missing = message.Missing();
     auto* const numbers = m_Arena.Make<std::uint8_t>(missing.size());
     std::copy(missing.begin(), missing.end(), numbers);

@@ -19,9 +19,19 @@ namespace Messages {
 
 /// An array of pointers, so that what they point to can grow.
 template <class Struct>
-struct ResultList {
-    const Struct* const* items = nullptr;
-    std::size_t count = 0;
+class ResultList {
+public:
+    ResultList(const Struct* const* items, std::size_t count) noexcept : m_Items(items), m_Count(count) {}
+
+    /// Hands it out, as the two members that a list is in C.
+    void To(const Struct* const*& items, std::size_t& count) const noexcept {
+        items = m_Items;
+        count = m_Count;
+    }
+
+private:
+    const Struct* const* m_Items;
+    std::size_t m_Count;
 };
 
 /// The structures that hold nothing but values.
@@ -43,6 +53,14 @@ public:
         auto* const made = m_Arena.Make<Struct>();
         made->size = sizeof(Struct);
         return made;
+    }
+
+    /// A copy of a structure that holds nothing but values, or of what points into this memory.
+    template <class Struct>
+    Struct* Kept(const Struct& value) {
+        auto* const kept = Make<Struct>();
+        *kept = value;
+        return kept;
     }
 
     const qx_address* Of(const Address& address);
@@ -92,7 +110,7 @@ public:
         Pointer* item = items;
         for (const auto& value : values)
             *item++ = make(value);
-        return ResultList<std::remove_pointer_t<Pointer>>{items, count};
+        return ResultList<std::remove_const_t<std::remove_pointer_t<Pointer>>>(items, count);
     }
     template <class Values>
     auto List(const Values& values) {
@@ -102,6 +120,7 @@ public:
 private:
     qx_text Copied(std::string_view text);
     const qx_element* Of(const HeaderElement& element, OctetView octets);
+    ResultList<qx_element> ListOf(const std::vector<HeaderElement>& elements, OctetView octets);
     void Decode(const HeaderElement& element, OctetView data, qx_element& result);
 
     Arena m_Arena;
