@@ -259,11 +259,11 @@ enum qx_numbering_plan {
     QX_PLAN_ISDN = 1,                      ///< E.164, E.163
     QX_PLAN_DATA = 3,                      ///< X.121
     QX_PLAN_TELEX = 4,                     ///< telex
-    QX_PLAN_SERVICE_CENTRE_SPECIFIC_5 = 5, ///< service centre specific5
-    QX_PLAN_SERVICE_CENTRE_SPECIFIC_6 = 6, ///< service centre specific6
+    QX_PLAN_SERVICE_CENTRE_SPECIFIC_5 = 5, ///< service centre specific 5
+    QX_PLAN_SERVICE_CENTRE_SPECIFIC_6 = 6, ///< service centre specific 6
     QX_PLAN_NATIONAL = 8,                  ///< national
     QX_PLAN_PRIVATE = 9,                   ///< private
-    QX_PLAN_ERMES = 10,                    ///< ermes
+    QX_PLAN_ERMES = 10,                    ///< ERMES
     QX_PLAN_RESERVED_FOR_EXTENSION = 15    ///< reserved for extension
 };
 

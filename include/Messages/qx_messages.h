@@ -29,7 +29,8 @@
 /// hands out: a member is there if it lies within. In what is given the caller sets it: `qx_message message =
 /// {.size = sizeof message};`. What is 0 then is what is meant when nothing is told. A smaller size than this
 /// header had at first is QX_ARGUMENT. Members that a comment calls "told" are worked out by the library and
-/// not looked at when given.
+/// not looked at when given. The three that have no size, qx_text, qx_octets and qx_optional_octet, stand
+/// inside others and never grow.
 ///
 /// Values with names are in qx_codes.h; a number that has no name there is QX_ARGUMENT when given.
 #ifndef MESSAGES_QX_MESSAGES_H
@@ -86,14 +87,18 @@ typedef struct qx_misfit {
 typedef struct qx_address {
     size_t size;             ///< of the structure
     uint8_t type_of_address; ///< the octet as it is sent: bit 7 set, type of number, numbering plan
-    uint8_t length;          ///< the length octet as it is sent
+    uint8_t length;          ///< the length octet as it is sent: useful semi-octets, or of a service centre
+                             ///< octets with the one of the type. Given, used where it announces `text`, and
+                             ///< worked out from that elsewhere: 0 will do
     qx_text text;            ///< digits `0`–`9`, `*`, `#`, `a`, `b`, `c`, without a plus sign; or the name
     uint8_t type;            ///< told: a qx_type_of_number
     uint8_t plan;            ///< told: 0 to 15, see qx_numbering_plan
     qx_text written;         ///< told: as people write it, with a plus sign before an international number
 } qx_address;
 
-/// A point in time with its zone, TS 23.040 clause 9.2.3.11. Made by qx_make_timestamp().
+/// A point in time with its zone, TS 23.040 clause 9.2.3.11. Made by qx_make_timestamp(): given to
+/// qx_write(), the octets count, and `is_valid` and what follows up to the zone must say the same, or there
+/// is the fault QX_WRITE_FAULT_TIME_DISAGREES.
 typedef struct qx_timestamp {
     size_t size;          ///< of the structure
     uint8_t octets[7];    ///< as they are sent: year, month, day, hour, minute, second, zone
@@ -242,31 +247,36 @@ typedef struct qx_user_data {
         content; ///< told: the octets after the header; of septets, from the one with the first of them on
 } qx_user_data;
 
-/// One TPDU, TS 23.040 clause 9.2.2. A member that the type has not is 0, and not looked at when given. Where
-/// the type has to have what is not given, it is written as 0; but a time has to be given.
+/// One TPDU, TS 23.040 clause 9.2.2. The types that have a member stand after it in brackets: D for
+/// QX_TYPE_DELIVER, DR for QX_TYPE_DELIVER_REPORT, S for QX_TYPE_SUBMIT, SR for QX_TYPE_SUBMIT_REPORT, R for
+/// QX_TYPE_STATUS_REPORT and C for QX_TYPE_COMMAND, in small letters where a message of the type may do
+/// without it. A member that the type has not is 0, and not looked at when given. Where the type has to have
+/// what is not given, it is written as 0; but a time has to be given. What says that another field is there
+/// (TP-UDHI, TP-VPF, the bits of TP-PI) is worked out from what is given.
 typedef struct qx_message {
     size_t size;                           ///< of the structure
     uint8_t type;                          ///< a qx_type
-    bool more_messages;                    ///< more messages wait: TP-MMS is 0
-    bool loop_prevention;                  ///< TP-LP: forwarded or spawned; stop a loop
-    bool reject_duplicates;                ///< TP-RD
-    bool status_report_indication;         ///< TP-SRI: the sender gets a status report
-    bool status_report_request;            ///< TP-SRR
-    bool is_for_command;                   ///< TP-SRQ: the result of an SMS-COMMAND
-    bool reply_path;                       ///< TP-RP
-    uint8_t reference;                     ///< TP-MR
-    uint8_t status;                        ///< TP-ST
-    uint8_t command_type;                  ///< TP-CT
-    uint8_t message_number;                ///< TP-MN
-    qx_optional_octet failure_cause;       ///< TP-FCS, of a report of an error
-    qx_optional_octet parameter_indicator; ///< the first octet of TP-PI
-    qx_optional_octet protocol;            ///< TP-PID
-    const qx_address* party;               ///< TP-OA, TP-DA or TP-RA
-    const qx_coding* coding;               ///< TP-DCS
-    const qx_timestamp* timestamp;         ///< TP-SCTS
-    const qx_timestamp* discharge;         ///< TP-DT
-    const qx_validity* validity;           ///< TP-VPF and TP-VP, of an SMS-SUBMIT
-    const qx_user_data* user_data;         ///< TP-UDL and TP-UD, or TP-CDL and TP-CD
+    bool more_messages;                    ///< more messages wait: TP-MMS is 0 [D R]
+    bool loop_prevention;                  ///< TP-LP: forwarded or spawned; stop a loop [D R]
+    bool reject_duplicates;                ///< TP-RD [S]
+    bool status_report_indication;         ///< TP-SRI: the sender gets a status report [D]
+    bool status_report_request;            ///< TP-SRR [S C]
+    bool is_for_command;                   ///< TP-SRQ: the result of an SMS-COMMAND [R]
+    bool reply_path;                       ///< TP-RP [D S]
+    uint8_t reference;                     ///< TP-MR [S R C]
+    uint8_t status;                        ///< TP-ST [R]
+    uint8_t command_type;                  ///< TP-CT [C]
+    uint8_t message_number;                ///< TP-MN [C]
+    qx_optional_octet failure_cause;       ///< TP-FCS, of a report of an error [dr sr]
+    qx_optional_octet parameter_indicator; ///< the first octet of TP-PI; given, the bits of the fields that
+                                           ///< are given are set, and those of the others cleared [dr sr r]
+    qx_optional_octet protocol;            ///< TP-PID [D dr S sr r C]
+    const qx_address* party;               ///< TP-OA, TP-DA or TP-RA [D S R C]
+    const qx_coding* coding;               ///< TP-DCS [D dr S sr r]
+    const qx_timestamp* timestamp;         ///< TP-SCTS [D SR R]
+    const qx_timestamp* discharge;         ///< TP-DT [R]
+    const qx_validity* validity;           ///< TP-VPF and TP-VP [S]
+    const qx_user_data* user_data;         ///< TP-UDL and TP-UD, or TP-CDL and TP-CD [D dr S sr r C]
 } qx_message;
 
 /// Where a field, or a piece of one, stands.
@@ -274,7 +284,7 @@ typedef struct qx_place {
     size_t size;    ///< of the structure
     uint8_t field;  ///< a qx_field
     uint8_t piece;  ///< a qx_piece
-    uint8_t mask;   ///< its bits of `octet`, where it is not all of them
+    uint8_t mask;   ///< its bits of `octet`, where it is not all of them; of octets after that one, all are
     uint8_t value;  ///< of a field in the TPDU's first octet: its bits, moved to the right
     uint32_t octet; ///< the first one, from 0
     uint32_t count; ///< octets
@@ -507,7 +517,9 @@ typedef struct qx_cut_fault {
     qx_text meaning;    ///< a sentence without a full stop
 } qx_cut_fault;
 
-/// The parts of a text, or of data.
+/// The parts of a text, or of data. With a fault there are no parts and no `offsets`, but `coding` and
+/// `choice` are there: all 0 with QX_CUT_FAULT_NOT_UTF8 and QX_CUT_FAULT_NO_CHARACTER, and otherwise how the
+/// text would be written.
 typedef struct qx_cut_text {
     size_t size;                      ///< of the structure
     const qx_user_data* const* parts; ///< in their order
@@ -593,10 +605,12 @@ typedef struct qx_joined_list {
     size_t message_count;             ///< how many there are, often none
 } qx_joined_list;
 
-/// Joins the parts of long messages. Whatever is added is handed back once: at once where it is no part, with
-/// its message when that is complete or given up. Where QX_NO_MEMORY kept something from being handed back,
-/// the next call does that; nothing that was added before is lost. What was to be added then may have been
-/// taken in or not: adding it again is right, as a part that comes twice counts once.
+/// Joins the parts of long messages. Parts of one message have in common the direction, the other party's
+/// number with its type, the reference with its width, and the number of parts. Whatever is added is handed
+/// back once: at once where it is no part, with its message when that is complete or given up. Where
+/// QX_NO_MEMORY kept something from being handed back, the next call does that; nothing that was added before
+/// is lost. What was to be added then may have been taken in or not: adding it again is right, as a part that
+/// comes twice counts once.
 typedef struct qx_joiner qx_joiner;
 /// A joiner; null where there is no memory, and where limits are less than 0 or too small to be some.
 MESSAGES_API qx_joiner* qx_joiner_new(const qx_join_limits* limits);
@@ -604,7 +618,9 @@ MESSAGES_API qx_joiner* qx_joiner_new(const qx_join_limits* limits);
 MESSAGES_API void qx_joiner_free(qx_joiner* joiner);
 
 /// Takes in what the reader has read last, which it keeps. `now` are seconds of whatever clock the caller
-/// likes. QX_ARGUMENT where that has no type, or is of cell broadcast.
+/// likes. A reading that a fault ended, which has no user data, comes back at once, as what is no part does;
+/// user data that is cut short is taken as far as it is there. QX_ARGUMENT where the reading has no type, or
+/// is of cell broadcast.
 MESSAGES_API qx_result qx_joiner_add(qx_joiner* joiner, const qx_reader* reader, int64_t now, uint64_t tag,
                                      const qx_joined_list** joined);
 /// Gives up what has waited too long.

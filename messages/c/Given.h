@@ -27,13 +27,34 @@ inline void Require(bool holds) {
         throw Refusal();
 }
 
-/// What the header had of a structure at first. One that has grown needs a specialisation.
+/// What the header had of a structure at first: up to its last member of then, whatever comes to stand after
+/// that. A new member has to begin after the whole structure of before, not in octets at its end that were
+/// padding: callers of before leave anything there.
 template <class Struct>
-inline constexpr std::size_t c_firstSize = sizeof(Struct);
+inline constexpr std::size_t c_firstSize = 0;
+#define QX_FIRST_SIZE(structure, last)                                                                       \
+    template <>                                                                                              \
+    inline constexpr std::size_t c_firstSize<structure> =                                                    \
+        offsetof(structure, last) + sizeof(structure::last)
+QX_FIRST_SIZE(qx_address, written);
+QX_FIRST_SIZE(qx_timestamp, unix_seconds);
+QX_FIRST_SIZE(qx_validity, until);
+QX_FIRST_SIZE(qx_coding, waiting_type);
+QX_FIRST_SIZE(qx_concatenation, part);
+QX_FIRST_SIZE(qx_ports, originator);
+QX_FIRST_SIZE(qx_element, octet);
+QX_FIRST_SIZE(qx_user_data, content);
+QX_FIRST_SIZE(qx_message, user_data);
+QX_FIRST_SIZE(qx_read_options, announced_length);
+QX_FIRST_SIZE(qx_cut_options, message_class);
+QX_FIRST_SIZE(qx_join_limits, seconds);
+QX_FIRST_SIZE(qx_cell_draft, message_class);
+#undef QX_FIRST_SIZE
 
 /// A structure as this library has it: members that the caller's lacks are 0.
 template <class Struct>
 Struct Given(const Struct* given) {
+    static_assert(c_firstSize<Struct> != 0, "a structure that is given has its first size above");
     Require(given != nullptr && given->size >= c_firstSize<Struct>);
     Struct result{};
     std::memcpy(&result, given, std::min(given->size, sizeof(Struct)));

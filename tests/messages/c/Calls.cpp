@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "Messages/Octets.h"
 #include "Messages/qx_messages.h"
 
 namespace {
@@ -19,13 +20,7 @@ std::string Text(qx_text text) {
 }
 
 std::string Hex(qx_octets octets) {
-    static constexpr char digits[] = "0123456789ABCDEF";
-    std::string hex;
-    for (std::size_t i = 0; i < octets.size; ++i) {
-        hex += digits[octets.data[i] >> 4];
-        hex += digits[octets.data[i] & 0x0F];
-    }
-    return hex;
+    return Messages::ToHex({octets.data, octets.size});
 }
 
 /// All 0 but for its size.
@@ -153,16 +148,30 @@ TEST_F(Calls, WriteASubmit) {
 }
 
 TEST_F(Calls, WriteEveryTypeAsItWasRead) {
-    for (const char* const digits :
-         {"00040C9144770009103200006211128051030002C834", // SMS-DELIVER
-          "0031070C9144770009103200002302C834",           // SMS-SUBMIT
-          "000200",                                       // a report without anything
-          "0006070C91447700091032621112805103006211128051030000", "0002070000000C9144770009103200"}) {
-        const qx_reading* const reading = Read(digits);
-        ASSERT_NE(reading, nullptr) << digits;
-        const qx_written* const written = Write(*reading->message, reading->service_centre);
-        ASSERT_NE(written, nullptr) << digits;
-        EXPECT_EQ(Hex(written->octets), digits);
+    static constexpr struct {
+        std::uint8_t type;
+        std::uint8_t direction;
+        const char* digits;
+    } rows[] = {
+        {QX_TYPE_DELIVER, QX_DIRECTION_TO_MOBILE, "00040C9144770009103200006211128051030002C834"},
+        {QX_TYPE_DELIVER_REPORT, QX_DIRECTION_FROM_MOBILE, "00000200"},
+        {QX_TYPE_SUBMIT, QX_DIRECTION_FROM_MOBILE, "0031070C9144770009103200002302C834"},
+        {QX_TYPE_SUBMIT_REPORT, QX_DIRECTION_TO_MOBILE, "00010062111280510300"},
+        {QX_TYPE_STATUS_REPORT, QX_DIRECTION_TO_MOBILE,
+         "0006070C91447700091032621112805103006211128051030000"},
+        {QX_TYPE_COMMAND, QX_DIRECTION_FROM_MOBILE, "0002070000000C9144770009103200"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.digits);
+        auto options = Sized<qx_read_options>();
+        options.service_centre = QX_PRESENCE_YES;
+        options.direction = row.direction;
+        const qx_reading* reading = nullptr;
+        ASSERT_EQ(qx_read_hex(m_Reader.get(), row.digits, std::strlen(row.digits), &options, &reading),
+                  QX_OK);
+        EXPECT_EQ(reading->message->type, row.type);
+        EXPECT_TRUE(reading->is_sound);
+        EXPECT_EQ(Hex(Write(*reading->message, reading->service_centre)->octets), row.digits);
     }
 }
 
@@ -194,6 +203,75 @@ TEST_F(Calls, WriteWhatIsNotGivenAsZero) {
     message.protocol = {true, 0x41};
     EXPECT_EQ(Hex(Write(message, nullptr)->octets), "0100049144974100"
                                                     "00");
+}
+
+TEST_F(Calls, WorkOutWhatSaysThatAnotherFieldIsThere) {
+    auto time = Sized<qx_timestamp>();
+    ASSERT_EQ(qx_make_timestamp(2026, 11, 21, 8, 15, 30, 0, &time), QX_OK);
+    auto coding = Sized<qx_coding>();
+    coding.value = 0xF1;
+    auto message = Sized<qx_message>();
+    message.type = QX_TYPE_SUBMIT_REPORT;
+    message.timestamp = &time;
+    message.parameter_indicator = {true, 0x07};
+    EXPECT_EQ(Hex(Write(message, nullptr)->octets), "010062111280510300");
+    message.coding = &coding;
+    message.parameter_indicator = {false, 0};
+    EXPECT_EQ(Hex(Write(message, nullptr)->octets), "010262111280510300F1");
+}
+
+TEST_F(Calls, WorkOutTheLengthOfAnAddress) {
+    auto to = Sized<qx_address>();
+    to.type_of_address = 0x91;
+    to.text = {"4479", 4};
+    auto message = Sized<qx_message>();
+    message.type = QX_TYPE_SUBMIT;
+    message.party = &to;
+    EXPECT_EQ(Hex(Write(message, nullptr)->octets), "010004914497000000");
+}
+
+TEST_F(Calls, RefuseATimeWhoseMembersDisagree) {
+    auto time = Sized<qx_timestamp>();
+    ASSERT_EQ(qx_make_timestamp(2026, 11, 21, 8, 15, 30, 0, &time), QX_OK);
+    auto message = Sized<qx_message>();
+    message.type = QX_TYPE_SUBMIT_REPORT;
+    message.timestamp = &time;
+    const auto isTaken = [&](const auto& change) {
+        const qx_timestamp before = time;
+        change();
+        const qx_written* written = nullptr;
+        const qx_result result = qx_write(m_Writer.get(), &message, nullptr, &written);
+        time = before;
+        EXPECT_TRUE(result == QX_OK || written->fault->code == QX_WRITE_FAULT_TIME_DISAGREES);
+        return result == QX_OK;
+    };
+    EXPECT_FALSE(isTaken([&] { time.is_valid = false; }));
+    EXPECT_FALSE(isTaken([&] { time.year = 2025; }));
+    EXPECT_FALSE(isTaken([&] { time.month = 10; }));
+    EXPECT_FALSE(isTaken([&] { time.day = 20; }));
+    EXPECT_FALSE(isTaken([&] { time.hour = 7; }));
+    EXPECT_FALSE(isTaken([&] { time.minute = 14; }));
+    EXPECT_FALSE(isTaken([&] { time.second = 29; }));
+    EXPECT_FALSE(isTaken([&] { time.quarters = 1; }));
+    EXPECT_TRUE(isTaken([&] { time.unix_seconds = 0; }));
+}
+
+TEST_F(Calls, MaskTheFirstOctetOfAPlaceAlone) {
+    // A header of 6 octets, a fill bit, "Hi".
+    const qx_reading* const reading = Read("0044049144970000621112805103000905000301"
+                                           "02019069");
+    ASSERT_TRUE(reading->is_sound);
+    ASSERT_GE(reading->place_count, 2U);
+    const qx_place& fill = *reading->places[reading->place_count - 2];
+    EXPECT_EQ(fill.field, QX_FIELD_FILL_BITS);
+    EXPECT_EQ(fill.octet, 22U);
+    EXPECT_EQ(fill.mask, 0x01);
+    EXPECT_EQ(fill.count, 1U);
+    const qx_place& text = *reading->places[reading->place_count - 1];
+    EXPECT_EQ(text.field, QX_FIELD_USER_DATA);
+    EXPECT_EQ(text.octet, 22U);
+    EXPECT_EQ(text.mask, 0xFE);
+    EXPECT_EQ(text.count, 2U);
 }
 
 TEST_F(Calls, TellWhyNothingIsWritten) {
@@ -378,6 +456,19 @@ TEST_F(Calls, TellWhyATextIsNotCut) {
     EXPECT_EQ(cut->fault->code, QX_CUT_FAULT_NOT_UTF8);
     EXPECT_EQ(cut->fault->offset, 1U);
     EXPECT_EQ(Text(cut->fault->name), "not-utf8");
+    EXPECT_EQ(cut->coding->value, 0);
+    EXPECT_EQ(cut->choice->units, 0U);
+    EXPECT_EQ(cut->choice->parts, 0U);
+
+    const std::string many(255U * 67 + 1, 'a');
+    auto options = Sized<qx_cut_options>();
+    options.alphabet = {true, QX_ALPHABET_UCS2};
+    const qx_cut_text* const tooLong = Cut(many, &options, QX_FAULT);
+    EXPECT_EQ(tooLong->fault->code, QX_CUT_FAULT_TOO_MANY_PARTS);
+    EXPECT_EQ(tooLong->part_count, 0U);
+    EXPECT_EQ(tooLong->coding->value, 0x08);
+    EXPECT_EQ(tooLong->choice->units, 255U * 67 + 1);
+    EXPECT_EQ(tooLong->choice->parts, 256U);
 }
 
 TEST_F(Calls, ReadWriteAndJoinPages) {
@@ -628,6 +719,21 @@ TEST_F(Calls, TakeLimitsOfMessagesAndOfOctets) {
         ASSERT_EQ(qx_joiner_add(joiner.get(), m_Reader.get(), 0, 0, &joined), QX_OK);
         EXPECT_EQ(joined->message_count, 0U);
     }
+}
+
+TEST_F(Calls, JoinWhatIsCutOff) {
+    const qx_joined_list* joined = nullptr;
+    Read(c_deliver.substr(0, 24), QX_FAULT);
+    ASSERT_EQ(qx_joiner_add(m_Joiner.get(), m_Reader.get(), 0, 0, &joined), QX_OK);
+    ASSERT_EQ(joined->message_count, 1U) << "before its user data: it is no part";
+    EXPECT_EQ(Text(joined->messages[0]->parts[0]->message->party->written), "+447700900123");
+    const std::string part = FirstPart("01");
+    Read(part.substr(0, part.size() - 4)); // two octets of data are there
+    ASSERT_EQ(qx_joiner_add(m_Joiner.get(), m_Reader.get(), 0, 0, &joined), QX_OK);
+    EXPECT_EQ(joined->message_count, 0U);
+    ASSERT_EQ(qx_joiner_finish(m_Joiner.get(), &joined), QX_OK);
+    ASSERT_EQ(joined->message_count, 1U);
+    EXPECT_EQ(Hex(joined->messages[0]->data), "C834");
 }
 
 TEST_F(Calls, TakeTheLimitOfAPageJoiner) {
