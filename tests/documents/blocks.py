@@ -40,9 +40,10 @@ def blocks_of(path):
 
 
 def programs_of(path):
-    """The whole C++ programs of a document, each with the block of the output that it shows or None."""
+    """The whole programs of a document, each with the block of the output that it shows or None."""
+    mains = {"cpp": "int main(", "c": "int main(", "rust": "fn main(", "go": "func main("}
     blocks = blocks_of(path)
     for block, following in zip(blocks, [*blocks[1:], None]):
-        if block.language == "cpp" and "int main(" in block.text:
+        if block.language in mains and mains[block.language] in block.text:
             shown = following is not None and following.language == "text" and following.directly_after
             yield block, following if shown else None

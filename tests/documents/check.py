@@ -41,8 +41,16 @@ def compile_cpp(block, folder):
     check(status == 0, block, f"does not compile:\n{output}")
 
 
+def compile_c(block, folder):
+    (folder / "block.c").write_text(block.text, encoding="utf-8")
+    where = libraries[-1]
+    status, output = run(["cc", "-std=c99", "-pedantic", "-Wall", "-Wextra", "-Werror", f"-I{source}/include", "block.c", f"-L{where}",
+                          f"-Wl,-rpath,{where}", "-lQX_Messages", "-o", "block"], cwd=folder)
+    check(status == 0, block, f"does not compile:\n{output}")
+
+
 def check_program(block, shown, folder):
-    compile_cpp(block, folder)
+    compilers[block.language](block, folder)
     status, output = run([folder / "block"])
     check(status == 0, block, f"exit status {status}, prints\n{output}")
     check(shown is None or output == shown.text, block, f"prints\n{output}")
@@ -94,11 +102,16 @@ def check_cmake(block, _):
           "only the README's ways to the library are built, by tests/package")
 
 
+def check_binding(block, _):
+    check(pathlib.Path(document).name == "bindings.md", block, "only the programs of docs/bindings.md are built, by tests/package")
+
+
 def check_text(block, _):
     check(False, block, "what is shown here is held to nothing: no program stands right before it")
 
 
-checks = {"console": check_console, "sh": check_sh, "cmake": check_cmake, "cpp": compile_cpp,
+compilers = {"cpp": compile_cpp, "c": compile_c}
+checks = {**compilers, "console": check_console, "sh": check_sh, "cmake": check_cmake, "rust": check_binding, "go": check_binding,
           "json": lambda block, _: json.loads(block.text), "text": check_text}
 
 programs = dict(programs_of(document))
@@ -106,7 +119,7 @@ for block in blocks_of(document):
     if block in programs.values():
         continue  # compared with what its program prints
     with tempfile.TemporaryDirectory() as name:
-        if block in programs:
+        if block in programs and block.language in compilers:
             check_program(block, programs[block], pathlib.Path(name))
         else:
             check(block.language in checks, block, f"language '{block.language}': CONTRIBUTING.md names those that are checked")
