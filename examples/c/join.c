@@ -18,21 +18,37 @@ static void show(const qx_joined_list* list) {
     }
 }
 
-int main(void) {
+/* What can be read is added; the rest is passed over. */
+static qx_result add(qx_joiner* joiner, qx_reader* reader, const char* line) {
+    const qx_reading* reading;
+    const qx_joined_list* joined;
+    qx_result result = qx_read_hex(reader, line, strcspn(line, "\r\n"), NULL, &reading);
+    if (result == QX_FAULT)
+        return QX_OK;
+    /* The clock is 0: nothing is given up for its age. */
+    if (result == QX_OK && (result = qx_joiner_add(joiner, reader, 0, 0, &joined)) == QX_OK)
+        show(joined);
+    return result;
+}
+
+static qx_result join(qx_joiner* joiner, qx_reader* reader) {
     char line[1024];
+    const qx_joined_list* joined;
+    qx_result result = QX_OK;
+    while (result == QX_OK && fgets(line, sizeof line, stdin) != NULL)
+        result = add(joiner, reader, line);
+    if (result == QX_OK && (result = qx_joiner_finish(joiner, &joined)) == QX_OK)
+        show(joined);
+    return result;
+}
+
+int main(void) {
     qx_reader* reader = qx_reader_new();
     qx_joiner* joiner = qx_joiner_new(NULL);
-    const qx_joined_list* joined;
-    while (fgets(line, sizeof line, stdin) != NULL) {
-        const qx_reading* reading;
-        /* The clock is 0: nothing is given up for its age. */
-        if (qx_read_hex(reader, line, strcspn(line, "\r\n"), NULL, &reading) == QX_OK &&
-            qx_joiner_add(joiner, reader, 0, 0, &joined) == QX_OK)
-            show(joined);
-    }
-    if (qx_joiner_finish(joiner, &joined) == QX_OK)
-        show(joined);
+    qx_result result = reader != NULL && joiner != NULL ? join(joiner, reader) : QX_NO_MEMORY;
+    if (result != QX_OK)
+        fprintf(stderr, "%s\n", qx_result_text(result));
     qx_joiner_free(joiner);
     qx_reader_free(reader);
-    return 0;
+    return result != QX_OK;
 }
