@@ -8,6 +8,16 @@
 
 namespace Wire {
 
+constexpr unsigned char c_noDigit = 0xFF;
+
+/// What a digit of either case is worth; c_noDigit for what is none.
+constexpr unsigned char ValueOfDigit(char digit) {
+    const auto decimal = static_cast<unsigned char>(digit - '0');
+    const auto letter = static_cast<unsigned char>((digit | 0x20) - 'a');
+    const auto value = static_cast<unsigned char>(letter < 6 ? letter + 10 : c_noDigit);
+    return decimal < 10 ? decimal : value;
+}
+
 /// Writes two upper-case digits for each octet.
 void WriteHexadecimal(const unsigned char* octets, std::size_t count, char* digits);
 

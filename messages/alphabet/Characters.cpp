@@ -29,13 +29,20 @@ constexpr auto TablesByLanguage(const char* const (&rows)[Count][Columns],
 constexpr std::array<CharacterTable, c_languageCount> c_lockingTables =
     TablesByLanguage(c_lockingRows, &Tables::LanguageRow::hasLocking);
 
-constexpr std::array<bool, c_languageCount> c_holdsPlain = [] {
-    std::array<bool, c_languageCount> holds{};
+constexpr std::uint16_t c_plainLocking = [] {
+    const auto holdsPlain = [](const CharacterTable& table) {
+        for (unsigned int septet = 0; septet < c_septetCount; ++septet)
+            if (Wire::IsOwnCode(septet) && table.characters[septet] != septet)
+                return false;
+        return true;
+    };
+    unsigned int languages = 0;
     for (std::size_t language = 0; language < c_languageCount; ++language)
-        holds[language] = c_lockingTables[language].HoldsPlain();
-    return holds;
+        if (holdsPlain(c_lockingTables[language]))
+            languages |= 1U << language;
+    return static_cast<std::uint16_t>(languages);
 }();
-static_assert(c_holdsPlain[static_cast<std::size_t>(Language::Default)]);
+static_assert((c_plainLocking & 1U) != 0, "of the default alphabet");
 
 constexpr std::array<CharacterTable, c_languageCount> c_singleShiftTables =
     TablesByLanguage(c_singleShiftRows, &Tables::LanguageRow::hasSingle);

@@ -39,14 +39,6 @@ struct CharacterTable {
     std::array<Utf8Character, c_septetCount> utf8{};
     std::array<char, c_septetCount> ascii{}; ///< 0 where the character is another, or none
 
-    /// Whether it has all plain characters where the default alphabet has them.
-    constexpr bool HoldsPlain() const {
-        for (std::size_t septet = 0; septet < c_septetCount; ++septet)
-            if (IsPlain(static_cast<std::uint8_t>(septet)) && characters[septet] != septet)
-                return false;
-        return true;
-    }
-
     constexpr void Set(std::size_t septet, char16_t character) {
         characters[septet] = character;
         utf8[septet] = ToUtf8(character);
@@ -56,7 +48,6 @@ struct CharacterTable {
 
 /// By language; Spanish has the default alphabet for a locking table.
 extern const std::array<CharacterTable, c_languageCount> c_lockingTables;
-extern const std::array<bool, c_languageCount> c_holdsPlain; ///< of the locking tables
 /// By language, of the septet after the escape.
 extern const std::array<CharacterTable, c_languageCount> c_singleShiftTables;
 

@@ -61,7 +61,7 @@ std::optional<MisfitCharacter> Look(std::string_view text, std::uint16_t languag
         static_cast<std::uint16_t>(languages & ~Bit(static_cast<std::size_t>(Language::Spanish)));
     survey.single.fill(languages);
     for (Characters characters(text); !characters.AtEnd();) {
-        if ((survey.locking & ~c_codes.plainLocking) == 0) {
+        if ((survey.locking & ~c_plainLocking) == 0) {
             const std::size_t plain = characters.TakePlain().size();
             survey.characters += plain;
             survey.utf16Units += plain;

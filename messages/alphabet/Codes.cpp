@@ -40,14 +40,6 @@ constexpr void AddColumn(const char* const (&rows)[Count][Columns], std::size_t 
     }
 }
 
-constexpr bool HoldsPlain(const CharacterCodes& codes, std::size_t language) {
-    for (unsigned int character = 0; character < c_septetCount; ++character)
-        if (IsPlain(static_cast<std::uint8_t>(character)) &&
-            codes.locking[language][codes.NumberOf(character)] != character + 1)
-            return false;
-    return true;
-}
-
 constexpr CharacterCodes MakeCodes() {
     Numbering numbering;
     CharacterCodes& codes = numbering.codes;
@@ -58,9 +50,6 @@ constexpr CharacterCodes MakeCodes() {
         AddColumn(c_singleShiftRows, column, language, numbering, codes.single, &HoldingTables::single);
     });
     codes.locking[static_cast<std::size_t>(Language::Spanish)] = codes.locking[0];
-    for (std::size_t language = 0; language < c_languageCount; ++language)
-        if (HoldsPlain(codes, language))
-            codes.plainLocking = static_cast<std::uint16_t>(codes.plainLocking | 1U << language);
     return codes;
 }
 

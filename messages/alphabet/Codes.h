@@ -32,8 +32,6 @@ struct CharacterCodes {
     std::array<HoldingTables, c_mostCharacters> tables{};
     std::array<Codes, c_languageCount> locking{}; ///< by language; Spanish has the default alphabet
     std::array<Codes, c_languageCount> single{};  ///< by language
-    std::uint16_t plainLocking =
-        0; ///< the locking tables whose codes of plain characters are these characters
 
     constexpr std::uint16_t NumberOf(char32_t character) const {
         constexpr char32_t allCharacters = c_blockSize * c_blockSize;

@@ -6,32 +6,23 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
+
+#include "Messages/Alphabet.h"
+#include "wire/OwnCodes.h"
 
 namespace Messages {
 
-constexpr std::size_t c_plainBlock = 16; ///< octets that are looked at together
+/// The locking tables that have all plain characters where the default alphabet has them: a bit for each
+/// language.
+extern const std::uint16_t c_plainLocking;
 
-constexpr bool IsPlain(std::uint8_t octet) {
-    const std::uint8_t small = octet | 0x20U;
-    return (small >= 'a' && small <= 'z') || (octet >= ' ' && octet <= '?' && octet != '$') ||
-           octet == '\n' || octet == '\r';
+inline bool HoldsPlain(Language locking) {
+    return (c_plainLocking >> static_cast<unsigned int>(locking) & 1U) != 0;
 }
 
-/// Whether all sixteen octets are plain: as IsPlain(), by the vectors that the compiler has on every machine.
-inline bool IsPlainBlock(const void* octets) {
-    using Vector [[gnu::vector_size(c_plainBlock)]] = std::uint8_t;
-    Vector block;
-    std::memcpy(&block, octets, sizeof block);
-    // Less than the first wraps, and is more than the last.
-    const auto isLetter = (block | 0x20) - 'a' <= 'z' - 'a';
-    const auto isSign = (block - ' ' <= '?' - ' ') & (block != '$');
-    const auto isPlain = isLetter | isSign | (block == '\n') | (block == '\r');
-    std::uint64_t halves[2];
-    static_assert(sizeof halves == sizeof isPlain);
-    std::memcpy(halves, &isPlain, sizeof halves);
-    return (halves[0] & halves[1]) == ~std::uint64_t{0};
+inline bool IsPlainBlock(const std::uint8_t* octets) {
+    return Wire::OtherCodes(octets) == 0;
 }
 
 /// How many octets at the beginning are plain. Where none is, that is found out at once: most texts that are
@@ -40,9 +31,10 @@ inline std::size_t PlainRun(std::string_view text) {
     std::size_t run = 0;
     if (text.empty() || static_cast<std::uint8_t>(text[0]) >= 0x80)
         return run;
-    while (text.size() - run >= c_plainBlock && IsPlainBlock(text.data() + run))
-        run += c_plainBlock;
-    while (run < text.size() && IsPlain(static_cast<std::uint8_t>(text[run])))
+    const auto* const octets = reinterpret_cast<const std::uint8_t*>(text.data());
+    while (text.size() - run >= Wire::c_codeBlock && IsPlainBlock(octets + run))
+        run += Wire::c_codeBlock;
+    while (run < text.size() && Wire::IsOwnCode(octets[run]))
         ++run;
     return run;
 }

@@ -72,8 +72,7 @@ inline std::size_t UnitsOf(char32_t character, const Choice& choice) {
 
 /// Whether a choice writes each plain character with one unit.
 inline bool IsPlainOneUnit(const Choice& choice) {
-    return choice.alphabet == Alphabet::Ucs2 ||
-           (c_codes.plainLocking >> static_cast<unsigned int>(choice.tables.locking) & 1U) != 0;
+    return choice.alphabet == Alphabet::Ucs2 || HoldsPlain(choice.tables.locking);
 }
 
 /// Fills parts from the front, of `most` units each, and calls `visit(offset, units)` for each: where it

@@ -55,7 +55,7 @@ template <class Odd>
 char* WriteSeptetText(OctetView septets, SeptetTables tables, char* out, Odd odd) {
     const CharacterTable& locking = LockingTable(tables.locking);
     const CharacterTable& single = SingleShiftTable(tables.single);
-    const bool holdsPlain = c_holdsPlain[static_cast<std::size_t>(tables.locking)];
+    const bool holdsPlain = HoldsPlain(tables.locking);
     const std::size_t count = septets.size();
     std::size_t at = 0;
     const auto putLocking = [&](std::size_t place) {
@@ -80,10 +80,10 @@ char* WriteSeptetText(OctetView septets, SeptetTables tables, char* out, Odd odd
         }
     };
     while (at < count) {
-        if (holdsPlain && count - at >= c_plainBlock && IsPlainBlock(septets.data() + at)) {
-            std::memcpy(out, septets.data() + at, c_plainBlock);
-            at += c_plainBlock;
-            out += c_plainBlock;
+        if (holdsPlain && count - at >= Wire::c_codeBlock && IsPlainBlock(septets.data() + at)) {
+            std::memcpy(out, septets.data() + at, Wire::c_codeBlock);
+            at += Wire::c_codeBlock;
+            out += Wire::c_codeBlock;
             continue;
         }
         if (count - at >= c_septetsAtOnce && CopyAscii(septets.data() + at, locking, out)) {

@@ -65,10 +65,9 @@ std::size_t PackSeptets(OctetView septets, unsigned int firstBit, std::uint8_t* 
 std::optional<MisfitCharacter> AppendSeptets(std::string_view text, SeptetTables tables,
                                              std::vector<std::uint8_t>& septets) {
     constexpr std::size_t mostSeptets = 2;
-    const auto language = static_cast<std::size_t>(tables.locking);
-    const CharacterCodes::Codes& locking = c_codes.locking[language];
+    const CharacterCodes::Codes& locking = c_codes.locking[static_cast<std::size_t>(tables.locking)];
     const CharacterCodes::Codes& single = c_codes.single[static_cast<std::size_t>(tables.single)];
-    const bool holdsPlain = (c_codes.plainLocking >> language & 1U) != 0;
+    const bool holdsPlain = HoldsPlain(tables.locking);
     const auto putPlain = [&](Characters& characters, std::uint8_t* out) {
         if (!holdsPlain)
             return out;

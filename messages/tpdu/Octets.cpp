@@ -5,15 +5,10 @@
 namespace Messages {
 namespace {
 
-constexpr bool IsDigit(char character) {
-    const int lower = character | 0x20;
-    return (character >= '0' && character <= '9') || (lower >= 'a' && lower <= 'f');
-}
-
 /// The number of the first pair that is none, from 0.
 std::size_t FirstOther(std::string_view digits) {
     std::size_t place = 0;
-    while (place < digits.size() && IsDigit(digits[place]))
+    while (place < digits.size() && Wire::ValueOfDigit(digits[place]) != Wire::c_noDigit)
         ++place;
     return place / 2;
 }

@@ -68,14 +68,6 @@ struct CodeWriter {
     }
 };
 
-const GsmUnicodeChar* FindExtension(unsigned char code) {
-    const auto* const row = std::find_if(c_extensionTable.begin(), c_extensionTable.end(),
-                                         [code](const GsmUnicodeChar& extension) {
-                                             return static_cast<unsigned char>(extension.gsm) == code;
-                                         });
-    return row != c_extensionTable.end() ? row : nullptr;
-}
-
 /// Writes the characters of a block of codes; false where one of them is the escape or no code.
 bool WidenBlock(const unsigned char* codes, wchar_t* characters) {
     const Wire::BlockBits others = Wire::OtherCodes(codes);
@@ -90,7 +82,8 @@ bool WidenBlock(const unsigned char* codes, wchar_t* characters) {
 
 /// Moves past one character's codes; false where they stand for none. An unknown pair loses its escape only;
 /// the second code is taken by itself.
-bool TakeCharacter(const unsigned char*& codes, const unsigned char* end, wchar_t& character) {
+bool TakeCharacter(const GSMCharSet& charSet, const unsigned char*& codes, const unsigned char* end,
+                   wchar_t& character) {
     const unsigned char code = *codes++;
     if (code >= 0x80)
         return false;
@@ -98,11 +91,11 @@ bool TakeCharacter(const unsigned char*& codes, const unsigned char* end, wchar_
         character = static_cast<wchar_t>(GSMCharSet::m_GsmDefaultTable[code]);
         return true;
     }
-    const GsmUnicodeChar* const extension = codes != end ? FindExtension(*codes) : nullptr;
-    if (extension == nullptr)
+    const unsigned short extension = codes != end ? charSet.FindUnicodeCharFromEscapeChar(*codes) : 0;
+    if (extension == 0)
         return false;
     ++codes;
-    character = static_cast<wchar_t>(extension->unicode);
+    character = static_cast<wchar_t>(extension);
     return true;
 }
 
@@ -173,7 +166,7 @@ TString<wchar_t> GSMCharSet::GsmToUnicode(const unsigned char* codes, unsigned i
             continue;
         }
         for (const unsigned char* const stop = codes + block; codes < stop;)
-            character += TakeCharacter(codes, end, *character) ? 1 : 0;
+            character += TakeCharacter(*this, codes, end, *character) ? 1 : 0;
     }
     text.resize(static_cast<std::size_t>(character - text.data()));
     return text;

@@ -20,18 +20,16 @@ constexpr bool IsAlphanumeric(char character) {
 }
 
 constexpr bool IsHexDigit(char character) {
-    return IsDecimal(character) || (Upper(character) >= 'A' && Upper(character) <= 'F');
+    const auto fromZero = static_cast<unsigned char>(character - '0');
+    const auto fromA = static_cast<unsigned char>((character | 0x20) - 'a');
+    return fromZero <= 9 || fromA <= 5;
 }
 
 /// Looks at all of them whatever it finds, so that the compiler takes many together.
 constexpr bool AreHexDigits(std::string_view text) {
     unsigned char others = 0;
-    for (const char character : text) {
-        const auto fromZero = static_cast<unsigned char>(character - '0');
-        const auto fromA = static_cast<unsigned char>((character | 0x20) - 'a');
-        others |= static_cast<unsigned char>(static_cast<unsigned char>(fromZero > 9) &
-                                             static_cast<unsigned char>(fromA > 5));
-    }
+    for (const char character : text)
+        others |= static_cast<unsigned char>(!IsHexDigit(character));
     return others == 0;
 }
 
