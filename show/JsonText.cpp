@@ -56,8 +56,8 @@ void JsonText::String(std::string_view text) {
     Separate();
     Put("\"");
     while (!text.empty()) {
-        char block[c_block] = {' ', ' ', ' ', ' ', ' ', ' ', ' ', ' ',
-                               ' ', ' ', ' ', ' ', ' ', ' ', ' ', ' '};
+        char block[c_block];
+        std::fill_n(block, c_block, ' ');
         const std::size_t size = text.copy(block, c_block);
         const BlockFindings found = Look(block);
         m_HasOthers = m_HasOthers || found.areOthers;

@@ -191,7 +191,7 @@ std::size_t RoomIn(Tpdu tpdu, const Messages::DataCoding& coding) {
 }
 
 Messages::CutOptions CuttingOf(const OutgoingOptions& options, std::optional<std::uint16_t> reference) {
-    Messages::CutOptions cutting = CuttingOf(static_cast<const WritingOptions&>(options));
+    Messages::CutOptions cutting = CuttingOf(options);
     cutting.reference = reference;
     cutting.messageClass = MaybeOctetOf(options.messageClass);
     return cutting;

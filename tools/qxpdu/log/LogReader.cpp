@@ -111,10 +111,13 @@ void LogReader::GiveListed(Line line) {
     if (line.text.find('\0') != std::string::npos)
         std::erase(line.text, '\0');
     bool hasEntry = false;
-    for (std::size_t end = line.text.find('\r'); end != std::string::npos; end = line.text.find('\r')) {
-        hasEntry = GivePiece({line.text.substr(0, end), line.number}) || hasEntry;
-        line.text.erase(0, end + 1);
+    std::size_t begin = 0;
+    for (std::size_t end = line.text.find('\r'); end != std::string::npos;
+         end = line.text.find('\r', begin)) {
+        hasEntry = GivePiece({line.text.substr(begin, end - begin), line.number}) || hasEntry;
+        begin = end + 1;
     }
+    line.text.erase(0, begin);
     hasEntry = GivePiece(std::move(line)) || hasEntry;
     ++(hasEntry ? m_Counts.entries : m_Counts.passedOver);
 }
