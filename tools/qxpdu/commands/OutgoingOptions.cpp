@@ -99,10 +99,9 @@ struct Row {
     const char* value; ///< as help calls it
     const char* description;
     std::string (*faultOf)(const std::string&) = nullptr; ///< of texts
-    bool takesNumbers = false;                            ///< a text that may be a number of JSON
-    int least = 0;                                        ///< of numbers
+    bool takesBoth = false; ///< a text that may be a number of JSON, or a number that may be hexadecimal
+    int least = 0;          ///< of numbers
     int most = c_maxOctet;
-    bool takesHex = false; ///< a number that may be hexadecimal
 };
 
 using Options = OutgoingOptions;
@@ -139,8 +138,7 @@ const Row c_rows[] = {
      c_maxWord},
     {"concat-bits", &Options::concatBits, c_submit | c_deliver, "8|16",
      "Bits of that reference; 8 without it", FaultOfBits, true},
-    {"pid", &Options::protocol, c_everything, "N", "TP-PID; 0 without it", nullptr, false, 0, c_maxOctet,
-     true},
+    {"pid", &Options::protocol, c_everything, "N", "TP-PID; 0 without it", nullptr, true, 0, c_maxOctet},
     {"validity", &Options::validity, c_submit | c_forHost, "PERIOD",
      "TP-VP: 90m, 3h, 2d, 1w, max, a bare number for the octet, or until 2026-12-24T18:00:00+01:00",
      FaultOfPeriod, true},
@@ -159,17 +157,16 @@ const Row c_rows[] = {
      "TP-SCTS, as 2026-12-24T18:00:00+01:00; now without it", FaultOfTime},
     {"discharge-time", &Options::dischargeTime, c_statusReport, "TIME", "TP-DT; TP-SCTS without it",
      FaultOfTime},
-    {"status", &Options::status, c_statusReport, "N", "TP-ST; 0, delivered, without it", nullptr, false, 0,
-     c_maxOctet, true},
+    {"status", &Options::status, c_statusReport, "N", "TP-ST; 0, delivered, without it", nullptr, true, 0,
+     c_maxOctet},
     {"for-command", &Options::forCommand, c_statusReport, "", "TP-SRQ: the report is on a command"},
     {"more-messages", &Options::moreMessages, c_deliver | c_statusReport, "", "TP-MMS: more messages wait"},
     {"loop-prevention", &Options::loopPrevention, c_deliver | c_statusReport, "",
      "TP-LP: the message was forwarded or spawned"},
     {"failure-cause", &Options::failureCause, c_reports, "N",
-     "TP-FCS, 128 to 255; without it, the report is an acknowledgement", nullptr, false, 128, c_maxOctet,
-     true},
-    {"command-type", &Options::commandType, c_command, "N", "TP-CT; 0, an enquiry, without it", nullptr,
-     false, 0, c_maxOctet, true},
+     "TP-FCS, 128 to 255; without it, the report is an acknowledgement", nullptr, true, 128, c_maxOctet},
+    {"command-type", &Options::commandType, c_command, "N", "TP-CT; 0, an enquiry, without it", nullptr, true,
+     0, c_maxOctet},
     {"message-number", &Options::messageNumber, c_command, "N",
      "TP-MN: TP-MR of the message that the command is about"},
     {"as", &Options::as, c_everything | c_forHost, c_host, "Send what the encoder of that library makes",
@@ -216,7 +213,7 @@ struct Adder {
         Option(option).Check(row.faultOf).Named(row.value);
     }
     void operator()(Number member) const {
-        if (!row.takesHex) {
+        if (!row.takesBoth) {
             command.AddNumber(Name(), options.*member, row.least, row.most, row.description).Named(row.value);
             return;
         }
@@ -249,10 +246,10 @@ struct Setter {
             options.*member = value.get<bool>() ? c_first : "";
         else
             options.*member = StringIn(
-                name, row.takesNumbers && value.is_number() ? show::Json(value.dump()) : value, row.faultOf);
+                name, row.takesBoth && value.is_number() ? show::Json(value.dump()) : value, row.faultOf);
     }
     void operator()(Number member) const {
-        const bool isText = row.takesHex && value.is_string();
+        const bool isText = row.takesBoth && value.is_string();
         const std::optional<int> number =
             isText || value.is_number_integer()
                 ? NumberIn(row, isText ? value.get<std::string>() : value.dump())

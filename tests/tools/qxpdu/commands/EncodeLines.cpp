@@ -53,6 +53,8 @@ TEST(QxpduEncodeLines, ObjectsThatAreWrongGiveErrors) {
         {R"({"text":"a","to":"1","smsc":"123456789012345678901"})", "smsc: 21 digits, 20 at most"},
         {R"({"text":"a","to":"1","class":4})", "class: no number from 0 to 3"},
         {R"({"text":"a","to":"1","class":-1})", "class: no number from 0 to 3"},
+        {R"({"text":"a","to":"1","class":"1"})", "class: no number from 0 to 3"},
+        {R"({"text":"a","to":"1","concat-reference":"1"})", "concat-reference: no number from 0 to 65535"},
         {R"({"text":"a","to":"1","reference":256})", "reference: no number from 0 to 255"},
         {R"({"text":"a","to":"1","reference":"1"})", "reference: no number from 0 to 255"},
         {R"({"text":"a","to":"1","validity":"3x"})", "validity: 3x is neither a period of at most 63 weeks, "
@@ -70,6 +72,15 @@ TEST(QxpduEncodeLines, ObjectsThatAreWrongGiveErrors) {
                      nlohmann::ordered_json{{"format", 2}, {"line", 1}, {"error", row.error}}.dump() + '\n',
                      ""}));
     }
+}
+
+TEST(QxpduEncodeLines, DataThatDoNotFitAreAnErrorOfTheirLine) {
+    EXPECT_EQ(
+        Qxpdu({"encode", "--jsonl"}, R"({"type":"deliver-report","data":")" + Repeated("5A", 160) + "\"}\n"),
+        (Outcome{1,
+                 "{\"format\":2,\"line\":1,\"error\":\"159 octets of user data fit into an "
+                 "SMS-DELIVER-REPORT, and 2 messages would be needed\"}\n",
+                 ""}));
 }
 
 TEST(QxpduEncodeLines, MessagesHaveReferencesOfTheirOwn) {

@@ -45,7 +45,9 @@ TEST(Nearest, DiffersByTwoLettersAtMost) {
         const char* given;
         const char* nearest;
     } rows[] = {{"decod", "decode"},
+                {"deco", "decode"},
                 {"deccode", "decode"},
+                {"deccodde", "decode"},
                 {"encodd", "encode"},
                 {"sell", "cell"},
                 {"edcode", "encode"},

@@ -11,12 +11,13 @@ using qxpdu::PartJoiner;
 using qxpdu::SentMessages;
 using ReadPart = std::shared_ptr<const show::ComparedMessage>;
 
-/// From +12345678901, in UCS2, of two parts under a reference of 16 bits.
-ReadPart Part(unsigned int reference, unsigned int number, const std::string& unit) {
+/// In UCS2, of two parts under a reference of 16 bits.
+ReadPart Part(unsigned int reference, unsigned int number, const std::string& unit,
+              const std::string& sender = "0B912143658709F1") {
     const auto pair = [](unsigned int value) { return tests::Hex({static_cast<unsigned char>(value)}); };
     auto read = std::make_shared<show::ComparedMessage>();
     read->message.reading =
-        Messages::ReadHex("0791214365870921440B912143658709F100082120312143658009060804" +
+        Messages::ReadHex("079121436587092144" + sender + "00082120312143658009060804" +
                           pair(reference >> 8U) + pair(reference & 0xFFU) + "02" + pair(number) + unit);
     return read;
 }
@@ -64,6 +65,34 @@ TEST(PartJoiner, TellsPartsOfOneLineApart) {
     EXPECT_EQ(whole.messages[0].parts[0].message, b);
     EXPECT_EQ(whole.messages[0].parts[1].message, c);
     EXPECT_EQ(joiner.TakeRest().at(0).parts[0].message, a);
+}
+
+TEST(PartJoiner, TellsPartsOfOneLineApartByTheirSenders) {
+    const std::string another = "0B912143658709F2";
+    PartJoiner joiner;
+    joiner.Take(Line(1), Part(1, 1, "0061"));
+    const ReadPart first = Part(1, 1, "0061", another);
+    joiner.Take(Line(1), first);
+    const auto whole = joiner.Take(Line(1), Part(1, 2, "0062", another));
+    ASSERT_EQ(whole.messages.size(), 1U);
+    EXPECT_EQ(whole.messages[0].parts[0].message, first);
+}
+
+TEST(PartJoiner, TellsPartsOfOneLineApartThatHaveNoSender) {
+    const auto report = [](unsigned int number) {
+        auto read = std::make_shared<show::ComparedMessage>(*Part(1, number, "0061"));
+        Messages::DeliverReport withoutSender;
+        withoutSender.coding = *Messages::CodingOf(read->message.reading.tpdu);
+        withoutSender.userData = *Messages::UserDataOf(read->message.reading.tpdu);
+        read->message.reading.tpdu = withoutSender;
+        return read;
+    };
+    PartJoiner joiner;
+    const ReadPart second = report(2);
+    joiner.Take(Line(1), second);
+    const auto whole = joiner.Take(Line(1), report(1));
+    ASSERT_EQ(whole.messages.size(), 1U);
+    EXPECT_EQ(whole.messages[0].parts[1].message, second);
 }
 
 TEST(PartJoiner, GivesUpTheOldestMessageAndKeepsNothingOfIt) {
