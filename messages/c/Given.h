@@ -35,7 +35,7 @@ inline constexpr std::size_t c_firstSize = 0;
 #define QX_FIRST_SIZE(structure, last)                                                                       \
     template <>                                                                                              \
     inline constexpr std::size_t c_firstSize<structure> =                                                    \
-        offsetof(structure, last) + sizeof(structure::last)
+        (offsetof(structure, last) + sizeof(structure::last))
 QX_FIRST_SIZE(qx_address, written);
 QX_FIRST_SIZE(qx_timestamp, unix_seconds);
 QX_FIRST_SIZE(qx_validity, until);

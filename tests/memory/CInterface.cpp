@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include "Messages/Read.h"
 #include "Messages/qx_messages.h"
 #include "support/Allocations.h"
 #include "support/Octets.h"
@@ -495,6 +496,16 @@ TEST(NoAllocation, IsMadeByAReaderThatWasUsed) {
     const unsigned long before = tests::Allocations();
     EXPECT_EQ(qx_read(handles.reader, octets.data(), octets.size(), nullptr, &reading), QX_OK);
     EXPECT_EQ(tests::Allocations(), before);
+}
+
+TEST(Allocations, OfASmallReadingAreOneBlockForWhatIsHandedOut) {
+    const Handles handles;
+    unsigned long before = tests::AllocatedBytes();
+    EXPECT_FALSE(Messages::ReadHex(c_part).fault);
+    const unsigned long inCxx = tests::AllocatedBytes() - before;
+    before = tests::AllocatedBytes();
+    EXPECT_EQ(ReadPart(handles), QX_OK);
+    EXPECT_LE(tests::AllocatedBytes() - before, inCxx + 4096 + c_octets.size());
 }
 
 } // namespace

@@ -31,6 +31,7 @@ using Reader = std::unique_ptr<qx_reader, Freeing<qx_reader, qx_reader_free>>;
 using Writer = std::unique_ptr<qx_writer, Freeing<qx_writer, qx_writer_free>>;
 using Cutter = std::unique_ptr<qx_cutter, Freeing<qx_cutter, qx_cutter_free>>;
 using CJoiner = std::unique_ptr<qx_joiner, Freeing<qx_joiner, qx_joiner_free>>;
+using Maker = std::unique_ptr<qx_maker, Freeing<qx_maker, qx_maker_free>>;
 using PageJoiner = std::unique_ptr<qx_page_joiner, Freeing<qx_page_joiner, qx_page_joiner_free>>;
 
 bool IsSame(qx_text c, std::string_view text) {
@@ -508,6 +509,37 @@ void Compare(const qx_cut_text* c, const CutText& cut) {
     CompareOptional(c->fault, Pointer(cut.fault));
 }
 
+void Compare(const qx_cell_written* c, const CellWritten& written) {
+    Require(c->size == sizeof(*c) && IsSame(c->fault, written.fault) &&
+                IsSame(c->meaning, MeaningOf(written.fault)) && c->pages == written.pages &&
+                c->octets_count == written.octets.size() &&
+                std::equal(written.octets.begin(), written.octets.end(), c->octets,
+                           [](OctetView page, qx_octets told) { return IsSame(told, page); }),
+            "pages that are written");
+    CompareOptional(c->misfit, Pointer(written.misfit));
+    Compare(c->coding, written.coding);
+}
+
+/// What was made, or why not.
+void CompareMade(qx_result result, const qx_made* made, const std::optional<MisfitCharacter>& misfit,
+                 const Address& address) {
+    Require(result == (misfit ? QX_FAULT : QX_OK) && made->size == sizeof(*made) &&
+                made->user_data == nullptr,
+            "whether an address is made");
+    CompareOptional(made->misfit, Pointer(misfit));
+    CompareOptional(made->address, misfit ? nullptr : &address);
+}
+
+/// What is written where the caller says, by `fill(structure)`.
+template <class Struct, class Value, class Fill>
+void CompareFilled(const std::optional<Value>& value, Fill fill) {
+    Struct filled{};
+    filled.size = sizeof(filled);
+    Require(fill(&filled) == (value ? QX_OK : QX_FAULT), "whether something is made");
+    if (value)
+        Compare(&filled, *value);
+}
+
 void CheckExplained(qx_cutter* cutter, std::string_view text, const qx_cut_options& c,
                     const ChoiceOptions& options) {
     Explanation explanation;
@@ -643,6 +675,88 @@ void CheckCCutAgreement(std::string_view text, const CutOptions& options) {
                 (expectedData.fault ? QX_FAULT : QX_OK),
             "a result");
     Compare(cut, expectedData);
+}
+
+void CheckCDraftAgreement(const CellDraft& draft) {
+    const Writer writer(qx_writer_new());
+    qx_cell_draft c{};
+    c.size = sizeof(c);
+    c.format = static_cast<std::uint8_t>(draft.format);
+    c.serial_number = draft.serialNumber.value;
+    c.message_identifier = draft.messageIdentifier;
+    c.text = {draft.text.data(), draft.text.size()};
+    c.language = {draft.language.data(), draft.language.size()};
+    if (draft.alphabet)
+        c.alphabet = {true, static_cast<std::uint8_t>(*draft.alphabet)};
+    c.message_class = {draft.messageClass.has_value(), draft.messageClass.value_or(0)};
+    const CellWritten expected = WriteCell(draft);
+    const qx_cell_written* written = nullptr;
+    Require(qx_write_cell(writer.get(), &c, &written) ==
+                (expected.fault == CellDraftFault::None ? QX_OK : QX_FAULT),
+            "whether pages are written");
+    Compare(written, expected);
+}
+
+void CheckCAddressAgreement(std::string_view text) {
+    const Maker maker(qx_maker_new());
+    const qx_made* made = nullptr;
+    Address address;
+    auto misfit = ToNumber(text, address);
+    qx_result result = qx_make_number(maker.get(), text.data(), text.size(), &made);
+    CompareMade(result, made, misfit, address);
+    misfit = ToName(text, address);
+    result = qx_make_name(maker.get(), text.data(), text.size(), &made);
+    CompareMade(result, made, misfit, address);
+}
+
+void CheckCUserDataAgreement(std::uint8_t coding, OctetView elements, OctetView content) {
+    const Maker maker(qx_maker_new());
+    const qx_made* made = nullptr;
+    const DataCoding scheme(coding);
+    const qx_result result = qx_make_user_data(maker.get(), coding, {elements.data(), elements.size()},
+                                               {content.data(), content.size()}, &made);
+    if (scheme.CountsSeptets() &&
+        std::any_of(content.begin(), content.end(), [](std::uint8_t septet) { return septet > 127; })) {
+        Require(result == QX_ARGUMENT && made == nullptr, "the refusal of a septet");
+        return;
+    }
+    const auto expected = MakeUserData(scheme, elements, content);
+    Require(result == (expected ? QX_OK : QX_FAULT) && made->size == sizeof(*made) &&
+                made->address == nullptr && made->misfit == nullptr,
+            "whether user data is made");
+    CompareOptional(made->user_data, Pointer(expected));
+}
+
+void CheckCTimeAgreement(std::int64_t seconds, int quarters) {
+    CompareFilled<qx_timestamp>(MakeTimestamp(seconds, quarters), [&](qx_timestamp* filled) {
+        return qx_make_unix_timestamp(seconds, quarters, filled);
+    });
+    const auto period = static_cast<std::uint32_t>(seconds);
+    CompareFilled<qx_validity>(MakeRelativeValidity(period), [&](qx_validity* filled) {
+        return qx_make_relative_validity(period, filled);
+    });
+    for (const bool isSingleShot : {false, true})
+        CompareFilled<qx_validity>(MakeEnhancedValidity(period, isSingleShot), [&](qx_validity* filled) {
+            return qx_make_enhanced_validity(period, isSingleShot, filled);
+        });
+    CompareFilled<qx_coding>(
+        std::optional(DataCoding(static_cast<std::uint8_t>(seconds))),
+        [&](qx_coding* filled) { return qx_make_coding(static_cast<std::uint8_t>(seconds), filled); });
+}
+
+void CheckCTimeAgreement(int year, int month, int day, int hour, int minute, int second, int quarters) {
+    const auto expected = MakeTimestamp(year, month, day, hour, minute, second, quarters);
+    qx_timestamp c{};
+    c.size = sizeof(c);
+    CompareFilled<qx_timestamp>(expected, [&](qx_timestamp* filled) {
+        const qx_result result = qx_make_timestamp(year, month, day, hour, minute, second, quarters, filled);
+        c = *filled;
+        return result;
+    });
+    if (expected)
+        CompareFilled<qx_validity>(std::optional(MakeAbsoluteValidity(*expected)), [&](qx_validity* filled) {
+            return qx_make_absolute_validity(&c, filled);
+        });
 }
 
 } // namespace tests

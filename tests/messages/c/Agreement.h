@@ -20,6 +20,17 @@ void CheckCCellAgreement(Messages::OctetView octets, Messages::CellFormat format
 /// Explains and cuts a text both ways.
 void CheckCCutAgreement(std::string_view text, const Messages::CutOptions& options);
 
+/// Writes pages both ways.
+void CheckCDraftAgreement(const Messages::CellDraft& draft);
+
+/// Makes both ways what messages are written of.
+/// @{
+void CheckCAddressAgreement(std::string_view text);
+void CheckCUserDataAgreement(std::uint8_t coding, Messages::OctetView elements, Messages::OctetView content);
+void CheckCTimeAgreement(std::int64_t seconds, int quarters); ///< and periods, and a coding, of the seconds
+void CheckCTimeAgreement(int year, int month, int day, int hour, int minute, int second, int quarters);
+/// @}
+
 } // namespace tests
 
 #endif

@@ -1,11 +1,14 @@
 // The vectors through the C interface: the C++ one is held to their values elsewhere, and this one to that.
+#include <filesystem>
 #include <fstream>
+#include <set>
 #include <string>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 #include "messages/c/Agreement.h"
+#include "messages/c/Changes.h"
 
 namespace {
 
@@ -65,10 +68,26 @@ CutOptions CutOptionsOf(const Json& vector) {
     return options;
 }
 
+const std::set<std::string> c_messages = {"addresses",   "alphabets", "by-hand", "cuts",
+                                          "data-coding", "headers",   "times",   "types",
+                                          "user-data",   "validity",  "values"};
+const std::set<std::string> c_cell = {"cell", "cell-by-hand"};
+const std::set<std::string> c_texts = {"outgoing", "outgoing-by-hand"};
+
+TEST(VectorsThroughC, AreAllThatThereAre) {
+    std::set<std::string> taken = c_messages;
+    taken.insert(c_cell.begin(), c_cell.end());
+    taken.insert(c_texts.begin(), c_texts.end());
+    std::set<std::string> found;
+    for (const auto& file : std::filesystem::directory_iterator(QX_VECTORS))
+        if (file.path().extension() == ".jsonl")
+            found.insert(file.path().stem());
+    EXPECT_EQ(taken, found);
+}
+
 TEST(VectorsThroughC, OfMessages) {
     std::size_t count = 0;
-    for (const char* file : {"addresses", "alphabets", "by-hand", "cuts", "data-coding", "headers", "times",
-                             "types", "user-data", "validity", "values"})
+    for (const std::string& file : c_messages)
         count += EachOf(file, [](const Json& vector) {
             tests::CheckCAgreement(OctetsOf(vector, "octets"), OptionsOf(vector));
         });
@@ -76,7 +95,7 @@ TEST(VectorsThroughC, OfMessages) {
 }
 
 TEST(VectorsThroughC, OfCellBroadcast) {
-    for (const char* file : {"cell-by-hand", "cell"})
+    for (const std::string& file : c_cell)
         EachOf(file, [](const Json& vector) {
             const std::string format = vector.value("format", "");
             tests::CheckCCellAgreement(OctetsOf(vector, "octets"),
@@ -88,10 +107,65 @@ TEST(VectorsThroughC, OfCellBroadcast) {
 }
 
 TEST(VectorsThroughC, OfTextsThatAreSent) {
-    for (const char* file : {"outgoing-by-hand", "outgoing"})
+    for (const std::string& file : c_texts)
         EachOf(file, [](const Json& vector) {
             tests::CheckCCutAgreement(vector.at("text").get<std::string>(), CutOptionsOf(vector));
         });
+}
+
+/// Each member changed by itself, to an odd and to an even value, and runs of several changes.
+TEST(VectorsThroughC, AreWrittenAsTheyAreChanged) {
+    for (const std::string& file : c_messages)
+        EachOf(file, [changes = std::vector<std::uint8_t>(), number = 0U](const Json& vector) mutable {
+            number += 37;
+            const auto which = static_cast<std::uint8_t>(number % 32);
+            const auto value = static_cast<std::uint8_t>(number / 32 * 5);
+            changes.insert(changes.end(), {which, value});
+            if (changes.size() > 8)
+                changes.erase(changes.begin(), changes.end() - 2);
+            tests::CheckCWritesWithChanges(OctetsOf(vector, "octets"), changes);
+        });
+}
+
+TEST(DraftsThroughC, AreWrittenTheSame) {
+    CellDraft draft;
+    draft.serialNumber.value = 0x4020;
+    draft.messageIdentifier = 50;
+    for (const CellFormat format : {CellFormat::Unknown, CellFormat::GsmPage, CellFormat::UmtsMessage})
+        for (const char* const language : {"", "de", "xx", "X"})
+            for (const std::string& text : {std::string("Hi"), std::string(94, 'a'), std::string("\xD0\x96"),
+                                            std::string("a\xFF"), std::string(1396, 'a')})
+                for (const auto alphabet : {std::optional<Alphabet>(), std::optional(Alphabet::Gsm7),
+                                            std::optional(Alphabet::Data), std::optional(Alphabet::Ucs2)})
+                    for (const auto messageClass :
+                         {std::optional<std::uint8_t>(), std::optional<std::uint8_t>(3),
+                          std::optional<std::uint8_t>(4)}) {
+                        draft.format = format;
+                        draft.language = language;
+                        draft.text = text;
+                        draft.alphabet = alphabet;
+                        draft.messageClass = messageClass;
+                        tests::CheckCDraftAgreement(draft);
+                    }
+}
+
+TEST(WhatIsMadeThroughC, IsTheSame) {
+    for (const char* const text : {"+44 7700 900123", "112", "*#abc", "Bank", "", "\xD0\x96", "a\xFF"})
+        tests::CheckCAddressAgreement(text);
+    const std::vector<std::uint8_t> port = {0x05, 0x04, 0x0B, 0x84, 0x23, 0xF0};
+    const std::vector<std::uint8_t> content = {0x48, 0x69};
+    const std::vector<std::uint8_t> wide = {0x80};
+    for (unsigned int coding = 0; coding < 256; ++coding) {
+        const auto value = static_cast<std::uint8_t>(coding);
+        tests::CheckCUserDataAgreement(value, port, content);
+        tests::CheckCUserDataAgreement(value, {}, wide);
+        tests::CheckCTimeAgreement(coding, static_cast<int>(coding) - 128);
+        tests::CheckCTimeAgreement(std::int64_t{coding} * 100'000'000, 4);
+    }
+    tests::CheckCUserDataAgreement(4, {}, std::vector<std::uint8_t>(256));
+    for (const int part : {-1, 0, 1, 2, 30, 31, 60, 80, 2026})
+        tests::CheckCTimeAgreement(2026, part, part, part, part, part, part);
+    tests::CheckCTimeAgreement(2026, 11, 22, 9, 14, 0, 4);
 }
 
 } // namespace
