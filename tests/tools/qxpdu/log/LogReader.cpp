@@ -78,6 +78,12 @@ TEST(LogReader, ReferenceNamesTheLineOfTheMessageThatWasTyped) {
     EXPECT_EQ(entries[4].heading->sentLine, 0U) << "stored, not sent";
 }
 
+TEST(LogReader, PduEndsWhereItsTypingEndsWhateverWasAnnounced) {
+    const LogOutcome outcome = ReadLog("AT+CMGS=12\n> 00010704912143000002\x1A\n616263\nOK\n");
+    ASSERT_EQ(outcome.entries.size(), 1U);
+    EXPECT_EQ(outcome.entries[0].text, "00010704912143000002");
+}
+
 TEST(LogReader, ReferenceIsOfNoMessageThatFailed) {
     const std::string sent = "AT+CMGS=10\n> 0001070491214300000161\n";
     for (const char* between : {"+CMS ERROR: 38\n", "ERROR\n", "+CME ERROR: 1\n", "10:00:01 <- ERROR\n",
