@@ -88,6 +88,9 @@ TEST(Pasted, WholeLengthIsThatOfATpduWhereBothReadingsAreSound) {
     EXPECT_FALSE(pdu.reading.serviceCentre);
     EXPECT_EQ(pdu.reading.Type(), TpduType::Deliver);
     EXPECT_EQ(pdu.warnings, Warnings{});
+    const PastedPdu settled = ReadAfter(Announcing(21), both, Presence::Yes);
+    EXPECT_EQ(settled.reading.Type(), TpduType::StatusReport) << "the option settles it";
+    EXPECT_EQ(settled.warnings, Warnings{"+CMT announces 21 octets, here are 20"});
 }
 
 TEST(Pasted, LengthThatDisagreesIsAWarning) {
