@@ -110,9 +110,14 @@ def check_text(block, _):
     check(False, block, "what is shown here is held to nothing: no program stands right before it")
 
 
+def check_pycon(block, _):
+    check(pathlib.Path(document).name == "python.md", block, "only docs/python.md is run in Python, by tests/python")
+
+
 compilers = {"cpp": compile_cpp, "c": compile_c}
 checks = {**compilers, "console": check_console, "sh": check_sh, "cmake": check_cmake, "rust": check_binding, "go": check_binding,
-          "json": lambda block, _: json.loads(block.text), "text": check_text}
+          "json": lambda block, _: json.loads(block.text), "text": check_text,
+          "pycon": check_pycon}
 
 programs = dict(programs_of(document))
 for block in blocks_of(document):

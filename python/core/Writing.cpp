@@ -1,0 +1,592 @@
+// Messages that are written, and texts that are counted and cut.
+#include <optional>
+
+#include "Core.h"
+
+namespace qxpdu {
+namespace {
+
+using Cutter = Handle<qx_cutter, qx_cutter_free>;
+using Maker = Handle<qx_maker, qx_maker_free>;
+using Writer = Handle<qx_writer, qx_writer_free>;
+
+// How a text is written and cut.
+
+#define QXPDU_CUT_NAMES                                                                                      \
+    "languages", "alphabet", "tables", "room", "element_octets", "wide_reference", "replace_near",           \
+        "reference", "ports", "elements", "message_class"
+
+std::uint16_t LanguageBits(PyObject* languages) {
+    const Ref list = Made(PySequence_List(languages));
+    std::uint16_t bits = 0;
+    for (Py_ssize_t i = 0; i < PyList_Size(list.Get()); ++i) {
+        const auto language =
+            Number<std::uint8_t>(PyList_GetItem(list.Get(), i), "a language", QX_LANGUAGE_URDU);
+        bits = static_cast<std::uint16_t>(bits | 1U << language);
+    }
+    return bits;
+}
+
+qx_optional_octet OptionalGiven(PyObject* object, const char* what, long long most) {
+    return {object != nullptr,
+            object != nullptr ? Number<std::uint8_t>(object, what, most) : std::uint8_t{0}};
+}
+
+qx_ports PortsGiven(const State& state, PyObject* object) {
+    PyObject* const record = Instance(state, object, RecordType::Ports, "ports");
+    const bool areWide = Flag(PyTuple_GetItem(record, 2));
+    const long long most = areWide ? UINT16_MAX : UINT8_MAX;
+    return {sizeof(qx_ports), areWide, Number<std::uint16_t>(PyTuple_GetItem(record, 0), "a port", most),
+            Number<std::uint16_t>(PyTuple_GetItem(record, 1), "a port", most)};
+}
+
+/// The options of a call, with what they point to.
+struct CutOptions {
+    CutOptions(const State& state, const Arguments& arguments) {
+        options.size = sizeof options;
+        if (PyObject* const languages = arguments.Told("languages"))
+            options.languages = LanguageBits(languages);
+        options.alphabet = OptionalGiven(arguments.Told("alphabet"), "alphabet", QX_ALPHABET_UCS2);
+        if (PyObject* const tables = arguments.Told("tables"))
+            TakeTables(tables);
+        if (PyObject* const room = arguments.Told("room"))
+            options.octets = Number<std::uint16_t>(room, "room");
+        if (PyObject* const octets = arguments.Told("element_octets"))
+            options.element_octets = Number<std::uint16_t>(octets, "element_octets");
+        options.has_wide_reference = Flag(arguments.Told("wide_reference"));
+        options.replaces_near = Flag(arguments.Told("replace_near"));
+        if (PyObject* const reference = arguments.Told("reference")) {
+            options.has_reference = true;
+            options.reference = Number<std::uint16_t>(reference, "reference");
+        }
+        if (PyObject* const given = arguments.Told("ports")) {
+            ports = PortsGiven(state, given);
+            options.ports = &ports;
+        }
+        if (PyObject* const given = arguments.Told("elements")) {
+            elements = Bytes(given, "elements");
+            options.elements = OctetsOf(elements);
+        }
+        options.message_class = OptionalGiven(arguments.Told("message_class"), "message_class", 3);
+    }
+    CutOptions(const CutOptions&) = delete;
+    CutOptions& operator=(const CutOptions&) = delete;
+
+    qx_cut_options options{};
+    qx_ports ports{};
+    Ref elements;
+
+private:
+    void TakeTables(PyObject* given) {
+        const Ref tables = Made(PySequence_Tuple(given));
+        if (PyTuple_Size(tables.Get()) != 2)
+            Raise(PyExc_ValueError, "tables are two languages, of the locking and of the single shift table");
+        options.has_tables = true;
+        options.locking =
+            Number<std::uint8_t>(PyTuple_GetItem(tables.Get(), 0), "a language", QX_LANGUAGE_URDU);
+        options.single =
+            Number<std::uint8_t>(PyTuple_GetItem(tables.Get(), 1), "a language", QX_LANGUAGE_URDU);
+    }
+};
+
+Ref ChoiceOf(State& state, const qx_choice& choice) {
+    return RecordOf(state, RecordType::Choice,
+                    {Member(state, EnumType::Alphabet, choice.alphabet),
+                     Member(state, EnumType::Language, choice.locking),
+                     Member(state, EnumType::Language, choice.single), Integer(std::uint64_t{choice.units}),
+                     choice.parts != SIZE_MAX ? Integer(std::uint64_t{choice.parts}) : None(),
+                     Integer(std::uint64_t{choice.octets})});
+}
+
+Ref LanguagesOf(const State& state, std::uint16_t bits) {
+    Ref list = Made(PyList_New(0));
+    for (std::uint8_t language = 0; language <= QX_LANGUAGE_URDU; ++language)
+        if ((bits >> language & 1) != 0)
+            Done(PyList_Append(list.Get(), Member(state, EnumType::Language, language).Get()));
+    return Made(PyList_AsTuple(list.Get()));
+}
+
+Ref CharacterOf(std::uint32_t character) {
+    return Made(PyUnicode_FromFormat("%c", static_cast<int>(character)));
+}
+
+Ref CostlyCharacterOf(const State& state, qx_text text, const qx_costly_character& costly) {
+    return RecordOf(state, RecordType::CostlyCharacter,
+                    {CharacterOf(costly.character), Integer(std::uint64_t{CharactersIn(text, costly.offset)}),
+                     Integer(std::uint64_t{costly.count}), Truth(costly.is_in_extension),
+                     LanguagesOf(state, costly.locking), LanguagesOf(state, costly.single)});
+}
+
+/// Places in a text, counted in characters.
+Ref IndicesOf(qx_text text, const std::size_t* offsets, std::size_t count) {
+    return Tuple(count,
+                 [&](std::size_t i) { return Integer(std::uint64_t{CharactersIn(text, offsets[i])}); });
+}
+
+Ref ReplacementsOf(const State& state, qx_text text, const qx_replacement* const* replacements,
+                   std::size_t count) {
+    return Tuple(count, [&](std::size_t i) {
+        const qx_replacement& put = *replacements[i];
+        const std::size_t index = CharactersIn(text, put.offset);
+        return RecordOf(state, RecordType::Replacement,
+                        {Integer(std::uint64_t{index}),
+                         Integer(std::uint64_t{CharactersIn(text, put.offset + put.length) - index}),
+                         Text(put.replacement)});
+    });
+}
+
+[[noreturn]] void RaiseMisfit(const State& state, qx_text text, const qx_misfit* misfit) {
+    if (misfit == nullptr)
+        RaisePduError(state, PduErrorOf(state, Made(PyUnicode_FromString("a part has no room for the text")),
+                                        {{"code", Made(PyUnicode_FromString("no-room"))}}));
+    const Ref character = CharacterOf(misfit->character);
+    const std::size_t index = CharactersIn(text, misfit->offset);
+    const Ref message = Made(PyUnicode_FromFormat("nothing holds %R at %zu", character.Get(), index));
+    RaisePduError(state, PduErrorOf(state, message,
+                                    {{"code", Made(PyUnicode_FromString("no-character"))},
+                                     {"index", Integer(std::uint64_t{index})}}));
+}
+
+[[noreturn]] void RaiseCutFault(const State& state, qx_text text, const qx_cut_fault& fault) {
+    const bool isAtCharacter = fault.code == QX_CUT_FAULT_NO_CHARACTER;
+    RaisePduError(
+        state, PduErrorOf(state, Text(fault.meaning),
+                          {{"code", Text(fault.name)},
+                           {"index", isAtCharacter ? Integer(std::uint64_t{CharactersIn(text, fault.offset)})
+                                                   : None()}}));
+}
+
+using Explanation = qx_result (*)(qx_cutter*, const char*, std::size_t, const qx_cut_options*,
+                                  const qx_explanation**);
+
+const Arguments::Signature c_explain = {"explain", {"text", QXPDU_CUT_NAMES}, 1, 1};
+
+Ref Explained(PyObject* module, const Arguments& arguments, Explanation explain) {
+    State& state = StateOf(module);
+    const qx_text text = Utf8(arguments.First(), "text");
+    const CutOptions options(state, arguments);
+    const Cutter cutter(qx_cutter_new());
+    const qx_explanation* explanation = nullptr;
+    const qx_result result = explain(cutter.Get(), text.data, text.size, &options.options, &explanation);
+    Check(result);
+    if (result == QX_FAULT)
+        RaiseMisfit(state, text, explanation->misfit);
+    const Ref characters = Tuple(explanation->character_count, [&](std::size_t i) {
+        return CostlyCharacterOf(state, text, *explanation->characters[i]);
+    });
+    return RecordOf(state, RecordType::Explanation,
+                    {List(state, explanation->choices, explanation->choice_count, ChoiceOf),
+                     IndicesOf(text, explanation->offsets, explanation->offset_count), characters});
+}
+
+/// Cuts what is given, a text or data.
+const qx_cut_text& Cut(const State& state, const Cutter& cutter, PyObject* text, PyObject* data,
+                       const qx_cut_options& options) {
+    const qx_cut_text* cut = nullptr;
+    if (data != nullptr) {
+        const Ref bytes = Bytes(data, "data");
+        const qx_octets octets = OctetsOf(bytes);
+        Check(qx_cut_data(cutter.Get(), octets.data, octets.size, &options, &cut));
+    } else {
+        const qx_text utf8 = Utf8(text, "text");
+        Check(qx_cut(cutter.Get(), utf8.data, utf8.size, &options, &cut));
+    }
+    if (cut->fault != nullptr)
+        RaiseCutFault(state, text != nullptr ? Utf8(text, "text") : qx_text{}, *cut->fault);
+    return *cut;
+}
+
+// What a message is written of.
+
+Ref MadeAddress(State& state, PyObject* written,
+                qx_result (*make)(qx_maker*, const char*, std::size_t, const qx_made**)) {
+    const qx_text text = Utf8(written, "an address");
+    const Maker maker(qx_maker_new());
+    const qx_made* made = nullptr;
+    const qx_result result = make(maker.Get(), text.data, text.size, &made);
+    Check(result);
+    if (result == QX_FAULT) {
+        const std::size_t index = CharactersIn(text, made->misfit->offset);
+        const Ref message =
+            Made(PyUnicode_FromFormat("no address has the character at %zu of %R", index, written));
+        RaisePduError(state, PduErrorOf(state, message,
+                                        {{"code", Made(PyUnicode_FromString("address-character"))},
+                                         {"index", Integer(std::uint64_t{index})}}));
+    }
+    return AddressOf(state, *made->address);
+}
+
+/// An address, with what it points to.
+class GivenAddress {
+public:
+    /// A number as people write it, or an Address.
+    GivenAddress(State& state, PyObject* object) {
+        m_record = PyUnicode_Check(object)
+                       ? MadeAddress(state, object, qx_make_number)
+                       : Shared(Instance(state, object, RecordType::Address, "an address"));
+        address.size = sizeof address;
+        address.text = Utf8(PyTuple_GetItem(m_record.Get(), 0), "the text of an address");
+        address.type_of_address = Number<std::uint8_t>(PyTuple_GetItem(m_record.Get(), 4), "type_of_address");
+        address.length = Number<std::uint8_t>(PyTuple_GetItem(m_record.Get(), 5), "length");
+    }
+
+    qx_address address{};
+
+private:
+    Ref m_record;
+};
+
+std::uint8_t CodingGiven(const State& state, PyObject* object) {
+    if (Done(PyObject_IsInstance(object, state.records[static_cast<std::size_t>(RecordType::Coding)].type)) !=
+        0)
+        object = PyTuple_GetItem(Instance(state, object, RecordType::Coding, "coding"), 0);
+    return Number<std::uint8_t>(object, "coding");
+}
+
+qx_coding CodingOfValue(std::uint8_t value) {
+    qx_coding coding{};
+    coding.size = sizeof coding;
+    Check(qx_make_coding(value, &coding));
+    return coding;
+}
+
+#define QXPDU_ENCODE_NAMES                                                                                   \
+    "text", "address", "type", "data", "units", "like", "service_centre", "coding", "time", "discharge",     \
+        "validity", "more_messages", "loop_prevention", "reject_duplicates", "status_report_indication",     \
+        "status_report_request", "is_for_command", "reply_path", "message_reference", "status",              \
+        "command_type", "message_number", "failure_cause", "parameter_indicator", "protocol"
+
+const Arguments::Signature c_encode = {"encode", {QXPDU_ENCODE_NAMES, QXPDU_CUT_NAMES}, 2, 0};
+
+struct FlagArgument {
+    const char* name;
+    bool qx_message::*member;
+};
+constexpr FlagArgument c_flags[] = {
+    {"more_messages", &qx_message::more_messages},
+    {"loop_prevention", &qx_message::loop_prevention},
+    {"reject_duplicates", &qx_message::reject_duplicates},
+    {"status_report_indication", &qx_message::status_report_indication},
+    {"status_report_request", &qx_message::status_report_request},
+    {"is_for_command", &qx_message::is_for_command},
+    {"reply_path", &qx_message::reply_path},
+};
+
+struct OctetArgument {
+    const char* name;
+    std::uint8_t qx_message::*member;
+};
+constexpr OctetArgument c_octets[] = {
+    {"message_reference", &qx_message::reference},
+    {"status", &qx_message::status},
+    {"command_type", &qx_message::command_type},
+    {"message_number", &qx_message::message_number},
+};
+
+struct OptionalArgument {
+    const char* name;
+    qx_optional_octet qx_message::*member;
+};
+constexpr OptionalArgument c_optionals[] = {
+    {"failure_cause", &qx_message::failure_cause},
+    {"parameter_indicator", &qx_message::parameter_indicator},
+    {"protocol", &qx_message::protocol},
+};
+
+/// A message that is put together from what is given, and from the one that it is to be like.
+class Draft {
+public:
+    Draft(State& state, const Arguments& arguments)
+        : m_state(state), m_arguments(arguments), m_cut(state, arguments) {
+        TakeLike();
+        TakeValues();
+        TakeAddresses();
+        TakeTimes();
+        TakeCoding();
+    }
+    Draft(const Draft&) = delete;
+    Draft& operator=(const Draft&) = delete;
+
+    /// The PDUs: as many as the text, or the data, takes.
+    Ref Written() {
+        PyObject* const text = m_arguments.Told("text");
+        PyObject* const data = m_arguments.Told("data");
+        PyObject* const units = m_arguments.Told("units");
+        if ((text != nullptr) + (data != nullptr) + (units != nullptr) > 1)
+            Raise(PyExc_ValueError, "a message has text, data or units, one of them");
+        Ref pdus = Made(PyList_New(0));
+        if (units != nullptr || (data != nullptr && m_message.type == QX_TYPE_COMMAND))
+            AppendUnits(pdus, units != nullptr ? units : data);
+        else if (text != nullptr || data != nullptr)
+            AppendParts(pdus, text, data);
+        else
+            Append(pdus);
+        return pdus;
+    }
+
+private:
+    void TakeLike() {
+        m_message.size = sizeof m_message;
+        m_message.type = QX_TYPE_SUBMIT;
+        m_modemsOwn.size = sizeof m_modemsOwn;
+        m_modemsOwn.type_of_address = c_noType;
+        m_serviceCentre = &m_modemsOwn;
+        if (PyObject* const like = m_arguments.Told("like")) {
+            m_like.emplace(m_state, MessageGiven(m_state, like, "like"));
+            const qx_reading& reading = m_like->Get();
+            if (reading.message != nullptr)
+                m_message = *reading.message;
+            m_serviceCentre = reading.service_centre;
+        }
+    }
+
+    void TakeValues() {
+        if (PyObject* const type = m_arguments.Told("type"))
+            m_message.type = Number<std::uint8_t>(type, "type", QX_TYPE_COMMAND);
+        for (const FlagArgument& flag : c_flags)
+            m_message.*flag.member = Flag(m_arguments.Told(flag.name), m_message.*flag.member);
+        for (const OctetArgument& octet : c_octets)
+            if (PyObject* const told = m_arguments.Told(octet.name))
+                m_message.*octet.member = Number<std::uint8_t>(told, octet.name);
+        for (const OptionalArgument& octet : c_optionals)
+            if (PyObject* const told = m_arguments.Told(octet.name))
+                m_message.*octet.member = {true, Number<std::uint8_t>(told, octet.name)};
+    }
+
+    void TakeAddresses() {
+        if (PyObject* const address = m_arguments.Told("address"))
+            m_message.party = &m_party.emplace(m_state, address).address;
+        PyObject* const serviceCentre = m_arguments.Given("service_centre");
+        if (serviceCentre == Py_None)
+            m_serviceCentre = nullptr;
+        else if (serviceCentre != nullptr && serviceCentre != Py_Ellipsis)
+            TakeServiceCentre(serviceCentre);
+    }
+
+    void TakeServiceCentre(PyObject* serviceCentre) {
+        m_serviceCentre = &m_modemsOwn;
+        if (PyUnicode_Check(serviceCentre) && PyUnicode_GetLength(serviceCentre) == 0)
+            return;
+        m_serviceCentre = &m_givenCentre.emplace(m_state, serviceCentre).address;
+    }
+
+    void TakeTimes() {
+        if (PyObject* const time = m_arguments.Told("time")) {
+            m_time = TimestampOf(m_state, time);
+            m_message.timestamp = &m_time;
+        }
+        if (PyObject* const discharge = m_arguments.Told("discharge")) {
+            m_discharge = TimestampOf(m_state, discharge);
+            m_message.discharge = &m_discharge;
+        }
+        if (PyObject* const validity = m_arguments.Told("validity")) {
+            FillValidity(m_state, validity, m_validity);
+            m_message.validity = &m_validity.validity;
+        }
+    }
+
+    void TakeCoding() {
+        PyObject* const coding = m_arguments.Told("coding");
+        if (coding == nullptr)
+            return;
+        m_coding = CodingOfValue(CodingGiven(m_state, coding));
+        m_message.coding = &m_coding;
+        m_hasCoding = true;
+        // A text is written as the scheme says.
+        if (!m_cut.options.alphabet.has_value && m_coding.alphabet != QX_ALPHABET_DATA)
+            m_cut.options.alphabet = {true, m_coding.alphabet};
+    }
+
+    void AppendUnits(const Ref& pdus, PyObject* units) {
+        const Ref content = Bytes(units, "units");
+        constexpr std::uint8_t c_eightBits = 4; // a command's data are octets
+        const std::uint8_t coding = m_message.type == QX_TYPE_COMMAND ? c_eightBits
+                                    : m_message.coding != nullptr     ? m_message.coding->value
+                                                                      : std::uint8_t{0};
+        const Maker maker(qx_maker_new());
+        const qx_made* made = nullptr;
+        const qx_result result =
+            qx_make_user_data(maker.Get(), coding, m_cut.options.elements, OctetsOf(content), &made);
+        Check(result);
+        if (result == QX_FAULT)
+            RaisePduError(m_state,
+                          PduErrorOf(m_state, Made(PyUnicode_FromString("TP-UDL cannot count so many units")),
+                                     {{"code", Made(PyUnicode_FromString("user-data-too-long"))}}));
+        m_message.user_data = made->user_data;
+        Append(pdus);
+    }
+
+    void AppendParts(const Ref& pdus, PyObject* text, PyObject* data) {
+        const Cutter cutter(qx_cutter_new());
+        const qx_cut_text& cut = Cut(m_state, cutter, text, data, m_cut.options);
+        if (!m_hasCoding)
+            m_message.coding = cut.coding;
+        for (std::size_t i = 0; i < cut.part_count; ++i) {
+            m_message.user_data = cut.parts[i];
+            Append(pdus);
+        }
+    }
+
+    void Append(const Ref& pdus) {
+        const qx_written* written = nullptr;
+        Check(qx_write(m_writer.Get(), &m_message, m_serviceCentre, &written));
+        if (written->fault != nullptr)
+            RaiseWriteFault(*written->fault);
+        Done(PyList_Append(pdus.Get(),
+                           RecordOf(m_state, RecordType::Pdu,
+                                    {Octets(written->octets), Integer(std::uint64_t{written->tpdu_octets})})
+                               .Get()));
+    }
+
+    [[noreturn]] void RaiseWriteFault(const qx_write_fault& fault) {
+        const Ref field = FieldName(m_state, fault.field);
+        RaisePduError(m_state,
+                      PduErrorOf(m_state,
+                                 Made(PyUnicode_FromFormat("%U: %s", field.Get(), fault.meaning.data)),
+                                 {{"code", Text(fault.name)}, {"field", field}}));
+    }
+
+    static constexpr std::uint8_t c_noType = 0x80;
+
+    State& m_state;
+    const Arguments& m_arguments;
+    CutOptions m_cut;
+    std::optional<Reading> m_like;
+    qx_message m_message{};
+    const qx_address* m_serviceCentre = nullptr;
+    qx_address m_modemsOwn{};
+    std::optional<GivenAddress> m_party;
+    std::optional<GivenAddress> m_givenCentre;
+    qx_timestamp m_time{};
+    qx_timestamp m_discharge{};
+    GivenValidity m_validity{};
+    qx_coding m_coding{};
+    bool m_hasCoding = false;
+    Writer m_writer{qx_writer_new()};
+};
+
+} // namespace
+
+void FillValidity(const State& state, PyObject* object, GivenValidity& filled) {
+    filled = {};
+    filled.validity.size = sizeof filled.validity;
+    qx_result result = QX_OK;
+    if (Done(PyObject_IsInstance(object, state.datetime)) != 0) {
+        filled.until = TimestampOf(state, object);
+        result = qx_make_absolute_validity(&filled.until, &filled.validity);
+    } else if (Done(PyObject_IsInstance(object, state.timedelta)) != 0) {
+        result = qx_make_relative_validity(SecondsOf(state, object), &filled.validity);
+    } else {
+        PyObject* const record =
+            Instance(state, object, RecordType::Validity, "validity, else a timedelta or a datetime,");
+        filled.validity.format =
+            Number<std::uint8_t>(PyTuple_GetItem(record, 0), "format", QX_VALIDITY_ABSOLUTE);
+        const Ref bytes = Bytes(PyTuple_GetItem(record, 1), "octets");
+        const qx_octets octets = OctetsOf(bytes);
+        for (std::size_t i = 0; i < octets.size && i < sizeof filled.validity.octets; ++i)
+            filled.validity.octets[i] = octets.data[i];
+    }
+    if (result == QX_FAULT)
+        Raise(PyExc_ValueError, "a validity is of 1 second to 63 weeks: %R", object);
+    Check(result);
+}
+
+PyObject* MakeNumber(PyObject* module, PyObject* written) noexcept {
+    return Guarded([&] { return MadeAddress(StateOf(module), written, qx_make_number); });
+}
+
+PyObject* MakeName(PyObject* module, PyObject* written) noexcept {
+    return Guarded([&] { return MadeAddress(StateOf(module), written, qx_make_name); });
+}
+
+PyObject* MakeCoding(PyObject* module, PyObject* value) noexcept {
+    return Guarded([&] {
+        State& state = StateOf(module);
+        return CodingOf(state, CodingOfValue(Number<std::uint8_t>(value, "coding")));
+    });
+}
+
+PyObject* MakeValidity(PyObject* module, PyObject* const* values, Py_ssize_t count,
+                       PyObject* keywords) noexcept {
+    static const Arguments::Signature c_signature = {"validity", {"of", "enhanced", "single_shot"}, 1, 1};
+    return Guarded([&] {
+        State& state = StateOf(module);
+        const Arguments arguments(c_signature, values, count, keywords);
+        const bool isSingleShot = Flag(arguments.Told("single_shot"));
+        GivenValidity given;
+        if (isSingleShot || Flag(arguments.Told("enhanced"))) {
+            given = {};
+            given.validity.size = sizeof given.validity;
+            const std::uint32_t seconds = SecondsOf(state, arguments.First());
+            const qx_result result = qx_make_enhanced_validity(seconds, isSingleShot, &given.validity);
+            if (result == QX_FAULT)
+                Raise(PyExc_ValueError, "a validity is of 1 second to 63 weeks: %R", arguments.First());
+            Check(result);
+        } else {
+            FillValidity(state, arguments.First(), given);
+        }
+        return ValidityOf(state, given.validity);
+    });
+}
+
+PyObject* Encode(PyObject* module, PyObject* const* values, Py_ssize_t count, PyObject* keywords) noexcept {
+    return Guarded([&] {
+        const Arguments arguments(c_encode, values, count, keywords);
+        return Draft(StateOf(module), arguments).Written();
+    });
+}
+
+PyObject* Choose(PyObject* module, PyObject* const* values, Py_ssize_t count, PyObject* keywords) noexcept {
+    return Guarded(
+        [&] { return Explained(module, Arguments(c_explain, values, count, keywords), qx_choose); });
+}
+
+PyObject* Explain(PyObject* module, PyObject* const* values, Py_ssize_t count, PyObject* keywords) noexcept {
+    return Guarded(
+        [&] { return Explained(module, Arguments(c_explain, values, count, keywords), qx_explain); });
+}
+
+PyObject* CutText(PyObject* module, PyObject* const* values, Py_ssize_t count, PyObject* keywords) noexcept {
+    static const Arguments::Signature c_signature = {"cut", {"text", QXPDU_CUT_NAMES}, 1, 1};
+    return Guarded([&] {
+        State& state = StateOf(module);
+        const Arguments arguments(c_signature, values, count, keywords);
+        PyObject* const given = arguments.First();
+        const bool isText = PyUnicode_Check(given);
+        const CutOptions options(state, arguments);
+        const Cutter cutter(qx_cutter_new());
+        const qx_cut_text& cut =
+            Cut(state, cutter, isText ? given : nullptr, isText ? nullptr : given, options.options);
+        const Ref offsets = isText ? IndicesOf(cut.text, cut.offsets, cut.part_count)
+                                   : Tuple(cut.part_count, [&](std::size_t i) {
+                                         return Integer(std::uint64_t{cut.offsets[i]});
+                                     });
+        const qx_text before = isText ? Utf8(given, "text") : qx_text{};
+        return RecordOf(state, RecordType::Cut,
+                        {List(state, cut.parts, cut.part_count, UserDataOf),
+                         Optional(state, cut.coding, CodingOf), Optional(state, cut.choice, ChoiceOf),
+                         offsets, Text(cut.text),
+                         ReplacementsOf(state, before, cut.replacements, cut.replacement_count)});
+    });
+}
+
+PyObject* ReplaceNear(PyObject* module, PyObject* const* values, Py_ssize_t count,
+                      PyObject* keywords) noexcept {
+    static const Arguments::Signature c_signature = {"replace_near", {"text", "languages"}, 2, 1};
+    return Guarded([&] {
+        State& state = StateOf(module);
+        const Arguments arguments(c_signature, values, count, keywords);
+        const qx_text text = Utf8(arguments.First(), "text");
+        const std::uint16_t languages = arguments.Told("languages") != nullptr
+                                            ? LanguageBits(arguments.Told("languages"))
+                                            : std::uint16_t{0};
+        const Cutter cutter(qx_cutter_new());
+        const qx_near_text* nearText = nullptr;
+        Check(qx_replace_near(cutter.Get(), text.data, text.size, languages, &nearText));
+        return RecordOf(state, RecordType::NearText,
+                        {Text(nearText->text),
+                         ReplacementsOf(state, text, nearText->replacements, nearText->replacement_count)});
+    });
+}
+
+} // namespace qxpdu
