@@ -86,5 +86,11 @@ qx_package(tool qxpdu comm
 Encodes texts to SMS-SUBMIT PDUs, decodes and explains PDUs octet by octet,
 reads the logs of modems and streams of any length, writes JSON.")
 
-set(CPACK_COMPONENTS_ALL toolkit encoding dev messages messages_dev tool)
+qx_package(sqlite libqx-messages-sqlite libs
+"libqx-encoding1 (>= ${PROJECT_VERSION}), libqx-messages1 (>= ${PROJECT_VERSION}), libqx-toolkit1 (>= ${PROJECT_VERSION})"
+"short messages read by SQL - extension of SQLite
+Functions for PDUs in tables of SQLite: text, address, time and every field
+of short messages, texts of several parts, pages of cell broadcast.")
+
+set(CPACK_COMPONENTS_ALL toolkit encoding dev messages messages_dev tool sqlite)
 include(CPack)

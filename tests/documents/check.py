@@ -77,7 +77,8 @@ def workplace(folder):
         if path.name not in ("script", "build", ".git"):
             (folder / path.name).symlink_to(path)
     (folder / "script/qxpdu").symlink_to(qxpdu)
-    return {**os.environ, "PATH": f"{pathlib.Path(qxpdu).parent}:{os.environ['PATH']}", "LC_ALL": "C.UTF-8"}
+    return {**os.environ, "PATH": f"{pathlib.Path(qxpdu).parent}:{os.environ['PATH']}", "LC_ALL": "C.UTF-8",
+            "LD_LIBRARY_PATH": ":".join(libraries)}
 
 
 def check_console(block, folder):

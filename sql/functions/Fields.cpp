@@ -1,0 +1,60 @@
+#include <algorithm>
+
+#include "sql/functions/Functions.h"
+
+namespace sql {
+
+namespace {
+
+using Messages::Field;
+
+/// What a field is as a number or as a text; of one that is neither, its octets in hexadecimal.
+struct ValueMaker {
+    const show::MessageField& field;
+    const show::Message& message;
+
+    Value operator()(show::PlainOctets) const {
+        const Messages::UserData* const userData = Messages::UserDataOf(message.reading.tpdu);
+        const bool isText = field.field == Field::UserData && userData != nullptr && !message.reading.fault &&
+                            !show::IsData(message.reading.tpdu);
+        return isText ? Value(userData->text) : Octets();
+    }
+    Value operator()(unsigned int value) const { return std::int64_t{value}; }
+    Value operator()(const Messages::Address* address) const {
+        return field.IsAbsent() ? Value() : address->ToString();
+    }
+    Value operator()(const Messages::Timestamp& time) const {
+        return time.isValid ? time.ToString() : Octets();
+    }
+    Value operator()(const Messages::Validity* validity) const {
+        if (const Messages::Timestamp until = validity->Absolute(); until.isValid)
+            return until.ToString();
+        const std::optional<std::uint32_t> seconds = validity->Seconds();
+        return seconds ? std::int64_t{*seconds} : Octets();
+    }
+    Value operator()(const Messages::DataCoding* coding) const { return std::int64_t{coding->value}; }
+    Value operator()(const Messages::UserData*) const { return Octets(); }
+
+    Value Octets() const { return Messages::ToHex(message.Octets(field.octet, field.count)); }
+};
+
+std::uint8_t MaskOf(const show::MessageField& field, const show::Message& message) {
+    const auto& places = message.reading.places;
+    const auto place = std::find_if(places.begin(), places.end(), [&](const Messages::FieldPlace& one) {
+        return one.field == field.field && one.octet == field.octet;
+    });
+    return place->mask;
+}
+
+} // namespace
+
+std::vector<FieldRow> FieldRowsOf(const show::Message& message) {
+    std::vector<FieldRow> rows;
+    for (const show::MessageField& field : show::FieldsOf(message)) {
+        rows.push_back({show::ShownNameOf(field.field), std::visit(ValueMaker{field, message}, field.value),
+                        show::MeaningOf(field, message), field.octet, field.count, MaskOf(field, message)});
+    }
+    return rows;
+}
+
+} // namespace sql

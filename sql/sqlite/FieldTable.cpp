@@ -1,0 +1,180 @@
+#include "sql/sqlite/FieldTable.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "sql/functions/Functions.h"
+#include "sql/functions/Reader.h"
+
+namespace sql {
+
+namespace {
+
+/// Inside a subquery, what is given is first looked for among these names: hidden ones are nobody else's.
+constexpr const char* c_declaration =
+    "CREATE TABLE x(name TEXT, value, meaning TEXT, octet INTEGER, length INTEGER, mask INTEGER, "
+    "_pdu HIDDEN, _options HIDDEN)";
+
+enum Column : int { Name, FieldValue, Meaning, Octet, Length, Mask, GivenPdu, GivenOptions };
+
+/// Of xBestIndex: which of the arguments are told.
+constexpr int c_hasPdu = 1;
+constexpr int c_hasOptions = 2;
+
+struct Table : sqlite3_vtab {};
+
+struct Cursor : sqlite3_vtab_cursor {
+    PduReader reader;
+    std::vector<FieldRow> rows;
+    std::size_t row = 0;
+};
+
+Cursor& CursorOf(sqlite3_vtab_cursor* cursor) {
+    return static_cast<Cursor&>(*cursor);
+}
+
+int Connect(sqlite3* database, void*, int, const char* const*, sqlite3_vtab** table, char**) {
+    return Coded([&] {
+        if (const int result = sqlite3_declare_vtab(database, c_declaration); result != SQLITE_OK)
+            return result;
+        sqlite3_vtab_config(database, SQLITE_VTAB_INNOCUOUS);
+        *table = new Table{};
+        return SQLITE_OK;
+    });
+}
+
+int Disconnect(sqlite3_vtab* table) {
+    delete static_cast<Table*>(table);
+    return SQLITE_OK;
+}
+
+/// A plan has the arguments, or there is none; they are given in the order of their columns.
+int FindPlan(sqlite3_vtab*, sqlite3_index_info* info) {
+    int places[] = {-1, -1}; // of the constraints on the two arguments
+    for (int i = 0; i < info->nConstraint; ++i) {
+        const auto& constraint = info->aConstraint[i];
+        if (constraint.op != SQLITE_INDEX_CONSTRAINT_EQ || constraint.iColumn < GivenPdu)
+            continue;
+        if (!constraint.usable)
+            return SQLITE_CONSTRAINT;
+        places[constraint.iColumn - GivenPdu] = i;
+    }
+    int next = 0;
+    for (const int place : places) {
+        if (place < 0)
+            continue;
+        info->aConstraintUsage[place].argvIndex = ++next;
+        info->aConstraintUsage[place].omit = 1;
+    }
+    constexpr double c_rows = 15; // about as many as a message has fields
+    info->idxNum = (places[0] < 0 ? 0 : c_hasPdu) | (places[1] < 0 ? 0 : c_hasOptions);
+    info->estimatedCost = c_rows;
+    info->estimatedRows = static_cast<sqlite3_int64>(c_rows);
+    return SQLITE_OK;
+}
+
+int Open(sqlite3_vtab*, sqlite3_vtab_cursor** cursor) {
+    return Coded([&] {
+        *cursor = new Cursor();
+        return SQLITE_OK;
+    });
+}
+
+int Close(sqlite3_vtab_cursor* cursor) {
+    delete &CursorOf(cursor);
+    return SQLITE_OK;
+}
+
+void Fill(Cursor& cursor, int plan, sqlite3_value** arguments) {
+    cursor.rows.clear();
+    cursor.row = 0;
+    if ((plan & c_hasPdu) == 0)
+        throw Misuse("sms_fields() takes a PDU");
+    const std::optional<Given> given = GivenIn(arguments[0]);
+    const std::optional<std::string_view> options = (plan & c_hasOptions) != 0 ? TextIn(arguments[1]) : "";
+    if (!given || !options)
+        return;
+    if (const show::Message* message = cursor.reader.Read(*given, *options))
+        cursor.rows = FieldRowsOf(*message);
+}
+
+int Filter(sqlite3_vtab_cursor* cursor, int plan, const char*, int, sqlite3_value** arguments) {
+    return Coded([&] {
+        try {
+            Fill(CursorOf(cursor), plan, arguments);
+        } catch (const Misuse& misuse) {
+            cursor->pVtab->zErrMsg = sqlite3_mprintf("%s", misuse.what());
+            return SQLITE_ERROR;
+        }
+        return SQLITE_OK;
+    });
+}
+
+int Next(sqlite3_vtab_cursor* cursor) {
+    ++CursorOf(cursor).row;
+    return SQLITE_OK;
+}
+
+int IsAtEnd(sqlite3_vtab_cursor* cursor) {
+    return CursorOf(cursor).row >= CursorOf(cursor).rows.size() ? 1 : 0;
+}
+
+Value CellOf(const FieldRow& row, int column) {
+    switch (column) {
+    case Name:
+        return std::string(row.name);
+    case FieldValue:
+        return row.value;
+    case Meaning:
+        return row.meaning.empty() ? Value() : row.meaning;
+    case Octet:
+        return std::int64_t{row.octet};
+    case Length:
+        return std::int64_t{row.length};
+    case Mask:
+        return std::int64_t{row.mask};
+    default:
+        return {}; // the arguments, which nobody asks for
+    }
+}
+
+int GiveCell(sqlite3_vtab_cursor* cursor, sqlite3_context* context, int column) {
+    const Cursor& at = CursorOf(cursor);
+    return Coded([&] {
+        SetResult(context, CellOf(at.rows[at.row], column));
+        return SQLITE_OK;
+    });
+}
+
+int GiveRowNumber(sqlite3_vtab_cursor* cursor, sqlite3_int64* number) {
+    *number = static_cast<sqlite3_int64>(CursorOf(cursor).row);
+    return SQLITE_OK;
+}
+
+/// Without xCreate it is there by its name alone, and no table can be made of it.
+constexpr sqlite3_module ModuleOf() {
+    sqlite3_module module{};
+    module.xConnect = Connect;
+    module.xDisconnect = Disconnect;
+    module.xBestIndex = FindPlan;
+    module.xOpen = Open;
+    module.xClose = Close;
+    module.xFilter = Filter;
+    module.xNext = Next;
+    module.xEof = IsAtEnd;
+    module.xColumn = GiveCell;
+    module.xRowid = GiveRowNumber;
+    return module;
+}
+
+constexpr sqlite3_module c_module = ModuleOf();
+
+} // namespace
+
+int RegisterFieldTable(sqlite3* database) {
+    return sqlite3_create_module_v2(database, "sms_fields", &c_module, nullptr, nullptr);
+}
+
+} // namespace sql
