@@ -31,11 +31,12 @@ inline void Require(bool holds) {
 /// that. A new member has to begin after the whole structure of before, not in octets at its end that were
 /// padding: callers of before leave anything there.
 template <class Struct>
-inline constexpr std::size_t c_firstSize = 0;
+struct FirstSize;
 #define QX_FIRST_SIZE(structure, last)                                                                       \
     template <>                                                                                              \
-    inline constexpr std::size_t c_firstSize<structure> =                                                    \
-        (offsetof(structure, last) + sizeof(structure::last))
+    struct FirstSize<structure> {                                                                            \
+        static constexpr std::size_t c_octets = (offsetof(structure, last) + sizeof(structure::last));       \
+    }
 QX_FIRST_SIZE(qx_address, written);
 QX_FIRST_SIZE(qx_timestamp, unix_seconds);
 QX_FIRST_SIZE(qx_validity, until);
@@ -54,8 +55,7 @@ QX_FIRST_SIZE(qx_cell_draft, message_class);
 /// A structure as this library has it: members that the caller's lacks are 0.
 template <class Struct>
 Struct Given(const Struct* given) {
-    static_assert(c_firstSize<Struct> != 0, "a structure that is given has its first size above");
-    Require(given != nullptr && given->size >= c_firstSize<Struct>);
+    Require(given != nullptr && given->size >= FirstSize<Struct>::c_octets);
     Struct result{};
     std::memcpy(&result, given, std::min(given->size, sizeof(Struct)));
     return result;

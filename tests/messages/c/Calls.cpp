@@ -826,6 +826,21 @@ TEST_F(Calls, HandOutAsMuchAsThereIs) {
     EXPECT_EQ(Cut("Hi", nullptr)->part_count, 1U);
 }
 
+/// One list is larger than any block of memory before it.
+TEST_F(Calls, HandOutALongList) {
+    std::string text;
+    for (unsigned int character = 0x4E00; character < 0x4E00 + 3000; ++character)
+        for (const unsigned int octet :
+             {0xE0U | character >> 12U, 0x80U | (character >> 6U & 0x3FU), 0x80U | (character & 0x3FU)})
+            text += static_cast<char>(octet);
+    const qx_explanation* explained = nullptr;
+    ASSERT_EQ(qx_explain(m_Cutter.get(), text.data(), text.size(), nullptr, &explained), QX_OK);
+    ASSERT_EQ(explained->character_count, 3000U);
+    EXPECT_EQ(explained->characters[0]->character, 0x4E00U);
+    EXPECT_EQ(explained->characters[2999]->character, 0x4E00U + 2999);
+    EXPECT_EQ(explained->characters[2999]->offset, 3U * 2999);
+}
+
 TEST(ResultText, IsThereForEachResult) {
     EXPECT_STREQ(qx_result_text(QX_OK), "done");
     EXPECT_STREQ(qx_result_text(QX_NO_MEMORY), "there was no memory");
