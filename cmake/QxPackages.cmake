@@ -91,6 +91,8 @@ qx_package(sqlite libqx-messages-sqlite libs
 "short messages read by SQL - extension of SQLite
 Functions for PDUs in tables of SQLite: text, address, time and every field
 of short messages, texts of several parts, pages of cell broadcast.")
+file(WRITE ${debian}/libqx-messages-sqlite/triggers "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_SQLITE_PACKAGE_CONTROL_EXTRA ${debian}/libqx-messages-sqlite/triggers)
 
 set(CPACK_COMPONENTS_ALL toolkit encoding dev messages messages_dev tool sqlite)
 include(CPack)
