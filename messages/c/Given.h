@@ -37,6 +37,7 @@ struct FirstSize;
     struct FirstSize<structure> {                                                                            \
         static constexpr std::size_t c_octets = (offsetof(structure, last) + sizeof(structure::last));       \
     }
+// NOLINTBEGIN(bugprone-sizeof-expression): some of the last ones are pointers
 QX_FIRST_SIZE(qx_address, written);
 QX_FIRST_SIZE(qx_timestamp, unix_seconds);
 QX_FIRST_SIZE(qx_validity, until);
@@ -50,6 +51,7 @@ QX_FIRST_SIZE(qx_read_options, announced_length);
 QX_FIRST_SIZE(qx_cut_options, message_class);
 QX_FIRST_SIZE(qx_join_limits, seconds);
 QX_FIRST_SIZE(qx_cell_draft, message_class);
+// NOLINTEND(bugprone-sizeof-expression)
 #undef QX_FIRST_SIZE
 
 /// A structure as this library has it: members that the caller's lacks are 0.
