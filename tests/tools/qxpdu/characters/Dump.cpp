@@ -96,6 +96,7 @@ TEST(Dump, LineWithoutCharactersIsKnownByItsOffset) {
         }
     }
     EXPECT_TRUE(EndsDump("0000040", 32)) << "octal";
+    EXPECT_TRUE(EndsDump("0000020", 32)) << "hexadecimal";
     EXPECT_EQ(ReadDump("0000  07 91\n0002  21 43\n0004\n"), "07912143");
     EXPECT_EQ(ReadDump("0000  07 91\n0002\n"), "0791");
     EXPECT_FALSE(ReadDump("0000  07 91\n"));

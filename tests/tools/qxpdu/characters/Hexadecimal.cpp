@@ -82,6 +82,7 @@ TEST(ReadHex, WhatMightBeMistakenIsRefusedWithItsPlace) {
         {"10:00:00 0791AB", "colons or hyphens stand between some of the octets, but not all"},
         {"10:00:00 07 91 AB", "colons or hyphens stand between some of the octets, but not all"},
         {"2026-11-22 0791AB", "colons or hyphens stand between some of the octets, but not all"},
+        {"07 91: 21", "colons or hyphens stand between some of the octets, but not all"},
         {"0791:21", "colons or hyphens stand between some of the octets, but not all"},
         {"07:91AB", "colons or hyphens stand between some of the octets, but not all"},
         {"07,9-1", "character 5, '-', stands inside an octet"},

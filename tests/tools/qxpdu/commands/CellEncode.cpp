@@ -26,6 +26,7 @@ TEST(QxpduCellEncode, PageHasTheHeaderThatIsAskedFor) {
     EXPECT_EQ(HeadOf({"--id", "0x1112"}), "000011120F11C874");
     EXPECT_EQ(HeadOf({"--id", "0X1112"}), "000011120F11C874");
     EXPECT_EQ(HeadOf({"--id", "ETWS earthquake"}), "000011000F11C874");
+    EXPECT_EQ(HeadOf({"--id", "reserved, a (U)SIM's mark for an empty entry"}), "0000FFFF0F11C874");
     EXPECT_EQ(HeadOf({"--scope", "1", "--code", "50", "--update", "1"}), "432100000F11C874");
     EXPECT_EQ(HeadOf({"--scope", "3", "--code", "1023", "--update", "15"}), "FFFF00000F11C874");
     EXPECT_EQ(HeadOf({"--serial", "0x4321"}), "432100000F11C874");
@@ -136,17 +137,17 @@ TEST(QxpduCellEncode, ObjectsSetTheirOptions) {
 
 TEST(QxpduCellEncode, SerialNumberOfAnObjectIsWholeOrInPieces) {
     const auto serialOf = [](const char* members) {
-        const Outcome run = Qxpdu({"cell", "encode", "--jsonl", "--serial", "2"},
+        const Outcome run = Qxpdu({"cell", "encode", "--jsonl", "--serial", "0x0322"},
                                   std::string(R"({"text": "Hi")") + members + "}\n");
         const json object = json::parse(run.out);
         return object.contains("error") ? object["error"].get<std::string>()
                                         : object["pdus"][0]["octets"].get<std::string>().substr(0, 4);
     };
-    EXPECT_EQ(serialOf(""), "0002") << "of the command line";
+    EXPECT_EQ(serialOf(""), "0322") << "of the command line";
     EXPECT_EQ(serialOf(R"(, "serial": 3)"), "0003");
-    EXPECT_EQ(serialOf(R"(, "scope": 1)"), "4002");
+    EXPECT_EQ(serialOf(R"(, "scope": 1)"), "4322");
     EXPECT_EQ(serialOf(R"(, "code": 1)"), "0012");
-    EXPECT_EQ(serialOf(R"(, "update": 1)"), "0001");
+    EXPECT_EQ(serialOf(R"(, "update": 1)"), "0321");
     for (const char* members :
          {R"(, "serial": 3, "scope": 1)", R"(, "code": 1, "serial": 3)", R"(, "update": 1, "serial": 3)"})
         EXPECT_EQ(serialOf(members), "serial: not with scope, code or update");
