@@ -182,6 +182,11 @@ TEST(QxpduCount, LanguagesThatWouldSaveAreToldTheCheapestFirst) {
                   .out.find("with --language tr GSM 7-bit, Turkish locking shift, 8 septets, 1 part, room "
                             "for 147 septets; saves 2 octets\nwith --language pt "),
               std::string::npos);
+    const std::string given = Qxpdu({"count", "--language", "tr,pt", Repeated("ç", 10)}).out;
+    EXPECT_EQ(given.find("with --language tr"), std::string::npos) << "as it goes out";
+    EXPECT_NE(given.find("\nwith --language pt GSM 7-bit, Portuguese locking shift, 10 septets, 1 part, room "
+                         "for 145 septets; saves 6 octets\n"),
+              std::string::npos);
     EXPECT_FALSE(CountOf({"ş"}).contains("with_languages")) << "a header is longer";
     EXPECT_FALSE(CountOf({Repeated("a", 200)}).contains("with_languages"));
     EXPECT_FALSE(CountOf({"--alphabet", "ucs2", text}).contains("with_languages"));
