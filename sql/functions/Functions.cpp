@@ -61,10 +61,7 @@ Value RemarksOf(const show::Message& message) {
         return "[]";
     show::JsonText object;
     show::WriteRemarks(message.reading.remarks, object);
-    std::string_view text = object.Finish();
-    text.remove_prefix(text.find('['));
-    text.remove_suffix(text.size() - text.rfind(']') - 1);
-    return std::string(text);
+    return std::string(ArrayIn(object.Finish()));
 }
 
 Value BroadcastTextOf(show::Broadcast& broadcast) {
@@ -94,6 +91,11 @@ const std::array<MessageFunction, 9> c_messageFunctions = {{{"sms_text", TextOf}
 
 const std::array<BroadcastFunction, 2> c_broadcastFunctions = {
     {{"cbs_text", BroadcastTextOf}, {"cbs_json", BroadcastJsonOf}}};
+
+std::string_view ArrayIn(std::string_view object) {
+    const std::size_t begin = object.find('[');
+    return object.substr(begin, object.rfind(']') + 1 - begin);
+}
 
 Value Call(const MessageFunction& function, PduReader& reader, const Given& given, std::string_view options) {
     const show::Message* const message = reader.Read(given, options);

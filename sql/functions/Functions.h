@@ -44,6 +44,9 @@ Value BroadcastErrorOf(const Given& given, std::string_view format);
 /// have one that is worked out from number and text. Throws Misuse where there are no PDUs.
 std::string Encode(std::string_view number, std::string_view text, std::optional<std::int64_t> reference);
 
+/// The array that an object of JSON has, which has but one.
+std::string_view ArrayIn(std::string_view object);
+
 /// One row of sms_fields.
 struct FieldRow {
     std::string_view name; ///< "TP-OA"

@@ -31,7 +31,7 @@ WHERE (sms_error(pdu, options) IS NULL) <> ((means->'fault'->>'octet') IS NULL)
 SELECT 'broken', pdu, options FROM told
 WHERE (means->>'fault') IS NOT NULL
   AND coalesce(sms_text(pdu, options), sms_address(pdu, options), sms_time(pdu, options), sms_type(pdu, options),
-               sms_json(pdu, options), sms_remarks(pdu, options),
+               CAST(sms_json(pdu, options) AS text), CAST(sms_remarks(pdu, options) AS text),
                CAST(sms_reference(pdu, options) AS text), CAST(sms_part(pdu, options) AS text),
                CAST(sms_parts(pdu, options) AS text)) IS NOT NULL;
 
@@ -69,7 +69,7 @@ SELECT 'remarks', pdu, options, sms_remarks(pdu, options), means->>'remarks' FRO
 WHERE (means->>'fault') IS NULL
   AND (json_array_length(sms_remarks(pdu, options)) <> json_array_length(means->'remarks')
     OR (json_array_length(means->'remarks') = 1
-        AND sms_remarks(pdu, options) NOT LIKE '[{"code":"' || (means->'remarks'->0->>'code') ||
+        AND CAST(sms_remarks(pdu, options) AS text) NOT LIKE '[{"code":"' || (means->'remarks'->0->>'code') ||
             '","octet":' || (means->'remarks'->0->>'octet') || ',%'));
 
 -- Fields that are numbers, those of broken PDUs as well as far as they are there.
@@ -88,9 +88,9 @@ WHERE (means->>'fault') IS NULL AND json_array_length(means->'pages') = 1 AND CA
 SELECT 'error of a page', page, format, cbs_error(page, format) FROM pages
 WHERE (cbs_error(page, format) IS NULL) <> ((means->'fault'->>'octet') IS NULL)
    OR cbs_error(page, format) NOT LIKE 'octet ' || (means->'fault'->>'octet') || ': %'
-   OR ((means->>'fault') IS NOT NULL AND coalesce(cbs_text(page, format), cbs_json(page, format)) IS NOT NULL);
+   OR ((means->>'fault') IS NOT NULL AND coalesce(cbs_text(page, format), CAST(cbs_json(page, format) AS text)) IS NOT NULL);
 
 SELECT 'JSON of a page', page, format, cbs_json(page, format) FROM pages
 WHERE (means->>'fault') IS NULL
-  AND cbs_json(page, format) NOT LIKE '{"format":2,"octets":"' || page || '","type":"%,"message_identifier":{"raw":' ||
+  AND CAST(cbs_json(page, format) AS text) NOT LIKE '{"format":2,"octets":"' || page || '","type":"%,"message_identifier":{"raw":' ||
       (means->>'identifier') || ',%';

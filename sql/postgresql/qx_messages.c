@@ -1,0 +1,170 @@
+/* The functions as the server calls them. */
+#include "postgres.h"
+
+#include "access/detoast.h"
+#include "catalog/pg_type.h"
+#include "fmgr.h"
+#include "mb/pg_wchar.h"
+#include "utils/array.h"
+#include "utils/builtins.h"
+#include "utils/memutils.h"
+
+#include "sql/postgresql/Wall.h"
+
+PG_MODULE_MAGIC;
+
+static const qx_view c_none = {"", 0};
+
+/* What is handed out becomes the server's, and is freed before the server can be left by an error. */
+static Datum
+take(qx_value value, FunctionCallInfo fcinfo)
+{
+    struct varlena* text = NULL;
+    char* misuse = NULL;
+
+    if (value.kind == QX_NULL)
+        PG_RETURN_NULL();
+    if (value.kind == QX_NUMBER)
+        PG_RETURN_INT32((int32) value.number);
+    if (value.kind == QX_TEXT) {
+        text = palloc_extended(VARHDRSZ + value.size, MCXT_ALLOC_NO_OOM);
+        if (text != NULL) {
+            SET_VARSIZE(text, VARHDRSZ + value.size);
+            memcpy(VARDATA(text), value.text, value.size);
+        }
+    } else if (value.kind == QX_MISUSE) {
+        misuse = palloc_extended(value.size + 1, MCXT_ALLOC_NO_OOM);
+        if (misuse != NULL) {
+            memcpy(misuse, value.text, value.size);
+            misuse[value.size] = '\0';
+        }
+    }
+    free(value.text);
+    if (misuse != NULL)
+        ereport(ERROR, (errcode(ERRCODE_INVALID_PARAMETER_VALUE), errmsg("%s", misuse)));
+    if (text == NULL)
+        ereport(ERROR, (errcode(ERRCODE_OUT_OF_MEMORY), errmsg("out of memory")));
+    if (GetDatabaseEncoding() != PG_UTF8) {
+        char* const converted = pg_any_to_server(VARDATA(text), (int) VARSIZE(text) - VARHDRSZ, PG_UTF8);
+
+        if (converted != VARDATA(text))
+            PG_RETURN_TEXT_P(cstring_to_text(converted));
+    }
+    PG_RETURN_TEXT_P(text);
+}
+
+static qx_view
+view_of(const struct varlena* packed)
+{
+    const qx_view view = {VARDATA_ANY(packed), VARSIZE_ANY_EXHDR(packed)};
+
+    return view;
+}
+
+/* An argument that is text, in UTF-8. */
+static qx_view
+utf8_of(const struct varlena* packed)
+{
+    qx_view view = view_of(packed);
+
+    if (GetDatabaseEncoding() != PG_UTF8) {
+        view.data = pg_server_to_any(view.data, (int) view.size, PG_UTF8);
+        if (view.data != VARDATA_ANY(packed))
+            view.size = strlen(view.data);
+    }
+    return view;
+}
+
+/* A PDU or a page. Of content that is too long only the length is asked for. */
+static qx_given
+given_of(Datum datum, bool is_text)
+{
+    qx_given given = {{NULL, toast_raw_datum_size(datum) - VARHDRSZ}, is_text};
+
+    if (!qx_is_too_long(given.content.size, is_text))
+        given.content = view_of(PG_DETOAST_DATUM_PACKED(datum));
+    return given;
+}
+
+static Datum
+call(const char* name, bool is_text, FunctionCallInfo fcinfo)
+{
+    const qx_given given = given_of(PG_GETARG_DATUM(0), is_text);
+    const qx_view options = PG_NARGS() > 1 ? utf8_of((struct varlena*) PG_GETARG_TEXT_PP(1)) : c_none;
+
+    return take(qx_call(name, given, options), fcinfo);
+}
+
+/* One function of a bytea, and one of text. */
+#define QX_FUNCTIONS(name)                        \
+    PG_FUNCTION_INFO_V1(name##_octets);           \
+    PG_FUNCTION_INFO_V1(name##_digits);           \
+    Datum name##_octets(PG_FUNCTION_ARGS)         \
+    {                                             \
+        return call(#name, false, fcinfo);        \
+    }                                             \
+    Datum name##_digits(PG_FUNCTION_ARGS)         \
+    {                                             \
+        return call(#name, true, fcinfo);         \
+    }                                             \
+    extern int name##_ends_here
+
+QX_FUNCTIONS(sms_text);
+QX_FUNCTIONS(sms_address);
+QX_FUNCTIONS(sms_time);
+QX_FUNCTIONS(sms_type);
+QX_FUNCTIONS(sms_reference);
+QX_FUNCTIONS(sms_part);
+QX_FUNCTIONS(sms_parts);
+QX_FUNCTIONS(sms_json);
+QX_FUNCTIONS(sms_remarks);
+QX_FUNCTIONS(sms_error);
+QX_FUNCTIONS(sms_fields);
+QX_FUNCTIONS(cbs_text);
+QX_FUNCTIONS(cbs_json);
+QX_FUNCTIONS(cbs_error);
+
+PG_FUNCTION_INFO_V1(sms_encode_json);
+Datum
+sms_encode_json(PG_FUNCTION_ARGS)
+{
+    const qx_view number = utf8_of((struct varlena*) PG_GETARG_TEXT_PP(0));
+    const qx_view message = utf8_of((struct varlena*) PG_GETARG_TEXT_PP(1));
+    const int64_t reference = PG_NARGS() > 2 ? PG_GETARG_INT32(2) : 0;
+
+    return take(qx_encode(number, message, PG_NARGS() > 2 ? &reference : NULL), fcinfo);
+}
+
+static Datum
+join(bool are_text, FunctionCallInfo fcinfo)
+{
+    Datum* elements;
+    bool* nulls;
+    int count;
+    qx_view* pdus;
+    const Oid type = are_text ? TEXTOID : BYTEAOID;
+
+    deconstruct_array(PG_GETARG_ARRAYTYPE_P(0), type, -1, false, TYPALIGN_INT, &elements, &nulls, &count);
+    pdus = MemoryContextAllocHuge(CurrentMemoryContext, sizeof(*pdus) * ((Size) count + 1));
+    for (int i = 0; i < count; i++) {
+        pdus[i].data = NULL;
+        pdus[i].size = 0;
+        if (!nulls[i])
+            pdus[i] = given_of(elements[i], are_text).content;
+    }
+    return take(qx_join(pdus, (size_t) count, are_text), fcinfo);
+}
+
+PG_FUNCTION_INFO_V1(sms_join_octets);
+Datum
+sms_join_octets(PG_FUNCTION_ARGS)
+{
+    return join(false, fcinfo);
+}
+
+PG_FUNCTION_INFO_V1(sms_join_digits);
+Datum
+sms_join_digits(PG_FUNCTION_ARGS)
+{
+    return join(true, fcinfo);
+}

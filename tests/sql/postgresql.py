@@ -1,0 +1,138 @@
+"""The functions in PostgreSQL: the vectors, what is no PDU, and that the server is the same one afterwards.
+
+usage: postgresql.py EXTENSION SOURCE-TREE LIBRARY…
+"""
+import pathlib
+import re
+import sys
+
+from server import Installation, Server
+
+extension, source, *libraries = map(pathlib.Path, sys.argv[1:])
+HI = "00040C9144770009103200006211128051038002C834"
+OPTIONS = "is no option; there are smsc=yes|no, direction=to-mobile|from-mobile, failure-cause=yes|no and length=N"
+
+# What a statement gives, or how its error begins.
+CASES = [
+    (f"SELECT sms_text('{HI}'), sms_text('\\x{HI}'::bytea)", "Hi|Hi"),
+    (f"SELECT sms_address('{HI}'), sms_time('{HI}'), sms_type('{HI}'), sms_error('{HI}')",
+     "+447700900123|2026-11-21T08:15:30+02:00|SMS-DELIVER|NULL"),
+    (f"SELECT sms_reference('{HI}'), sms_part('{HI}'), sms_parts('{HI}'), sms_remarks('{HI}')", "NULL|NULL|NULL|[]"),
+    ("SELECT sms_reference(p), sms_part(p), sms_parts(p), sms_text(p) FROM (SELECT '00440C91447700091032000862111280510300"
+     "0A05000307030200630064'::text AS p) AS one", "7|2|3|cd"),
+    (f"SELECT sms_json('{HI}')->'tp_scts'->>'time', sms_json('{HI}')->>'text'", "2026-11-21T08:15:30+02:00|Hi"),
+    (f"SELECT name, value, octet, length, mask FROM sms_fields('{HI}') WHERE octet IN (1, 2, 20)",
+     "TP-MTI|0|1|1|3\nTP-MMS|1|1|1|4\nTP-LP|0|1|1|8\nTP-SRI|0|1|1|32\nTP-UDHI|0|1|1|64\nTP-RP|0|1|1|128\n"
+     "TP-OA|+447700900123|2|8|255\nTP-UD|Hi|20|2|255"),
+    ("SELECT name, value, meaning FROM sms_fields('00040C91'::text) WHERE octet > 1", "TP-OA|0C91|NULL"),
+    (f"SELECT count(*) FROM sms_fields('\\x{HI[2:]}'::bytea, 'smsc=no')", "12"),
+    ("SELECT count(*) FROM sms_fields(repeat('0', 9000))", "0"),
+    (f"SELECT sms_text('{HI[2:]}', 'smsc=no, direction=to-mobile')", "Hi"),
+    (f"SELECT sms_text('{HI}', 'smsc=maybe')", "ERROR:  'smsc=maybe' " + OPTIONS),
+    ("SELECT sms_error('00040C91'), sms_text('00040C91'), sms_error('no'), sms_error('')",
+     "octet 2: the octets end in TP-OA, which takes 8 octets: 2 are there|NULL|octet 0: octet 0 is no pair of hexadecimal digits|"
+     "octet 0: there is not one octet"),
+    ("SELECT sms_text(NULL::text), sms_error(NULL::bytea), sms_json(NULL::text), cbs_text(NULL::text), sms_encode(NULL, 'a'), "
+     "sms_join(NULL::bytea)", "NULL|NULL|NULL|NULL|NULL|NULL"),
+    ("SELECT sms_text(1)", "ERROR:  function sms_text(integer) does not exist"),
+    ("SELECT sms_text(1.5)", "ERROR:  function sms_text(numeric) does not exist"),
+    ("SELECT sms_text()", "ERROR:  function sms_text() does not exist"),
+    # U+0000, which no text of the server can hold, and a backslash before u0000 as it was sent
+    ("SELECT sms_text(p), sms_json(p)->>'text', sms_fields.value FROM (SELECT '00040C9144770009103200086211128051030004"
+     "00410000'::text AS p) AS one, sms_fields(p) WHERE name = 'TP-UD'", "A\ufffd|A\ufffd|A\ufffd"),
+    ("SELECT sms_json('00040C914477000910320008621112805103000E005C00750030003000300030' || '0041')->>'text'", r"\u0000A"),
+    ("SELECT cbs_text('403211120111C8329BFD06'), cbs_json('403211120111C8329BFD06')->>'type', cbs_error('4032')",
+     "Hello|GSM page|octet 2: the octets end in message identifier, which takes 2 octets: 0 are there"),
+    ("SELECT cbs_json('200011010300', 'etws')->>'type', cbs_text('200011010300', 'etws')", "ETWS primary notification|NULL"),
+    ("SELECT sms_encode('+447700900123', 'Hi')", "{0001000C91447700091032000002C834}"),
+    ("SELECT array_length(sms_encode('+447700900123', repeat('a', 161), 5), 1), "
+     "sms_encode('+447700900123', repeat('a', 161), 5)::text LIKE '{%0500030502%,%0500030502%}'", "2|t"),
+    ("SELECT sms_encode('Bob', 'Hi')", "ERROR:  octet 0 of the number is of no digit"),
+    ("SELECT sms_encode('1', 'Hi', 65536)", "ERROR:  the reference 65536 is none of 0 to 65535"),
+    # in any order, one of them twice, and what is broken among them
+    ("SELECT sms_join(p), count(*) FROM (SELECT unnest(sms_encode('+447700900123', repeat('a', 400) || 'b')) AS p UNION ALL "
+     "SELECT (sms_encode('+447700900123', repeat('a', 400) || 'b'))[2] UNION ALL SELECT NULL UNION ALL SELECT '00' "
+     "ORDER BY 1 DESC) AS parts HAVING sms_join(p) <> repeat('a', 400) || 'b'", ""),
+    ("SELECT sms_join(decode(p, 'hex')) = repeat('a', 400) FROM unnest(sms_encode('+44', repeat('a', 400))) AS p", "t"),
+    ("SELECT sms_join(p) FROM unnest((sms_encode('+44', repeat('a', 400)))[1:2]) AS p", "NULL"),
+    (f"SELECT sms_join(p) FROM (VALUES ('{HI}'), ('{HI}')) AS two(p)", "NULL"),
+    (f"SELECT sms_join('{HI}') OVER ()", "Hi"),
+    ("SELECT sms_join(p) FROM (SELECT ''::text AS p WHERE false) AS none", "NULL"),
+    # huge values: they are neither read nor copied
+    ("SELECT sms_error(repeat('0', 1000000000))", "over 4096 octets, which no message has"),
+    ("CREATE TABLE huge AS SELECT decode(repeat('00', 10000000), 'hex') AS pdu; SELECT sms_error(pdu), sms_join(pdu) FROM huge GROUP BY pdu; "
+     "DROP TABLE huge", "over 4096 octets, which no message has|NULL"),
+    ("SELECT sms_type(repeat('00', 4096)), sms_error(repeat('00', 4097))", "SMS-DELIVER|over 4096 octets, which no message has"),
+    # a statement that is cancelled
+    ("SET statement_timeout = 300; SELECT count(sms_json(repeat('0', i % 50))) FROM generate_series(1, 1000000000) AS i",
+     "ERROR:  canceling statement due to statement timeout"),
+    ("SET statement_timeout = 300; SELECT sms_join(repeat('0', i % 50)) FROM generate_series(1, 1000000000) AS i",
+     "ERROR:  canceling statement due to statement timeout"),
+    # no memory for the state of an aggregate over a gigabyte
+    ("SELECT provolatile, proisstrict, proparallel, count(*) > 60 FROM pg_proc JOIN pg_depend ON objid = pg_proc.oid WHERE deptype = 'e' "
+     "AND refobjid = (SELECT oid FROM pg_extension WHERE extname = 'qx_messages') AND prokind = 'f' GROUP BY 1, 2, 3", "i|t|s|t"),
+    # an index on an expression
+    (f"CREATE TABLE archive(pdu text); INSERT INTO archive SELECT '{HI}' FROM generate_series(1, 1000); INSERT INTO archive VALUES ('00'); "
+     "CREATE INDEX ON archive(sms_error(pdu)); SET enable_seqscan = off; EXPLAIN (COSTS OFF) SELECT 1 FROM archive WHERE sms_error(pdu) = 'x'",
+     "Bitmap Heap Scan on archive\n  Recheck Cond: (sms_error(pdu) = 'x'::text)\n  ->  Bitmap Index Scan on archive_sms_error_idx\n"
+     "        Index Cond: (sms_error(pdu) = 'x'::text)"),
+    # workers, whose groups are put together
+    ("SET parallel_setup_cost = 0; SET parallel_tuple_cost = 0; SET min_parallel_table_scan_size = 0; ALTER TABLE archive SET (parallel_workers = 2);"
+     "EXPLAIN (COSTS OFF) SELECT count(sms_text(pdu)), sms_join(pdu) FROM archive; SELECT count(sms_text(pdu)), sms_join(pdu) FROM archive",
+     "Finalize Aggregate\n  ->  Gather\n        Workers Planned: 2\n        ->  Partial Aggregate\n"
+     "              ->  Parallel Seq Scan on archive\n1000|NULL"),
+    # a server in another encoding
+    ("CREATE DATABASE latin TEMPLATE template0 ENCODING 'LATIN1' LC_COLLATE 'C' LC_CTYPE 'C'", ""),
+    ("DROP EXTENSION qx_messages CASCADE; CREATE EXTENSION qx_messages; SELECT sms_text('" + HI + "')",
+     "NOTICE:  drop cascades to index archive_sms_error_idx\nHi"),
+]
+
+LATIN = [
+    ("SET client_encoding = 'UTF8'; CREATE EXTENSION qx_messages; SELECT sms_text('00040C91447700091032000862111280510300' || '0200E9'), "
+     "octet_length(sms_text('00040C91447700091032000862111280510300' || '0200E9')), (sms_encode('+44', 'é'))[1]", "é|1|000100029144000001" "05"),
+    ("SELECT sms_text('00040C91447700091032000862111280510300' || '020416')",
+     'ERROR:  character with byte sequence 0xd0 0x96 in encoding "UTF8" has no equivalent in encoding "LATIN1"'),
+]
+
+installation = Installation(extension, source / "sql/postgresql", libraries)
+server = Server(installation)
+try:
+    server.start()
+    if refusal := server.rows("CREATE EXTENSION qx_messages"):
+        raise SystemExit(refusal)
+    faults = []
+
+    def check(cases, database):
+        for statement, expected in cases:
+            given = server.rows(statement, database)
+            given = re.sub(r"^psql:[^ ]*: ", "", given, flags=re.MULTILINE)
+            if not (given.startswith(expected) if expected.startswith("ERROR") else given == expected):
+                faults.append(f"{statement[:300]}\n  gives {given[:1500]}\n  not   {expected[:1500]}")
+
+    # One session through all that ends badly, in one process of the server.
+    begun = server.rows("SELECT pg_postmaster_start_time()")
+    every = "".join(f"{statement};\n" for statement, expected in CASES if expected.startswith("ERROR") or "repeat(" in statement)
+    session = server.rows(f"SELECT 'process ' || pg_backend_pid();\n{every}\nRESET statement_timeout; SELECT 'process ' || pg_backend_pid()")
+    processes = re.findall(r"^process \d+$", session, re.MULTILINE)
+    if len(processes) != 2 or processes[0] != processes[1]:
+        faults.append(f"the session ended in another process: {session[-2000:]}")
+    check(CASES, "postgres")
+    check(LATIN, "latin")
+
+    # The server holds no U+0000, and the functions give U+FFFD for it.
+    vectors = installation.folder / "vectors.jsonl"
+    files = sorted((source / "tests/vectors").glob("*.jsonl"))
+    vectors.write_text("".join(file.read_text(encoding="utf-8") for file in files).replace("\\u0000", "\ufffd"), encoding="utf-8")
+    differing = server.rows("CREATE TABLE vectors(line json);\n"
+                            f"\\copy vectors FROM '{vectors}' WITH (FORMAT csv, QUOTE E'\\x01', DELIMITER E'\\x02')\n"
+                            + (source / "tests/sql/vectors.sql").read_text(encoding="utf-8"))
+    if differing:
+        faults.append(f"vectors: {differing[:3000]}")
+    if server.rows("SELECT pg_postmaster_start_time()") != begun:
+        faults.append("the server has started again")
+    if faults:
+        raise SystemExit("\n".join(faults) + f"\n{len(faults)} of {len(CASES) + len(LATIN)} differ")
+    print(f"{len(CASES) + len(LATIN)} statements and the vectors: as expected")
+finally:
+    server.stop()
+    installation.remove()
