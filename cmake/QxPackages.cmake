@@ -94,5 +94,19 @@ of short messages, texts of several parts, pages of cell broadcast.")
 file(WRITE ${debian}/libqx-messages-sqlite/triggers "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_SQLITE_PACKAGE_CONTROL_EXTRA ${debian}/libqx-messages-sqlite/triggers)
 
-set(CPACK_COMPONENTS_ALL toolkit encoding dev messages messages_dev tool sqlite)
+qx_package(python python3-qxpdu python "libqx-messages1 (>= ${PROJECT_VERSION}), python3 (>= 3.11)"
+"short messages and cell broadcast pages from Python
+Reads and writes PDUs of all six types, counts and cuts texts, joins parts and
+pages, by 3GPP TS 23.038, TS 23.040 and TS 23.041.")
+# Python's own tools make what it would otherwise make when it runs, and take it away.
+foreach(script IN ITEMS "postinst py3compile" "prerm py3clean")
+  string(REPLACE " " ";" script "${script}")
+  list(GET script 0 name)
+  list(GET script 1 command)
+  file(WRITE ${debian}/python3-qxpdu/${name} "#!/bin/sh\nset -e\nif command -v ${command} >/dev/null 2>&1; then\n"
+    "    ${command} -p python3-qxpdu\nfi\n")
+  list(APPEND CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA ${debian}/python3-qxpdu/${name})
+endforeach()
+
+set(CPACK_COMPONENTS_ALL toolkit encoding dev messages messages_dev tool sqlite python)
 include(CPack)

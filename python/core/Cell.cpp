@@ -216,10 +216,7 @@ void AddPageJoiner(PyObject* module, State& state) {
         {Py_tp_methods, c_methods},
         {0, nullptr},
     };
-    static PyType_Spec spec = {"qxpdu.PageJoiner", sizeof(PageJoiner), 0,
-                               Py_TPFLAGS_DEFAULT | Py_TPFLAGS_IMMUTABLETYPE, slots};
-    state.pageJoinerType = Made(PyType_FromModuleAndSpec(module, &spec, nullptr)).Release();
-    Done(PyModule_AddObjectRef(module, "PageJoiner", state.pageJoinerType));
+    state.pageJoinerType = AddType(module, "qxpdu.PageJoiner", sizeof(PageJoiner), true, slots);
 }
 
 } // namespace qxpdu

@@ -12,6 +12,15 @@ void Check(qx_result result) {
         Raise(PyExc_ValueError, "%s", qx_result_text(result));
 }
 
+PyObject* AddType(PyObject* module, const char* name, std::size_t size, bool isCalled, PyType_Slot* slots) {
+    const unsigned int called = isCalled ? 0U : Py_TPFLAGS_DISALLOW_INSTANTIATION;
+    const auto flags = static_cast<unsigned int>(Py_TPFLAGS_DEFAULT | Py_TPFLAGS_IMMUTABLETYPE | called);
+    PyType_Spec type = {name, static_cast<int>(size), 0, flags, slots};
+    Ref made = Made(PyType_FromModuleAndSpec(module, &type, nullptr));
+    Done(PyModule_AddType(module, reinterpret_cast<PyTypeObject*>(made.Get())));
+    return made.Release();
+}
+
 Arguments::Arguments(const Signature& signature, PyObject* const* values, Py_ssize_t count,
                      PyObject* keywords)
     : m_signature(signature) {

@@ -263,7 +263,11 @@ private:
     std::array<PyObject*, c_most> m_values{};
 };
 
-// Objects of the module's types.
+// The module's types and their objects.
+
+/// Adds a type, whose name is "qxpdu.Message": final, not to be changed and, where that is said, not called.
+/// A new reference.
+PyObject* AddType(PyObject* module, const char* name, std::size_t size, bool isCalled, PyType_Slot* slots);
 
 inline Ref Allocated(PyTypeObject* type) {
     return Made(reinterpret_cast<allocfunc>(PyType_GetSlot(type, Py_tp_alloc))(type, 0));

@@ -183,10 +183,7 @@ void AddJoiner(PyObject* module, State& state) {
         {Py_sq_length, reinterpret_cast<void*>(Length)},
         {0, nullptr},
     };
-    static PyType_Spec spec = {"qxpdu.Joiner", sizeof(Joiner), 0,
-                               Py_TPFLAGS_DEFAULT | Py_TPFLAGS_IMMUTABLETYPE, slots};
-    state.joinerType = Made(PyType_FromModuleAndSpec(module, &spec, nullptr)).Release();
-    Done(PyModule_AddObjectRef(module, "Joiner", state.joinerType));
+    state.joinerType = AddType(module, "qxpdu.Joiner", sizeof(Joiner), true, slots);
 }
 
 } // namespace qxpdu

@@ -686,11 +686,7 @@ void AddMessage(PyObject* module, State& state) {
         {Py_tp_getset, Properties()},
         {0, nullptr},
     };
-    static PyType_Spec spec = {
-        "qxpdu.Message", sizeof(Message), 0,
-        Py_TPFLAGS_DEFAULT | Py_TPFLAGS_DISALLOW_INSTANTIATION | Py_TPFLAGS_IMMUTABLETYPE, slots};
-    state.messageType = Made(PyType_FromModuleAndSpec(module, &spec, nullptr)).Release();
-    Done(PyModule_AddObjectRef(module, "Message", state.messageType));
+    state.messageType = AddType(module, "qxpdu.Message", sizeof(Message), false, slots);
 }
 
 void ForgetReaders(State& state) noexcept {

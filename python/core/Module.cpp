@@ -214,6 +214,7 @@ PyModuleDef c_module = {
 } // namespace
 } // namespace qxpdu
 
+// NOLINTNEXTLINE(bugprone-reserved-identifier): Python looks for this name
 PyMODINIT_FUNC PyInit__core() {
     return PyModuleDef_Init(&qxpdu::c_module);
 }
