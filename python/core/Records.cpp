@@ -67,7 +67,8 @@ Ref ValueOf(State& state, const qx_element& element) {
 
 /// A zone, made when it is first asked for.
 Ref ZoneOf(State& state, int quarters) {
-    PyObject*& zone = state.zones[static_cast<std::size_t>(quarters + State::c_mostQuarters)];
+    const int index = quarters + State::c_mostQuarters;
+    PyObject*& zone = state.zones[static_cast<std::size_t>(index)];
     if (zone == nullptr) {
         const Ref offset = Made(PyObject_CallFunction(state.timedelta, "ii", 0, quarters * 900));
         Ref made = Made(PyObject_CallFunctionObjArgs(state.timezone, offset.Get(), nullptr));
