@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
     if (argc != 3)
         fprintf(stderr, "usage: send NUMBER TEXT\n");
     else if ((result = qx_make_number(maker, argv[1], strlen(argv[1]), &to)) != QX_OK)
-        fprintf(stderr, "%s is no number\n", argv[1]);
+        fprintf(stderr, "%s: %s\n", argv[1], result == QX_FAULT ? "no number" : qx_result_text(result));
     else if ((result = qx_cut(cutter, argv[2], strlen(argv[2]), &options, &cut)) != QX_OK)
         fprintf(stderr, "%s\n", cut != NULL ? cut->fault->meaning.data : qx_result_text(result));
     else
