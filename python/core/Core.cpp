@@ -1,9 +1,44 @@
 #include "Core.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <atomic>
 #include <cstring>
 
 namespace qxpdu {
+namespace {
+
+/// The thread in which the interpreter ends; 0 before.
+std::atomic<unsigned long> g_ender = 0;
+
+PyObject* NoteEnd(PyObject*, PyObject*) noexcept {
+    g_ender = PyThread_get_thread_ident();
+    Py_RETURN_NONE;
+}
+
+} // namespace
+
+bool IsEndedByAnother() noexcept {
+    const unsigned long ender = g_ender.load(std::memory_order_relaxed);
+    return ender != 0 && ender != PyThread_get_thread_ident();
+}
+
+void Park() noexcept {
+    for (;;)
+        pause();
+}
+
+void WatchEnd() {
+    constexpr std::int64_t c_main = 0; // with another interpreter end its own threads alone
+    if (PyInterpreterState_GetID(PyInterpreterState_Get()) != c_main)
+        return;
+    static PyMethodDef end = {"_note_end", NoteEnd, METH_NOARGS, nullptr};
+    g_ender = 0;
+    const Ref atexit = Made(PyImport_ImportModule("atexit"));
+    const Ref note = Made(PyCFunction_New(&end, nullptr));
+    Made(PyObject_CallMethod(atexit.Get(), "register", "O", note.Get()));
+}
 
 void Check(qx_result result) {
     if (result == QX_NO_MEMORY)

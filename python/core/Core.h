@@ -6,6 +6,7 @@
 
 #define PY_SSIZE_T_CLEAN
 #include <Python.h>
+#include <cxxabi.h>
 
 #include <array>
 #include <cstddef>
@@ -23,6 +24,24 @@ namespace qxpdu {
 /// Python's exception is set.
 struct PythonError {};
 
+/// Whether the interpreter ends, and not in this thread: then this one has not its lock, or loses it for good
+/// soon, and what belongs to Python stays as it is.
+bool IsEndedByAnother() noexcept;
+
+/// Stays here for good. An interpreter that ends has threads that ask for its lock unwind, through frames
+/// that are no exceptions' to pass.
+[[noreturn]] void Park() noexcept;
+
+inline void GiveUp(PyObject* object) noexcept {
+    if (object == nullptr || IsEndedByAnother())
+        return;
+    try {
+        Py_DECREF(object);
+    } catch (const abi::__forced_unwind&) {
+        Park();
+    }
+}
+
 /// A reference that is given back at the end.
 class Ref {
 public:
@@ -34,7 +53,7 @@ public:
         std::swap(m_object, other.m_object);
         return *this;
     }
-    ~Ref() { Py_XDECREF(m_object); }
+    ~Ref() { GiveUp(m_object); }
 
     PyObject* Get() const noexcept { return m_object; }
     PyObject* Release() noexcept { return std::exchange(m_object, nullptr); }
@@ -82,6 +101,8 @@ Result Guarded(Result failed, Body body) noexcept {
     } catch (const PythonError&) {
     } catch (const std::bad_alloc&) {
         PyErr_NoMemory();
+    } catch (const abi::__forced_unwind&) {
+        Park();
     }
     return failed;
 }
@@ -228,6 +249,9 @@ inline State& StateOf(PyObject* module) noexcept {
 inline State& StateOfObject(PyObject* object) noexcept {
     return *static_cast<State*>(PyType_GetModuleState(Py_TYPE(object)));
 }
+
+/// Notices the end of the interpreter from now on. REQUIRES the GIL.
+void WatchEnd();
 
 /// The arguments of a call. Names and values: what is not given is null, and None too but for Given().
 class Arguments {

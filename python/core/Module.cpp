@@ -47,6 +47,7 @@ void TakeOthers(State& state) {
 int Execute(PyObject* module) noexcept {
     return Guarded(-1, [&] {
         State& state = StateOf(module);
+        WatchEnd();
         TakeRecords(state);
         TakeOthers(state);
         AddMessage(module, state);

@@ -1,6 +1,11 @@
 """Whatever is given, there is a result or an exception: wrong types, huge values, threads, re-entered calls, no memory."""
+import _thread
 import gc
+import itertools
 import mmap
+import signal
+import subprocess
+import sys
 import threading
 import unittest
 from datetime import datetime, timedelta, timezone, tzinfo
@@ -240,6 +245,36 @@ class AtOnce(unittest.TestCase):
             gc.set_threshold(*threshold)
             gc.callbacks.remove(collect)
         self.assertEqual(set(seen), {18})
+
+
+class AtTheEnd(unittest.TestCase):
+    """What threads are in the midst of when the interpreter ends, or when a signal comes."""
+
+    def end_within(self, work):
+        program = f"import qxpdu, threading, time\n{work}\nfor _ in range(2):\n    threading.Thread(target=work, daemon=True).start()\ntime.sleep(0.1)"
+        ended = subprocess.run([sys.executable, "-c", program], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=60)
+        self.assertEqual((ended.returncode, ended.stdout), (0, b""))
+
+    def test_reading_without_the_lock(self):
+        self.end_within(f"def work():\n    while True:\n        qxpdu.decode_many(['{HELLO}'] * 10000)")
+
+    def test_in_code_of_the_caller(self):
+        self.end_within(f"def work():\n    qxpdu.decode_many('{HELLO}' for _ in iter(int, 1))")
+
+    def test_in_code_that_a_reference_runs_at_its_end(self):
+        self.end_within("class Last(bytes):\n    def __del__(self):\n        while True:\n            pass\n"
+                        "def work():\n    qxpdu.decode_many(Last(b'x') for _ in range(1))")
+
+    def test_a_signal_is_noticed_between_many(self):
+        last = bytearray.fromhex(HELLO)
+
+        def handle(*_):
+            last[:] = b"x"
+
+        self.addCleanup(signal.signal, signal.SIGALRM, signal.signal(signal.SIGALRM, handle))
+        # Sets the signal off where no code of Python's runs that would notice it.
+        pdus = itertools.chain(filter(_thread.interrupt_main, [signal.SIGALRM]), [HELLO] * 5000, [last])
+        self.assertEqual([error.code for error in qxpdu.decode_many(pdus, return_errors=True)[5000:]], ["field-cut"])
 
 
 def everything():
