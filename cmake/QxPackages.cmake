@@ -80,14 +80,14 @@ qx_package(messages_dev libqx-messages-dev libdevel "libqx-messages1 (= ${QX_DEB
 "short messages read by the standards - development files
 Headers of libQX_Messages for C++ and C, a CMake package and a pkg-config
 file.")
-qx_package(tool qxpdu comm
-"libqx-encoding1 (>= ${PROJECT_VERSION}), libqx-messages1 (>= ${PROJECT_VERSION}), libqx-toolkit1 (>= ${PROJECT_VERSION})"
+set(libraries "libqx-encoding1 (>= ${PROJECT_VERSION}), libqx-messages1 (>= ${PROJECT_VERSION})")
+string(APPEND libraries ", libqx-toolkit1 (>= ${PROJECT_VERSION})")
+qx_package(tool qxpdu comm "${libraries}"
 "short messages and cell broadcast pages between octets and text
 Encodes texts to SMS-SUBMIT PDUs, decodes and explains PDUs octet by octet,
 reads the logs of modems and streams of any length, writes JSON.")
 
-qx_package(sqlite libqx-messages-sqlite libs
-"libqx-encoding1 (>= ${PROJECT_VERSION}), libqx-messages1 (>= ${PROJECT_VERSION}), libqx-toolkit1 (>= ${PROJECT_VERSION})"
+qx_package(sqlite libqx-messages-sqlite libs "${libraries}"
 "short messages read by SQL - extension of SQLite
 Functions for PDUs in tables of SQLite: text, address, time and every field
 of short messages, texts of several parts, pages of cell broadcast.")
@@ -109,4 +109,12 @@ foreach(script IN ITEMS "postinst py3compile" "prerm py3clean")
 endforeach()
 
 set(CPACK_COMPONENTS_ALL toolkit encoding dev messages messages_dev tool sqlite python)
+
+if(TARGET qx_messages_postgresql)
+  qx_package(postgresql postgresql-15-qx-messages database "${libraries}, postgresql-15"
+"short messages read by SQL - extension of PostgreSQL 15
+Functions for PDUs in tables of PostgreSQL: text, address, time and every
+field of short messages, texts of several parts, pages of cell broadcast.")
+  list(APPEND CPACK_COMPONENTS_ALL postgresql)
+endif()
 include(CPack)
