@@ -4,6 +4,7 @@ usage: postgresql.py EXTENSION SOURCE-TREE LIBRARY…
 """
 import pathlib
 import re
+import subprocess
 import sys
 
 from server import Installation, Server
@@ -118,14 +119,11 @@ try:
         faults.append(f"the session ended in another process: {session[-2000:]}")
     check(CASES, "postgres")
     check(LATIN, "latin")
-    # A filter runs where the rows are, if the server there is said to have the extension.
-    check([(f"CREATE EXTENSION postgres_fdw; CREATE TABLE part(pdu text); INSERT INTO part VALUES ('{HI}'); CREATE SERVER far FOREIGN DATA "
-            f"WRAPPER postgres_fdw OPTIONS (host '{installation.folder}', dbname 'postgres', extensions 'qx_messages', async_capable 'true'); "
-            "CREATE USER MAPPING FOR postgres SERVER far OPTIONS (user 'postgres'); CREATE FOREIGN TABLE archive_there(pdu text) SERVER far OPTIONS (table_name 'part'); "
-            "EXPLAIN (VERBOSE, COSTS OFF) SELECT 1 FROM archive_there WHERE sms_text(pdu) = 'Hi'; "
-            "SELECT sms_text(pdu) FROM archive_there WHERE sms_text(pdu) = 'Hi'",
-            "Foreign Scan on public.archive_there\n  Output: 1\n"
-            "  Remote SQL: SELECT NULL FROM public.part WHERE ((public.sms_text(pdu) = 'Hi'::text))\nHi")], "postgres")
+    # The archive on two servers, which says itself what is wrong with it.
+    cluster = subprocess.run([source / "sql/postgresql/cluster.sh", "2000"], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                             env={**server.environment, "QX_POSTGRESQL": str(installation.bin)}, timeout=300)
+    if cluster.returncode or 'afterwards: ERROR:  could not connect to server "two"' not in cluster.stdout:
+        faults.append(f"cluster.sh: {cluster.stdout}")
 
     # The server holds no U+0000, and the functions give U+FFFD for it.
     vectors = installation.folder / "vectors.jsonl"

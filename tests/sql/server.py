@@ -23,8 +23,9 @@ class Installation:
         shared = self.folder / "usr/share/postgresql/15"
         for path in (self.bin, self.lib, shared / "extension"):
             path.mkdir(parents=True)
-        for name in ("postgres", "initdb"):
+        for name in ("postgres", "initdb", "pg_ctl"):
             shutil.copy(INSTALLED / "bin" / name, self.bin)
+        (self.bin / "psql").symlink_to(PSQL)
         for path in (INSTALLED / "lib").iterdir():
             (self.lib / path.name).symlink_to(path)
         for path in SHARED.iterdir():
