@@ -134,9 +134,7 @@ PyMethodDef c_methods[] = {
 
 /// What a draft's fault says.
 [[noreturn]] void RaiseDraftError(const State& state, qx_text text, const qx_cell_written& written) {
-    const Ref index = written.misfit != nullptr
-                          ? Integer(std::uint64_t{CharactersIn(text, written.misfit->offset)})
-                          : None();
+    const Ref index = written.misfit != nullptr ? CharacterIndex(text).At(written.misfit->offset) : None();
     RaisePduError(state, PduErrorOf(state, Text(written.meaning), {{"code", None()}, {"index", index}}));
 }
 

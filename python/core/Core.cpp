@@ -232,10 +232,12 @@ Ref RecordOf(const State& state, RecordType type, std::initializer_list<Ref> mem
     return Made(make(reinterpret_cast<PyTypeObject*>(record.type), arguments.Get(), nullptr));
 }
 
-std::size_t CharactersIn(qx_text text, std::size_t octets) {
-    const std::string_view before = View(text).substr(0, octets);
-    return static_cast<std::size_t>(
-        std::count_if(before.begin(), before.end(), [](char octet) { return (octet & 0xC0) != 0x80; }));
+std::size_t CharacterIndex::Of(std::size_t octets) noexcept {
+    if (octets < m_octets)
+        m_octets = m_characters = 0;
+    for (; m_octets < std::min(octets, m_text.size()); ++m_octets)
+        m_characters += (m_text[m_octets] & 0xC0) != 0x80 ? 1 : 0;
+    return m_characters;
 }
 
 Ref PduErrorOf(const State& state, const Ref& message, std::initializer_list<ErrorMember> members) {

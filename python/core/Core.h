@@ -380,11 +380,24 @@ template <class Struct>
 Ref List(State& state, const Struct* const* items, std::size_t count, Ref (*make)(State&, const Struct&)) {
     return Tuple(count, [&](std::size_t i) { return make(state, *items[i]); });
 }
-/// Characters in the first `octets` of a text: where Python counts what stands there.
-std::size_t CharactersIn(qx_text text, std::size_t octets);
 inline std::string_view View(qx_text text) {
     return {text.data, text.size};
 }
+
+/// Counts the characters of a text up to a place in its octets: where Python counts what stands there. It
+/// goes on from the place before, as those that are asked for ascend.
+class CharacterIndex {
+public:
+    explicit CharacterIndex(qx_text text) : m_text(View(text)) {}
+
+    std::size_t Of(std::size_t octets) noexcept;
+    Ref At(std::size_t octets) { return Integer(std::uint64_t{Of(octets)}); }
+
+private:
+    std::string_view m_text;
+    std::size_t m_octets = 0;
+    std::size_t m_characters = 0;
+};
 
 Ref AddressOf(State& state, const qx_address& address);
 Ref TimeOf(State& state, const qx_timestamp& timestamp); ///< None for what is no time

@@ -8,37 +8,38 @@ namespace {
 
 struct Joiner {
     PyObject_HEAD qx_joiner* handle;
-    PyObject* messages; ///< those that were added and not handed back, by their tags
-    std::uint64_t tags; ///< that have been given
-    bool isUsed;        ///< by a call that has not ended
+    PyObject* messages;           ///< those that were added and not handed back, by their tags
+    PyObject* made;               ///< list of Joined that no call has handed back yet
+    const qx_joined_list* unmade; ///< what the library has handed back that is not among them; null for none
+    std::uint64_t tags;           ///< that have been given
+    bool isUsed;                  ///< by a call that has not ended
 };
 
 using JoinerUse = Use<Joiner>;
 
-/// The message of a tag, or None; it is not kept any longer where it is handed back.
-Ref MessageOf(PyObject* messages, std::uint64_t tag, bool isHandedBack) {
-    const Ref key = Integer(tag);
-    PyObject* const found = PyDict_GetItemWithError(messages, key.Get());
+/// The message of a tag, or None. The dictionary's own reference.
+PyObject* MessageOf(PyObject* messages, const Ref& tag) {
+    PyObject* const found = PyDict_GetItemWithError(messages, tag.Get());
     if (found == nullptr && PyErr_Occurred() != nullptr)
         throw PythonError();
-    Ref message = found != nullptr ? Shared(found) : None();
-    if (found != nullptr && isHandedBack)
-        Done(PyDict_DelItem(messages, key.Get()));
-    return message;
+    return found != nullptr ? found : Py_None;
 }
 
-Ref JoinedOf(const State& state, PyObject* messages, const qx_joined& joined) {
+/// `handedBack` takes the tags of its parts.
+Ref JoinedOf(const State& state, PyObject* messages, const qx_joined& joined, std::vector<Ref>& handedBack) {
     const Ref before =
-        joined.outcome == QX_OUTCOME_DUPLICATE ? MessageOf(messages, joined.before, false) : None();
+        joined.outcome == QX_OUTCOME_DUPLICATE ? Shared(MessageOf(messages, Integer(joined.before))) : None();
     const Ref parts = Tuple(joined.part_count, [&](std::size_t i) {
         const qx_joined_part& part = *joined.parts[i];
-        return RecordOf(state, RecordType::Part, {Integer(part.number), MessageOf(messages, part.tag, true)});
+        handedBack.push_back(Integer(part.tag));
+        return RecordOf(state, RecordType::Part,
+                        {Integer(part.number), Shared(MessageOf(messages, handedBack.back()))});
     });
+    CharacterIndex characters(joined.text);
     const Ref gaps = Tuple(joined.gap_count, [&](std::size_t i) {
         const qx_joined_gap& gap = *joined.gaps[i];
         return RecordOf(state, RecordType::Gap,
-                        {Integer(gap.first), Integer(gap.last),
-                         Integer(std::uint64_t{CharactersIn(joined.text, gap.text_offset)}),
+                        {Integer(gap.first), Integer(gap.last), characters.At(gap.text_offset),
                          Integer(std::uint64_t{gap.data_offset})});
     });
     return RecordOf(state, RecordType::Joined,
@@ -46,12 +47,33 @@ Ref JoinedOf(const State& state, PyObject* messages, const qx_joined& joined) {
                      Integer(joined.total), parts, gaps, before});
 }
 
-Ref ListOf(const State& state, const JoinerUse& joiner, qx_result result, const qx_joined_list* list) {
-    Check(result);
-    Ref joined = Made(PyList_New(0));
-    for (std::size_t i = 0; i < list->message_count; ++i)
-        Done(PyList_Append(joined.Get(), JoinedOf(state, joiner->messages, *list->messages[i]).Get()));
-    return joined;
+/// Makes what the library has handed back: all of it, or nothing where memory fails.
+void MakeAll(const State& state, const JoinerUse& joiner) {
+    if (joiner->unmade == nullptr)
+        return;
+    std::vector<Ref> handedBack;
+    const Ref all = Made(PyList_New(0));
+    for (std::size_t i = 0; i < joiner->unmade->message_count; ++i)
+        Done(PyList_Append(
+            all.Get(), JoinedOf(state, joiner->messages, *joiner->unmade->messages[i], handedBack).Get()));
+    const Py_ssize_t end = PyList_Size(joiner->made);
+    Done(PyList_SetSlice(joiner->made, end, end, all.Get()));
+    joiner->unmade = nullptr;
+    for (const Ref& tag : handedBack)
+        if (PyDict_DelItem(joiner->messages, tag.Get()) < 0)
+            PyErr_Clear(); // it was never there
+}
+
+/// What `call(&list)` hands back, and before it what a call that failed did not.
+template <class Call>
+Ref HandedBack(const State& state, const JoinerUse& joiner, Call call) {
+    MakeAll(state, joiner);
+    Ref next = Made(PyList_New(0));
+    const qx_joined_list* list = nullptr;
+    Check(call(&list));
+    joiner->unmade = list;
+    MakeAll(state, joiner);
+    return Ref(std::exchange(joiner->made, next.Release()));
 }
 
 /// Seconds of the caller's clock, whole ones; of the system's where nothing is told.
@@ -89,6 +111,7 @@ PyObject* NewJoiner(PyTypeObject* type, PyObject* arguments, PyObject* keywords)
         Ref object = Allocated(type);
         auto& joiner = *reinterpret_cast<Joiner*>(object.Get());
         joiner.messages = Made(PyDict_New()).Release();
+        joiner.made = Made(PyList_New(0)).Release();
         joiner.handle = qx_joiner_new(&limits);
         if (joiner.handle == nullptr)
             throw std::bad_alloc();
@@ -100,6 +123,7 @@ void FreeJoiner(PyObject* object) noexcept {
     const auto& joiner = *reinterpret_cast<Joiner*>(object);
     qx_joiner_free(joiner.handle);
     Py_XDECREF(joiner.messages);
+    Py_XDECREF(joiner.made);
     Free(object);
 }
 
@@ -113,13 +137,14 @@ PyObject* Add(PyObject* object, PyTypeObject*, PyObject* const* values, Py_ssize
         PyObject* const message = MessageGiven(state, arguments.First(), "what is joined");
         const std::int64_t now = SecondsOfClock(state, arguments[1]);
         const Reading reading(state, message);
-        const Ref tag = Integer(++joiner->tags);
-        Done(PyDict_SetItem(joiner->messages, tag.Get(), message));
-        const qx_joined_list* list = nullptr;
-        const qx_result result = qx_joiner_add(joiner->handle, reading.Handle(), now, joiner->tags, &list);
-        if (result == QX_ARGUMENT) // it was not taken in
-            Done(PyDict_DelItem(joiner->messages, tag.Get()));
-        return ListOf(state, joiner, result, list);
+        return HandedBack(state, joiner, [&](const qx_joined_list** list) {
+            const Ref tag = Integer(++joiner->tags);
+            Done(PyDict_SetItem(joiner->messages, tag.Get(), message));
+            const qx_result result = qx_joiner_add(joiner->handle, reading.Handle(), now, joiner->tags, list);
+            if (result == QX_ARGUMENT) // it was not taken in
+                Done(PyDict_DelItem(joiner->messages, tag.Get()));
+            return result;
+        });
     });
 }
 
@@ -131,9 +156,9 @@ PyObject* Expire(PyObject* object, PyTypeObject*, PyObject* const* values, Py_ss
         const JoinerUse joiner(object);
         const Arguments arguments(c_signature, values, count, keywords);
         const std::int64_t now = SecondsOfClock(state, arguments[0]);
-        const qx_joined_list* list = nullptr;
-        const qx_result result = qx_joiner_expire(joiner->handle, now, &list);
-        return ListOf(state, joiner, result, list);
+        return HandedBack(state, joiner, [&](const qx_joined_list** list) {
+            return qx_joiner_expire(joiner->handle, now, list);
+        });
     });
 }
 
@@ -141,9 +166,9 @@ PyObject* Finish(PyObject* object, PyObject*) noexcept {
     return Guarded([&] {
         const State& state = StateOfObject(object);
         const JoinerUse joiner(object);
-        const qx_joined_list* list = nullptr;
-        const qx_result result = qx_joiner_finish(joiner->handle, &list);
-        return ListOf(state, joiner, result, list);
+        return HandedBack(state, joiner, [&](const qx_joined_list** list) {
+            return qx_joiner_finish(joiner->handle, list);
+        });
     });
 }
 

@@ -95,7 +95,7 @@ Ref ChoiceOf(State& state, const qx_choice& choice) {
                      Member(state, EnumType::Language, choice.locking),
                      Member(state, EnumType::Language, choice.single), Integer(std::uint64_t{choice.units}),
                      choice.parts != SIZE_MAX ? Integer(std::uint64_t{choice.parts}) : None(),
-                     Integer(std::uint64_t{choice.octets})});
+                     choice.octets != SIZE_MAX ? Integer(std::uint64_t{choice.octets}) : None()});
 }
 
 Ref LanguagesOf(const State& state, std::uint16_t bits) {
@@ -110,27 +110,28 @@ Ref CharacterOf(std::uint32_t character) {
     return Made(PyUnicode_FromFormat("%c", static_cast<int>(character)));
 }
 
-Ref CostlyCharacterOf(const State& state, qx_text text, const qx_costly_character& costly) {
+Ref CostlyCharacterOf(const State& state, CharacterIndex& index, const qx_costly_character& costly) {
     return RecordOf(state, RecordType::CostlyCharacter,
-                    {CharacterOf(costly.character), Integer(std::uint64_t{CharactersIn(text, costly.offset)}),
+                    {CharacterOf(costly.character), index.At(costly.offset),
                      Integer(std::uint64_t{costly.count}), Truth(costly.is_in_extension),
                      LanguagesOf(state, costly.locking), LanguagesOf(state, costly.single)});
 }
 
 /// Places in a text, counted in characters.
 Ref IndicesOf(qx_text text, const std::size_t* offsets, std::size_t count) {
-    return Tuple(count,
-                 [&](std::size_t i) { return Integer(std::uint64_t{CharactersIn(text, offsets[i])}); });
+    CharacterIndex index(text);
+    return Tuple(count, [&](std::size_t i) { return index.At(offsets[i]); });
 }
 
 Ref ReplacementsOf(const State& state, qx_text text, const qx_replacement* const* replacements,
                    std::size_t count) {
+    CharacterIndex index(text);
     return Tuple(count, [&](std::size_t i) {
         const qx_replacement& put = *replacements[i];
-        const std::size_t index = CharactersIn(text, put.offset);
+        const std::size_t first = index.Of(put.offset);
         return RecordOf(state, RecordType::Replacement,
-                        {Integer(std::uint64_t{index}),
-                         Integer(std::uint64_t{CharactersIn(text, put.offset + put.length) - index}),
+                        {Integer(std::uint64_t{first}),
+                         Integer(std::uint64_t{index.Of(put.offset + put.length) - first}),
                          Text(put.replacement)});
     });
 }
@@ -140,7 +141,7 @@ Ref ReplacementsOf(const State& state, qx_text text, const qx_replacement* const
         RaisePduError(state, PduErrorOf(state, Made(PyUnicode_FromString("a part has no room for the text")),
                                         {{"code", Made(PyUnicode_FromString("no-room"))}}));
     const Ref character = CharacterOf(misfit->character);
-    const std::size_t index = CharactersIn(text, misfit->offset);
+    const std::size_t index = CharacterIndex(text).Of(misfit->offset);
     const Ref message = Made(PyUnicode_FromFormat("nothing holds %R at %zu", character.Get(), index));
     RaisePduError(state, PduErrorOf(state, message,
                                     {{"code", Made(PyUnicode_FromString("no-character"))},
@@ -149,11 +150,10 @@ Ref ReplacementsOf(const State& state, qx_text text, const qx_replacement* const
 
 [[noreturn]] void RaiseCutFault(const State& state, qx_text text, const qx_cut_fault& fault) {
     const bool isAtCharacter = fault.code == QX_CUT_FAULT_NO_CHARACTER;
-    RaisePduError(
-        state, PduErrorOf(state, Text(fault.meaning),
-                          {{"code", Text(fault.name)},
-                           {"index", isAtCharacter ? Integer(std::uint64_t{CharactersIn(text, fault.offset)})
-                                                   : None()}}));
+    RaisePduError(state,
+                  PduErrorOf(state, Text(fault.meaning),
+                             {{"code", Text(fault.name)},
+                              {"index", isAtCharacter ? CharacterIndex(text).At(fault.offset) : None()}}));
 }
 
 using Explanation = qx_result (*)(qx_cutter*, const char*, std::size_t, const qx_cut_options*,
@@ -171,8 +171,9 @@ Ref Explained(PyObject* module, const Arguments& arguments, Explanation explain)
     Check(result);
     if (result == QX_FAULT)
         RaiseMisfit(state, text, explanation->misfit);
+    CharacterIndex index(text);
     const Ref characters = Tuple(explanation->character_count, [&](std::size_t i) {
-        return CostlyCharacterOf(state, text, *explanation->characters[i]);
+        return CostlyCharacterOf(state, index, *explanation->characters[i]);
     });
     return RecordOf(state, RecordType::Explanation,
                     {List(state, explanation->choices, explanation->choice_count, ChoiceOf),
@@ -206,7 +207,7 @@ Ref MadeAddress(State& state, PyObject* written,
     const qx_result result = make(maker.Get(), text.data, text.size, &made);
     Check(result);
     if (result == QX_FAULT) {
-        const std::size_t index = CharactersIn(text, made->misfit->offset);
+        const std::size_t index = CharacterIndex(text).Of(made->misfit->offset);
         const Ref message =
             Made(PyUnicode_FromFormat("no address has the character at %zu of %R", index, written));
         RaisePduError(state, PduErrorOf(state, message,

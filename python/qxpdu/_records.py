@@ -435,7 +435,7 @@ class Choice(NamedTuple):
     """A way to write a text: its units are septets or UTF-16 units.
 
     parts: messages that it takes; None where one has no room for a pair of units
-    octets: of user data in all parts, headers included
+    octets: of user data in all parts, headers included; None where parts is
     """
 
     alphabet: Alphabet
@@ -443,7 +443,7 @@ class Choice(NamedTuple):
     single: Language
     units: int
     parts: Optional[int]
-    octets: int
+    octets: Optional[int]
 
 
 class CostlyCharacter(NamedTuple):

@@ -318,6 +318,30 @@ class WithoutMemory(unittest.TestCase):
                 _testcapi.remove_mem_hooks()
         everything()
 
+    def test_a_joiner_loses_nothing(self):
+        parts = [qxpdu.decode(FIRST.replace("050003010201", f"050003{number:02}0201"), service_centre=False) for number in range(1, 6)]
+        alone = qxpdu.decode(HELLO)
+        failed = 0
+        for start in range(1, 100):
+            joiner = qxpdu.Joiner()
+            for part in parts:
+                joiner.add(part, now=1)
+            given = []
+            _testcapi.set_nomemory(start, start + 1)
+            try:
+                given = joiner.finish()
+            except MemoryError:
+                failed += 1
+            finally:
+                _testcapi.remove_mem_hooks()
+            if start % 2:
+                given += joiner.add(alone, now=1)
+                self.assertIs(given.pop().parts[0].message, alone)
+            given += joiner.finish()
+            self.assertEqual([joined.parts[0].message for joined in given], parts, start)
+            self.assertEqual((len(joiner), joiner.finish()), (0, []))
+        self.assertGreater(failed, 10)
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -230,6 +230,10 @@ class Counting(unittest.TestCase):
         self.assertEqual((len(count.choices), qxpdu.count("a" * 160).parts, qxpdu.count("a" * 161).parts), (1, 1, 2))
         self.assertEqual(qxpdu.explain("a" * 161).offsets, (0, 153))
 
+    def test_no_room(self):
+        count = qxpdu.count("aaaa", room=1)
+        self.assertEqual((count.parts, count.choices[0].parts, count.choices[0].octets), (None, None, None))
+
     def test_offsets_are_characters(self):
         # Two UTF-16 units each, 67 in a part: 33 characters fit.
         self.assertEqual(qxpdu.explain("😀" * 40).offsets, (0, 33))
@@ -248,6 +252,7 @@ class Counting(unittest.TestCase):
         self.assertEqual(near.text[:4], '"é" ')
         self.assertEqual(near.replacements[0], qxpdu.Replacement(0, 1, '"'))
         self.assertEqual(near.replacements[-1], qxpdu.Replacement(5, 1, "'"))
+        self.assertEqual([one.position for one in qxpdu.replace_near("а’е\u0301’’").replacements if one.replacement == "'"], [1, 4, 5])
         self.assertEqual(qxpdu.cut("It’s", replace_near=True).text, "It's")
 
 
