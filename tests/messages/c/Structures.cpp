@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <new>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -50,9 +51,8 @@ constexpr std::size_t MembersOf() {
 /// The first octet that a member, from 0, has.
 template <class Struct, std::size_t... Members>
 std::size_t PlaceOf(std::size_t member, std::index_sequence<Members...>) {
-    const Struct only{Anything{Members == member ? 1 : 0}...};
-    std::array<unsigned char, sizeof(Struct)> octets;
-    std::memcpy(octets.data(), &only, sizeof(only));
+    alignas(Struct) std::array<unsigned char, sizeof(Struct)> octets{};
+    new (octets.data()) Struct{Anything{Members == member ? 1 : 0}...}; // in place, so that padding stays 0
     return static_cast<std::size_t>(std::find(octets.begin(), octets.end(), 1) - octets.begin());
 }
 #pragma GCC diagnostic pop
