@@ -145,11 +145,6 @@ const Arguments::Signature c_encodeCell = {
     1,
     1};
 
-qx_optional_octet OptionalGiven(PyObject* object, const char* what, long long most) {
-    return {object != nullptr,
-            object != nullptr ? Number<std::uint8_t>(object, what, most) : std::uint8_t{0}};
-}
-
 qx_cell_draft DraftOf(const Arguments& arguments) {
     qx_cell_draft draft{};
     draft.size = sizeof draft;

@@ -72,6 +72,7 @@ Arguments::Arguments(const Signature& signature, PyObject* const* values, Py_ssi
             Raise(PyExc_TypeError, "%s() got two values for %R", signature.function, name);
         value = values[count + i];
     }
+    std::replace(m_values.begin(), m_values.end(), Py_Ellipsis, static_cast<PyObject*>(nullptr));
     for (std::size_t i = 0; i < signature.required; ++i)
         if (m_values[i] == nullptr)
             Raise(PyExc_TypeError, "%s() needs '%s'", signature.function, signature.names.begin()[i]);
@@ -93,14 +94,24 @@ PyObject* Arguments::Given(const char* name) const {
 }
 
 long long Integer(PyObject* object, long long least, long long most, const char* what) {
+    if (PyIndex_Check(object) == 0)
+        RaiseWrongType(what, "an int", object);
     const Ref index = Made(PyNumber_Index(object));
     int overflow = 0;
     const long long value = PyLong_AsLongLongAndOverflow(index.Get(), &overflow);
     if (value == -1 && overflow == 0 && PyErr_Occurred() != nullptr)
         throw PythonError();
-    if (overflow != 0 || value < least || value > most)
-        Raise(PyExc_ValueError, "%s is %lld to %lld, not %R", what, least, most, index.Get());
+    if (overflow != 0)
+        Raise(PyExc_ValueError, "%s is %lld to %lld", what, least, most);
+    if (value < least || value > most)
+        Raise(PyExc_ValueError, "%s is %lld to %lld, not %lld", what, least, most, value);
     return value;
+}
+
+qx_optional_octet OptionalGiven(PyObject* object, const char* what, long long most) {
+    if (object == nullptr || object == Py_None)
+        return {};
+    return {true, Number<std::uint8_t>(object, what, most)};
 }
 
 bool Flag(PyObject* object, bool otherwise) {
@@ -109,7 +120,7 @@ bool Flag(PyObject* object, bool otherwise) {
 
 qx_text Utf8(PyObject* object, const char* what) {
     if (!PyUnicode_Check(object))
-        Raise(PyExc_TypeError, "%s is a str, not %R", what, reinterpret_cast<PyObject*>(Py_TYPE(object)));
+        RaiseWrongType(what, "a str", object);
     Py_ssize_t size = 0;
     const char* const data = PyUnicode_AsUTF8AndSize(object, &size);
     if (data == nullptr)
@@ -121,8 +132,7 @@ Ref Bytes(PyObject* object, const char* what) {
     if (PyBytes_CheckExact(object))
         return Shared(object);
     if (!PyObject_CheckBuffer(object))
-        Raise(PyExc_TypeError, "%s is bytes-like, not %R", what,
-              reinterpret_cast<PyObject*>(Py_TYPE(object)));
+        RaiseWrongType(what, "bytes-like", object);
     Py_buffer buffer;
     Done(PyObject_GetBuffer(object, &buffer, PyBUF_SIMPLE));
     Ref bytes(PyBytes_FromStringAndSize(static_cast<const char*>(buffer.buf), buffer.len));
@@ -130,16 +140,23 @@ Ref Bytes(PyObject* object, const char* what) {
     return Made(bytes.Release());
 }
 
-qx_octets OctetsOf(const Ref& bytes) {
-    return {reinterpret_cast<const std::uint8_t*>(PyBytes_AsString(bytes.Get())),
-            static_cast<std::size_t>(PyBytes_Size(bytes.Get()))};
+qx_octets OctetsOf(PyObject* bytes) {
+    return {reinterpret_cast<const std::uint8_t*>(PyBytes_AsString(bytes)),
+            static_cast<std::size_t>(PyBytes_Size(bytes))};
+}
+
+void RaiseWrongType(const char* what, const char* wanted, PyObject* object) {
+    const Ref name = Made(PyType_GetName(Py_TYPE(object)));
+    Raise(PyExc_TypeError, "%s is %s, not %U", what, wanted, name.Get());
 }
 
 PyObject* Instance(const State& state, PyObject* object, RecordType type, const char* what) {
     PyObject* const wanted = state.records[static_cast<std::size_t>(type)].type;
-    if (Done(PyObject_IsInstance(object, wanted)) == 0)
-        Raise(PyExc_TypeError, "%s is a %R, not %R", what, wanted,
-              reinterpret_cast<PyObject*>(Py_TYPE(object)));
+    if (Done(PyObject_IsInstance(object, wanted)) == 0) {
+        const Ref name = Made(PyType_GetName(reinterpret_cast<PyTypeObject*>(wanted)));
+        const Ref utf8 = Made(PyUnicode_AsUTF8String(name.Get()));
+        RaiseWrongType(what, PyBytes_AsString(utf8.Get()), object);
+    }
     // A class of the caller's may have made it shorter.
     if (PyTuple_Size(object) != state.records[static_cast<std::size_t>(type)].members)
         Raise(PyExc_TypeError, "%s lacks members", what);
@@ -156,8 +173,7 @@ long long MemberOf(PyObject* object, const char* name, long long least, long lon
 /// A timedelta in microseconds, which fit.
 long long MicrosecondsOf(const State& state, PyObject* object, const char* what) {
     if (Done(PyObject_IsInstance(object, state.timedelta)) == 0)
-        Raise(PyExc_TypeError, "%s is a timedelta, not %R", what,
-              reinterpret_cast<PyObject*>(Py_TYPE(object)));
+        RaiseWrongType(what, "a timedelta", object);
     constexpr long long c_mostDays = 1000000;
     constexpr long long c_second = 1000000;
     const long long seconds =
@@ -169,7 +185,7 @@ long long MicrosecondsOf(const State& state, PyObject* object, const char* what)
 
 qx_timestamp TimestampOf(const State& state, PyObject* object) {
     if (Done(PyObject_IsInstance(object, state.datetime)) == 0)
-        Raise(PyExc_TypeError, "a time is a datetime, not %R", reinterpret_cast<PyObject*>(Py_TYPE(object)));
+        RaiseWrongType("a time", "a datetime", object);
     const Ref offset = Made(PyObject_CallMethod(object, "utcoffset", nullptr));
     if (offset.Get() == Py_None)
         Raise(PyExc_ValueError, "a time needs its zone: %R has none", object);
@@ -191,11 +207,14 @@ qx_timestamp TimestampOf(const State& state, PyObject* object) {
 }
 
 std::uint32_t SecondsOf(const State& state, PyObject* object) {
-    constexpr long long c_second = 1000000;
-    const long long microseconds = MicrosecondsOf(state, object, "a period");
-    if (microseconds < 0 || microseconds / c_second >= UINT32_MAX)
-        Raise(PyExc_ValueError, "a period that long is none: %R", object);
-    return static_cast<std::uint32_t>((microseconds + c_second - 1) / c_second);
+    if (Done(PyObject_IsInstance(object, state.timedelta)) == 0)
+        RaiseWrongType("a period", "a timedelta", object);
+    const long long days = MemberOf(object, "days", INT32_MIN, INT32_MAX);
+    if (days < 0 || days > INT16_MAX)
+        RaiseNoValidity(object);
+    const bool hasRest = MemberOf(object, "microseconds", 0, 999999) != 0;
+    return static_cast<std::uint32_t>(days * 86400 + MemberOf(object, "seconds", 0, 86399) +
+                                      (hasRest ? 1 : 0));
 }
 
 Ref Text(qx_text text) {

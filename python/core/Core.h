@@ -93,6 +93,9 @@ template <class... Values>
     throw PythonError();
 }
 
+/// Throws a TypeError: `what` is `wanted`, and the object's class is another one.
+[[noreturn]] void RaiseWrongType(const char* what, const char* wanted, PyObject* object);
+
 /// Runs what Python has called; gives `failed` where Python's exception is set.
 template <class Result, class Body>
 Result Guarded(Result failed, Body body) noexcept {
@@ -253,7 +256,8 @@ inline State& StateOfObject(PyObject* object) noexcept {
 /// Notices the end of the interpreter from now on. REQUIRES the GIL.
 void WatchEnd();
 
-/// The arguments of a call. Names and values: what is not given is null, and None too but for Given().
+/// The arguments of a call. Names and values: what is not given, or by `...`, is null, and None too but for
+/// Given().
 class Arguments {
 public:
     /// The first `positional` names may be given without their names, and the first `required` have to be.
@@ -330,18 +334,23 @@ template <class Value>
 Value Number(PyObject* object, const char* what, long long most = static_cast<Value>(-1)) {
     return static_cast<Value>(Integer(object, 0, most, what));
 }
+/// None or nothing is no octet.
+qx_optional_octet OptionalGiven(PyObject* object, const char* what, long long most);
 /// None or nothing is `otherwise`.
 bool Flag(PyObject* object, bool otherwise = false);
 /// UTF-8 of a str, which keeps it.
 qx_text Utf8(PyObject* object, const char* what);
 /// The octets of what is bytes-like, as bytes: the same object where it is that already.
 Ref Bytes(PyObject* object, const char* what);
-qx_octets OctetsOf(const Ref& bytes);
+qx_octets OctetsOf(PyObject* bytes);
+inline qx_octets OctetsOf(const Ref& bytes) {
+    return OctetsOf(bytes.Get());
+}
 /// An instance of a record type.
 PyObject* Instance(const State& state, PyObject* object, RecordType type, const char* what);
 /// A datetime with a zone.
 qx_timestamp TimestampOf(const State& state, PyObject* object);
-/// A timedelta in whole seconds, rounded up.
+/// A validity's timedelta in whole seconds, rounded up.
 std::uint32_t SecondsOf(const State& state, PyObject* object);
 
 // What Python is given.
@@ -499,6 +508,11 @@ struct GivenValidity {
     qx_validity validity;
     qx_timestamp until;
 };
+[[noreturn]] void RaiseNoValidity(PyObject* object);
+/// TP-VP.
+constexpr std::size_t OctetsOfFormat(std::uint8_t format) {
+    return format == QX_VALIDITY_NONE ? 0 : format == QX_VALIDITY_RELATIVE ? 1 : 7;
+}
 /// A validity points to its end, so it is filled in where it stays.
 void FillValidity(const State& state, PyObject* object, GivenValidity& filled);
 

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
+#include <type_traits>
 
 namespace qxpdu {
 namespace {
@@ -32,11 +34,6 @@ std::string_view DigitsOf(PyObject* source) {
     return last == std::string_view::npos ? std::string_view() : text.substr(first, last + 1 - first);
 }
 
-qx_octets OctetsOfBytes(PyObject* source) {
-    return {reinterpret_cast<const std::uint8_t*>(PyBytes_AsString(source)),
-            static_cast<std::size_t>(PyBytes_Size(source))};
-}
-
 /// What the library is called with, without the GIL if need be: the source stays as it is.
 class Call {
 public:
@@ -45,7 +42,7 @@ public:
         if (m_isHex)
             m_digits = DigitsOf(source);
         else if (source != nullptr)
-            m_octets = OctetsOfBytes(source);
+            m_octets = OctetsOf(source);
     }
 
     qx_result Read(qx_reader* reader, const qx_read_options& options,
@@ -401,7 +398,7 @@ std::uint8_t PresenceGiven(PyObject* given, const char* what) {
     if (given == nullptr)
         return QX_PRESENCE_UNKNOWN;
     if (!PyBool_Check(given))
-        Raise(PyExc_TypeError, "%s is True, False or None, not %R", what, given);
+        RaiseWrongType(what, "True, False or None", given);
     return given == Py_True ? QX_PRESENCE_YES : QX_PRESENCE_NO;
 }
 
@@ -481,6 +478,32 @@ private:
     std::vector<Used> m_readers;
 };
 
+/// Python's exception, taken away.
+class Raised {
+public:
+    Raised() {
+        PyObject* type = nullptr;
+        PyObject* error = nullptr;
+        PyObject* traceback = nullptr;
+        PyErr_Fetch(&type, &error, &traceback);
+        PyErr_NormalizeException(&type, &error, &traceback);
+        m_type = Ref(type);
+        m_error = Ref(error);
+        m_traceback = Ref(traceback);
+    }
+
+    const Ref& Error() const noexcept { return m_error; }
+    [[noreturn]] void Throw() {
+        PyErr_Restore(m_type.Release(), m_error.Release(), m_traceback.Release());
+        throw PythonError();
+    }
+
+private:
+    Ref m_type;
+    Ref m_error;
+    Ref m_traceback;
+};
+
 /// What is read, or the PduError that says why it is not.
 Ref SourceOrError(const State& state, PyObject* pdu) {
     try {
@@ -489,13 +512,7 @@ Ref SourceOrError(const State& state, PyObject* pdu) {
         if (PyErr_ExceptionMatches(state.pduError) == 0)
             throw;
     }
-    PyObject* type = nullptr;
-    PyObject* error = nullptr;
-    PyObject* traceback = nullptr;
-    PyErr_Fetch(&type, &error, &traceback);
-    PyErr_NormalizeException(&type, &error, &traceback);
-    const Ref owned[] = {Ref(type), Ref(traceback)};
-    return Ref(error);
+    return Raised().Error();
 }
 
 bool IsSource(const Ref& source) {
@@ -628,7 +645,7 @@ Ref OctetsOfSource(const State& state, PyObject* source) {
 
 PyObject* MessageGiven(const State& state, PyObject* object, const char* what) {
     if (reinterpret_cast<PyObject*>(Py_TYPE(object)) != state.messageType)
-        Raise(PyExc_TypeError, "%s is a Message, not %R", what, reinterpret_cast<PyObject*>(Py_TYPE(object)));
+        RaiseWrongType(what, "a Message", object);
     return object;
 }
 
@@ -651,6 +668,8 @@ PyObject* DecodeMany(PyObject* module, PyObject* const* values, Py_ssize_t count
         const Arguments arguments(c_decodeMany, values, count, keywords);
         const qx_read_options options = OptionsOf(arguments);
         const bool returnsErrors = Flag(arguments[5]);
+        if (PyUnicode_Check(arguments.First()) || PyBytes_Check(arguments.First()))
+            RaiseWrongType("what decode_many() reads", "a list of PDUs", arguments.First());
         const Ref pdus = Made(PySequence_List(arguments.First()));
         const auto size = static_cast<std::size_t>(PyList_Size(pdus.Get()));
         Batch batch(std::min(size, Batch::c_most));
@@ -658,13 +677,21 @@ PyObject* DecodeMany(PyObject* module, PyObject* const* values, Py_ssize_t count
         for (std::size_t done = 0; done < size;) {
             std::vector<Ref> sources;
             std::vector<Call> calls;
+            std::optional<Raised> raised; // after those before it have been read, one of which may be a fault
             for (; done < size && sources.size() < Batch::c_most; ++done) {
-                sources.push_back(
-                    SourceOrError(state, PyList_GetItem(pdus.Get(), static_cast<Py_ssize_t>(done))));
+                try {
+                    sources.push_back(
+                        SourceOrError(state, PyList_GetItem(pdus.Get(), static_cast<Py_ssize_t>(done))));
+                } catch (const PythonError&) {
+                    raised.emplace();
+                    break;
+                }
                 calls.emplace_back(IsSource(sources.back()) ? sources.back().Get() : nullptr);
             }
             batch.Read(calls, options);
             Append(state, list, sources, batch, options, returnsErrors);
+            if (raised)
+                raised->Throw();
             Done(PyErr_CheckSignals());
         }
         return list;

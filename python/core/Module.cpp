@@ -85,9 +85,8 @@ PyCFunction Called(Function function) {
     return reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(function));
 }
 
-#define QXPDU_CUT_SIGNATURE                                                                                  \
-    "languages=(), alphabet=None, tables=None, room=None, element_octets=None, wide_reference=False, "       \
-    "replace_near=False, reference=None, ports=None, elements=None, message_class=None)\n--\n\n"
+#define QXPDU_CHOICE_SIGNATURE                                                                               \
+    "languages=(), alphabet=None, tables=None, room=None, wide_reference=False, ports=None, elements=None"
 
 constexpr int c_keywords = METH_FASTCALL | METH_KEYWORDS;
 
@@ -120,12 +119,15 @@ PyMethodDef c_functions[] = {
     {"encode", Called(Encode), c_keywords,
      "encode($module, /, text=None, address=None, *, type=None, data=None, units=None, like=None, "
      "service_centre=...,\n"
-     "       coding=None, time=None, discharge=None, validity=None, more_messages=None, "
+     "       coding=None, time=None, discharge=None, validity=..., more_messages=None, "
      "loop_prevention=None,\n"
      "       reject_duplicates=None, status_report_indication=None, status_report_request=None, "
      "is_for_command=None,\n"
      "       reply_path=None, message_reference=None, status=None, command_type=None, message_number=None,\n"
-     "       failure_cause=None, parameter_indicator=None, protocol=None, " QXPDU_CUT_SIGNATURE
+     "       failure_cause=..., parameter_indicator=..., protocol=..., languages=(), alphabet=None, "
+     "tables=None,\n"
+     "       room=None, wide_reference=False, ports=..., elements=None, replace_near=False, reference=None,\n"
+     "       message_class=...)\n--\n\n"
      "Writes a message of any type, an SMS-SUBMIT where none is told: a list of Pdu, as many as the text "
      "takes.\n\n"
      "address is a number as people write it, or an Address as number() and name() make it. service_centre "
@@ -133,35 +135,44 @@ PyMethodDef c_functions[] = {
      "'' is the modem's own, which is meant where nothing is told, and None leaves it out altogether.\n\n"
      "What the message says is one of text; data, octets; units, the septets (one an octet) or octets after "
      "the header,\n"
-     "in one message. elements are more elements of the header, as they are sent, and ports are Ports. How "
-     "texts are cut:\n"
-     "see explain(). coding is TP-DCS; it is chosen where it is not told.\n\n"
+     "in one message. How texts are cut: see cut() and explain(). "
+     "coding is TP-DCS; it is chosen where it is not told.\n\n"
      "time and discharge are datetimes with a zone; their microseconds are left out. validity is a "
      "timedelta, a datetime\n"
      "or a Validity. like is a Message that has what is not told: encode(like=message, address='+4179123') "
-     "sends it on.\n\n"
-     "Raises PduError for what would be read as another message, and for a text that cannot be written."},
+     "sends it on.\n"
+     "With another text or data it keeps ports and message class, and no other element of the header. None "
+     "takes "
+     "away\n"
+     "what it has, of what is ... here.\n\n"
+     "Raises ValueError for what is told and has no place in the message, and PduError for what would be "
+     "read "
+     "as\n"
+     "another message, and for a text that cannot be written."},
     {"count", Called(Choose), c_keywords,
-     "count($module, /, text, *, " QXPDU_CUT_SIGNATURE
+     "count($module, /, text, *, " QXPDU_CHOICE_SIGNATURE ")\n--\n\n"
      "Finds the cheapest way to write a text: an Explanation of this one Choice. Its members are as of "
      "explain()."},
     {"explain", Called(Explain), c_keywords,
-     "explain($module, /, text, *, " QXPDU_CUT_SIGNATURE
+     "explain($module, /, text, *, " QXPDU_CHOICE_SIGNATURE ")\n--\n\n"
      "Every way to write a text, the cheapest first, where its parts begin, and the characters that make it "
      "dear.\n\n"
      "languages may be used beside the default alphabet; alphabet, and tables of a locking and a single "
      "shift, are the\n"
-     "only ones that may. room is how many octets a message has for user data, 140; element_octets, how many "
-     "of these\n"
-     "more elements of the header take; wide_reference, whether parts have a reference of 16 bits. The "
-     "others are for\n"
-     "cut() and encode(): replace_near puts near characters in where that is cheaper; reference is that of "
-     "the parts, a\n"
-     "random one where it is not told; ports, elements and message_class are of each part.\n\n"
+     "only ones that may. room is how many octets a message has for user data, 140; wide_reference, whether "
+     "parts have a\n"
+     "reference of 16 bits; ports, Ports, and elements, more elements of the header as they are sent, are in "
+     "each part.\n\n"
      "Raises PduError, with the index of the character, for a text that what may be used does not hold."},
     {"cut", Called(CutText), c_keywords,
-     "cut($module, /, text, *, " QXPDU_CUT_SIGNATURE "Cuts a text, or bytes-like data, into the user data of "
-     "as many messages as it takes: a Cut. See explain()."},
+     "cut($module, /, text, *, " QXPDU_CHOICE_SIGNATURE
+     ", replace_near=False,\n    reference=None, message_class=None)\n--\n\n"
+     "Cuts a text, or bytes-like data, into the user data of as many messages as it takes: a Cut. See "
+     "explain().\n\n"
+     "replace_near puts near characters in where that is cheaper; reference is that of the parts, a random "
+     "one "
+     "where it is\n"
+     "not told; message_class is 0 to 3."},
     {"replace_near", Called(ReplaceNear), c_keywords,
      "replace_near($module, /, text, languages=())\n--\n\n"
      "Puts near characters in for what the tables of the default alphabet and of the languages do not hold: "

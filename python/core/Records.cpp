@@ -113,16 +113,14 @@ Ref CodingOf(State& state, const qx_coding& coding) {
 }
 
 Ref ValidityOf(State& state, const qx_validity& validity) {
-    const std::size_t octets = validity.format == QX_VALIDITY_NONE       ? 0
-                               : validity.format == QX_VALIDITY_RELATIVE ? 1
-                                                                         : std::size(validity.octets);
     const Ref period = validity.has_seconds
                            ? Made(PyObject_CallFunction(state.timedelta, "iI", 0, validity.seconds))
                            : None();
     return RecordOf(state, RecordType::Validity,
                     {Member(state, EnumType::ValidityFormat, validity.format),
-                     Octets({validity.octets, octets}), period, Optional(state, validity.until, TimeOf),
-                     Truth(validity.is_single_shot), Integer(validity.enhanced)});
+                     Octets({validity.octets, OctetsOfFormat(validity.format)}), period,
+                     Optional(state, validity.until, TimeOf), Truth(validity.is_single_shot),
+                     Integer(validity.enhanced)});
 }
 
 Ref ConcatenationOf(State& state, const qx_concatenation& concatenation) {

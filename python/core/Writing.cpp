@@ -1,4 +1,6 @@
 // Messages that are written, and texts that are counted and cut.
+#include <algorithm>
+#include <cstring>
 #include <optional>
 
 #include "Core.h"
@@ -12,9 +14,8 @@ using Writer = Handle<qx_writer, qx_writer_free>;
 
 // How a text is written and cut.
 
-#define QXPDU_CUT_NAMES                                                                                      \
-    "languages", "alphabet", "tables", "room", "element_octets", "wide_reference", "replace_near",           \
-        "reference", "ports", "elements", "message_class"
+#define QXPDU_CHOICE_NAMES "languages", "alphabet", "tables", "room", "wide_reference", "ports", "elements"
+#define QXPDU_CUT_NAMES QXPDU_CHOICE_NAMES, "replace_near", "reference", "message_class"
 
 std::uint16_t LanguageBits(PyObject* languages) {
     const Ref list = Made(PySequence_List(languages));
@@ -25,11 +26,6 @@ std::uint16_t LanguageBits(PyObject* languages) {
         bits = static_cast<std::uint16_t>(bits | 1U << language);
     }
     return bits;
-}
-
-qx_optional_octet OptionalGiven(PyObject* object, const char* what, long long most) {
-    return {object != nullptr,
-            object != nullptr ? Number<std::uint8_t>(object, what, most) : std::uint8_t{0}};
 }
 
 qx_ports PortsGiven(const State& state, PyObject* object) {
@@ -51,8 +47,6 @@ struct CutOptions {
             TakeTables(tables);
         if (PyObject* const room = arguments.Told("room"))
             options.octets = Number<std::uint16_t>(room, "room");
-        if (PyObject* const octets = arguments.Told("element_octets"))
-            options.element_octets = Number<std::uint16_t>(octets, "element_octets");
         options.has_wide_reference = Flag(arguments.Told("wide_reference"));
         options.replaces_near = Flag(arguments.Told("replace_near"));
         if (PyObject* const reference = arguments.Told("reference")) {
@@ -71,6 +65,15 @@ struct CutOptions {
     }
     CutOptions(const CutOptions&) = delete;
     CutOptions& operator=(const CutOptions&) = delete;
+
+    /// As the others count what cutting works out: the octets of ports and of more elements.
+    const qx_cut_options& ForChoice() {
+        constexpr std::size_t c_head = 2; // identifier and length
+        const std::size_t portOctets = options.ports == nullptr ? 0 : c_head + (ports.are_wide ? 4U : 2U);
+        options.element_octets =
+            static_cast<std::uint16_t>(std::min<std::size_t>(portOctets + options.elements.size, UINT16_MAX));
+        return options;
+    }
 
     qx_cut_options options{};
     qx_ports ports{};
@@ -159,15 +162,16 @@ Ref ReplacementsOf(const State& state, qx_text text, const qx_replacement* const
 using Explanation = qx_result (*)(qx_cutter*, const char*, std::size_t, const qx_cut_options*,
                                   const qx_explanation**);
 
-const Arguments::Signature c_explain = {"explain", {"text", QXPDU_CUT_NAMES}, 1, 1};
+const Arguments::Signature c_explain = {"explain", {"text", QXPDU_CHOICE_NAMES}, 1, 1};
+const Arguments::Signature c_count = {"count", {"text", QXPDU_CHOICE_NAMES}, 1, 1};
 
 Ref Explained(PyObject* module, const Arguments& arguments, Explanation explain) {
     State& state = StateOf(module);
     const qx_text text = Utf8(arguments.First(), "text");
-    const CutOptions options(state, arguments);
+    CutOptions options(state, arguments);
     const Cutter cutter(qx_cutter_new());
     const qx_explanation* explanation = nullptr;
-    const qx_result result = explain(cutter.Get(), text.data, text.size, &options.options, &explanation);
+    const qx_result result = explain(cutter.Get(), text.data, text.size, &options.ForChoice(), &explanation);
     Check(result);
     if (result == QX_FAULT)
         RaiseMisfit(state, text, explanation->misfit);
@@ -208,8 +212,8 @@ Ref MadeAddress(State& state, PyObject* written,
     Check(result);
     if (result == QX_FAULT) {
         const std::size_t index = CharacterIndex(text).Of(made->misfit->offset);
-        const Ref message =
-            Made(PyUnicode_FromFormat("no address has the character at %zu of %R", index, written));
+        const Ref character = CharacterOf(made->misfit->character);
+        const Ref message = Made(PyUnicode_FromFormat("no address has %R at %zu", character.Get(), index));
         RaisePduError(state, PduErrorOf(state, message,
                                         {{"code", Made(PyUnicode_FromString("address-character"))},
                                          {"index", Integer(std::uint64_t{index})}}));
@@ -229,11 +233,21 @@ public:
         address.text = Utf8(PyTuple_GetItem(m_record.Get(), 0), "the text of an address");
         address.type_of_address = Number<std::uint8_t>(PyTuple_GetItem(m_record.Get(), 4), "type_of_address");
         address.length = Number<std::uint8_t>(PyTuple_GetItem(m_record.Get(), 5), "length");
+        RefuseDisagreement();
     }
 
     qx_address address{};
 
 private:
+    /// What is sent is the octet, which says the type and the plan.
+    void RefuseDisagreement() const {
+        const auto type = Number<unsigned>(PyTuple_GetItem(m_record.Get(), 1), "type", 7);
+        const auto plan = Number<unsigned>(PyTuple_GetItem(m_record.Get(), 2), "plan", 15);
+        if (type != (address.type_of_address >> 4U & 7U) || plan != (address.type_of_address & 15U))
+            Raise(PyExc_ValueError, "type and plan of an address are not those of its type_of_address, %d",
+                  int{address.type_of_address});
+    }
+
     Ref m_record;
 };
 
@@ -294,6 +308,45 @@ constexpr OptionalArgument c_optionals[] = {
     {"protocol", &qx_message::protocol},
 };
 
+constexpr unsigned Bit(qx_type type) {
+    return 1U << type;
+}
+constexpr unsigned c_deliver = Bit(QX_TYPE_DELIVER);
+constexpr unsigned c_submit = Bit(QX_TYPE_SUBMIT);
+constexpr unsigned c_submitReport = Bit(QX_TYPE_SUBMIT_REPORT);
+constexpr unsigned c_statusReport = Bit(QX_TYPE_STATUS_REPORT);
+constexpr unsigned c_command = Bit(QX_TYPE_COMMAND);
+constexpr unsigned c_reports = Bit(QX_TYPE_DELIVER_REPORT) | c_submitReport;
+constexpr unsigned c_allButCommand = c_deliver | c_submit | c_statusReport | c_reports;
+constexpr unsigned c_withParty = c_deliver | c_submit | c_statusReport | c_command;
+
+/// Arguments that not all types have a field for.
+struct FieldArgument {
+    const char* name;
+    unsigned types;
+};
+constexpr FieldArgument c_fields[] = {
+    {"text", c_allButCommand},
+    {"address", c_withParty},
+    {"coding", c_allButCommand},
+    {"time", c_deliver | c_submitReport | c_statusReport},
+    {"discharge", c_statusReport},
+    {"validity", c_submit},
+    {"more_messages", c_deliver | c_statusReport},
+    {"loop_prevention", c_deliver | c_statusReport},
+    {"reject_duplicates", c_submit},
+    {"status_report_indication", c_deliver},
+    {"status_report_request", c_submit | c_command},
+    {"is_for_command", c_statusReport},
+    {"reply_path", c_deliver | c_submit},
+    {"message_reference", c_submit | c_statusReport | c_command},
+    {"status", c_statusReport},
+    {"command_type", c_command},
+    {"message_number", c_command},
+    {"failure_cause", c_reports},
+    {"parameter_indicator", c_reports | c_statusReport},
+};
+
 /// A message that is put together from what is given, and from the one that it is to be like.
 class Draft {
 public:
@@ -304,6 +357,8 @@ public:
         TakeAddresses();
         TakeTimes();
         TakeCoding();
+        RefuseFieldsOfOthers();
+        RefuseUnused();
     }
     Draft(const Draft&) = delete;
     Draft& operator=(const Draft&) = delete;
@@ -315,8 +370,10 @@ public:
         PyObject* const units = m_arguments.Told("units");
         if ((text != nullptr) + (data != nullptr) + (units != nullptr) > 1)
             Raise(PyExc_ValueError, "a message has text, data or units, one of them");
+        if (m_message.party == nullptr && IsOneOf(c_withParty))
+            Raise(PyExc_ValueError, "%s needs an address", qx_type_name(m_message.type));
         Ref pdus = Made(PyList_New(0));
-        if (units != nullptr || (data != nullptr && m_message.type == QX_TYPE_COMMAND))
+        if (units != nullptr || (data != nullptr && IsOneOf(c_command)))
             AppendUnits(pdus, units != nullptr ? units : data);
         else if (text != nullptr || data != nullptr)
             AppendParts(pdus, text, data);
@@ -335,23 +392,25 @@ private:
         if (PyObject* const like = m_arguments.Told("like")) {
             m_like.emplace(m_state, MessageGiven(m_state, like, "like"));
             const qx_reading& reading = m_like->Get();
-            if (reading.message != nullptr)
-                m_message = *reading.message;
+            if (reading.message == nullptr)
+                Raise(PyExc_ValueError, "like was not read as far as its type");
+            m_message = *reading.message;
             m_serviceCentre = reading.service_centre;
         }
     }
 
     void TakeValues() {
         if (PyObject* const type = m_arguments.Told("type"))
-            m_message.type = Number<std::uint8_t>(type, "type", QX_TYPE_COMMAND);
+            m_message.type =
+                static_cast<std::uint8_t>(Integer(type, QX_TYPE_DELIVER, QX_TYPE_COMMAND, "type"));
         for (const FlagArgument& flag : c_flags)
             m_message.*flag.member = Flag(m_arguments.Told(flag.name), m_message.*flag.member);
         for (const OctetArgument& octet : c_octets)
             if (PyObject* const told = m_arguments.Told(octet.name))
                 m_message.*octet.member = Number<std::uint8_t>(told, octet.name);
         for (const OptionalArgument& octet : c_optionals)
-            if (PyObject* const told = m_arguments.Told(octet.name))
-                m_message.*octet.member = {true, Number<std::uint8_t>(told, octet.name)};
+            if (m_arguments.Given(octet.name) != nullptr)
+                m_message.*octet.member = OptionalGiven(m_arguments.Told(octet.name), octet.name, UINT8_MAX);
     }
 
     void TakeAddresses() {
@@ -360,7 +419,7 @@ private:
         PyObject* const serviceCentre = m_arguments.Given("service_centre");
         if (serviceCentre == Py_None)
             m_serviceCentre = nullptr;
-        else if (serviceCentre != nullptr && serviceCentre != Py_Ellipsis)
+        else if (serviceCentre != nullptr)
             TakeServiceCentre(serviceCentre);
     }
 
@@ -380,6 +439,8 @@ private:
             m_discharge = TimestampOf(m_state, discharge);
             m_message.discharge = &m_discharge;
         }
+        if (m_arguments.Given("validity") == Py_None)
+            m_message.validity = nullptr;
         if (PyObject* const validity = m_arguments.Told("validity")) {
             FillValidity(m_state, validity, m_validity);
             m_message.validity = &m_validity.validity;
@@ -393,9 +454,69 @@ private:
         m_coding = CodingOfValue(CodingGiven(m_state, coding));
         m_message.coding = &m_coding;
         m_hasCoding = true;
+        const bool isOfData = m_coding.alphabet == QX_ALPHABET_DATA || m_coding.is_compressed;
+        if (isOfData ? m_arguments.Told("text") != nullptr : m_arguments.Told("data") != nullptr)
+            RaiseDisagreement(isOfData ? "text" : "data");
+        qx_cut_options& options = m_cut.options;
+        if (options.alphabet.has_value && options.alphabet.value != m_coding.alphabet)
+            RaiseDisagreement("alphabet");
+        if (options.message_class.has_value && (!m_coding.message_class.has_value ||
+                                                options.message_class.value != m_coding.message_class.value))
+            RaiseDisagreement("message_class");
         // A text is written as the scheme says.
-        if (!m_cut.options.alphabet.has_value && m_coding.alphabet != QX_ALPHABET_DATA)
-            m_cut.options.alphabet = {true, m_coding.alphabet};
+        if (!isOfData)
+            options.alphabet = {true, m_coding.alphabet};
+    }
+
+    [[noreturn]] void RaiseDisagreement(const char* argument) const {
+        Raise(PyExc_ValueError, "coding %d and %s do not agree", int{m_coding.value}, argument);
+    }
+
+    bool IsOneOf(unsigned types) const { return (types >> m_message.type & 1U) != 0; }
+
+    void RefuseFieldsOfOthers() const {
+        for (const FieldArgument& field : c_fields)
+            if (m_arguments.Told(field.name) != nullptr && !IsOneOf(field.types))
+                Raise(PyExc_ValueError, "%s has no %s", qx_type_name(m_message.type), field.name);
+    }
+
+    /// What is told of texts, of parts or of user data, where there are none.
+    void RefuseUnused() const {
+        const bool hasText = m_arguments.Told("text") != nullptr;
+        const bool hasData = m_arguments.Told("data") != nullptr;
+        const bool hasParts = hasText || (hasData && !IsOneOf(c_command));
+        const qx_cut_options& options = m_cut.options;
+        const struct {
+            bool isUsed;
+            bool isTold;
+            const char* name;
+        } all[] = {
+            {hasText, options.languages != 0, "languages"},
+            {hasText, m_arguments.Told("alphabet") != nullptr, "alphabet"},
+            {hasText, options.has_tables, "tables"},
+            {hasText, options.replaces_near, "replace_near"},
+            {hasParts, m_arguments.Told("room") != nullptr, "room"},
+            {hasParts, options.has_wide_reference, "wide_reference"},
+            {hasParts, options.has_reference, "reference"},
+            {hasParts, options.ports != nullptr, "ports"},
+            {hasParts, options.message_class.has_value, "message_class"},
+            {hasParts || hasData || m_arguments.Told("units") != nullptr, options.elements.size != 0,
+             "elements"},
+        };
+        for (const auto& one : all)
+            if (one.isTold && !one.isUsed)
+                Raise(PyExc_ValueError, "nothing is written that %s could be used for", one.name);
+    }
+
+    /// A text for a message like another one keeps its ports and its class.
+    void KeepOfLike() {
+        if (!m_like)
+            return;
+        const qx_message& like = *m_like->Get().message;
+        if (m_arguments.Given("ports") == nullptr && like.user_data != nullptr)
+            m_cut.options.ports = like.user_data->ports;
+        if (m_arguments.Given("message_class") == nullptr && !m_hasCoding && like.coding != nullptr)
+            m_cut.options.message_class = like.coding->message_class;
     }
 
     void AppendUnits(const Ref& pdus, PyObject* units) {
@@ -418,6 +539,7 @@ private:
     }
 
     void AppendParts(const Ref& pdus, PyObject* text, PyObject* data) {
+        KeepOfLike();
         const Cutter cutter(qx_cutter_new());
         const qx_cut_text& cut = Cut(m_state, cutter, text, data, m_cut.options);
         if (!m_hasCoding)
@@ -444,7 +566,10 @@ private:
         RaisePduError(m_state,
                       PduErrorOf(m_state,
                                  Made(PyUnicode_FromFormat("%U: %s", field.Get(), fault.meaning.data)),
-                                 {{"code", Text(fault.name)}, {"field", field}}));
+                                 {{"code", Text(fault.name)},
+                                  {"field", field},
+                                  {"number", Integer(std::uint64_t{fault.number})},
+                                  {"other", Integer(std::uint64_t{fault.other})}}));
     }
 
     static constexpr std::uint8_t c_noType = 0x80;
@@ -466,7 +591,37 @@ private:
     Writer m_writer{qx_writer_new()};
 };
 
+/// The octets are what is sent: the period and the end of a record are to be what they say.
+void FillRecord(const State& state, PyObject* record, qx_validity& validity) {
+    const Ref bytes = Bytes(PyTuple_GetItem(record, 1), "octets");
+    const qx_octets octets = OctetsOf(bytes);
+    const std::size_t size = OctetsOfFormat(validity.format);
+    if (octets.size != size)
+        Raise(PyExc_ValueError, "a validity of this format has %zu octets, not %zu", size, octets.size);
+    std::copy_n(octets.data, size, validity.octets);
+    PyObject* const period = PyTuple_GetItem(record, 2);
+    PyObject* const until = PyTuple_GetItem(record, 3);
+    GivenValidity said{};
+    said.validity = validity;
+    qx_result result = QX_OK;
+    if (validity.format == QX_VALIDITY_RELATIVE && period != Py_None) {
+        result = qx_make_relative_validity(SecondsOf(state, period), &said.validity);
+    } else if (validity.format == QX_VALIDITY_ABSOLUTE && until != Py_None) {
+        said.until = TimestampOf(state, until);
+        result = qx_make_absolute_validity(&said.until, &said.validity);
+    } else if (validity.format == QX_VALIDITY_NONE && (period != Py_None || until != Py_None)) {
+        result = QX_FAULT;
+    }
+    Check(result);
+    if (result == QX_FAULT || !std::equal(octets.data, octets.data + size, said.validity.octets))
+        Raise(PyExc_ValueError, "a validity's period or end is not what its octets say: %R", record);
+}
+
 } // namespace
+
+void RaiseNoValidity(PyObject* object) {
+    Raise(PyExc_ValueError, "a validity is of 1 second to 63 weeks: %R", object);
+}
 
 void FillValidity(const State& state, PyObject* object, GivenValidity& filled) {
     filled = {};
@@ -482,13 +637,10 @@ void FillValidity(const State& state, PyObject* object, GivenValidity& filled) {
             Instance(state, object, RecordType::Validity, "validity, else a timedelta or a datetime,");
         filled.validity.format =
             Number<std::uint8_t>(PyTuple_GetItem(record, 0), "format", QX_VALIDITY_ABSOLUTE);
-        const Ref bytes = Bytes(PyTuple_GetItem(record, 1), "octets");
-        const qx_octets octets = OctetsOf(bytes);
-        for (std::size_t i = 0; i < octets.size && i < sizeof filled.validity.octets; ++i)
-            filled.validity.octets[i] = octets.data[i];
+        FillRecord(state, record, filled.validity);
     }
     if (result == QX_FAULT)
-        Raise(PyExc_ValueError, "a validity is of 1 second to 63 weeks: %R", object);
+        RaiseNoValidity(object);
     Check(result);
 }
 
@@ -521,7 +673,7 @@ PyObject* MakeValidity(PyObject* module, PyObject* const* values, Py_ssize_t cou
             const std::uint32_t seconds = SecondsOf(state, arguments.First());
             const qx_result result = qx_make_enhanced_validity(seconds, isSingleShot, &given.validity);
             if (result == QX_FAULT)
-                Raise(PyExc_ValueError, "a validity is of 1 second to 63 weeks: %R", arguments.First());
+                RaiseNoValidity(arguments.First());
             Check(result);
         } else {
             FillValidity(state, arguments.First(), given);
@@ -538,8 +690,7 @@ PyObject* Encode(PyObject* module, PyObject* const* values, Py_ssize_t count, Py
 }
 
 PyObject* Choose(PyObject* module, PyObject* const* values, Py_ssize_t count, PyObject* keywords) noexcept {
-    return Guarded(
-        [&] { return Explained(module, Arguments(c_explain, values, count, keywords), qx_choose); });
+    return Guarded([&] { return Explained(module, Arguments(c_count, values, count, keywords), qx_choose); });
 }
 
 PyObject* Explain(PyObject* module, PyObject* const* values, Py_ssize_t count, PyObject* keywords) noexcept {

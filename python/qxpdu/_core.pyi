@@ -120,28 +120,23 @@ def encode(text: Optional[str] = None, address: Union[str, Address, None] = None
            data: Optional[_Octets] = None, units: Optional[_Octets] = None, like: Optional[Message] = None,
            service_centre: Union[str, Address, EllipsisType, None] = ..., coding: Union[Coding, int, None] = None,
            time: Optional[datetime] = None, discharge: Optional[datetime] = None,
-           validity: Union[Validity, timedelta, datetime, None] = None, more_messages: Optional[bool] = None,
+           validity: Union[Validity, timedelta, datetime, EllipsisType, None] = ..., more_messages: Optional[bool] = None,
            loop_prevention: Optional[bool] = None, reject_duplicates: Optional[bool] = None,
            status_report_indication: Optional[bool] = None, status_report_request: Optional[bool] = None,
            is_for_command: Optional[bool] = None, reply_path: Optional[bool] = None, message_reference: Optional[int] = None,
            status: Optional[int] = None, command_type: Optional[int] = None, message_number: Optional[int] = None,
-           failure_cause: Optional[int] = None, parameter_indicator: Optional[int] = None, protocol: Optional[int] = None,
+           failure_cause: Union[int, EllipsisType, None] = ..., parameter_indicator: Union[int, EllipsisType, None] = ..., protocol: Union[int, EllipsisType, None] = ...,
            languages: Iterable[int] = (), alphabet: Optional[int] = None, tables: Optional[Iterable[int]] = None,
-           room: Optional[int] = None, element_octets: Optional[int] = None, wide_reference: bool = False,
-           replace_near: bool = False, reference: Optional[int] = None, ports: Optional[Ports] = None,
-           elements: Optional[_Octets] = None, message_class: Optional[int] = None) -> List[Pdu]: ...
+           room: Optional[int] = None, wide_reference: bool = False, ports: Union[Ports, EllipsisType, None] = ...,
+           elements: Optional[_Octets] = None, replace_near: bool = False, reference: Optional[int] = None,
+           message_class: Union[int, EllipsisType, None] = ...) -> List[Pdu]: ...
 def count(text: str, *, languages: Iterable[int] = (), alphabet: Optional[int] = None, tables: Optional[Iterable[int]] = None,
-          room: Optional[int] = None, element_octets: Optional[int] = None, wide_reference: bool = False,
-          replace_near: bool = False, reference: Optional[int] = None, ports: Optional[Ports] = None,
-          elements: Optional[_Octets] = None, message_class: Optional[int] = None) -> Explanation: ...
+          room: Optional[int] = None, wide_reference: bool = False, ports: Optional[Ports] = None, elements: Optional[_Octets] = None) -> Explanation: ...
 def explain(text: str, *, languages: Iterable[int] = (), alphabet: Optional[int] = None, tables: Optional[Iterable[int]] = None,
-            room: Optional[int] = None, element_octets: Optional[int] = None, wide_reference: bool = False,
-            replace_near: bool = False, reference: Optional[int] = None, ports: Optional[Ports] = None,
-            elements: Optional[_Octets] = None, message_class: Optional[int] = None) -> Explanation: ...
+            room: Optional[int] = None, wide_reference: bool = False, ports: Optional[Ports] = None, elements: Optional[_Octets] = None) -> Explanation: ...
 def cut(text: _Given, *, languages: Iterable[int] = (), alphabet: Optional[int] = None, tables: Optional[Iterable[int]] = None,
-        room: Optional[int] = None, element_octets: Optional[int] = None, wide_reference: bool = False,
-        replace_near: bool = False, reference: Optional[int] = None, ports: Optional[Ports] = None,
-        elements: Optional[_Octets] = None, message_class: Optional[int] = None) -> Cut: ...
+        room: Optional[int] = None, wide_reference: bool = False, ports: Optional[Ports] = None, elements: Optional[_Octets] = None,
+         replace_near: bool = False, reference: Optional[int] = None, message_class: Optional[int] = None) -> Cut: ...
 def replace_near(text: str, languages: Iterable[int] = ()) -> NearText: ...
 def number(written: str, /) -> Address: ...
 def name(written: str, /) -> Address: ...

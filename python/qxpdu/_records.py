@@ -184,6 +184,7 @@ class PduError(ValueError):
     expected, found: octets that the field takes, and those that are there
     partial: the Message as far as it was read
     index: the character of the text, from 0, that cannot be written; of decode_many(), the PDU
+    number, other: of what cannot be written, what the code needs, 0 where it needs nothing
     """
 
     code: Optional[str] = None
@@ -193,6 +194,8 @@ class PduError(ValueError):
     found: Optional[int] = None
     partial: Optional[_core.Message] = None
     index: Optional[int] = None
+    number: Optional[int] = None
+    other: Optional[int] = None
 
 
 class Address(NamedTuple):

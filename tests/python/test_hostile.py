@@ -62,7 +62,7 @@ KEYWORDS = {
     qxpdu.encode: ("text", "address", "type", "data", "units", "like", "service_centre", "coding", "time", "discharge", "validity", "more_messages",
                    "loop_prevention", "reject_duplicates", "status_report_indication", "status_report_request", "is_for_command", "reply_path",
                    "message_reference", "status", "command_type", "message_number", "failure_cause", "parameter_indicator", "protocol"),
-    qxpdu.cut: ("languages", "alphabet", "tables", "room", "element_octets", "wide_reference", "replace_near", "reference", "ports", "elements",
+    qxpdu.cut: ("languages", "alphabet", "tables", "room", "wide_reference", "replace_near", "reference", "ports", "elements",
                 "message_class"),
     qxpdu.encode_cell: ("serial_number", "message_identifier", "format", "language", "alphabet", "message_class"),
     qxpdu.validity: ("enhanced", "single_shot"),
@@ -116,10 +116,25 @@ class AnyArgument(unittest.TestCase):
         for thing in (None, 1, 1.5, [], object()):
             with self.assertRaisesRegex(TypeError, "a PDU"):
                 qxpdu.decode(thing)
-        with self.assertRaisesRegex(TypeError, "direction|int"):
-            qxpdu.decode(HELLO, direction="to")
-        with self.assertRaisesRegex(TypeError, "service_centre"):
-            qxpdu.decode(HELLO, service_centre=1)
+        for message, call in (("direction is an int, not str", lambda: qxpdu.decode(HELLO, direction="to")),
+                              ("service_centre is True, False or None, not int", lambda: qxpdu.decode(HELLO, service_centre=1)),
+                              ("ports is Ports, not tuple", lambda: qxpdu.encode("a", "1", ports=(1, 2))),
+                              ("what is joined is a Message, not str", lambda: qxpdu.Joiner().add(HELLO)),
+                              ("a period is a timedelta, not int", lambda: qxpdu.validity(5, enhanced=True)),
+                              ("a time is a datetime, not str", lambda: qxpdu.encode("a", "1", type=1, time="now")),
+                              ("what decode_many.. reads is a list of PDUs, not str", lambda: qxpdu.decode_many(HELLO)),
+                              ("what decode_many.. reads is a list of PDUs, not bytes", lambda: qxpdu.decode_many(b"\0"))):
+            with self.assertRaisesRegex(TypeError, f"^{message}$"):
+                call()
+
+    def test_wrong_values_are_named(self):
+        for message, call in (("announced is 0 to 4294967295", lambda: qxpdu.decode(HELLO, announced=10**5000)),
+                              ("announced is 0 to 4294967295, not -1", lambda: qxpdu.decode(HELLO, announced=-1)),
+                              ("a validity is of 1 second to 63 weeks: .*", lambda: qxpdu.validity(timedelta.max)),
+                              ("a validity is of 1 second to 63 weeks: .*", lambda: qxpdu.validity(timedelta.min, enhanced=True)),
+                              ("no address has 'x' at 3", lambda: qxpdu.number("111" + "x" * 10**6))):
+            with self.assertRaisesRegex(ValueError, f"^{message}$"):
+                call()
 
     def test_texts(self):
         self.assertEqual(qxpdu.decode(qxpdu.encode("a\0😀", "1")[0].octets).text, "a\0😀")
@@ -149,7 +164,7 @@ class AnyArgument(unittest.TestCase):
         with self.assertRaises(qxpdu.PduError):
             qxpdu.cut(b"\0" * 10**6)
         with self.assertRaises(qxpdu.PduError):
-            qxpdu.encode("a" * 10**6)
+            qxpdu.encode("a" * 10**6, "1")
         self.assertEqual(qxpdu.decode(bytes.fromhex(HELLO) + b"\0" * 60000).text, "Hello")
 
     def test_zones(self):

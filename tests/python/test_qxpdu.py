@@ -73,6 +73,12 @@ class Reading(unittest.TestCase):
         with self.assertRaises(PduError) as raised:
             qxpdu.decode_many([HELLO] * 130 + ["zz", HELLO])
         self.assertEqual((raised.exception.index, raised.exception.code), (130, "not-hexadecimal"))
+        for first, index in (("zz", 0), (HELLO[:20], 1)):
+            with self.assertRaises(PduError) as raised:
+                qxpdu.decode_many([HELLO][:index] + [first, None])
+            self.assertEqual(raised.exception.index, index)
+        with self.assertRaises(TypeError):
+            qxpdu.decode_many(["zz", None], return_errors=True)
         messages = qxpdu.decode_many([HELLO, "", HELLO], return_errors=True)
         self.assertEqual((messages[0], messages[2]), (qxpdu.decode(HELLO), qxpdu.decode(HELLO)))
         self.assertEqual((messages[1].code, messages[1].index), ("empty", 1))
@@ -171,6 +177,19 @@ class Writing(unittest.TestCase):
         self.assertEqual(str(qxpdu.encode("Hi", like=message)[0]), "0001000791149721F3000002C834")
         self.assertEqual(qxpdu.encode(like=qxpdu.decode(HELLO))[0].octets, bytes.fromhex(HELLO))
 
+    def test_like_with_another_text(self):
+        like = qxpdu.decode(qxpdu.encode("Hi", "1", ports=qxpdu.Ports(1, 2), message_class=0, validity=timedelta(hours=3))[0].octets)
+        written = "00" + "{}0001" + "81F1" + "00{}" + "{}"
+        head = "060504" + "00010002"
+        for arguments, expected in (
+                ({}, "0051000181F10010230A" + head + "C834"), ({"ports": None}, "0011000181F100102302C834"),
+                ({"message_class": None}, "0051000181F10000230A" + head + "C834"), ({"validity": None}, "0041000181F100100A" + head + "C834"),
+                ({"ports": qxpdu.Ports(3, 4, False), "message_class": 1}, "0051000181F100112308" + "040402" + "0304" + "20D3"),
+                ({"coding": 0}, "0051000181F10000230A" + head + "C834"), ({"protocol": None}, "0051000181F10010230A" + head + "C834")):
+            with self.subTest(arguments=arguments):
+                self.assertEqual(str(qxpdu.encode("Hi", like=like, **arguments)[0]), expected)
+        self.assertEqual(str(qxpdu.encode(like=like, validity=None)[0])[:4], "0041")
+
     def test_languages_and_names(self):
         [pdu] = qxpdu.encode("Görüşmek üzere, iyi akşamlar", "+4179123", languages=[Language.TURKISH])
         self.assertEqual(str(pdu), "0041000791149721F30000210325010138F2E5FE4EBBBC06F9F5657999054AE7D3A0F0BA136EB3C372")
@@ -208,9 +227,11 @@ class Writing(unittest.TestCase):
                 ({"text": "a" * 39016}, {"code": "too-many-parts", "index": None}),
                 ({"text": "a" * 161, "reference": 256}, {"code": "reference"}),
                 ({"text": "x", "address": "12x"}, {"code": "address-character", "index": 2}),
-                ({"text": "x", "address": "1" * 21}, {"code": "address-too-long", "field": "TP-DA"}),
+                ({"text": "x", "address": "1" * 21}, {"code": "address-too-long", "field": "TP-DA", "number": 21, "other": 20}),
                 ({"units": b"\1" * 256}, {"code": "user-data-too-long"}),
                 ({"type": Type.SUBMIT_REPORT, "time": time, "failure_cause": 1}, {"code": "failure-cause-too-low"})):
+            if arguments.get("type") != Type.SUBMIT_REPORT:
+                arguments.setdefault("address", "1")
             with self.subTest(arguments=str(arguments)[:60]), self.assertRaises(PduError) as raised:
                 qxpdu.encode(**arguments)
             self.assertEqual({name: getattr(raised.exception, name) for name in members}, members)
@@ -220,7 +241,62 @@ class Writing(unittest.TestCase):
                           {"text": "x", "message_reference": 256}, {"text": "x", "message_class": 4}, {"text": "x", "alphabet": Alphabet.DATA},
                           {"text": "x", "tables": (1,)}, {"text": "x", "languages": [14]}, {"text": "x", "room": 200}):
             with self.subTest(arguments=arguments), self.assertRaises(ValueError):
-                qxpdu.encode(**arguments)
+                qxpdu.encode(**{"address": "1", **arguments})
+
+    def test_what_is_told_has_a_place(self):
+        time = datetime(2026, 11, 22, tzinfo=timezone.utc)
+        like = qxpdu.decode("0001000791149721F3000002C834", direction=2)
+        deliver, command = {"type": Type.DELIVER, "time": time}, {"type": Type.COMMAND, "text": None}
+        for arguments, said in (
+                ({"address": None}, "SMS-SUBMIT needs an address"), ({"address": None, "text": None}, "SMS-SUBMIT needs an address"),
+                ({"time": time}, "SMS-SUBMIT has no time"), ({"status": 5}, "SMS-SUBMIT has no status"),
+                ({"discharge": time}, "SMS-SUBMIT has no discharge"), ({"more_messages": True}, "SMS-SUBMIT has no more_messages"),
+                ({"loop_prevention": True}, "SMS-SUBMIT has no loop_prevention"), ({"is_for_command": True}, "SMS-SUBMIT has no is_for_command"),
+                ({"status_report_indication": True}, "SMS-SUBMIT has no status_report_indication"),
+                ({"command_type": 0}, "SMS-SUBMIT has no command_type"), ({"message_number": 0}, "SMS-SUBMIT has no message_number"),
+                ({"failure_cause": 0xD3}, "SMS-SUBMIT has no failure_cause"), ({"parameter_indicator": 0}, "SMS-SUBMIT has no parameter_indicator"),
+                ({**deliver, "validity": timedelta(hours=1)}, "SMS-DELIVER has no validity"),
+                ({**deliver, "reject_duplicates": True}, "SMS-DELIVER has no reject_duplicates"),
+                ({**deliver, "status_report_request": True}, "SMS-DELIVER has no status_report_request"),
+                ({**deliver, "message_reference": 1}, "SMS-DELIVER has no message_reference"),
+                ({"type": Type.STATUS_REPORT, "reply_path": True}, "SMS-STATUS-REPORT has no reply_path"),
+                ({"type": Type.SUBMIT_REPORT, "time": time}, "SMS-SUBMIT-REPORT has no address"),
+                ({"type": Type.COMMAND}, "SMS-COMMAND has no text"), ({**command, "coding": 0}, "SMS-COMMAND has no coding"),
+                ({**command, "data": b"a", "ports": qxpdu.Ports(1, 2)}, "ports"), ({**command, "data": b"a", "message_class": 1}, "message_class"),
+                ({"text": None, "units": b"Hi", "ports": qxpdu.Ports(1, 2)}, "ports"), ({"text": None, "units": b"Hi", "reference": 1}, "reference"),
+                ({"text": None, "units": b"Hi", "wide_reference": True}, "wide_reference"), ({"text": None, "units": b"Hi", "room": 9}, "room"),
+                ({"text": None, "ports": qxpdu.Ports(1, 2)}, "ports"), ({"text": None, "elements": b"\x70\0"}, "elements"),
+                ({"text": None, "message_class": 0}, "message_class"), ({"text": None, "like": like, "ports": qxpdu.Ports(1, 2)}, "ports"),
+                ({"text": None, "data": b"a", "languages": [1]}, "languages"), ({"text": None, "data": b"a", "alphabet": 0}, "alphabet"),
+                ({"text": None, "data": b"a", "tables": (0, 1)}, "tables"), ({"text": None, "data": b"a", "replace_near": True}, "replace_near"),
+                ({"coding": 4}, "coding 4 and text do not agree"), ({"coding": 0x20}, "coding 32 and text do not agree"),
+                ({"coding": 0, "text": None, "data": b"a"}, "coding 0 and data do not agree"),
+                ({"coding": 8, "alphabet": Alphabet.GSM7}, "coding 8 and alphabet do not agree"),
+                ({"coding": 0, "message_class": 0}, "coding 0 and message_class do not agree"),
+                ({"coding": 0xF1, "message_class": 0}, "coding 241 and message_class do not agree"),
+                ({"type": Type.NONE}, "type is 1 to 6, not 0")):
+            with self.subTest(arguments=arguments), self.assertRaisesRegex(ValueError, rf"\b{said}\b"):
+                qxpdu.encode(**{"text": "Hi", "address": "1", **arguments})
+        self.assertEqual(str(qxpdu.encode("Hi", "1", coding=0xF1, message_class=1, alphabet=0, service_centre=None)[0]), "01000181F100F102C834")
+        with self.assertRaises(PduError) as raised:
+            qxpdu.decode("")
+        with self.assertRaises(ValueError):
+            qxpdu.encode("Hi", "1", like=qxpdu._core._restore("", None, 0, None, None))
+
+    def test_a_record_agrees_with_itself(self):
+        hours, until = qxpdu.validity(timedelta(hours=3)), qxpdu.validity(datetime(2026, 11, 22, tzinfo=timezone.utc))
+        national = qxpdu.number("1")._replace(type=qxpdu.TypeOfNumber.NATIONAL)
+        for wrong in (hours._replace(octets=b""), hours._replace(octets=b"\1\2"), hours._replace(period=timedelta(days=1)),
+                      until._replace(octets=until.octets[:6]), until._replace(until=datetime(2026, 11, 23, tzinfo=timezone.utc)),
+                      hours._replace(format=qxpdu.ValidityFormat.NONE), hours._replace(format=qxpdu.ValidityFormat.NONE, octets=b"")):
+            with self.subTest(wrong=wrong), self.assertRaises(ValueError):
+                qxpdu.encode("Hi", "1", validity=wrong)
+        for address in (national, qxpdu.number("1")._replace(plan=0)):
+            with self.assertRaisesRegex(ValueError, "type_of_address, 129"):
+                qxpdu.encode("Hi", address)
+        for right in (hours, until, hours._replace(period=None), until._replace(until=None)):
+            [pdu] = qxpdu.encode("Hi", "1", validity=right)
+            self.assertEqual(qxpdu.decode(pdu.octets).validity.octets, right.octets)
 
 
 class Counting(unittest.TestCase):
@@ -229,6 +305,21 @@ class Counting(unittest.TestCase):
         self.assertEqual((count.alphabet, count.units, count.parts, count.characters), (Alphabet.UCS2, 8, 1, ()))
         self.assertEqual((len(count.choices), qxpdu.count("a" * 160).parts, qxpdu.count("a" * 161).parts), (1, 1, 2))
         self.assertEqual(qxpdu.explain("a" * 161).offsets, (0, 153))
+
+    def test_headers_are_counted(self):
+        for options in ({"ports": qxpdu.Ports(1, 2)}, {"ports": qxpdu.Ports(1, 2, False)}, {"elements": b"\x70\1\xff"},
+                        {"ports": qxpdu.Ports(1, 2), "elements": b"\x70\1\xff"}, {"wide_reference": True}, {"room": 60}):
+            for text in ("a" * 149, "a" * 150, "a" * 152, "a" * 160, "a" * 161, "a" * 300, "ж" * 66):
+                with self.subTest(options=options, octets=len(text)):
+                    parts = len(qxpdu.encode(text, "1", **options))
+                    self.assertEqual((qxpdu.count(text, **options).parts, qxpdu.explain(text, **options).parts), (parts, parts))
+        # 160 septets less 8 for a header of 7 octets.
+        self.assertEqual([qxpdu.count("a" * size, ports=qxpdu.Ports(1, 2)).parts for size in (152, 153)], [1, 2])
+        self.assertIsNone(qxpdu.count("a", elements=b"\x70\xff" + b"\0" * 255 + b"\x70\xff" + b"\0" * 70000).parts)
+        for function in (qxpdu.count, qxpdu.explain):
+            for name in ("replace_near", "reference", "message_class", "element_octets"):
+                with self.assertRaises(TypeError):
+                    function("a", **{name: 1})
 
     def test_no_room(self):
         count = qxpdu.count("aaaa", room=1)
