@@ -1,5 +1,6 @@
 """Builds the package. In a clone, libQX_Messages is built along and lies inside; elsewhere the installed one is taken."""
 import glob
+import os
 import pathlib
 import shutil
 import subprocess
@@ -40,12 +41,12 @@ class Build(build_ext):
             extension.extra_link_args = told_by_pkg_config("--libs")
             super().build_extension(extension)
             return
-        made = pathlib.Path(self.build_temp).resolve() / "qxpdu"
-        generator = ["-G", "Ninja"] if shutil.which("ninja") else []
-        subprocess.run(["cmake", "-S", clone, "-B", made, *generator, "-DCMAKE_BUILD_TYPE=Release", "-DQX_BUILD_TESTS=OFF",
+        generator = "Ninja" if shutil.which("ninja") else "Unix Makefiles"
+        made = pathlib.Path(self.build_temp).resolve() / generator.replace(" ", "-")  # CMake keeps a folder for one
+        subprocess.run(["cmake", "-S", clone, "-B", made, "-G", generator, "-DCMAKE_BUILD_TYPE=Release", "-DQX_BUILD_TESTS=OFF",
                         "-DQX_BUILD_TOOLS=OFF", "-DQX_BUILD_PYTHON=ON", "-DCMAKE_BUILD_WITH_INSTALL_RPATH=ON",
                         f"-DQX_PYTHON={sys.executable}", f"-DQX_PYTHON_INCLUDE={sysconfig.get_path('include')}"], check=True)
-        subprocess.run(["cmake", "--build", made, "--target", "qxpdu_core", "--parallel"], check=True)
+        subprocess.run(["cmake", "--build", made, "--target", "qxpdu_core", "--parallel", str(os.cpu_count() or 1)], check=True)
         folder = pathlib.Path(self.get_ext_fullpath(extension.name)).parent
         folder.mkdir(parents=True, exist_ok=True)
         shutil.copy(made / "python/qxpdu/_core.abi3.so", folder)

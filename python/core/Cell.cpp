@@ -71,6 +71,7 @@ std::uint8_t FormatGiven(PyObject* format) {
 
 struct PageJoiner {
     PyObject_HEAD qx_page_joiner* handle;
+    PyObject* weakly; ///< those who refer to it so
     bool isUsed;
 };
 
@@ -93,6 +94,7 @@ PyObject* NewPageJoiner(PyTypeObject* type, PyObject* arguments, PyObject* keywo
 }
 
 void FreePageJoiner(PyObject* object) noexcept {
+    EndWeakly(object, reinterpret_cast<PageJoiner*>(object)->weakly);
     qx_page_joiner_free(reinterpret_cast<PageJoiner*>(object)->handle);
     Free(object);
 }
@@ -197,6 +199,7 @@ PyObject* EncodeCell(PyObject* module, PyObject* const* values, Py_ssize_t count
 }
 
 void AddPageJoiner(PyObject* module, State& state) {
+    static PyMemberDef members[] = QXPDU_WEAKLY(PageJoiner);
     static PyType_Slot slots[] = {
         {Py_tp_doc,
          const_cast<char*>(
@@ -207,6 +210,7 @@ void AddPageJoiner(PyObject* module, State& state) {
         {Py_tp_new, reinterpret_cast<void*>(NewPageJoiner)},
         {Py_tp_dealloc, reinterpret_cast<void*>(FreePageJoiner)},
         {Py_tp_methods, c_methods},
+        {Py_tp_members, members},
         {0, nullptr},
     };
     state.pageJoinerType = AddType(module, "qxpdu.PageJoiner", sizeof(PageJoiner), true, slots);

@@ -114,8 +114,16 @@ qx_optional_octet OptionalGiven(PyObject* object, const char* what, long long mo
     return {true, Number<std::uint8_t>(object, what, most)};
 }
 
-bool Flag(PyObject* object, bool otherwise) {
-    return object != nullptr && object != Py_None ? Done(PyObject_IsTrue(object)) != 0 : otherwise;
+bool Flag(PyObject* object, const char* what, bool otherwise) {
+    if (object == nullptr || object == Py_None)
+        return otherwise;
+    if (PyBool_Check(object) == 0)
+        RaiseWrongType(what, "True or False", object);
+    return object == Py_True;
+}
+
+bool Arguments::IsSet(const char* name, bool otherwise) const {
+    return Flag(Told(name), name, otherwise);
 }
 
 qx_text Utf8(PyObject* object, const char* what) {

@@ -7,6 +7,7 @@
 #define PY_SSIZE_T_CLEAN
 #include <Python.h>
 #include <cxxabi.h>
+#include <structmember.h>
 
 #include <array>
 #include <cstddef>
@@ -271,6 +272,7 @@ public:
     Arguments(const Signature& signature, PyObject* const* values, Py_ssize_t count, PyObject* keywords);
 
     PyObject* Given(const char* name) const;
+    bool IsSet(const char* name, bool otherwise = false) const;
     PyObject* Told(const char* name) const {
         PyObject* const value = Given(name);
         return value == Py_None ? nullptr : value;
@@ -292,6 +294,19 @@ private:
 };
 
 // The module's types and their objects.
+
+/// Of objects that can be referred to weakly: the object has a member of this name, null at first.
+#define QXPDU_WEAKLY(Object)                                                                                 \
+    {                                                                                                        \
+        {"__weaklistoffset__", T_PYSSIZET, offsetof(Object, weakly), READONLY, nullptr}, {                   \
+            nullptr, 0, 0, 0, nullptr                                                                        \
+        }                                                                                                    \
+    }
+/// Tells those who refer to an object weakly that it ends.
+inline void EndWeakly(PyObject* object, const PyObject* weakly) noexcept {
+    if (weakly != nullptr)
+        Guarded(0, [&] { return PyObject_ClearWeakRefs(object), 0; });
+}
 
 /// Adds a type, whose name is "qxpdu.Message": final, not to be changed and, where that is said, not called.
 /// A new reference.
@@ -336,8 +351,8 @@ Value Number(PyObject* object, const char* what, long long most = static_cast<Va
 }
 /// None or nothing is no octet.
 qx_optional_octet OptionalGiven(PyObject* object, const char* what, long long most);
-/// None or nothing is `otherwise`.
-bool Flag(PyObject* object, bool otherwise = false);
+/// True or False; None or nothing is `otherwise`.
+bool Flag(PyObject* object, const char* what, bool otherwise = false);
 /// UTF-8 of a str, which keeps it.
 qx_text Utf8(PyObject* object, const char* what);
 /// The octets of what is bytes-like, as bytes: the same object where it is that already.

@@ -8,6 +8,7 @@ namespace {
 
 struct Joiner {
     PyObject_HEAD qx_joiner* handle;
+    PyObject* weakly;             ///< those who refer to it so
     PyObject* messages;           ///< those that were added and not handed back, by their tags
     PyObject* made;               ///< list of Joined that no call has handed back yet
     const qx_joined_list* unmade; ///< what the library has handed back that is not among them; null for none
@@ -121,6 +122,7 @@ PyObject* NewJoiner(PyTypeObject* type, PyObject* arguments, PyObject* keywords)
 
 void FreeJoiner(PyObject* object) noexcept {
     const auto& joiner = *reinterpret_cast<Joiner*>(object);
+    EndWeakly(object, joiner.weakly);
     qx_joiner_free(joiner.handle);
     Py_XDECREF(joiner.messages);
     Py_XDECREF(joiner.made);
@@ -194,6 +196,7 @@ PyMethodDef c_methods[] = {
 } // namespace
 
 void AddJoiner(PyObject* module, State& state) {
+    static PyMemberDef members[] = QXPDU_WEAKLY(Joiner);
     static PyType_Slot slots[] = {
         {Py_tp_doc,
          const_cast<char*>(
@@ -205,6 +208,7 @@ void AddJoiner(PyObject* module, State& state) {
         {Py_tp_new, reinterpret_cast<void*>(NewJoiner)},
         {Py_tp_dealloc, reinterpret_cast<void*>(FreeJoiner)},
         {Py_tp_methods, c_methods},
+        {Py_tp_members, members},
         {Py_sq_length, reinterpret_cast<void*>(Length)},
         {0, nullptr},
     };

@@ -18,6 +18,7 @@ constexpr Py_ssize_t c_mostOctets = 65536;
 struct Message {
     PyObject_HEAD PyObject* source; ///< bytes, or the digits as str
     PyObject** values; ///< of the attributes that have been asked for; null before the first one is
+    PyObject* weakly;  ///< those who refer to it so
     qx_read_options options;
 };
 
@@ -147,6 +148,10 @@ Ref PartOfUserData(State& state, const qx_reading& reading) {
     return userData != nullptr ? Optional(state, userData->*Member, +Of) : None();
 }
 
+Ref OctetsOfTime(State&, const qx_timestamp& timestamp) {
+    return Octets({timestamp.octets, sizeof timestamp.octets});
+}
+
 /// Reports without TP-DCS are in the default alphabet; a command has no text.
 bool HasText(const qx_message& message) {
     return message.coding != nullptr
@@ -218,6 +223,7 @@ struct Attribute {
 constexpr std::size_t c_text = 0;
 constexpr std::size_t c_address = 1;
 constexpr std::size_t c_time = 2;
+constexpr std::size_t c_type = 3;
 
 using M = qx_message;
 
@@ -231,6 +237,8 @@ constexpr Attribute c_attributes[] = {
     {"time", Part<&M::timestamp, TimeOf, QX_FIELD_SERVICE_CENTRE_TIMESTAMP>,
      "TP-SCTS as a datetime with its zone; None where the octets are no time too."},
     {"type", TypeOfMessage, "The type, a Type; Type.NONE where a fault came before it."},
+    {"time_octets", Part<&M::timestamp, OctetsOfTime, QX_FIELD_SERVICE_CENTRE_TIMESTAMP>,
+     "TP-SCTS as it is sent: seven octets, also of what is no time."},
     {"direction", DirectionOfMessage, "Which way it goes, as told or as the type has it."},
     {"data", DataOfMessage, "The octets after the header, where there is no text."},
     {"service_centre", ServiceCentreOfMessage,
@@ -240,6 +248,8 @@ constexpr Attribute c_attributes[] = {
      "Whether nothing but the octets told that there is a service centre, or none."},
     {"discharge", Part<&M::discharge, TimeOf, QX_FIELD_DISCHARGE_TIME>,
      "TP-DT, of a status report: when it was delivered or given up."},
+    {"discharge_octets", Part<&M::discharge, OctetsOfTime, QX_FIELD_DISCHARGE_TIME>,
+     "TP-DT as it is sent: seven octets, also of what is no time."},
     {"more_messages", MemberAt<&M::more_messages, QX_FIELD_MORE_MESSAGES>,
      "More messages wait: TP-MMS is 0."},
     {"loop_prevention", MemberAt<&M::loop_prevention, QX_FIELD_LOOP_PREVENTION>, "TP-LP."},
@@ -315,6 +325,7 @@ PyObject* GetOctets(PyObject* object, void*) noexcept {
 void Deallocate(PyObject* object) noexcept {
     Message& message = MessageOf(object);
     State& state = StateOfObject(object);
+    EndWeakly(object, message.weakly);
     for (std::size_t i = 0; i < state.readerCount; ++i)
         if (state.readers[i].owner == object)
             state.readers[i].owner = nullptr;
@@ -329,7 +340,7 @@ void Deallocate(PyObject* object) noexcept {
 /// "<qxpdu.Message SMS-DELIVER +12345678901 2012-02-13 12:34:56+02:00 'Hello'>"
 PyObject* Represent(PyObject* object) noexcept {
     return Guarded([&] {
-        const Ref type = Made(PyObject_Str(AttributeOf(object, 3).Get()));
+        const Ref type = Made(PyObject_Str(AttributeOf(object, c_type).Get()));
         Ref text = Made(PyUnicode_FromFormat("<qxpdu.Message %U", type.Get()));
         for (const std::size_t index : {c_address, c_time}) {
             const Ref value = AttributeOf(object, index);
@@ -397,9 +408,7 @@ PyObject* Same(PyObject* object, PyObject*) noexcept {
 std::uint8_t PresenceGiven(PyObject* given, const char* what) {
     if (given == nullptr)
         return QX_PRESENCE_UNKNOWN;
-    if (!PyBool_Check(given))
-        RaiseWrongType(what, "True, False or None", given);
-    return given == Py_True ? QX_PRESENCE_YES : QX_PRESENCE_NO;
+    return Flag(given, what) ? QX_PRESENCE_YES : QX_PRESENCE_NO;
 }
 
 const Arguments::Signature c_decode = {
@@ -667,7 +676,7 @@ PyObject* DecodeMany(PyObject* module, PyObject* const* values, Py_ssize_t count
         State& state = StateOf(module);
         const Arguments arguments(c_decodeMany, values, count, keywords);
         const qx_read_options options = OptionsOf(arguments);
-        const bool returnsErrors = Flag(arguments[5]);
+        const bool returnsErrors = arguments.IsSet("return_errors");
         if (PyUnicode_Check(arguments.First()) || PyBytes_Check(arguments.First()))
             RaiseWrongType("what decode_many() reads", "a list of PDUs", arguments.First());
         const Ref pdus = Made(PySequence_List(arguments.First()));
@@ -703,6 +712,7 @@ PyObject* Restore(PyObject* module, PyObject* const* values, Py_ssize_t count, P
 }
 
 void AddMessage(PyObject* module, State& state) {
+    static PyMemberDef members[] = QXPDU_WEAKLY(Message);
     static PyType_Slot slots[] = {
         {Py_tp_doc,
          const_cast<char*>("What a PDU says, as decode() gives it. What its type does not have is None. It "
@@ -713,6 +723,7 @@ void AddMessage(PyObject* module, State& state) {
         {Py_tp_hash, reinterpret_cast<void*>(Hash)},
         {Py_tp_methods, c_methods},
         {Py_tp_getset, Properties()},
+        {Py_tp_members, members},
         {0, nullptr},
     };
     state.messageType = AddType(module, "qxpdu.Message", sizeof(Message), false, slots);

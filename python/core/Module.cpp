@@ -48,9 +48,9 @@ int Execute(PyObject* module) noexcept {
     return Guarded(-1, [&] {
         State& state = StateOf(module);
         WatchEnd();
+        AddMessage(module, state); // of which some records are
         TakeRecords(state);
         TakeOthers(state);
-        AddMessage(module, state);
         AddJoiner(module, state);
         AddPageJoiner(module, state);
         Done(PyModule_AddFunctions(module, c_words));

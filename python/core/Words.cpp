@@ -29,6 +29,16 @@ PyObject* MeaningOf(PyObject*, PyObject* number) noexcept {
     });
 }
 
+PyObject* FieldDescription(PyObject*, PyObject* field) noexcept {
+    return Guarded([&] {
+        const std::string_view name = View(Utf8(field, "a field"));
+        for (std::uint8_t i = 0; i < State::c_fields; ++i)
+            if (name == qx_field_name(i))
+                return Made(PyUnicode_FromString(qx_field_description(i)));
+        return Text({});
+    });
+}
+
 PyObject* IdentifierMeaning(PyObject*, PyObject* number) noexcept {
     return Guarded([&] {
         const auto value = Number<std::uint16_t>(number, "an identifier");
@@ -54,7 +64,7 @@ PyObject* PortMeaning(PyObject*, PyObject* const* values, Py_ssize_t count, PyOb
     return Guarded([&] {
         const Arguments arguments(c_signature, values, count, keywords);
         const auto port = Number<std::uint16_t>(arguments.First(), "a port");
-        return Made(PyUnicode_FromString(qx_port_meaning(Flag(arguments.Told("is_wide"), true), port)));
+        return Made(PyUnicode_FromString(qx_port_meaning(arguments.IsSet("is_wide", true), port)));
     });
 }
 
@@ -76,8 +86,8 @@ PyObject* ValidityMeaning(PyObject* module, PyObject* validity) noexcept {
 
 PyMethodDef c_words[] = {
     QXPDU_WORD(type_name, "\"SMS-DELIVER\", of a Type."),
-    QXPDU_WORD(field_name, "\"TP-OA\", of the number of a field."),
-    QXPDU_WORD(field_description, "\"originating address\", of the number of a field."),
+    {"field_description", FieldDescription, METH_O,
+     "field_description($module, field, /)\n--\n\n\"originating address\", of \"TP-OA\"."},
     QXPDU_WORD(language_name, "\"Turkish\", of a Language."),
     QXPDU_WORD(alphabet_name, "\"GSM 7-bit\", of an Alphabet."),
     QXPDU_WORD(type_of_number_name, "\"international\", of a TypeOfNumber."),

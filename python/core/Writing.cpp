@@ -30,7 +30,7 @@ std::uint16_t LanguageBits(PyObject* languages) {
 
 qx_ports PortsGiven(const State& state, PyObject* object) {
     PyObject* const record = Instance(state, object, RecordType::Ports, "ports");
-    const bool areWide = Flag(PyTuple_GetItem(record, 2));
+    const bool areWide = Flag(PyTuple_GetItem(record, 2), "are_wide");
     const long long most = areWide ? UINT16_MAX : UINT8_MAX;
     return {sizeof(qx_ports), areWide, Number<std::uint16_t>(PyTuple_GetItem(record, 0), "a port", most),
             Number<std::uint16_t>(PyTuple_GetItem(record, 1), "a port", most)};
@@ -47,8 +47,8 @@ struct CutOptions {
             TakeTables(tables);
         if (PyObject* const room = arguments.Told("room"))
             options.octets = Number<std::uint16_t>(room, "room");
-        options.has_wide_reference = Flag(arguments.Told("wide_reference"));
-        options.replaces_near = Flag(arguments.Told("replace_near"));
+        options.has_wide_reference = arguments.IsSet("wide_reference");
+        options.replaces_near = arguments.IsSet("replace_near");
         if (PyObject* const reference = arguments.Told("reference")) {
             options.has_reference = true;
             options.reference = Number<std::uint16_t>(reference, "reference");
@@ -199,6 +199,36 @@ const qx_cut_text& Cut(const State& state, const Cutter& cutter, PyObject* text,
     if (cut->fault != nullptr)
         RaiseCutFault(state, text != nullptr ? Utf8(text, "text") : qx_text{}, *cut->fault);
     return *cut;
+}
+
+/// What is written.
+struct Content {
+    bool isText;
+    bool isCut;    ///< into parts
+    bool isWanted; ///< any user data
+};
+
+/// Refuses what is told of texts, of parts or of user data, where there are none.
+void RefuseUnused(const Arguments& arguments, const qx_cut_options& options, const Content& content) {
+    const struct {
+        bool isUsed;
+        bool isTold;
+        const char* name;
+    } all[] = {
+        {content.isText, options.languages != 0, "languages"},
+        {content.isText, arguments.Told("alphabet") != nullptr, "alphabet"},
+        {content.isText, options.has_tables, "tables"},
+        {content.isText, options.replaces_near, "replace_near"},
+        {content.isCut, arguments.Told("room") != nullptr, "room"},
+        {content.isCut, options.has_wide_reference, "wide_reference"},
+        {content.isCut, options.has_reference, "reference"},
+        {content.isCut, options.ports != nullptr, "ports"},
+        {content.isCut, options.message_class.has_value, "message_class"},
+        {content.isWanted, options.elements.size != 0, "elements"},
+    };
+    for (const auto& one : all)
+        if (one.isTold && !one.isUsed)
+            Raise(PyExc_ValueError, "nothing is written that %s could be used for", one.name);
 }
 
 // What a message is written of.
@@ -358,7 +388,7 @@ public:
         TakeTimes();
         TakeCoding();
         RefuseFieldsOfOthers();
-        RefuseUnused();
+        RefuseUnusedOptions();
     }
     Draft(const Draft&) = delete;
     Draft& operator=(const Draft&) = delete;
@@ -404,7 +434,7 @@ private:
             m_message.type =
                 static_cast<std::uint8_t>(Integer(type, QX_TYPE_DELIVER, QX_TYPE_COMMAND, "type"));
         for (const FlagArgument& flag : c_flags)
-            m_message.*flag.member = Flag(m_arguments.Told(flag.name), m_message.*flag.member);
+            m_message.*flag.member = m_arguments.IsSet(flag.name, m_message.*flag.member);
         for (const OctetArgument& octet : c_octets)
             if (PyObject* const told = m_arguments.Told(octet.name))
                 m_message.*octet.member = Number<std::uint8_t>(told, octet.name);
@@ -480,32 +510,12 @@ private:
                 Raise(PyExc_ValueError, "%s has no %s", qx_type_name(m_message.type), field.name);
     }
 
-    /// What is told of texts, of parts or of user data, where there are none.
-    void RefuseUnused() const {
+    void RefuseUnusedOptions() const {
         const bool hasText = m_arguments.Told("text") != nullptr;
         const bool hasData = m_arguments.Told("data") != nullptr;
-        const bool hasParts = hasText || (hasData && !IsOneOf(c_command));
-        const qx_cut_options& options = m_cut.options;
-        const struct {
-            bool isUsed;
-            bool isTold;
-            const char* name;
-        } all[] = {
-            {hasText, options.languages != 0, "languages"},
-            {hasText, m_arguments.Told("alphabet") != nullptr, "alphabet"},
-            {hasText, options.has_tables, "tables"},
-            {hasText, options.replaces_near, "replace_near"},
-            {hasParts, m_arguments.Told("room") != nullptr, "room"},
-            {hasParts, options.has_wide_reference, "wide_reference"},
-            {hasParts, options.has_reference, "reference"},
-            {hasParts, options.ports != nullptr, "ports"},
-            {hasParts, options.message_class.has_value, "message_class"},
-            {hasParts || hasData || m_arguments.Told("units") != nullptr, options.elements.size != 0,
-             "elements"},
-        };
-        for (const auto& one : all)
-            if (one.isTold && !one.isUsed)
-                Raise(PyExc_ValueError, "nothing is written that %s could be used for", one.name);
+        const bool hasUnits = m_arguments.Told("units") != nullptr;
+        RefuseUnused(m_arguments, m_cut.options,
+                     {hasText, hasText || (hasData && !IsOneOf(c_command)), hasText || hasData || hasUnits});
     }
 
     /// A text for a message like another one keeps its ports and its class.
@@ -665,9 +675,9 @@ PyObject* MakeValidity(PyObject* module, PyObject* const* values, Py_ssize_t cou
     return Guarded([&] {
         State& state = StateOf(module);
         const Arguments arguments(c_signature, values, count, keywords);
-        const bool isSingleShot = Flag(arguments.Told("single_shot"));
+        const bool isSingleShot = arguments.IsSet("single_shot");
         GivenValidity given;
-        if (isSingleShot || Flag(arguments.Told("enhanced"))) {
+        if (isSingleShot || arguments.IsSet("enhanced")) {
             given = {};
             given.validity.size = sizeof given.validity;
             const std::uint32_t seconds = SecondsOf(state, arguments.First());
@@ -706,6 +716,7 @@ PyObject* CutText(PyObject* module, PyObject* const* values, Py_ssize_t count, P
         PyObject* const given = arguments.First();
         const bool isText = PyUnicode_Check(given);
         const CutOptions options(state, arguments);
+        RefuseUnused(arguments, options.options, {isText, true, true});
         const Cutter cutter(qx_cutter_new());
         const qx_cut_text& cut =
             Cut(state, cutter, isText ? given : nullptr, isText ? nullptr : given, options.options);

@@ -7,9 +7,18 @@
     >>> [str(pdu) for pdu in qxpdu.encode("hello", "+4179123")]
     ['0001000791149721F3000005E8329BFD06']
 
-decode() and decode_many() read, encode() writes, count() and explain() tell what a text costs, cut() cuts it, Joiner
-joins parts; decode_cell(), encode_cell() and PageJoiner do the like for cell broadcast. What cannot be read or written
-raises PduError, a ValueError. qxpdu.words says in English what numbers mean.
+Begin with these; help() of each says more:
+
+    decode(), decode_many()         read: they give a Message, whose attributes say all that the octets do
+    encode()                        writes: it gives as many Pdu as the text takes
+    count(), explain()              tell what a text costs, and why
+    cut(), replace_near()           cut a text, and put near characters in
+    Joiner                          joins the parts of long messages
+    number(), name(), coding(), validity()  make what encode() takes
+    decode_cell(), encode_cell(), PageJoiner    do the like for cell broadcast
+    qxpdu.words                     says in English what numbers mean
+
+What cannot be read or written raises PduError, a ValueError; str() of an enumeration's member is what people call it.
 
 Results cannot be changed. Functions may be called by any number of threads at once, a joiner by one at a time.
 """

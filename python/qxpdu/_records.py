@@ -2,13 +2,18 @@
 
 The members of a record stand in the order in which core/ makes them.
 """
-from __future__ import annotations
-
 from datetime import datetime, timedelta
 from enum import IntEnum
 from typing import NamedTuple, Optional, Tuple, Union
 
 from . import _core
+
+
+class _Named(IntEnum):
+    """str() is the name, in small letters and words."""
+
+    def __str__(self) -> str:
+        return self.name.lower().replace("_", " ")
 
 
 class Type(IntEnum):
@@ -26,7 +31,7 @@ class Type(IntEnum):
         return _core.type_name(self)
 
 
-class Direction(IntEnum):
+class Direction(_Named):
     """Which way a TPDU goes; together with TP-MTI it gives the type."""
 
     UNKNOWN = 0
@@ -83,7 +88,7 @@ class TypeOfNumber(IntEnum):
         return _core.type_of_number_name(self)
 
 
-class CodingGroup(IntEnum):
+class CodingGroup(_Named):
     """The groups of data coding schemes, TS 23.038 clause 4."""
 
     GENERAL = 0
@@ -107,7 +112,7 @@ class WaitingType(IntEnum):
         return _core.waiting_type_name(self)
 
 
-class ValidityFormat(IntEnum):
+class ValidityFormat(_Named):
     """TP-VPF of an SMS-SUBMIT."""
 
     NONE = 0
@@ -116,7 +121,7 @@ class ValidityFormat(IntEnum):
     ABSOLUTE = 3
 
 
-class Piece(IntEnum):
+class Piece(_Named):
     """Which octets of a field a place covers, of the fields that have an inner order."""
 
     WHOLE = 0
@@ -153,7 +158,7 @@ class CellFormat(IntEnum):
         return _core.cell_format_name(self)
 
 
-class Scope(IntEnum):
+class Scope(_Named):
     """Where a message of cell broadcast is valid, and how it is displayed."""
 
     IMMEDIATE_CELL = 0
@@ -162,7 +167,7 @@ class Scope(IntEnum):
     CELL = 3
 
 
-class CellCodingGroup(IntEnum):
+class CellCodingGroup(_Named):
     """The groups of data coding schemes of cell broadcast, TS 23.038 clause 5."""
 
     LANGUAGE = 0
@@ -705,3 +710,19 @@ class WrittenCell(NamedTuple):
     octets: Tuple[bytes, ...]
     pages: int
     coding: CellCoding
+
+
+def _describe_members() -> None:
+    """Has help() say of each member of a record what its class says."""
+    for record in globals().values():
+        if isinstance(record, type) and issubclass(record, tuple):
+            for name, kind in record.__annotations__.items():
+                getattr(record, name).__doc__ = str(getattr(kind, "__name__", kind)).replace("typing.", "")
+            for line in (record.__doc__ or "").splitlines():
+                names, separator, said = line.strip().partition(": ")
+                for name in names.split(", "):
+                    if separator and name in record.__annotations__:
+                        getattr(record, name).__doc__ = said
+
+
+_describe_members()

@@ -117,7 +117,11 @@ class AnyArgument(unittest.TestCase):
             with self.assertRaisesRegex(TypeError, "a PDU"):
                 qxpdu.decode(thing)
         for message, call in (("direction is an int, not str", lambda: qxpdu.decode(HELLO, direction="to")),
-                              ("service_centre is True, False or None, not int", lambda: qxpdu.decode(HELLO, service_centre=1)),
+                              ("service_centre is True or False, not int", lambda: qxpdu.decode(HELLO, service_centre=1)),
+                              ("wide_reference is True or False, not int", lambda: qxpdu.cut("a", wide_reference=1)),
+                              ("reply_path is True or False, not str", lambda: qxpdu.encode("a", "1", reply_path="no")),
+                              ("return_errors is True or False, not int", lambda: qxpdu.decode_many([], return_errors=0)),
+                              ("are_wide is True or False, not int", lambda: qxpdu.encode("a", "1", ports=qxpdu.Ports(1, 2, 1))),
                               ("ports is Ports, not tuple", lambda: qxpdu.encode("a", "1", ports=(1, 2))),
                               ("what is joined is a Message, not str", lambda: qxpdu.Joiner().add(HELLO)),
                               ("a period is a timedelta, not int", lambda: qxpdu.validity(5, enhanced=True)),

@@ -3,8 +3,10 @@ import copy
 import doctest
 import pathlib
 import pickle
+import pydoc
 import re
 import unittest
+import weakref
 from datetime import datetime, timedelta, timezone
 
 import qxpdu
@@ -111,6 +113,23 @@ class Reading(unittest.TestCase):
             type("Mine", (qxpdu.Message,), {})
         with self.assertRaises(TypeError):
             type("Mine", (qxpdu.Joiner,), {})
+
+    def test_weak_references(self):
+        ended = []
+        for make in (lambda: qxpdu.decode(HELLO), qxpdu.Joiner, qxpdu.PageJoiner):
+            one = make()
+            reference = weakref.ref(one, ended.append)
+            self.assertIs(reference(), one)
+            del one
+            self.assertIsNone(reference())
+            self.assertEqual(ended.pop(), reference)
+
+    def test_no_time(self):
+        message = qxpdu.decode(HELLO.replace("21203121436580", "21203121439980"))
+        self.assertEqual((message.time, message.time_octets.hex(), message.discharge_octets), (None, "21203121439980", None))
+        report = qxpdu.decode("06090791149721F3621322310050406211223100994000", service_centre=False, direction=1)
+        self.assertEqual((report.time, report.time_octets.hex()), (None, "62132231005040"))
+        self.assertEqual((str(report.discharge), report.discharge_octets.hex()), ("None", "62112231009940"))
 
     def test_records_are_pickled(self):
         message = qxpdu.decode(part(1), service_centre=False)
@@ -291,6 +310,9 @@ class Writing(unittest.TestCase):
                       hours._replace(format=qxpdu.ValidityFormat.NONE), hours._replace(format=qxpdu.ValidityFormat.NONE, octets=b"")):
             with self.subTest(wrong=wrong), self.assertRaises(ValueError):
                 qxpdu.encode("Hi", "1", validity=wrong)
+        for name, value in (("languages", [1]), ("alphabet", 0), ("tables", (0, 1)), ("replace_near", True)):
+            with self.assertRaisesRegex(ValueError, name):
+                qxpdu.cut(b"a", **{name: value})
         for address in (national, qxpdu.number("1")._replace(plan=0)):
             with self.assertRaisesRegex(ValueError, "type_of_address, 129"):
                 qxpdu.encode("Hi", address)
@@ -428,9 +450,30 @@ class Words(unittest.TestCase):
         self.assertEqual(words.message_identifier_meaning(0x1112), "CMAS presidential, EU-Alert level 1")
         self.assertEqual(words.serial_number_meaning(0x4023, 50), "scope 1: network wide, message code 2, update number 3")
         self.assertEqual(words.type_name(200), "")
+        self.assertEqual([words.field_description(field) for field in ("TP-OA", "TP-VP", "", "TP-O")],
+                         ["originating address", "validity period", "", ""])
+        for place in qxpdu.decode(HELLO).places:
+            self.assertTrue(words.field_description(place.field), place.field)
         self.assertEqual(qxpdu.decode(HELLO).coding.alphabet, Alphabet.GSM7)
         for function in words.__all__:
             self.assertTrue(getattr(words, function).__doc__, function)
+
+    def test_enumerations_are_words(self):
+        self.assertEqual([str(member) for member in (Direction.TO_MOBILE, qxpdu.CodingGroup.DATA_CODING_AND_CLASS, qxpdu.ValidityFormat.ABSOLUTE,
+                                                     qxpdu.Piece.TYPE_OF_ADDRESS, qxpdu.Scope.CELL, qxpdu.CellCodingGroup.LANGUAGE)],
+                         ["to mobile", "data coding and class", "absolute", "type of address", "cell", "language"])
+        for enum in vars(qxpdu).values():
+            for member in enum if isinstance(enum, type) and issubclass(enum, int) else ():
+                self.assertFalse(str(member).isdigit(), repr(member))
+
+    def test_help(self):
+        for record in (qxpdu.Address, qxpdu.Part, qxpdu.Joined):
+            text = pydoc.plain(pydoc.render_doc(record))
+            for noise in ("ForwardRef", "Alias for field number"):
+                self.assertNotIn(noise, text)
+        self.assertEqual(qxpdu.Address.type_of_address.__doc__, "the octets as they are sent")
+        self.assertEqual(qxpdu.Concatenation.total.__doc__, "int")
+        self.assertIs(qxpdu.Part.__annotations__["message"], qxpdu.Message)
 
     def test_every_value_of_the_c_interface_has_its_name(self):
         header = (ROOT / "include/Messages/qx_codes.h").read_text(encoding="utf-8")
