@@ -106,6 +106,8 @@ PyObject* Take(PyObject* object, PyObject* given) noexcept {
         PyObject* const record = Instance(state, given, RecordType::CellReading, "what is joined");
         const Ref source = Bytes(PyTuple_GetItem(record, 0), "octets");
         const CellLease reading(state, source.Get(), FormatGiven(PyTuple_GetItem(record, 1)));
+        if (reading.Get().fault != nullptr) // the octets are not those that were read
+            RaisePduError(state, PduErrorOf(state, *reading.Get().fault, None()));
         const qx_pages_taken* taken = nullptr;
         const qx_result result = qx_page_joiner_take(joiner->handle, reading.Handle(), &taken);
         return TakenOf(state, result, taken);

@@ -155,7 +155,12 @@ qx_octets OctetsOf(PyObject* bytes) {
 
 void RaiseWrongType(const char* what, const char* wanted, PyObject* object) {
     const Ref name = Made(PyType_GetName(Py_TYPE(object)));
-    Raise(PyExc_TypeError, "%s is %s, not %U", what, wanted, name.Get());
+    const std::string_view text = View(Utf8(name.Get(), "a name"));
+    const std::string_view known = wanted;
+    // A package that is loaded twice has its classes twice.
+    const bool isNamesake = known.substr(known.size() - std::min(known.size(), text.size())) == text;
+    Raise(PyExc_TypeError, "%s is %s, not %s%U", what, wanted, isNamesake ? "another class " : "",
+          name.Get());
 }
 
 PyObject* Instance(const State& state, PyObject* object, RecordType type, const char* what) {

@@ -607,7 +607,8 @@ void FillRecord(const State& state, PyObject* record, qx_validity& validity) {
     const qx_octets octets = OctetsOf(bytes);
     const std::size_t size = OctetsOfFormat(validity.format);
     if (octets.size != size)
-        Raise(PyExc_ValueError, "a validity of this format has %zu octets, not %zu", size, octets.size);
+        Raise(PyExc_ValueError, "the octets of a validity of this format are %zu, not %zu", size,
+              octets.size);
     std::copy_n(octets.data, size, validity.octets);
     PyObject* const period = PyTuple_GetItem(record, 2);
     PyObject* const until = PyTuple_GetItem(record, 3);

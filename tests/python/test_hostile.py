@@ -124,6 +124,7 @@ class AnyArgument(unittest.TestCase):
                               ("are_wide is True or False, not int", lambda: qxpdu.encode("a", "1", ports=qxpdu.Ports(1, 2, 1))),
                               ("ports is Ports, not tuple", lambda: qxpdu.encode("a", "1", ports=(1, 2))),
                               ("what is joined is a Message, not str", lambda: qxpdu.Joiner().add(HELLO)),
+                              ("what is joined is a Message, not another class Message", lambda: qxpdu.Joiner().add(type("Message", (), {})())),
                               ("a period is a timedelta, not int", lambda: qxpdu.validity(5, enhanced=True)),
                               ("a time is a datetime, not str", lambda: qxpdu.encode("a", "1", type=1, time="now")),
                               ("what decode_many.. reads is a list of PDUs, not str", lambda: qxpdu.decode_many(HELLO)),

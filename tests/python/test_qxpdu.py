@@ -430,6 +430,11 @@ class CellBroadcast(unittest.TestCase):
         given_up = joiner.take_oldest()
         self.assertEqual((given_up.is_given_up, given_up.missing, joiner.take_oldest()), (True, (1,), None))
 
+    def test_other_octets_than_were_read(self):
+        with self.assertRaises(PduError) as raised:
+            qxpdu.PageJoiner().add(qxpdu.decode_cell("402000320111C834")._replace(octets=b"\x40"))
+        self.assertEqual((raised.exception.code, raised.exception.field), ("field-cut", "serial number"))
+
     def test_one_message(self):
         written = qxpdu.encode_cell("Hi", format=CellFormat.UMTS_MESSAGE, message_identifier=4370)
         self.assertEqual((written.pages, len(written.octets)), (1, 1))
