@@ -1,4 +1,5 @@
 """How the types are used; mypy holds it to them, and never runs it."""
+from array import array
 from datetime import datetime
 from typing import Optional
 
@@ -26,6 +27,14 @@ def sound(pdus: list[str]) -> list[qxpdu.Message]:
         else:
             print(item.text)
     return messages
+
+
+def either(pdus: list[array[int]], errors: bool) -> int:
+    return len(qxpdu.decode_many(pdus, return_errors=errors))
+
+
+def without_validity(message: qxpdu.Message) -> bytes:
+    return qxpdu.encode(like=message, validity=None, ports=None, wide_reference=None)[0].octets
 
 
 def written(text: str) -> list[str]:
