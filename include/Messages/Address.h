@@ -70,11 +70,12 @@ struct MESSAGES_API Address {
 
 /// Makes an address of a number as people write it: digits, `*`, `#`, `a`, `b`, `c`, with or without a plus
 /// sign first, which makes it international. Blanks, `-`, `.`, `/`, `(` and `)` are passed over. Returns the
-/// first other character; `address` is then as it was. Throws std::bad_alloc alone.
+/// first other character; `address` is then as it was. Nothing is too long, and no digit at all too short: it
+/// is for Write() to say what a PDU holds; the length is 255 at most. Throws std::bad_alloc alone.
 MESSAGES_API std::optional<MisfitCharacter> ToNumber(std::string_view written, Address& address);
 
-/// Makes an address of a name. Returns the first character that the default alphabet lacks; `address` is then
-/// as it was. Throws std::bad_alloc alone.
+/// Makes an address of a name, of any length as ToNumber() does. Returns the first character that the default
+/// alphabet lacks; `address` is then as it was. Throws std::bad_alloc alone.
 MESSAGES_API std::optional<MisfitCharacter> ToName(std::string_view written, Address& address);
 
 } // namespace Messages

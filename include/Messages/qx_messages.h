@@ -23,7 +23,8 @@
 /// null. No exception passes.
 ///
 /// Texts are UTF-8 and have a length, as one may hold NUL; after its last octet there is a NUL in all that is
-/// handed out. What is given needs none, and may be null where its length is 0.
+/// handed out. What is given needs none, and may be null where its length is 0. Only qx_replace_near() hands
+/// out octets that are no UTF-8, where it was given such.
 ///
 /// Structures begin with their size, so that they can grow at their ends. The library sets it in what it
 /// hands out: a member is there if it lies within. In what is given the caller sets it: `qx_message message =
@@ -405,10 +406,11 @@ MESSAGES_API void qx_maker_free(qx_maker* maker);
 
 /// An address of a number as people write it: digits, `*`, `#`, `a`, `b`, `c`, with or without a plus sign
 /// first, which makes it international. Blanks, `-`, `.`, `/`, `(` and `)` are passed over. QX_FAULT at any
-/// other character.
+/// other character. Nothing is too long, and no digit at all too short: it is for qx_write() to say what a
+/// PDU holds; the length is 255 at most.
 MESSAGES_API qx_result qx_make_number(qx_maker* maker, const char* written, size_t size,
                                       const qx_made** made);
-/// An address of a name. QX_FAULT at a character that the default alphabet lacks.
+/// An address of a name, of any length as well. QX_FAULT at a character that the default alphabet lacks.
 MESSAGES_API qx_result qx_make_name(qx_maker* maker, const char* written, size_t size, const qx_made** made);
 /// User data of header elements, as they are sent and without the header's length, and content: septets, one
 /// an octet, where the data coding scheme counts septets, and octets elsewhere. A command's data has the
@@ -430,7 +432,7 @@ MESSAGES_API qx_result qx_make_relative_validity(uint32_t seconds, qx_validity* 
 /// A period in the enhanced format, 1 second to 63 weeks.
 MESSAGES_API qx_result qx_make_enhanced_validity(uint32_t seconds, bool is_single_shot,
                                                  qx_validity* validity);
-/// Until a point in time, to which the validity points from then on.
+/// Until a point in time, to which the validity points from then on; its octets count.
 MESSAGES_API qx_result qx_make_absolute_validity(const qx_timestamp* until, qx_validity* validity);
 /// What a data coding scheme says.
 MESSAGES_API qx_result qx_make_coding(uint8_t value, qx_coding* coding);
@@ -443,7 +445,7 @@ typedef struct qx_cut_options {
     uint16_t languages;         ///< that may be used: a bit for each qx_language, `1 << QX_LANGUAGE_TURKISH`
     qx_optional_octet alphabet; ///< the only one that may be: QX_ALPHABET_GSM7 or QX_ALPHABET_UCS2
     bool has_tables;            ///< whether the next two are the only ones that may be, in GSM 7-bit
-    uint8_t locking;            ///< a qx_language: of the locking shift table
+    uint8_t locking;            ///< a qx_language: of the locking shift table; Spanish has the default one
     uint8_t single;             ///< a qx_language: of the single shift table
     uint16_t octets;            ///< of user data in one message, at most 159; 0 is 140
     uint16_t element_octets;    ///< of more header elements; qx_cut() works them out and does not look here
@@ -548,11 +550,13 @@ MESSAGES_API qx_result qx_choose(qx_cutter* cutter, const char* text, size_t siz
 /// The same with every choice, and the characters that it is about.
 MESSAGES_API qx_result qx_explain(qx_cutter* cutter, const char* text, size_t size,
                                   const qx_cut_options* options, const qx_explanation** explanation);
-/// Puts near characters in for what the languages' tables do not hold: a bit for each qx_language.
+/// Puts near characters in for what the languages' tables do not hold: a bit for each qx_language. Octets
+/// that are not UTF-8 stay, so that the text that is handed out is none either.
 MESSAGES_API qx_result qx_replace_near(qx_cutter* cutter, const char* text, size_t size, uint16_t languages,
                                        const qx_near_text** near_text);
 /// Cuts a text into as many messages as it takes, one or more. A part ends before a pair that it has no room
-/// for. QX_FAULT where there are no parts.
+/// for. QX_FAULT where there are no parts. Whether the elements of the options add up is for qx_write() to
+/// say, here as with qx_make_user_data().
 MESSAGES_API qx_result qx_cut(qx_cutter* cutter, const char* text, size_t size, const qx_cut_options* options,
                               const qx_cut_text** cut);
 /// The same of octets, in 8-bit data; how text would be written has no say.
@@ -620,7 +624,7 @@ MESSAGES_API void qx_joiner_free(qx_joiner* joiner);
 /// Takes in what the reader has read last, which it keeps. `now` are seconds of whatever clock the caller
 /// likes. A reading that a fault ended, which has no user data, comes back at once, as what is no part does;
 /// user data that is cut short is taken as far as it is there. QX_ARGUMENT where the reading has no type, or
-/// is of cell broadcast.
+/// is of cell broadcast, and where the reader's last call was refused, so that there is none.
 MESSAGES_API qx_result qx_joiner_add(qx_joiner* joiner, const qx_reader* reader, int64_t now, uint64_t tag,
                                      const qx_joined_list** joined);
 /// Gives up what has waited too long.
@@ -827,7 +831,8 @@ MESSAGES_API const char* qx_warning_type_name(uint8_t type);
 /// what is none.
 /// @{
 
-/// ISO 8601, "2012-02-13T12:34:56+05:30", 25 octets; empty where it is no time.
+/// ISO 8601, "2012-02-13T12:34:56+05:30", 25 octets; empty where it is no time. Its members count, each by
+/// itself: nothing asks whether the month has such a day.
 MESSAGES_API size_t qx_timestamp_text(const qx_timestamp* timestamp, char* text, size_t room);
 /// "relative, 3 hours".
 MESSAGES_API size_t qx_validity_meaning(const qx_validity* validity, char* text, size_t room);

@@ -1,5 +1,7 @@
 #include "Messages/Address.h"
 
+#include <algorithm>
+
 #include "alphabet/Utf8.h"
 #include "tpdu/Addresses.h"
 
@@ -9,6 +11,11 @@ namespace {
 constexpr std::uint8_t TypeOfAddress(TypeOfNumber type, NumberingPlan plan) {
     return static_cast<std::uint8_t>(c_typeExtension | static_cast<unsigned int>(type) << c_semiOctetBits |
                                      static_cast<unsigned int>(plan));
+}
+
+constexpr std::uint8_t LengthOctet(std::size_t semiOctets) {
+    constexpr std::size_t c_most = 0xFF;
+    return static_cast<std::uint8_t>(std::min(semiOctets, c_most));
 }
 
 } // namespace
@@ -33,7 +40,7 @@ std::optional<MisfitCharacter> ToNumber(std::string_view written, Address& addre
     }
     address.typeOfAddress = TypeOfAddress(
         isInternational ? TypeOfNumber::International : TypeOfNumber::Unknown, NumberingPlan::Isdn);
-    address.length = static_cast<std::uint8_t>(digits.size());
+    address.length = LengthOctet(digits.size());
     address.text = std::move(digits);
     return std::nullopt;
 }
@@ -44,7 +51,7 @@ std::optional<MisfitCharacter> ToName(std::string_view written, Address& address
         return misfit;
     address.text = written;
     address.typeOfAddress = TypeOfAddress(TypeOfNumber::Alphanumeric, NumberingPlan::Unknown);
-    address.length = static_cast<std::uint8_t>(SemiOctetsOfName(septets.size()));
+    address.length = LengthOctet(SemiOctetsOfName(septets.size()));
     return std::nullopt;
 }
 

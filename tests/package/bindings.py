@@ -15,6 +15,7 @@ sys.path.append(str(pathlib.Path(source, "tests/documents")))
 from blocks import blocks_of  # noqa: E402
 
 SUFFIX = {"c": "c", "rust": "rs", "go": "go"}
+BESIDE = {"rust": ["bindgen"]}
 DEBIANS = "/usr/bin"  # not one that was built or fetched otherwise, and may be newer
 
 
@@ -26,9 +27,10 @@ def run(command, **environment):
     return done.stdout
 
 
-if not pathlib.Path(DEBIANS, compiler).exists():
-    print(f"no {compiler} here: script/bootstrap bindings")
-    sys.exit(1 if os.environ.get("CI") == "true" else 77)
+for needed in (compiler, *BESIDE.get(language, ())):
+    if not pathlib.Path(DEBIANS, needed).exists():
+        print(f"no {needed} here: script/bootstrap bindings")
+        sys.exit(1 if os.environ.get("CI") == "true" else 77)
 shutil.rmtree(work, ignore_errors=True)
 os.makedirs(work)
 blocks = blocks_of(pathlib.Path(source, "docs/bindings.md"))
@@ -40,7 +42,10 @@ pathlib.Path(work, f"read.{SUFFIX[language]}").write_text(program.text, encoding
 with tempfile.TemporaryDirectory() as folder:  # the shell would cut what pkg-config says at a blank
     installed = pathlib.Path(folder, "installed")
     installed.symlink_to(prefix)
-    said = run(commands.text, PKG_CONFIG_PATH=f"{installed}/lib/pkgconfig", GOCACHE=f"{work}/cache", GOFLAGS="")
+    places = {"PKG_CONFIG_PATH": f"{installed}/lib/pkgconfig", "GOCACHE": f"{work}/cache", "GOFLAGS": ""}
+    said = run(commands.text, **places)
+    if language == "rust":
+        run(blocks[at + 3].text + "rustc --crate-type lib -A warnings qx.rs", **places)
 if said:
     raise SystemExit(f"the compiler says\n{said}")
 output = run("./read", LD_LIBRARY_PATH=f"{prefix}/lib")

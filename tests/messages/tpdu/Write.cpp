@@ -283,6 +283,19 @@ TEST(ToNumber, PassesOverWhatPeopleWriteBetween) {
     EXPECT_EQ(NumberOf("+").ToString(), "");
 }
 
+TEST(ToNumber, LengthIsOneOctetHoweverManyDigitsThereAre) {
+    for (const auto& [digits, length] :
+         {std::pair(0, 0), {1, 1}, {254, 254}, {255, 255}, {256, 255}, {300, 255}}) {
+        Messages::Address address;
+        EXPECT_FALSE(ToNumber(std::string(static_cast<std::size_t>(digits), '1'), address)) << digits;
+        EXPECT_EQ(address.length, length) << digits;
+        EXPECT_EQ(address.text.size(), static_cast<std::size_t>(digits));
+    }
+    Messages::Address name;
+    EXPECT_FALSE(Messages::ToName(std::string(147, 'a'), name)); // 1,029 bits are 258 semi-octets
+    EXPECT_EQ(name.length, 255);
+}
+
 TEST(ToNumber, TellsTheFirstOtherCharacter) {
     const struct {
         const char* written;
