@@ -27,8 +27,9 @@ void PduReader::SetOptions(std::string_view options) {
     if (options == m_OptionWords)
         return;
     m_HasLast = false;
-    m_Options = OptionsIn(options);
-    m_OptionWords = options;
+    const Messages::ReadOptions told = OptionsIn(options);
+    m_OptionWords = options; // where there is no memory for them, both are as before
+    m_Options = told;
 }
 
 bool PduReader::IsLast(const Given& given) const {
