@@ -51,10 +51,12 @@ public:
     }
     void OnUserData(const UserDataHead& head) {
         m_IsSame = m_IsSame && head.hasHeader == m_UserData.hasHeader &&
+                   head.isHeaderIgnored == m_UserData.isHeaderIgnored &&
                    head.concatenation == m_UserData.concatenation && head.ports == m_UserData.ports &&
                    head.tables.locking == m_UserData.tables.locking &&
                    head.tables.single == m_UserData.tables.single &&
-                   head.textOffset == m_UserData.textOffset && head.textUnits == m_UserData.textUnits;
+                   head.textOffset == m_UserData.textOffset && head.fillBits == m_UserData.fillBits &&
+                   head.textUnits == m_UserData.textUnits;
     }
     void OnText(std::string_view text) {
         m_IsSame = m_IsSame && text == m_UserData.text;

@@ -562,6 +562,15 @@ TEST(WriteUserData, SaysWhatItsMembersSay) {
     submit.userData = headed;
     submit.userData.hasHeader = false;
     EXPECT_EQ(WrittenOf(submit), "text-disagrees TP-UDL 0 0");
+    submit.userData = headed;
+    submit.userData.isHeaderIgnored = true;
+    EXPECT_EQ(WrittenOf(submit), "text-disagrees TP-UDL 0 0");
+    submit.userData = headed;
+    submit.userData.fillBits = 0;
+    EXPECT_EQ(WrittenOf(submit), "text-disagrees TP-UDL 0 0") << "6 octets and a bit are 7 septets";
+    submit.userData = TextOf("Hello");
+    submit.userData.fillBits = 5;
+    EXPECT_EQ(WrittenOf(submit), "text-disagrees TP-UDL 0 0") << "nothing comes before the text";
     submit.userData = TextOf("Hello", "00032A03027F0155");
     ++submit.userData.elements[0].length;
     EXPECT_EQ(WrittenOf(submit), "text-disagrees TP-UDL 0 0") << "the second element makes up for nothing";
