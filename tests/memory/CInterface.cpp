@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include "Messages/Parts.h"
 #include "Messages/Read.h"
 #include "Messages/qx_messages.h"
 #include "support/Allocations.h"
@@ -485,6 +486,27 @@ TEST(EveryAllocationOfACPageJoiner, FailsAndNothingIsLost) {
     }
 }
 
+/// A page that was taken in before memory ran out is a duplicate when it is given again.
+TEST(EveryAllocationOfACPageJoiner, FailsAndTheLastPageSaysWhetherItIsADuplicate) {
+    std::vector<bool> areDuplicates;
+    bool isThrough = false;
+    for (unsigned long points = 1; !isThrough; ++points) {
+        const Handles handles;
+        ReadPage(handles);
+        {
+            const tests::FailAllocation fail(points);
+            isThrough = TakePage(handles) == QX_OK;
+        }
+        const qx_pages_taken* taken = nullptr;
+        ASSERT_EQ(qx_page_joiner_take(handles.pages, handles.reader, &taken), QX_OK);
+        areDuplicates.push_back(taken->is_duplicate);
+    }
+    ASSERT_GE(areDuplicates.size(), 3U);
+    EXPECT_FALSE(areDuplicates.front()) << "memory ran out before it was taken in";
+    EXPECT_TRUE(areDuplicates.end()[-2]) << "memory ran out after that";
+    EXPECT_TRUE(areDuplicates.back());
+}
+
 TEST(NoAllocation, IsMadeByAReaderThatWasUsed) {
     const Handles handles;
     ReadPart(handles);
@@ -498,6 +520,16 @@ TEST(NoAllocation, IsMadeByAReaderThatWasUsed) {
     EXPECT_EQ(tests::Allocations(), before);
 }
 
+TEST(NoAllocation, IsKeptOfWhatAJoinerRefuses) {
+    const Handles handles;
+    const qx_joined_list* joined = nullptr;
+    EXPECT_EQ(qx_joiner_add(handles.joiner, nullptr, 0, 0, &joined), QX_ARGUMENT);
+    const unsigned long before = tests::Allocations();
+    for (int time = 0; time < 9; ++time)
+        EXPECT_EQ(qx_joiner_add(handles.joiner, nullptr, 0, 0, &joined), QX_ARGUMENT);
+    EXPECT_EQ(tests::Allocations(), before);
+}
+
 TEST(Allocations, OfASmallReadingAreOneBlockForWhatIsHandedOut) {
     const Handles handles;
     unsigned long before = tests::AllocatedBytes();
@@ -506,6 +538,22 @@ TEST(Allocations, OfASmallReadingAreOneBlockForWhatIsHandedOut) {
     before = tests::AllocatedBytes();
     EXPECT_EQ(ReadPart(handles), QX_OK);
     EXPECT_LE(tests::AllocatedBytes() - before, inCxx + 4096 + c_octets.size());
+}
+
+/// Each block is larger than those before it together, so that there are few.
+TEST(Allocations, OfALongTextAreFewBlocksForWhatIsHandedOut) {
+    const std::string text(255 * std::size_t{153}, 'a');
+    Messages::CutOptions options;
+    options.reference = 0;
+    unsigned long before = tests::Allocations();
+    EXPECT_EQ(Messages::CutIntoParts(text, options).parts.size(), 255U);
+    const unsigned long inCxx = tests::Allocations() - before;
+    const Handles handles;
+    const qx_cut_options known = CutOptions();
+    const qx_cut_text* cut = nullptr;
+    before = tests::Allocations();
+    EXPECT_EQ(qx_cut(handles.cutter, text.data(), text.size(), &known, &cut), QX_OK);
+    EXPECT_LE(tests::Allocations() - before, inCxx + 24);
 }
 
 } // namespace

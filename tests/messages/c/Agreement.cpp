@@ -1,8 +1,6 @@
 #include "messages/c/Agreement.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <iostream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -10,18 +8,12 @@
 #include "Messages/Words.h"
 #include "Messages/Write.h"
 #include "Messages/qx_messages.h"
+#include "messages/c/Require.h"
 
 namespace tests {
 namespace {
 
 using namespace Messages;
-
-void Require(bool holds, const char* what) {
-    if (holds)
-        return;
-    std::cerr << what << " from C is not as from C++\n";
-    std::abort();
-}
 
 template <class Handle, void (*Free)(Handle*)>
 struct Freeing {

@@ -256,6 +256,39 @@ TEST_F(Calls, RefuseATimeWhoseMembersDisagree) {
     EXPECT_TRUE(isTaken([&] { time.unix_seconds = 0; }));
 }
 
+TEST_F(Calls, RefuseUserDataWhoseMembersDisagree) {
+    auto data = *Cut("Hi", nullptr)->parts[0];
+    auto message = Sized<qx_message>();
+    message.type = QX_TYPE_SUBMIT;
+    message.party = Number("+4479")->address;
+    message.user_data = &data;
+    EXPECT_NE(Write(message, nullptr), nullptr);
+    const auto refuses = [&](const auto& change) {
+        const qx_user_data before = data;
+        change();
+        const qx_written* const written = Write(message, nullptr, QX_FAULT);
+        data = before;
+        ASSERT_NE(written->fault, nullptr);
+        EXPECT_EQ(written->fault->code, QX_WRITE_FAULT_TEXT_DISAGREES);
+    };
+    const auto concatenation = qx_concatenation{sizeof(qx_concatenation), false, 1, 2, 1};
+    const auto ports = qx_ports{sizeof(qx_ports), true, 2948, 0};
+    auto element = Sized<qx_element>();
+    const qx_element* const elements = &element;
+    refuses([&] { data.is_header_ignored = true; });
+    refuses([&] { data.elements = &elements, data.element_count = 1; });
+    refuses([&] { data.concatenation = &concatenation; });
+    refuses([&] { data.ports = &ports; });
+    refuses([&] { data.locking = QX_LANGUAGE_TURKISH; });
+    refuses([&] { data.single = QX_LANGUAGE_TURKISH; });
+    refuses([&] { data.text_offset = 1; });
+    refuses([&] { data.fill_bits = 5; });
+    refuses([&] { data.text_units = 1; });
+    refuses([&] { data.text = {"Ho", 2}; });
+    data.content = {};
+    EXPECT_NE(Write(message, nullptr), nullptr) << "it is told alone";
+}
+
 TEST_F(Calls, MaskTheFirstOctetOfAPlaceAlone) {
     // A header of 6 octets, a fill bit, "Hi".
     const qx_reading* const reading = Read("0044049144970000621112805103000905000301"
@@ -314,6 +347,11 @@ TEST_F(Calls, MakeUserData) {
               QX_ARGUMENT)
         << "a septet of 255";
     EXPECT_EQ(made, nullptr);
+    const std::uint8_t last = 127;
+    const std::uint8_t beyond = 128;
+    ASSERT_EQ(qx_make_user_data(m_Maker.get(), 0, {nullptr, 0}, {&last, 1}, &made), QX_OK);
+    EXPECT_EQ(Text(made->user_data->text), "\xC3\xA0") << "à";
+    EXPECT_EQ(qx_make_user_data(m_Maker.get(), 0, {nullptr, 0}, {&beyond, 1}, &made), QX_ARGUMENT);
     const std::vector<std::uint8_t> many(300);
     EXPECT_EQ(qx_make_user_data(m_Maker.get(), 4, {nullptr, 0}, {many.data(), many.size()}, &made), QX_FAULT);
     EXPECT_EQ(made->user_data, nullptr);
@@ -327,6 +365,8 @@ TEST_F(Calls, MakeTimesAndValidities) {
     EXPECT_STREQ(text, "2026-11-21T08:15:30-03:30");
     EXPECT_EQ(qx_timestamp_text(&time, text, 5), 25U);
     EXPECT_STREQ(text, "2026") << "as far as there is room";
+    EXPECT_EQ(qx_timestamp_text(&time, text, 1), 25U);
+    EXPECT_STREQ(text, "") << "room for the NUL alone";
     EXPECT_EQ(qx_timestamp_text(&time, nullptr, 0), 25U);
     EXPECT_EQ(qx_make_timestamp(2026, 2, 29, 0, 0, 0, 0, &time), QX_FAULT);
     ASSERT_EQ(qx_make_unix_timestamp(1795248930, 4, &time), QX_OK);
@@ -362,6 +402,27 @@ TEST_F(Calls, MakeTimesAndValidities) {
     refuses([](qx_timestamp& wrong) { wrong.quarters = 86; });
     EXPECT_EQ(qx_timestamp_text(&time, nullptr, 26), 0U);
     EXPECT_EQ(validity.until, &time) << "nothing was written since";
+    const auto takes = [&](const char* expected, const auto& change) {
+        qx_timestamp bound = time; // 2026-11-21T09:15:30+01:00
+        change(bound);
+        EXPECT_EQ(qx_make_absolute_validity(&bound, &validity), QX_OK);
+        EXPECT_EQ(qx_timestamp_text(&bound, text, sizeof(text)), 25U);
+        EXPECT_STREQ(text, expected);
+    };
+    takes("2000-11-21T09:15:30+01:00", [](qx_timestamp& bound) { bound.year = 2000; });
+    takes("2099-11-21T09:15:30+01:00", [](qx_timestamp& bound) { bound.year = 2099; });
+    takes("2026-01-21T09:15:30+01:00", [](qx_timestamp& bound) { bound.month = 1; });
+    takes("2026-12-21T09:15:30+01:00", [](qx_timestamp& bound) { bound.month = 12; });
+    takes("2026-11-01T09:15:30+01:00", [](qx_timestamp& bound) { bound.day = 1; });
+    takes("2026-12-31T09:15:30+01:00", [](qx_timestamp& bound) { bound.month = 12, bound.day = 31; });
+    takes("2026-11-21T00:15:30+01:00", [](qx_timestamp& bound) { bound.hour = 0; });
+    takes("2026-11-21T23:15:30+01:00", [](qx_timestamp& bound) { bound.hour = 23; });
+    takes("2026-11-21T09:00:30+01:00", [](qx_timestamp& bound) { bound.minute = 0; });
+    takes("2026-11-21T09:59:30+01:00", [](qx_timestamp& bound) { bound.minute = 59; });
+    takes("2026-11-21T09:15:00+01:00", [](qx_timestamp& bound) { bound.second = 0; });
+    takes("2026-11-21T09:15:59+01:00", [](qx_timestamp& bound) { bound.second = 59; });
+    takes("2026-11-21T09:15:30-21:15", [](qx_timestamp& bound) { bound.quarters = -85; });
+    takes("2026-11-21T09:15:30+21:15", [](qx_timestamp& bound) { bound.quarters = 85; });
     ASSERT_EQ(qx_make_enhanced_validity(30, true, &validity), QX_OK);
     EXPECT_EQ(validity.enhanced, QX_ENHANCED_SECONDS);
     EXPECT_TRUE(validity.is_single_shot);
@@ -408,6 +469,8 @@ TEST_F(Calls, ReplaceNearCharacters) {
     EXPECT_EQ(near->replacements[1]->offset, 5U);
     EXPECT_EQ(near->replacements[1]->length, 3U);
     EXPECT_EQ(Text(near->replacements[1]->replacement), "\"");
+    ASSERT_EQ(qx_replace_near(m_Cutter.get(), text.data(), 3, 0, &near), QX_OK);
+    EXPECT_EQ(near->replacement_count, 1U) << "those of the call before are gone";
 }
 
 TEST_F(Calls, CutInTwoAndJoin) {
@@ -448,6 +511,23 @@ TEST_F(Calls, CutData) {
     ASSERT_EQ(qx_cut_data(m_Cutter.get(), data, sizeof(data), nullptr, &cut), QX_OK);
     EXPECT_EQ(Hex(cut->parts[0]->octets), "010203");
     EXPECT_EQ(cut->coding->alphabet, QX_ALPHABET_DATA);
+}
+
+TEST_F(Calls, TakeTheRoomThatIsTold) {
+    auto options = Sized<qx_cut_options>();
+    const auto partsOf = [&](std::size_t septets) -> std::size_t {
+        const std::string text(septets, 'a');
+        const qx_explanation* chosen = nullptr;
+        qx_choose(m_Cutter.get(), text.data(), text.size(), &options, &chosen);
+        return chosen == nullptr ? 0 : chosen->choices[0]->parts;
+    };
+    EXPECT_EQ(partsOf(160), 1U);
+    options.element_octets = 20; // which leave 136 septets
+    EXPECT_EQ(partsOf(160), 2U);
+    options.element_octets = 0;
+    options.octets = 159; // 181 septets and 5 bits
+    EXPECT_EQ(partsOf(181), 1U);
+    EXPECT_EQ(partsOf(182), 2U);
 }
 
 TEST_F(Calls, TellWhyATextIsNotCut) {
@@ -664,6 +744,14 @@ TEST_F(Calls, RefuseToJoinWhatWasNotRead) {
     ReadCell("402000320011C834");
     EXPECT_EQ(qx_joiner_add(m_Joiner.get(), m_Reader.get(), 0, 0, &joined), QX_ARGUMENT);
     EXPECT_EQ(joined, nullptr);
+    const qx_cell_reading* cell = nullptr;
+    EXPECT_EQ(qx_read_cell(m_Reader.get(), nullptr, 1, QX_CELL_UNKNOWN, &cell), QX_ARGUMENT);
+    EXPECT_EQ(qx_page_joiner_take(m_Pages.get(), m_Reader.get(), &taken), QX_ARGUMENT)
+        << "the page of before is not taken again";
+    Read(c_deliver);
+    const qx_reading* reading = nullptr;
+    EXPECT_EQ(qx_read(m_Reader.get(), nullptr, 1, nullptr, &reading), QX_ARGUMENT);
+    EXPECT_EQ(qx_joiner_add(m_Joiner.get(), m_Reader.get(), 0, 0, &joined), QX_ARGUMENT) << "nor the message";
 }
 
 TEST_F(Calls, TakeLimitsOfJoiners) {

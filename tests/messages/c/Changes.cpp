@@ -1,25 +1,17 @@
 #include "messages/c/Changes.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <iostream>
 #include <memory>
 #include <string_view>
 #include <vector>
 
 #include "Messages/qx_messages.h"
+#include "messages/c/Require.h"
 
 namespace tests {
 namespace {
 
 using namespace Messages;
-
-void Require(bool holds, const char* what) {
-    if (holds)
-        return;
-    std::cerr << what << " from C is not as it was given\n";
-    std::abort();
-}
 
 using Reader = std::unique_ptr<qx_reader, void (*)(qx_reader*)>;
 using Writer = std::unique_ptr<qx_writer, void (*)(qx_writer*)>;
@@ -44,7 +36,7 @@ public:
     void Change(unsigned int which, std::uint8_t value) {
         const bool isSet = (value & 1U) != 0;
         const qx_optional_octet octet{isSet, value};
-        switch (which % 32) {
+        switch (which % c_changes) {
         case 0:
             m_Message.type = value % 7U;
             break;
@@ -138,6 +130,27 @@ public:
         case 30:
             m_UserData.octets.size = std::min<std::size_t>(m_UserData.octets.size, value);
             break;
+        case 31:
+            m_UserData.has_header = isSet;
+            break;
+        case 32:
+            m_UserData.is_header_ignored = isSet;
+            break;
+        case 33:
+            m_UserData.locking = value % 14U;
+            break;
+        case 34:
+            m_UserData.single = value % 14U;
+            break;
+        case 35:
+            m_UserData.text_offset = value;
+            break;
+        case 36:
+            m_UserData.fill_bits = value;
+            break;
+        case 37:
+            m_UserData.text_units = value;
+            break;
         default:
             if (!m_Octets.empty())
                 m_Octets[value % m_Octets.size()] ^= value;
@@ -168,6 +181,15 @@ bool IsSame(qx_text left, qx_text right) {
     return std::string_view(left.data, left.size) == std::string_view(right.data, right.size);
 }
 
+void Compare(const qx_user_data& given, const qx_user_data& read) {
+    Require(IsSame(given.text, read.text) && given.text_offset == read.text_offset &&
+                given.fill_bits == read.fill_bits && given.text_units == read.text_units,
+            "a text");
+    Require(given.has_header == read.has_header && given.is_header_ignored == read.is_header_ignored &&
+                given.locking == read.locking && given.single == read.single,
+            "a header");
+}
+
 /// The members that a message keeps, whatever is worked out anew.
 void Compare(const qx_message& given, const qx_message& read) {
     Require(given.type == read.type, "a type");
@@ -182,7 +204,7 @@ void Compare(const qx_message& given, const qx_message& read) {
                     given.timestamp->day == read.timestamp->day,
                 "a time");
     if (given.user_data != nullptr && read.user_data != nullptr)
-        Require(IsSame(given.user_data->text, read.user_data->text), "a text");
+        Compare(*given.user_data, *read.user_data);
 }
 
 void CheckReadsAgain(const qx_message& given, qx_octets octets) {

@@ -6,6 +6,9 @@
 
 namespace tests {
 
+/// How many members can be changed.
+constexpr unsigned int c_changes = 39;
+
 /// Reads the octets, changes members of what was read, and writes that: what is written has to read as what
 /// was given. A change is two octets, which member and its value. Ends the program, with a word on why, where
 /// it does not.
