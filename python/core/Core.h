@@ -474,6 +474,8 @@ private:
     Ref m_message; ///< so that it outlives the reading
     Reader m_reader;
 };
+/// Whether a field is there, and whole.
+bool Has(const qx_reading& reading, std::uint8_t field);
 /// Octets or digits of cell broadcast, read with a reader of the module's. REQUIRES the GIL; the reading is
 /// the caller's until the lease ends.
 class CellLease {

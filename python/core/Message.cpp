@@ -100,13 +100,6 @@ Ref NewMessage(const State& state, const Ref& source, const qx_read_options& opt
 
 using Make = Ref (*)(State&, const qx_reading&);
 
-/// Whether a field is there, and whole.
-bool Has(const qx_reading& reading, std::uint8_t field) {
-    return (reading.fault == nullptr || reading.fault->field != field) &&
-           std::any_of(reading.places, reading.places + reading.place_count,
-                       [&](const qx_place* place) { return place->field == field; });
-}
-
 /// A member of the message that is there where its field is.
 template <auto Member, std::uint8_t Field>
 Ref MemberAt(State&, const qx_reading& reading) {
@@ -594,6 +587,12 @@ PyMethodDef c_methods[] = {
 };
 
 } // namespace
+
+bool Has(const qx_reading& reading, std::uint8_t field) {
+    return (reading.fault == nullptr || reading.fault->field != field) &&
+           std::any_of(reading.places, reading.places + reading.place_count,
+                       [&](const qx_place* place) { return place->field == field; });
+}
 
 Reading::Reading(State& state, PyObject* message)
     : m_state(state), m_message(Shared(message)), m_reader(Borrow(state, message)) {

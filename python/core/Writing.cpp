@@ -1,7 +1,9 @@
 // Messages that are written, and texts that are counted and cut.
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <optional>
+#include <string_view>
 
 #include "Core.h"
 
@@ -45,6 +47,9 @@ struct CutOptions {
         options.alphabet = OptionalGiven(arguments.Told("alphabet"), "alphabet", QX_ALPHABET_UCS2);
         if (PyObject* const tables = arguments.Told("tables"))
             TakeTables(tables);
+        if (options.has_tables && options.alphabet.has_value && options.alphabet.value != QX_ALPHABET_GSM7)
+            Raise(PyExc_ValueError, "alphabet %s and tables do not agree",
+                  qx_alphabet_name(options.alphabet.value));
         if (PyObject* const room = arguments.Told("room"))
             options.octets = Number<std::uint16_t>(room, "room");
         options.has_wide_reference = arguments.IsSet("wide_reference");
@@ -377,6 +382,33 @@ constexpr FieldArgument c_fields[] = {
     {"parameter_indicator", c_reports | c_statusReport},
 };
 
+/// Fields after the first octet, and the arguments that tell what stands in them.
+struct LikeField {
+    std::uint8_t field;
+    const char* argument;
+    unsigned always;    ///< types that have it always
+    unsigned indicated; ///< types that have it where TP-PI says so
+    unsigned indicator; ///< its bit of TP-PI
+};
+constexpr LikeField c_likeFields[] = {
+    {QX_FIELD_MESSAGE_REFERENCE, "message_reference", c_submit | c_statusReport | c_command, 0, 0},
+    {QX_FIELD_ORIGINATING_ADDRESS, "address", c_deliver, 0, 0},
+    {QX_FIELD_DESTINATION_ADDRESS, "address", c_submit | c_command, 0, 0},
+    {QX_FIELD_RECIPIENT_ADDRESS, "address", c_statusReport, 0, 0},
+    {QX_FIELD_FAILURE_CAUSE, "failure_cause", 0, c_reports, 0},
+    {QX_FIELD_COMMAND_TYPE, "command_type", c_command, 0, 0},
+    {QX_FIELD_MESSAGE_NUMBER, "message_number", c_command, 0, 0},
+    {QX_FIELD_SERVICE_CENTRE_TIMESTAMP, "time", c_deliver | c_submitReport | c_statusReport, 0, 0},
+    {QX_FIELD_DISCHARGE_TIME, "discharge", c_statusReport, 0, 0},
+    {QX_FIELD_STATUS, "status", c_statusReport, 0, 0},
+    {QX_FIELD_PARAMETER_INDICATOR, "parameter_indicator", c_reports, c_statusReport, 0},
+    {QX_FIELD_PROTOCOL_IDENTIFIER, "protocol", c_deliver | c_submit | c_command, c_reports | c_statusReport,
+     1},
+    {QX_FIELD_DATA_CODING_SCHEME, "coding", c_deliver | c_submit, c_reports | c_statusReport, 2},
+    {QX_FIELD_USER_DATA_LENGTH, "data", c_deliver | c_submit, c_reports | c_statusReport, 4},
+    {QX_FIELD_COMMAND_DATA_LENGTH, "data", c_command, 0, 0},
+};
+
 /// A message that is put together from what is given, and from the one that it is to be like.
 class Draft {
 public:
@@ -389,6 +421,7 @@ public:
         TakeCoding();
         RefuseFieldsOfOthers();
         RefuseUnusedOptions();
+        RefuseUnread();
     }
     Draft(const Draft&) = delete;
     Draft& operator=(const Draft&) = delete;
@@ -490,6 +523,8 @@ private:
         qx_cut_options& options = m_cut.options;
         if (options.alphabet.has_value && options.alphabet.value != m_coding.alphabet)
             RaiseDisagreement("alphabet");
+        if (options.has_tables && m_coding.alphabet != QX_ALPHABET_GSM7)
+            RaiseDisagreement("tables");
         if (options.message_class.has_value && (!m_coding.message_class.has_value ||
                                                 options.message_class.value != m_coding.message_class.value))
             RaiseDisagreement("message_class");
@@ -516,6 +551,57 @@ private:
         const bool hasUnits = m_arguments.Told("units") != nullptr;
         RefuseUnused(m_arguments, m_cut.options,
                      {hasText, hasText || (hasData && !IsOneOf(c_command)), hasText || hasData || hasUnits});
+    }
+
+    /// Refuses a message that ends before a field which the new one needs, too, and which is not told.
+    void RefuseUnread() const {
+        if (!m_like || m_like->Get().fault == nullptr)
+            return;
+        const qx_reading& like = m_like->Get();
+        for (const LikeField& field : c_likeFields)
+            if (HadToRead(like, field) && !Has(like, field.field) && HasArgument(field.argument) &&
+                !IsTold(field))
+                Raise(PyExc_ValueError, "the message that like is ends before %U, and no %s is told",
+                      FieldName(m_state, field.field).Get(), field.argument);
+        if (like.message->type == QX_TYPE_SUBMIT && IsOneOf(c_submit) && HasValidityFormat(like) &&
+            !Has(like, QX_FIELD_VALIDITY_PERIOD) && m_arguments.Given("validity") == nullptr)
+            Raise(PyExc_ValueError, "the message that like is ends before TP-VP, and no validity is told");
+    }
+
+    static bool HadToRead(const qx_reading& like, const LikeField& field) {
+        const unsigned type = 1U << like.message->type;
+        return (field.always & type) != 0 ||
+               ((field.indicated & type) != 0 &&
+                (like.fault->field == field.field ||
+                 (Has(like, QX_FIELD_PARAMETER_INDICATOR) &&
+                  (like.message->parameter_indicator.value & field.indicator) != 0)));
+    }
+
+    static bool HasValidityFormat(const qx_reading& like) {
+        return std::any_of(like.places, like.places + like.place_count, [](const qx_place* place) {
+            return place->field == QX_FIELD_VALIDITY_FORMAT && place->value != QX_VALIDITY_NONE;
+        });
+    }
+
+    /// Whether messages of the type may have what the argument tells.
+    bool HasArgument(const char* argument) const {
+        return std::all_of(std::begin(c_fields), std::end(c_fields), [&](const FieldArgument& field) {
+            return std::string_view(field.name) != argument || IsOneOf(field.types);
+        });
+    }
+
+    /// A text, or data, brings its coding along.
+    bool IsTold(const LikeField& field) const {
+        const bool isCut = m_arguments.Told("text") != nullptr || m_arguments.Told("data") != nullptr;
+        if (field.field == QX_FIELD_DATA_CODING_SCHEME && isCut)
+            return true;
+        if (std::string_view(field.argument) == "data")
+            return isCut || m_arguments.Told("units") != nullptr;
+        const bool isOptional = std::any_of(std::begin(c_optionals), std::end(c_optionals),
+                                            [&](const OptionalArgument& optional) {
+                                                return std::string_view(optional.name) == field.argument;
+                                            });
+        return (isOptional ? m_arguments.Given(field.argument) : m_arguments.Told(field.argument)) != nullptr;
     }
 
     /// A text for a message like another one keeps its ports and its class.

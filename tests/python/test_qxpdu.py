@@ -302,6 +302,58 @@ class Writing(unittest.TestCase):
         with self.assertRaises(ValueError):
             qxpdu.encode("Hi", "1", like=qxpdu._core._restore("", None, 0, None, None))
 
+    def test_tables_are_of_gsm_7_bit(self):
+        for call in (lambda **told: qxpdu.encode("Ho", "1", **told), lambda **told: qxpdu.cut("Ho", **told),
+                     lambda **told: qxpdu.count("Ho", **told), lambda **told: qxpdu.explain("Ho", **told)):
+            for alphabet, named in ((Alphabet.UCS2, "UCS2"), (Alphabet.DATA, "8-bit data")):
+                with self.assertRaisesRegex(ValueError, f"^alphabet {named} and tables do not agree$"):
+                    call(alphabet=alphabet, tables=(0, 0))
+            call(alphabet=Alphabet.GSM7, tables=(0, 1))
+        with self.assertRaisesRegex(ValueError, "^coding 8 and tables do not agree$"):
+            qxpdu.encode("Ho", "1", coding=8, tables=(0, 0))
+        self.assertEqual(str(qxpdu.encode("Hi", "1", coding=0, tables=(0, 0), service_centre=None)[0]), "01000181F1000002C834")
+
+    def test_like_what_was_not_read(self):
+        time = datetime(2026, 11, 22, 13, 0, 5, tzinfo=timezone(timedelta(hours=1)))
+        octets, address = "62112231005040", "0791149721F3"
+        whole = {
+            Type.DELIVER: (0, "04", ((address, "TP-OA", {"address": "+4179123"}), ("00", "TP-PID", {"protocol": 0}),
+                                     ("00", "TP-DCS", {"coding": 0}), (octets, "TP-SCTS", {"time": time}), ("02C834", "TP-UDL", {"units": b"Hi"}))),
+            Type.SUBMIT: (2, "11", (("07", "TP-MR", {"message_reference": 7}), (address, "TP-DA", {"address": "+4179123"}),
+                                    ("00", "TP-PID", {"protocol": None}), ("00", "TP-DCS", {"coding": 0}), ("A7", "TP-VP", {"validity": timedelta(days=1)}),
+                                    ("02C834", "TP-UDL", {"units": b"Hi"}))),
+            Type.STATUS_REPORT: (1, "06", (("07", "TP-MR", {"message_reference": 7}), (address, "TP-RA", {"address": "+4179123"}),
+                                           (octets, "TP-SCTS", {"time": time}), (octets, "TP-DT", {"discharge": time}),
+                                           ("00", "TP-ST", {"status": 0}))),
+            Type.COMMAND: (2, "02", (("07", "TP-MR", {"message_reference": 7}), ("00", "TP-PID", {"protocol": 0}),
+                                     ("02", "TP-CT", {"command_type": 2}), ("05", "TP-MN", {"message_number": 5}),
+                                     (address, "TP-DA", {"address": "+4179123"}), ("020102", "TP-CDL", {"data": b"\1\2"}))),
+            Type.SUBMIT_REPORT: (1, "01", (("07", "TP-PI", {"parameter_indicator": 0}), (octets, "TP-SCTS", {"time": time}),
+                                           ("00", "TP-PID", {"protocol": 0}), ("00", "TP-DCS", {"coding": 0}), ("02C834", "TP-UDL", {"units": b"Hi"}))),
+        }
+        for type, (direction, head, fields) in whole.items():
+            complete = head + "".join(field for field, _, _ in fields)
+            for end in range(len(fields)):
+                with self.assertRaises(PduError) as raised:
+                    qxpdu.decode(head + "".join(field for field, _, _ in fields[:end]), service_centre=False, direction=direction)
+                like, told = raised.exception.partial, {}
+                # A report does not say what it has before TP-PI is read.
+                unread = fields[end:2] if type == Type.SUBMIT_REPORT and end == 0 else fields[end:]
+                for _, name, arguments in reversed(unread):
+                    said = name if name == fields[end][1] else "TP-"
+                    with self.subTest(type=type, end=end, name=name), self.assertRaisesRegex(ValueError, f"^the message that like is ends before {said}"):
+                        qxpdu.encode(like=like, **told)
+                    told.update(arguments)
+                if unread == fields[end:]:
+                    self.assertEqual(str(qxpdu.encode(like=like, **told)[0]), complete)
+        with self.assertRaises(PduError) as raised:
+            qxpdu.decode("040B9121", service_centre=False, direction=1)
+        with self.assertRaisesRegex(ValueError, "TP-PID, and no protocol"):
+            qxpdu.encode("Hi", "1", like=raised.exception.partial, type=Type.SUBMIT)
+        self.assertEqual(str(qxpdu.encode("Hi", "1", like=raised.exception.partial, type=Type.SUBMIT, protocol=0)[0]), "01000181F1000002C834")
+        with self.assertRaisesRegex(ValueError, "TP-OA, and no address"):
+            qxpdu.encode("Hi", like=raised.exception.partial, type=Type.SUBMIT)
+
     def test_a_record_agrees_with_itself(self):
         hours, until = qxpdu.validity(timedelta(hours=3)), qxpdu.validity(datetime(2026, 11, 22, tzinfo=timezone.utc))
         national = qxpdu.number("1")._replace(type=qxpdu.TypeOfNumber.NATIONAL)
