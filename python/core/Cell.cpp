@@ -138,8 +138,9 @@ PyMethodDef c_methods[] = {
 
 /// What a draft's fault says.
 [[noreturn]] void RaiseDraftError(const State& state, qx_text text, const qx_cell_written& written) {
-    const Ref index = written.misfit != nullptr ? CharacterIndex(text).At(written.misfit->offset) : None();
-    RaisePduError(state, PduErrorOf(state, Text(written.meaning), {{"code", None()}, {"index", index}}));
+    if (written.misfit != nullptr)
+        RaiseNotHeld(state, text, written.misfit->offset, written.misfit->character, None());
+    RaisePduError(state, PduErrorOf(state, Text(written.meaning), {{"code", None()}, {"index", None()}}));
 }
 
 const Arguments::Signature c_decodeCell = {"decode_cell", {"pdu", "format"}, 1, 1};

@@ -297,4 +297,13 @@ void RaisePduError(const State& state, const Ref& error) {
     throw PythonError();
 }
 
+void RaiseNotHeld(const State& state, qx_text text, std::size_t offset, std::uint32_t character,
+                  const Ref& code) {
+    const std::size_t index = CharacterIndex(text).Of(offset);
+    const Ref message =
+        Made(PyUnicode_FromFormat("nothing holds %R at %zu", CharacterOf(character).Get(), index));
+    RaisePduError(state,
+                  PduErrorOf(state, message, {{"code", code}, {"index", Integer(std::uint64_t{index})}}));
+}
+
 } // namespace qxpdu

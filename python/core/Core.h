@@ -440,6 +440,13 @@ struct ErrorMember {
     const char* name;
     Ref value;
 };
+/// A character, as a str.
+inline Ref CharacterOf(std::uint32_t character) {
+    return Made(PyUnicode_FromFormat("%c", static_cast<int>(character)));
+}
+/// Nothing that may be used holds the character at this octet of the text.
+[[noreturn]] void RaiseNotHeld(const State& state, qx_text text, std::size_t offset, std::uint32_t character,
+                               const Ref& code);
 [[noreturn]] void RaisePduError(const State& state, const Ref& error);
 Ref PduErrorOf(const State& state, const Ref& message, std::initializer_list<ErrorMember> members);
 /// Of the fault that ended a reading.
@@ -531,7 +538,7 @@ constexpr std::size_t OctetsOfFormat(std::uint8_t format) {
     return format == QX_VALIDITY_NONE ? 0 : format == QX_VALIDITY_RELATIVE ? 1 : 7;
 }
 /// A validity points to its end, so it is filled in where it stays.
-void FillValidity(const State& state, PyObject* object, GivenValidity& filled);
+void FillValidity(State& state, PyObject* object, GivenValidity& filled);
 
 } // namespace qxpdu
 

@@ -1,5 +1,6 @@
 // Messages that are written, and texts that are counted and cut.
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <iterator>
 #include <optional>
@@ -12,6 +13,7 @@ namespace {
 
 using Cutter = Handle<qx_cutter, qx_cutter_free>;
 using Maker = Handle<qx_maker, qx_maker_free>;
+using ReaderHandle = Handle<qx_reader, qx_reader_free>;
 using Writer = Handle<qx_writer, qx_writer_free>;
 
 // How a text is written and cut.
@@ -51,7 +53,7 @@ struct CutOptions {
             Raise(PyExc_ValueError, "alphabet %s and tables do not agree",
                   qx_alphabet_name(options.alphabet.value));
         if (PyObject* const room = arguments.Told("room"))
-            options.octets = Number<std::uint16_t>(room, "room");
+            options.octets = Number<std::uint16_t>(room, "room", c_mostRoom);
         options.has_wide_reference = arguments.IsSet("wide_reference");
         options.replaces_near = arguments.IsSet("replace_near");
         if (PyObject* const reference = arguments.Told("reference")) {
@@ -85,6 +87,8 @@ struct CutOptions {
     Ref elements;
 
 private:
+    static constexpr long long c_mostRoom = 159; // of a report
+
     void TakeTables(PyObject* given) {
         const Ref tables = Made(PySequence_Tuple(given));
         if (PyTuple_Size(tables.Get()) != 2)
@@ -112,10 +116,6 @@ Ref LanguagesOf(const State& state, std::uint16_t bits) {
         if ((bits >> language & 1) != 0)
             Done(PyList_Append(list.Get(), Member(state, EnumType::Language, language).Get()));
     return Made(PyList_AsTuple(list.Get()));
-}
-
-Ref CharacterOf(std::uint32_t character) {
-    return Made(PyUnicode_FromFormat("%c", static_cast<int>(character)));
 }
 
 Ref CostlyCharacterOf(const State& state, CharacterIndex& index, const qx_costly_character& costly) {
@@ -148,20 +148,14 @@ Ref ReplacementsOf(const State& state, qx_text text, const qx_replacement* const
     if (misfit == nullptr)
         RaisePduError(state, PduErrorOf(state, Made(PyUnicode_FromString("a part has no room for the text")),
                                         {{"code", Made(PyUnicode_FromString("no-room"))}}));
-    const Ref character = CharacterOf(misfit->character);
-    const std::size_t index = CharacterIndex(text).Of(misfit->offset);
-    const Ref message = Made(PyUnicode_FromFormat("nothing holds %R at %zu", character.Get(), index));
-    RaisePduError(state, PduErrorOf(state, message,
-                                    {{"code", Made(PyUnicode_FromString("no-character"))},
-                                     {"index", Integer(std::uint64_t{index})}}));
+    RaiseNotHeld(state, text, misfit->offset, misfit->character, Made(PyUnicode_FromString("no-character")));
 }
 
 [[noreturn]] void RaiseCutFault(const State& state, qx_text text, const qx_cut_fault& fault) {
-    const bool isAtCharacter = fault.code == QX_CUT_FAULT_NO_CHARACTER;
+    if (fault.code == QX_CUT_FAULT_NO_CHARACTER)
+        RaiseNotHeld(state, text, fault.offset, fault.character, Text(fault.name));
     RaisePduError(state,
-                  PduErrorOf(state, Text(fault.meaning),
-                             {{"code", Text(fault.name)},
-                              {"index", isAtCharacter ? CharacterIndex(text).At(fault.offset) : None()}}));
+                  PduErrorOf(state, Text(fault.meaning), {{"code", Text(fault.name)}, {"index", None()}}));
 }
 
 using Explanation = qx_result (*)(qx_cutter*, const char*, std::size_t, const qx_cut_options*,
@@ -286,18 +280,30 @@ private:
     Ref m_record;
 };
 
-std::uint8_t CodingGiven(const State& state, PyObject* object) {
-    if (Done(PyObject_IsInstance(object, state.records[static_cast<std::size_t>(RecordType::Coding)].type)) !=
-        0)
-        object = PyTuple_GetItem(Instance(state, object, RecordType::Coding, "coding"), 0);
-    return Number<std::uint8_t>(object, "coding");
-}
-
 qx_coding CodingOfValue(std::uint8_t value) {
     qx_coding coding{};
     coding.size = sizeof coding;
     Check(qx_make_coding(value, &coding));
     return coding;
+}
+
+bool AreEqual(PyObject* one, PyObject* other) {
+    return Done(PyObject_RichCompareBool(one, other, Py_EQ)) != 0;
+}
+
+/// What is sent is the value, which says all the others.
+std::uint8_t ValueOfCoding(State& state, PyObject* record) {
+    const auto value = Number<std::uint8_t>(PyTuple_GetItem(record, 0), "coding");
+    if (!AreEqual(record, CodingOf(state, CodingOfValue(value)).Get()))
+        Raise(PyExc_ValueError, "the members of a coding are not those of its value, %d", int{value});
+    return value;
+}
+
+std::uint8_t CodingGiven(State& state, PyObject* object) {
+    if (Done(PyObject_IsInstance(object, state.records[static_cast<std::size_t>(RecordType::Coding)].type)) !=
+        0)
+        return ValueOfCoding(state, Instance(state, object, RecordType::Coding, "coding"));
+    return Number<std::uint8_t>(object, "coding");
 }
 
 #define QXPDU_ENCODE_NAMES                                                                                   \
@@ -493,13 +499,25 @@ private:
         m_serviceCentre = &m_givenCentre.emplace(m_state, serviceCentre).address;
     }
 
+    /// The time of `like`, told again, stays as it was sent: octets can say it that are not made of any.
+    qx_timestamp TimeGiven(PyObject* object, const qx_timestamp* like) const {
+        if (like != nullptr && like->is_valid && Done(PyObject_IsInstance(object, m_state.datetime)) != 0) {
+            const Ref read = TimeOf(m_state, *like);
+            const Ref zone = Made(PyObject_CallMethod(object, "utcoffset", nullptr));
+            const Ref zoneRead = Made(PyObject_CallMethod(read.Get(), "utcoffset", nullptr));
+            if (AreEqual(object, read.Get()) && AreEqual(zone.Get(), zoneRead.Get()))
+                return *like;
+        }
+        return TimestampOf(m_state, object);
+    }
+
     void TakeTimes() {
         if (PyObject* const time = m_arguments.Told("time")) {
-            m_time = TimestampOf(m_state, time);
+            m_time = TimeGiven(time, m_message.timestamp);
             m_message.timestamp = &m_time;
         }
         if (PyObject* const discharge = m_arguments.Told("discharge")) {
-            m_discharge = TimestampOf(m_state, discharge);
+            m_discharge = TimeGiven(discharge, m_message.discharge);
             m_message.discharge = &m_discharge;
         }
         if (m_arguments.Given("validity") == Py_None)
@@ -545,12 +563,27 @@ private:
                 Raise(PyExc_ValueError, "%s has no %s", qx_type_name(m_message.type), field.name);
     }
 
+    /// What belongs to user data that stays as it is cannot be taken away from it.
+    void RefuseTakingAway(const Content& content) const {
+        if (!m_like)
+            return;
+        const qx_message& like = *m_like->Get().message;
+        if (!content.isWanted && m_arguments.Given("ports") == Py_None && like.user_data != nullptr &&
+            like.user_data->ports != nullptr)
+            Raise(PyExc_ValueError, "ports of like are taken away with another text or data only");
+        if (!content.isCut && !m_hasCoding && m_arguments.Given("message_class") == Py_None &&
+            like.coding != nullptr && like.coding->message_class.has_value)
+            Raise(PyExc_ValueError, "message_class of like is taken away with another text or coding only");
+    }
+
     void RefuseUnusedOptions() const {
         const bool hasText = m_arguments.Told("text") != nullptr;
         const bool hasData = m_arguments.Told("data") != nullptr;
         const bool hasUnits = m_arguments.Told("units") != nullptr;
-        RefuseUnused(m_arguments, m_cut.options,
-                     {hasText, hasText || (hasData && !IsOneOf(c_command)), hasText || hasData || hasUnits});
+        const Content content = {hasText, hasText || (hasData && !IsOneOf(c_command)),
+                                 hasText || hasData || hasUnits};
+        RefuseUnused(m_arguments, m_cut.options, content);
+        RefuseTakingAway(content);
     }
 
     /// Refuses a message that ends before a field which the new one needs, too, and which is not told.
@@ -647,6 +680,7 @@ private:
     }
 
     void Append(const Ref& pdus) {
+        RefuseIndicator();
         const qx_written* written = nullptr;
         Check(qx_write(m_writer.Get(), &m_message, m_serviceCentre, &written));
         if (written->fault != nullptr)
@@ -655,6 +689,19 @@ private:
                            RecordOf(m_state, RecordType::Pdu,
                                     {Octets(written->octets), Integer(std::uint64_t{written->tpdu_octets})})
                                .Get()));
+    }
+
+    /// The lowest bits of TP-PI say which of three fields are there.
+    void RefuseIndicator() const {
+        if (m_arguments.Told("parameter_indicator") == nullptr)
+            return;
+        const unsigned there = (m_message.protocol.has_value ? 1U : 0U) |
+                               (m_message.coding != nullptr ? 2U : 0U) |
+                               (m_message.user_data != nullptr ? 4U : 0U);
+        if ((m_message.parameter_indicator.value & 7U) != there)
+            Raise(PyExc_ValueError,
+                  "parameter_indicator %d does not say what is there: its lowest three bits are %u",
+                  int{m_message.parameter_indicator.value}, there);
     }
 
     [[noreturn]] void RaiseWriteFault(const qx_write_fault& fault) {
@@ -687,8 +734,25 @@ private:
     Writer m_writer{qx_writer_new()};
 };
 
-/// The octets are what is sent: the period and the end of a record are to be what they say.
-void FillRecord(const State& state, PyObject* record, qx_validity& validity) {
+/// The record of what the octets of a validity say: they are read as those of an SMS-SUBMIT.
+Ref ValidityRead(State& state, const qx_validity& validity) {
+    const auto first = static_cast<std::uint8_t>(1U | unsigned{validity.format} << 3U);
+    std::array<std::uint8_t, 14> submit = {first, 0, 0, 0x91, 0, 0}; // TP-MR, TP-DA, TP-PID and TP-DCS
+    constexpr std::size_t c_head = 6;
+    std::copy_n(validity.octets, OctetsOfFormat(validity.format), submit.begin() + c_head);
+    qx_read_options options{};
+    options.size = sizeof options;
+    options.service_centre = QX_PRESENCE_NO;
+    options.direction = QX_DIRECTION_FROM_MOBILE;
+    const ReaderHandle reader(qx_reader_new());
+    const qx_reading* reading = nullptr;
+    Check(qx_read(reader.Get(), submit.data(), c_head + OctetsOfFormat(validity.format) + 1, &options,
+                  &reading));
+    return ValidityOf(state, reading->message->validity != nullptr ? *reading->message->validity : validity);
+}
+
+/// The octets are what is sent: the members of a record are to be what they say, or None.
+void FillRecord(State& state, PyObject* record, qx_validity& validity) {
     const Ref bytes = Bytes(PyTuple_GetItem(record, 1), "octets");
     const qx_octets octets = OctetsOf(bytes);
     const std::size_t size = OctetsOfFormat(validity.format);
@@ -696,22 +760,12 @@ void FillRecord(const State& state, PyObject* record, qx_validity& validity) {
         Raise(PyExc_ValueError, "the octets of a validity of this format are %zu, not %zu", size,
               octets.size);
     std::copy_n(octets.data, size, validity.octets);
-    PyObject* const period = PyTuple_GetItem(record, 2);
-    PyObject* const until = PyTuple_GetItem(record, 3);
-    GivenValidity said{};
-    said.validity = validity;
-    qx_result result = QX_OK;
-    if (validity.format == QX_VALIDITY_RELATIVE && period != Py_None) {
-        result = qx_make_relative_validity(SecondsOf(state, period), &said.validity);
-    } else if (validity.format == QX_VALIDITY_ABSOLUTE && until != Py_None) {
-        said.until = TimestampOf(state, until);
-        result = qx_make_absolute_validity(&said.until, &said.validity);
-    } else if (validity.format == QX_VALIDITY_NONE && (period != Py_None || until != Py_None)) {
-        result = QX_FAULT;
+    const Ref read = ValidityRead(state, validity);
+    for (Py_ssize_t i = 2; i < PyTuple_Size(read.Get()); ++i) {
+        PyObject* const member = PyTuple_GetItem(record, i);
+        if (member != Py_None && !AreEqual(member, PyTuple_GetItem(read.Get(), i)))
+            Raise(PyExc_ValueError, "a validity's members are not what its octets say: %R", record);
     }
-    Check(result);
-    if (result == QX_FAULT || !std::equal(octets.data, octets.data + size, said.validity.octets))
-        Raise(PyExc_ValueError, "a validity's period or end is not what its octets say: %R", record);
 }
 
 } // namespace
@@ -720,7 +774,7 @@ void RaiseNoValidity(PyObject* object) {
     Raise(PyExc_ValueError, "a validity is of 1 second to 63 weeks: %R", object);
 }
 
-void FillValidity(const State& state, PyObject* object, GivenValidity& filled) {
+void FillValidity(State& state, PyObject* object, GivenValidity& filled) {
     filled = {};
     filled.validity.size = sizeof filled.validity;
     qx_result result = QX_OK;

@@ -354,6 +354,54 @@ class Writing(unittest.TestCase):
         with self.assertRaisesRegex(ValueError, "TP-OA, and no address"):
             qxpdu.encode("Hi", like=raised.exception.partial, type=Type.SUBMIT)
 
+    def test_what_was_read_is_written_again(self):
+        # The zones -00:00, E1 and FF, and digits above 9.
+        for octets in ("62304151906208", "623041519062E1", "623041B1906200", "623041519062FF", "62404151906208", "62304151906200"):
+            submit = qxpdu.decode("1900" + "0791149721F3" + f"0000{octets}02C834", service_centre=False, direction=2)
+            report = qxpdu.decode("0607" + "0791149721F3" + octets + octets + "00", service_centre=False, direction=1)
+            with self.subTest(octets=octets):
+                self.assertIsNotNone(submit.validity.until)
+                self.assertEqual(qxpdu.encode(like=submit, validity=submit.validity)[0].octets, submit.octets)
+                self.assertEqual(qxpdu.encode(like=report, time=report.time, discharge=report.discharge)[0].octets, report.octets)
+        report = qxpdu.decode("0607" + "0791149721F3" + "62304151906208" * 2 + "00", service_centre=False, direction=1)
+        told = report.time.astimezone(timezone(timedelta(hours=1)))
+        self.assertEqual(str(qxpdu.encode(like=report, time=told)[0]), "0607" + "0791149721F3" + "62304161906240" + "62304151906208" + "00")
+        with self.assertRaises(TypeError):
+            qxpdu.encode(like=report, time="62304151906208")
+
+    def test_parameter_indicator_says_what_is_there(self):
+        time = datetime(2026, 11, 22, 13, 0, 5, tzinfo=timezone(timedelta(hours=1)))
+        report = {"type": Type.SUBMIT_REPORT, "time": time}
+        for told, fields, there in ((7, {}, 0), (0, {"protocol": 1}, 1), (1, {"coding": 0}, 2), (3, {"units": b"a"}, 4), (4, {"text": "a"}, 6)):
+            with self.assertRaisesRegex(ValueError, f"^parameter_indicator {told} does .* three bits are {there}$"):
+                qxpdu.encode(parameter_indicator=told, **fields, **report)
+            pdus = qxpdu.encode(parameter_indicator=there, **fields, **report)
+            self.assertEqual(pdus, qxpdu.encode(**fields, **report))
+
+    def test_what_is_not_taken_away(self):
+        like = qxpdu.encode("Hi", "1", ports=qxpdu.Ports(1, 2), message_class=0)[0].octets
+        like = qxpdu.decode(like, direction=2)
+        for arguments, said in (({"ports": None}, "ports"), ({"message_class": None}, "message_class"),
+                                ({"message_class": None, "units": b"Hi"}, "message_class")):
+            with self.subTest(arguments=arguments), self.assertRaisesRegex(ValueError, f"^{said} of like"):
+                qxpdu.encode(like=like, **arguments)
+        self.assertEqual(str(qxpdu.encode(like=like, units=b"Hi", ports=None)[0]), "0001000181F1001002C834")
+        self.assertEqual(str(qxpdu.encode(like=like, units=b"Hi", message_class=None, coding=0)[0]), "0001000181F1000002C834")
+        plain = qxpdu.decode("0001000181F1000002C834", direction=2)
+        self.assertEqual(qxpdu.encode(like=plain, ports=None, message_class=None)[0].octets, plain.octets)
+
+    def test_room_and_characters_are_named(self):
+        for call in (lambda **told: qxpdu.encode("Ho", "1", **told), lambda **told: qxpdu.cut("Ho", **told),
+                     lambda **told: qxpdu.count("Ho", **told), lambda **told: qxpdu.explain("Ho", **told)):
+            call(room=159)
+            with self.assertRaisesRegex(ValueError, "^room is 0 to 159, not 160$"):
+                call(room=160)
+        for call in (lambda text: qxpdu.encode(text, "1", alphabet=0), lambda text: qxpdu.cut(text, alphabet=0),
+                     lambda text: qxpdu.count(text, alphabet=0), lambda text: qxpdu.encode_cell(text, alphabet=0)):
+            with self.assertRaisesRegex(PduError, "^nothing holds 'Ж' at 2$") as raised:
+                call("éàЖ")
+            self.assertEqual(raised.exception.index, 2)
+
     def test_a_record_agrees_with_itself(self):
         hours, until = qxpdu.validity(timedelta(hours=3)), qxpdu.validity(datetime(2026, 11, 22, tzinfo=timezone.utc))
         national = qxpdu.number("1")._replace(type=qxpdu.TypeOfNumber.NATIONAL)
@@ -362,13 +410,22 @@ class Writing(unittest.TestCase):
                       hours._replace(format=qxpdu.ValidityFormat.NONE), hours._replace(format=qxpdu.ValidityFormat.NONE, octets=b"")):
             with self.subTest(wrong=wrong), self.assertRaises(ValueError):
                 qxpdu.encode("Hi", "1", validity=wrong)
+        enhanced, coding = qxpdu.validity(timedelta(seconds=30), enhanced=True), qxpdu.coding(0xF1)
+        for wrong in (enhanced._replace(period=timedelta(seconds=31)), enhanced._replace(is_single_shot=True), enhanced._replace(enhanced=3),
+                      until._replace(period=timedelta(days=1)), hours._replace(until=until.until)):
+            with self.subTest(wrong=wrong), self.assertRaisesRegex(ValueError, "^a validity's members"):
+                qxpdu.encode("Hi", "1", validity=wrong)
+        for wrong in (coding._replace(message_class=0), coding._replace(alphabet=Alphabet.UCS2), coding._replace(value=0xF2)):
+            with self.subTest(wrong=wrong), self.assertRaisesRegex(ValueError, f"are not those of its value, {wrong.value}$"):
+                qxpdu.encode("Hi", "1", coding=wrong)
+        self.assertEqual(str(qxpdu.encode("Hi", "1", coding=coding, service_centre=None)[0]), "01000181F100F102C834")
         for name, value in (("languages", [1]), ("alphabet", 0), ("tables", (0, 1)), ("replace_near", True)):
             with self.assertRaisesRegex(ValueError, name):
                 qxpdu.cut(b"a", **{name: value})
         for address in (national, qxpdu.number("1")._replace(plan=0)):
             with self.assertRaisesRegex(ValueError, "type_of_address, 129"):
                 qxpdu.encode("Hi", address)
-        for right in (hours, until, hours._replace(period=None), until._replace(until=None)):
+        for right in (hours, until, enhanced, hours._replace(period=None), until._replace(until=None)):
             [pdu] = qxpdu.encode("Hi", "1", validity=right)
             self.assertEqual(qxpdu.decode(pdu.octets).validity.octets, right.octets)
 
