@@ -21,7 +21,7 @@ inline bool HoldsPlain(Language locking) {
     return (c_plainLocking >> static_cast<unsigned int>(locking) & 1U) != 0;
 }
 
-inline bool IsPlainBlock(const std::uint8_t* octets) {
+inline bool IsPlainBlock(const std::uint8_t* octets) noexcept {
     return Wire::OtherCodes(octets) == 0;
 }
 
