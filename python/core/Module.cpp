@@ -231,7 +231,6 @@ PyModuleDef c_module = {
 } // namespace
 } // namespace qxpdu
 
-// NOLINTNEXTLINE(bugprone-reserved-identifier): Python looks for this name
 PyMODINIT_FUNC PyInit__core() {
     return PyModuleDef_Init(&qxpdu::c_module);
 }

@@ -2,7 +2,7 @@
 
 template <class CharT>
 const TString<CharT>& TString<CharT>::Empty() {
-    static const TString _Empty; // NOLINT(bugprone-reserved-identifier): the name is required
+    static const TString _Empty; // the name is required
     return _Empty;
 }
 
