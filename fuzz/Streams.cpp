@@ -31,7 +31,7 @@ struct Command {
     Answers answers;
 };
 
-const std::array<Command, 11> c_commands = {
+const std::array<Command, 12> c_commands = {
     {{{"count", "--lines", "--jsonl"}, Answers::EachLine},
      {{"encode", "--to", "+4179123", "--concat-reference", "7", "--lines", "--jsonl"}, Answers::EachLine},
      {{"decode", "--columns", "input,text,error", "--input-column", "2"}, Answers::Rows},
@@ -42,7 +42,8 @@ const std::array<Command, 11> c_commands = {
      {{"decode", "--jsonl", "--join", "--each"}, Answers::SomeLines},
      {{"cell", "--jsonl", "--join"}, Answers::SomeLines},
      {{"cell", "--jsonl", "--join", "--each"}, Answers::SomeLines},
-     {{"cell", "encode", "--lines", "--jsonl"}, Answers::EachLine}}};
+     {{"cell", "encode", "--lines", "--jsonl"}, Answers::EachLine},
+     {{"decode", "--columns", "text,type", "--each-line"}, Answers::Rows}}};
 
 std::vector<std::string> LinesOf(const std::string& text) {
     std::vector<std::string> lines;

@@ -55,7 +55,7 @@ void AddCell(const Command& parent) {
     AddCellEncode(command);
     command.SetAction([options](const Streams& streams) {
         CellPages pages(*options);
-        if (options->rows.inputColumn != 0)
+        if (options->rows.AreLinesRows())
             return ConvertRows(
                 options->Settings(), options->rows, streams,
                 [&pages](const Input& input, Console& console) { return pages.ReadToRow(input, console); });

@@ -213,7 +213,7 @@ void AddDecode(const Command& parent) {
         "  qxpdu decode --join < modem.log\n"
         "  tail -f modem.log | qxpdu decode --brief");
     command.SetAction([options](const Streams& streams) {
-        if (options->rows.inputColumn != 0)
+        if (options->rows.AreLinesRows())
             return ConvertRows(
                 options->Settings(), options->rows, streams,
                 [&](const Input& input, Console& console) { return ReadToRow(*options, input, console); });

@@ -49,28 +49,79 @@ Cut CutAt(std::string line, unsigned int column) {
     return {line.substr(0, begin), line.substr(begin, end - begin), line.substr(end)};
 }
 
-show::Row ReadColumn(const Cut& cut, const Input& line, const ReadRow& read, Console& console) {
-    try {
-        if (!cut.pdu)
-            throw InputError("the line ends before its PDU");
-        Input input = line;
-        input.text = *cut.pdu;
-        return read(input, console);
-    } catch (const InputError& error) {
-        console.Error(NameOf(line), error.what());
+/// Turns rows with a PDU into rows with its columns.
+class RowConverter {
+public:
+    RowConverter(const RowOptions& options, const ReadRow& read) : m_Options(options), m_Read(read) {
+        if (m_Options.isEachLine)
+            SettleEachLine();
+    }
+
+    Afterwards Convert(const Input& line, Console& console) {
+        if (m_Options.isEachLine && (line.text.empty() || line.text == "\r")) {
+            console.Line("");
+            return {};
+        }
+        Cut cut = CutAt(line.text, m_Options.inputColumn);
+        if (m_Options.hasNoHeading || line.source != Input::Source::Line || line.number != 1) {
+            WriteRow(cut, line, ReadColumn(cut, line, console), console);
+            return {};
+        }
+        return [this, cut = std::move(cut)](Console& later) {
+            if (!std::exchange(m_HasHeading, true))
+                later.Line(cut.before + show::TabSeparatedNames(m_Options.columns) + cut.after);
+        };
+    }
+
+    /// Of a line that nobody looks into, the other columns are empty as well.
+    void Fail(Console& console, const Input& line, const std::string& error) const {
+        WriteRow(CutAt({}, m_Options.inputColumn), line, Failed(line, error, console), console);
+    }
+
+private:
+    void SettleEachLine() {
+        std::vector<show::Column>& columns = m_Options.columns;
+        const auto has = [&](show::Column column) {
+            return std::find(columns.begin(), columns.end(), column) != columns.end();
+        };
+        if (has(show::Column::Input))
+            throw CommandLineError("--each-line: the column input counts lines, and a line goes by itself");
+        if (!has(show::Column::Error))
+            columns.push_back(show::Column::Error);
+        m_Options.inputColumn = std::max(m_Options.inputColumn, 1U);
+        m_Options.hasNoHeading = true;
+    }
+
+    show::Row ReadColumn(const Cut& cut, const Input& line, Console& console) const {
+        try {
+            if (!cut.pdu)
+                throw InputError("the line ends before its PDU");
+            Input input = line;
+            input.text = *cut.pdu;
+            return m_Read(input, console);
+        } catch (const InputError& error) {
+            return Failed(line, error.what(), console);
+        }
+    }
+
+    show::Row Failed(const Input& line, const std::string& error, Console& console) const {
+        if (!m_Options.isEachLine)
+            console.Error(NameOf(line), error);
         show::Row row;
-        row[show::Column::Error] = error.what();
+        row[show::Column::Error] = error;
         return row;
     }
-}
 
-/// Puts the columns in place of the PDU; the others pass through.
-void ConvertRow(const RowOptions& options, const Input& line, const ReadRow& read, Console& console) {
-    const Cut cut = CutAt(line.text, options.inputColumn);
-    show::Row row = ReadColumn(cut, line, read, console);
-    row[show::Column::Input] = NameOf(line);
-    console.Line(cut.before + show::TabSeparated(row, options.columns) + cut.after);
-}
+    /// Puts the columns in place of the PDU; the others pass through.
+    void WriteRow(const Cut& cut, const Input& line, show::Row row, Console& console) const {
+        row[show::Column::Input] = NameOf(line);
+        console.Line(cut.before + show::TabSeparated(row, m_Options.columns) + cut.after);
+    }
+
+    RowOptions m_Options;
+    const ReadRow& m_Read;
+    bool m_HasHeading = false; ///< written
+};
 
 } // namespace
 
@@ -103,6 +154,13 @@ void AddRows(const Command& command, RowOptions& options) {
         .AddFlag("--no-heading", options.hasNoHeading,
                  "The table, and the lines of --input-column, have no heading")
         .Needs(columns);
+    command
+        .AddFlag(
+            "--each-line", options.isEachLine,
+            "A line out for each line in, so that they may be read in pieces: an error is in its line, an "
+            "empty line stays empty, and there is no heading")
+        .Needs(columns)
+        .Excludes(command.OptionNamed("--join"));
 }
 
 void ShowRow(const RowOptions& options, const show::Row& row, Console& console) {
@@ -116,18 +174,13 @@ std::string HeadingOf(const RowOptions& options) {
 
 int ConvertRows(const ConversionSettings& settings, const RowOptions& options, const Streams& streams,
                 const ReadRow& read) {
-    bool hasHeading = false;
-    const auto convert = [&](const Input& line, Console& console) -> Afterwards {
-        if (options.hasNoHeading || line.source != Input::Source::Line || line.number != 1) {
-            ConvertRow(options, line, read, console);
-            return {};
-        }
-        return [&, cut = CutAt(line.text, options.inputColumn)](Console& later) {
-            if (!std::exchange(hasHeading, true))
-                later.Line(cut.before + show::TabSeparatedNames(options.columns) + cut.after);
-        };
+    RowConverter rows(options, read);
+    Converter converter{LineKind::Text,
+                        [&rows](const Input& line, Console& console) { return rows.Convert(line, console); }};
+    converter.fail = [&rows](Console& console, const Input& line, const std::string& error) {
+        rows.Fail(console, line, error);
     };
-    return ConvertStream(settings, streams, {LineKind::Text, convert});
+    return ConvertStream(settings, streams, converter);
 }
 
 } // namespace qxpdu

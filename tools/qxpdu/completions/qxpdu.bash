@@ -46,10 +46,10 @@ _qxpdu() {
                     words="$words --command-type --message-number --as --greek --strict --at --lines $stream"
                     ;;
                 count | explain) words="--language --alphabet --replace --concat-bits --port --port-bits --as --greek --lines $stream" ;;
-                decode) words="--file --smsc --no-smsc --direction --as --strict --ignore-time-zone --join --each --brief --columns --input-column --no-heading $stream" ;;
+                decode) words="--file --smsc --no-smsc --direction --as --strict --ignore-time-zone --join --each --brief --columns --input-column --no-heading --each-line $stream" ;;
                 inspect) words="--cell --type --file --smsc --no-smsc --direction --as --strict --color $stream" ;;
                 "cell encode") words="--id --scope --code --update --serial --language --alphabet --class --umts --lines $stream" ;;
-                cell) words="encode --file --type --as --strict --join --each --brief --columns --input-column --no-heading $stream" ;;
+                cell) words="encode --file --type --as --strict --join --each --brief --columns --input-column --no-heading --each-line $stream" ;;
                 text) words="--alphabet --verbose --json" ;;
                 ucs2) words="encode decode check" ;;
                 gsm) words="encode decode" ;;

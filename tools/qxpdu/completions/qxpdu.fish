@@ -85,6 +85,7 @@ complete -c qxpdu -n $decode -l brief -d 'A line for each message'
 complete -c qxpdu -n $decode -l columns -x -d 'A table with these columns' -a 'address time direction type part text'
 complete -c qxpdu -n $decode -l input-column -x -d 'The PDU is column N of a row'
 complete -c qxpdu -n $decode -l no-heading -d 'The table has no heading'
+complete -c qxpdu -n $decode -l each-line -d 'A line out for each line in'
 
 set -l pages '__fish_seen_subcommand_from cell; and __fish_seen_subcommand_from encode'
 complete -c qxpdu -n '__fish_seen_subcommand_from cell; and not __fish_seen_subcommand_from encode' -a encode -d 'Make pages of a text'

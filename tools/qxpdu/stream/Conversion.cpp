@@ -77,8 +77,8 @@ Outcome Convert(const Input& input, const ConversionSettings& settings, const Co
         if (outcome.console.Errors() != 0 && isFileMeant()) // its name may be hexadecimal
             outcome.console.Warning(NameOf(input), c_hint);
     } catch (const InputError& error) {
-        Fail(outcome.console, input,
-             isFileMeant() ? fmt::format("{}; {}", error.what(), c_hint) : error.what());
+        converter.fail(outcome.console, input,
+                       isFileMeant() ? fmt::format("{}; {}", error.what(), c_hint) : error.what());
     }
     return outcome;
 }

@@ -26,12 +26,16 @@ struct ConversionSettings {
 /// What is left to do on an input in the order of the inputs; may be empty.
 using Afterwards = std::function<void(Console&)>;
 
-/// How inputs are converted. What `convert` throws as an InputError is reported, and the other inputs are
-/// still converted.
+/// The input has failed: an object in JSON Lines, else a message.
+void Fail(Console& console, const Input& input, const std::string& message);
+
+/// How inputs are converted. What `convert` throws as an InputError is reported by `fail`, and so is an input
+/// that is no line at all; the other inputs are still converted.
 struct Converter {
     LineKind kind;
     std::function<Afterwards(const Input&, Console&)> convert; ///< runs beside itself on other inputs
     std::function<void(Console&)> finish = [](Console&) {};    ///< writes what is left in the end
+    std::function<void(Console&, const Input&, const std::string&)> fail = Fail;
 };
 
 /// Converts all inputs; results have the order of the inputs. Returns the exit status.
@@ -40,9 +44,6 @@ int ConvertStream(const ConversionSettings& settings, const Streams& streams, co
 /// The same for conversions of which nothing is left to do afterwards.
 int ConvertAll(const ConversionSettings& settings, const Streams& streams, LineKind kind,
                const std::function<void(const Input&, Console&)>& convert);
-
-/// The input has failed: an object in JSON Lines, else a message.
-void Fail(Console& console, const Input& input, const std::string& message);
 
 } // namespace qxpdu
 

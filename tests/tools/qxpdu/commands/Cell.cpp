@@ -307,6 +307,19 @@ TEST(QxpduCell, PagesAreRowsAndLines) {
                  "there\nqxpdu: line 4: warning: content at octet 6: a lone escape ends the text\n"}));
 }
 
+TEST(QxpduCell, EachLineIsALine) {
+    EXPECT_EQ(
+        Qxpdu({"cell", "--columns", "text", "--each-line"}, std::string("+CBM: 11\n") + c_page + "\n\n43\n"),
+        (Outcome{
+            0,
+            "\tcharacter 1, '+', is no hexadecimal digit\nHello\t\n\n\toctet 0: the octets end in serial "
+            "number, which takes 2 octets: 1 are there\n",
+            ""}));
+    const Outcome joined = Qxpdu({"cell", "--columns", "text", "--each-line", "--join"});
+    EXPECT_EQ(joined.status, 2);
+    EXPECT_TRUE(tests::HasLine(joined.err, "qxpdu: --join excludes --each-line")) << joined.err;
+}
+
 TEST(QxpduCell, PagesOfALogAreShownAndItsMessagesPassedOver) {
     const std::string stored = StoredPage();
     const std::string log = std::string("+CMT: ,24\n") + tests::c_hello + "\n+CBM: 11\n" + c_page +

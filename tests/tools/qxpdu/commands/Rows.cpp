@@ -107,6 +107,84 @@ TEST(QxpduRows, RowOfWhatIsNoMessageSaysWhy) {
               "a\t\tinput\terror\n");
 }
 
+TEST(QxpduRows, RowOfALineThatIsTooLongKeepsItsPlace) {
+    const std::string tooLong(1048577, '0');
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "input,text,error", "--input-column", "2", "--no-heading"},
+                    AsLines({"1\t" + tooLong + "\tx", "2\t" + std::string(c_hello)})),
+              (Outcome{1, "\tline 1\t\tlonger than 1048576 bytes\n2\tline 2\tHello\t\n",
+                       "qxpdu: line 1: longer than 1048576 bytes\n"}));
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "text,error", "--each-line"}, AsLines({tooLong, "", c_hello})),
+              (Outcome{0, "\tlonger than 1048576 bytes\n\nHello\t\n", ""}));
+}
+
+TEST(QxpduRows, EachLineIsALine) {
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "text,error,type", "--each-line"},
+                    AsLines({c_hello, "", "00", "\r", "no", "0", "+CMGL: 1,1,,22", c_hello}) + c_submit),
+              (Outcome{0,
+                       "Hello\t\tSMS-DELIVER\n"
+                       "\n"
+                       "\toctet 1: the octets end in TP-MTI, which takes 1 octet: 0 are there\t\n"
+                       "\n"
+                       "\tcharacter 1, 'n', is no hexadecimal digit\t\n"
+                       "\todd number of hexadecimal digits, 1\t\n"
+                       "\tcharacter 1, '+', is no hexadecimal digit\t\n"
+                       "Hello\t\tSMS-DELIVER\n"
+                       "a\t\tSMS-SUBMIT\n",
+                       ""}))
+        << "a broken one has failed nothing, and the last one needs no line feed";
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "text", "--each-line"}), (Outcome{0, "", ""}));
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "text", "--each-line", c_hello, "", "0"}).out,
+              "Hello\t\n\n\todd number of hexadecimal digits, 1\n")
+        << "an argument is a line";
+}
+
+TEST(QxpduRows, EachLineTellsItsErrorLastWhereNoColumnIsNamedForIt) {
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "text,type", "--each-line"}, AsLines({c_hello, "0"})).out,
+              "Hello\tSMS-DELIVER\t\n\t\todd number of hexadecimal digits, 1\n");
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "type", "--each-line"}, "00FFFFFFFF\n").out,
+              "\ta free SIM record, without a message\n");
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "type", "--each-line", "--strict"}, // TP-UDL says 5 septets
+                    "0791214365870921040B912143658709F100002120312143658005C832\n")
+                  .out,
+              "\tTP-UDL at octet 26: TP-UDL announces 5, and 2 are there\n");
+}
+
+TEST(QxpduRows, EachLineMayBeARow) {
+    EXPECT_EQ(Qxpdu({"decode", "--columns", "text", "--each-line"}, std::string(c_hello) + "\tx\ty\r\n").out,
+              "Hello\t\tx\ty\n");
+    EXPECT_EQ(
+        Qxpdu({"decode", "--columns", "error,text", "--each-line", "--input-column", "2"},
+              "pdu\n1\t" + std::string(c_hello) + "\tx\n\n2\t\n"),
+        (Outcome{0, "pdu\tthe line ends before its PDU\t\n1\t\tHello\tx\n\n2\tno hexadecimal digits\t\n",
+                 ""}))
+        << "none of them is a heading";
+}
+
+/// Whatever stands before it, and however many work: a reader of all files has another first line, too.
+TEST(QxpduRows, EachLineGoesByItself) {
+    std::string lines;
+    for (int i = 0; i < 300; ++i)
+        lines += AsLines({c_hello, "", "0", c_escapePart, c_codePart, "AT+CMGS=22", c_report});
+    const std::vector<std::string> arguments = {"decode", "--columns", "time,part,text", "--each-line"};
+    const std::string whole = Qxpdu(arguments, lines).out;
+    EXPECT_EQ(tests::LinesOf(whole).size(), 2100U);
+    std::string pieces;
+    for (std::size_t begin = 0, size = 1; begin < lines.size(); size = size * 3 + 1) {
+        const std::size_t end = lines.find('\n', std::min(begin + size, lines.size() - 1)) + 1;
+        pieces += Qxpdu(arguments, lines.substr(begin, end - begin)).out;
+        begin = end;
+    }
+    EXPECT_EQ(pieces, whole);
+    std::vector<std::string> threaded = arguments;
+    threaded.insert(threaded.end(), {"-j", "4"});
+    EXPECT_EQ(Qxpdu(threaded, lines).out, whole);
+    const std::string table = std::string("printf '") + c_hello + "\\n' >$d/";
+    EXPECT_EQ(tests::Shell("d=$(mktemp -d) && " + table + "a && " + table +
+                           "b && $QXPDU decode --columns text --each-line --file $d/a $d/b; rm -r $d")
+                  .out,
+              "Hello\t\nHello\t\n");
+}
+
 TEST(QxpduRows, WrongOptionsAreRefused) {
     struct {
         std::vector<std::string> arguments;
@@ -127,6 +205,11 @@ TEST(QxpduRows, WrongOptionsAreRefused) {
         {{"decode", "--brief", "--columns", "text"}, "qxpdu: --brief excludes --columns"},
         {{"decode", "--input-column", "1"}, "qxpdu: --input-column requires --columns"},
         {{"decode", "--no-heading"}, "qxpdu: --no-heading requires --columns"},
+        {{"decode", "--each-line"}, "qxpdu: --each-line requires --columns"},
+        {{"decode", "--each-line", "--jsonl", "--columns", "text"}, "qxpdu: --jsonl excludes --columns"},
+        {{"decode", "--each-line", "--columns", "text", "--join"}, "qxpdu: --join excludes --each-line"},
+        {{"decode", "--each-line", "--columns", "text,input"},
+         "qxpdu: --each-line: the column input counts lines, and a line goes by itself"},
         {{"decode", "--columns", "text,", c_hello},
          "qxpdu: --columns: '' is none of input, time, direction, type, address, service-centre, reference, "
          "part, "
