@@ -21,9 +21,12 @@ std::string Dumped(const show::Json& object, int indent) {
 
 /// The object as it stands inside the array.
 std::string Indented(const show::Json& object) {
-    std::string text = Dumped(object, c_indent);
-    for (std::size_t feed = text.find('\n'); feed != std::string::npos; feed = text.find('\n', feed + 1))
-        text.insert(feed + 1, c_indent, ' ');
+    std::string text;
+    for (const char character : Dumped(object, c_indent)) {
+        text += character;
+        if (character == '\n')
+            text.append(c_indent, ' ');
+    }
     return text;
 }
 

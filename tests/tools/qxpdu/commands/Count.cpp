@@ -328,16 +328,20 @@ TEST(QxpduCount, SecondTextIsAWrongCommandLine) {
                                                    "Usage: qxpdu count [OPTIONS] [TEXT]\n"}));
 }
 
-/// Lines of characters that both libraries write alike: no ç or Ç, which are one here and two there.
+constexpr std::size_t c_texts = 300;
+
+/// Lines of about as many characters as one, two or three parts take, all of which both libraries write alike:
+/// no ç or Ç, which are one here and two there.
 std::string RandomTexts() {
     const std::vector<std::string_view> characters = {"a", "Z", "0", " ", "@", "é", "Ω", "€", "{", "|",
                                                       "ş", "ж", "न", "—", "😀", "…", "á", "x", "y", "z"};
     std::mt19937 random(20261122); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same every time
     const auto below = [&](std::size_t bound) { return random() % bound; };
     std::string lines;
-    for (int i = 0; i < 1000; ++i) {
+    const std::vector<std::size_t> bounds = {4, 70, 134, 160, 306};
+    for (std::size_t i = 0; i < c_texts; ++i) {
         const std::size_t kinds = 1 + below(characters.size());
-        for (std::size_t length = 1 + below(400); length != 0; --length)
+        for (std::size_t length = bounds[i % bounds.size()] - 3 + below(7); length != 0; --length)
             lines += characters[below(kinds)];
         lines += '\n';
     }
@@ -352,8 +356,8 @@ TEST(QxpduCount, BothLibrariesAgreeWhereNoCharacterIsCut) {
     };
     const auto standard = counted({});
     const auto host = counted({"--as", "libQX_Encoding"});
-    ASSERT_EQ(standard.size(), 1000U);
-    ASSERT_EQ(host.size(), 1000U);
+    ASSERT_EQ(standard.size(), c_texts);
+    ASSERT_EQ(host.size(), c_texts);
     std::size_t agreed = 0;
     for (std::size_t i = 0; i < host.size(); ++i) {
         if (host[i].contains("cuts"))
@@ -368,8 +372,8 @@ TEST(QxpduCount, BothLibrariesAgreeWhereNoCharacterIsCut) {
             EXPECT_EQ(mine, host[i].value(member, json())) << "line " << i + 1 << ": " << member;
         }
     }
-    EXPECT_GT(agreed, 700U);
-    EXPECT_LT(agreed, 1000U) << "none was cut";
+    EXPECT_GT(agreed, 200U);
+    EXPECT_LT(agreed, c_texts) << "none was cut";
 }
 
 } // namespace
