@@ -330,8 +330,8 @@ TEST(QxpduCount, SecondTextIsAWrongCommandLine) {
 
 constexpr std::size_t c_texts = 300;
 
-/// Lines of about as many characters as one, two or three parts take, all of which both libraries write alike:
-/// no ç or Ç, which are one here and two there.
+/// Lines of about as many characters as one, two or three parts take, all of which both libraries write
+/// alike: no ç or Ç, which are one here and two there.
 std::string RandomTexts() {
     const std::vector<std::string_view> characters = {"a", "Z", "0", " ", "@", "é", "Ω", "€", "{", "|",
                                                       "ş", "ж", "न", "—", "😀", "…", "á", "x", "y", "z"};
