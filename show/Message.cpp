@@ -206,6 +206,16 @@ bool IsData(const Messages::Tpdu& tpdu) {
     return coding->isCompressed || coding->alphabet == Messages::Alphabet::Data;
 }
 
+const std::string* TextOf(const Tpdu& tpdu) {
+    const Messages::UserData* const userData = Messages::UserDataOf(tpdu);
+    return userData == nullptr || IsData(tpdu) ? nullptr : &userData->text;
+}
+
+bool HasServiceCentre(const Messages::Reading& reading) {
+    const bool endsInIt = reading.fault && reading.fault->field == Field::ServiceCentre;
+    return reading.serviceCentre || endsInIt;
+}
+
 bool ConcernsText(const Messages::Remark& remark) {
     switch (remark.code) {
     case RemarkCode::UserDataMissing:

@@ -71,6 +71,12 @@ std::string TimeOf(const Messages::Timestamp& time, const Message& message);
 /// Whether the user data are octets and no text: 8-bit data, and what is compressed.
 bool IsData(const Messages::Tpdu& tpdu);
 
+/// The text of its user data; null where it has none, or data.
+const std::string* TextOf(const Messages::Tpdu& tpdu);
+
+/// Whether octets of a service centre stand before the TPDU, though the reading may end in them.
+bool HasServiceCentre(const Messages::Reading& reading);
+
 /// Whether something of the text is missing or is no whole character, which a reader of the text alone would
 /// not see.
 bool ConcernsText(const Messages::Remark& remark);

@@ -14,10 +14,9 @@ struct ValueMaker {
     const show::Message& message;
 
     Value operator()(show::PlainOctets) const {
-        const Messages::UserData* const userData = Messages::UserDataOf(message.reading.tpdu);
-        const bool isText = field.field == Field::UserData && userData != nullptr && !message.reading.fault &&
-                            !show::IsData(message.reading.tpdu);
-        return isText ? Value(userData->text) : Octets();
+        const bool isWhole = field.field == Field::UserData && !message.reading.fault;
+        const std::string* const text = isWhole ? show::TextOf(message.reading.tpdu) : nullptr;
+        return text == nullptr ? Octets() : *text;
     }
     Value operator()(unsigned int value) const { return std::int64_t{value}; }
     Value operator()(const Messages::Address* address) const {

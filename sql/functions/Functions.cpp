@@ -16,8 +16,8 @@ const Messages::Concatenation* PlaceOf(const show::Message& message) {
 }
 
 Value TextOf(const show::Message& message) {
-    const Messages::UserData* const userData = Messages::UserDataOf(message.reading.tpdu);
-    return userData == nullptr || show::IsData(message.reading.tpdu) ? Value() : userData->text;
+    const std::string* const text = show::TextOf(message.reading.tpdu);
+    return text == nullptr ? Value() : *text;
 }
 
 Value AddressOf(const show::Message& message) {

@@ -7,15 +7,11 @@ namespace {
 /// A group has no clock: its parts are as old as each other.
 constexpr std::int64_t c_now = 0;
 
-bool HasText(const Messages::JoinedPart& part) {
-    return Messages::UserDataOf(part.tpdu) != nullptr && !show::IsData(part.tpdu);
-}
-
 std::optional<std::string> TextOf(const Messages::Joined& message) {
     if (message.outcome != Messages::JoinOutcome::Complete)
         return std::nullopt;
     for (const Messages::JoinedPart& part : message.parts) {
-        if (!HasText(part))
+        if (show::TextOf(part.tpdu) == nullptr)
             return std::nullopt;
     }
     return message.text;

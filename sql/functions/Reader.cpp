@@ -1,5 +1,8 @@
 #include "sql/functions/Reader.h"
 
+#include <cstdint>
+#include <vector>
+
 #include <fmt/format.h>
 
 #include "sql/functions/Options.h"
@@ -8,13 +11,13 @@ namespace sql {
 
 namespace {
 
-Messages::OctetView OctetsOf(std::string_view content) {
-    return {reinterpret_cast<const std::uint8_t*>(content.data()), content.size()};
-}
-
-bool HasServiceCentre(const Messages::Reading& reading) {
-    const bool endsInIt = reading.fault && reading.fault->field == Messages::Field::ServiceCentre;
-    return reading.serviceCentre || endsInIt;
+/// False where text is no hexadecimal digits.
+bool TakeOctets(const Given& given, std::vector<std::uint8_t>& octets) {
+    if (given.isText)
+        return Messages::FromHex(given.content, octets);
+    const auto* const begin = reinterpret_cast<const std::uint8_t*>(given.content.data());
+    octets.assign(begin, begin + given.content.size());
+    return true;
 }
 
 } // namespace
@@ -43,13 +46,11 @@ const show::Message* PduReader::Read(const Given& given, std::string_view option
     if (IsLast(given))
         return &m_Message;
     m_HasLast = false;
-    if (!given.isText)
-        m_Message.octets.assign(OctetsOf(given.content).begin(), OctetsOf(given.content).end());
-    if (given.isText && !Messages::FromHex(given.content, m_Message.octets))
-        m_Message.reading = Messages::ReadHex(given.content, m_Options);
-    else
+    if (TakeOctets(given, m_Message.octets))
         Messages::Read(m_Message.octets, m_Options, m_Message.reading);
-    m_Message.hasServiceCentre = HasServiceCentre(m_Message.reading);
+    else
+        m_Message.reading = Messages::ReadHex(given.content, m_Options);
+    m_Message.hasServiceCentre = show::HasServiceCentre(m_Message.reading);
     m_Last = given.content;
     m_IsLastText = given.isText;
     m_HasLast = true;
@@ -61,12 +62,10 @@ std::optional<show::Broadcast> ReadBroadcast(const Given& given, std::string_vie
     if (given.IsTooLong())
         return std::nullopt;
     show::Broadcast broadcast;
-    if (!given.isText)
-        broadcast.octets.assign(OctetsOf(given.content).begin(), OctetsOf(given.content).end());
-    if (given.isText && !Messages::FromHex(given.content, broadcast.octets))
-        broadcast.reading = Messages::ReadCellHex(given.content, told);
-    else
+    if (TakeOctets(given, broadcast.octets))
         broadcast.reading = Messages::ReadCell(broadcast.octets, told);
+    else
+        broadcast.reading = Messages::ReadCellHex(given.content, told);
     return broadcast;
 }
 

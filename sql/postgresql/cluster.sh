@@ -1,8 +1,9 @@
 #!/bin/sh
 # An archive in partitions on two servers, both on this machine: how queries are planned, how long they take, and what they give
 # when a server is stopped: sql/postgresql/cluster.sh [ROWS]
-# There are a million rows unless told, a thousand at the least. It takes PostgreSQL 15 with the extension; QX_POSTGRESQL is the folder of its programs. All
-# of it lies in a folder for the time being, and the servers listen on the loopback alone, for who has the password.
+# There are a million rows unless told, a thousand at the least. It takes PostgreSQL 15 with the extension; QX_POSTGRESQL is the
+# folder of its programs. All of it lies in a folder for the time being, and the servers listen on the loopback alone, for who
+# has the password.
 set -eu
 rows=${1:-1000000}
 programs=${QX_POSTGRESQL:-/usr/lib/postgresql/15/bin}

@@ -61,6 +61,12 @@ std::optional<std::int64_t> NumberIn(sqlite3_value* value) {
     return sqlite3_value_int64(value);
 }
 
+std::optional<Question> QuestionIn(sqlite3_value** arguments, bool hasOptions) {
+    const std::optional<Given> given = GivenIn(arguments[0]);
+    const std::optional<std::string_view> options = hasOptions ? TextIn(arguments[1]) : "";
+    return given && options ? std::optional(Question{*given, *options}) : std::nullopt;
+}
+
 void SetResult(sqlite3_context* context, const Value& value) {
     std::visit(Overloaded{[&](std::monostate) { sqlite3_result_null(context); },
                           [&](std::int64_t number) { sqlite3_result_int64(context, number); },

@@ -30,6 +30,15 @@ std::optional<std::string_view> TextIn(sqlite3_value* value);
 /// Nothing for NULL. Throws Misuse for what is no integer.
 std::optional<std::int64_t> NumberIn(sqlite3_value* value);
 
+/// What a function is asked about a PDU or a page.
+struct Question {
+    Given given;
+    std::string_view options; ///< or a format
+};
+
+/// Nothing where one of the arguments is NULL.
+std::optional<Question> QuestionIn(sqlite3_value** arguments, bool hasOptions);
+
 void SetResult(sqlite3_context* context, const Value& value);
 
 /// Calls; an exception becomes the error of the statement.

@@ -55,10 +55,8 @@ Value ValueOf(const Registered<ErrorFunction>& one, const Given& given, std::str
 template <class Function>
 void CallScalar(sqlite3_context* context, int count, sqlite3_value** arguments) {
     Guarded(context, [&] {
-        const std::optional<Given> given = GivenIn(arguments[0]);
-        const std::optional<std::string_view> options = count > 1 ? TextIn(arguments[1]) : "";
-        if (given && options)
-            SetResult(context, ValueOf(RegisteredOf<Function>(context), *given, *options));
+        if (const std::optional<Question> question = QuestionIn(arguments, count > 1))
+            SetResult(context, ValueOf(RegisteredOf<Function>(context), question->given, question->options));
     });
 }
 
@@ -86,16 +84,16 @@ using NoFunction = std::nullptr_t;
 
 void StepJoin(sqlite3_context* context, int count, sqlite3_value** arguments) {
     Guarded(context, [&] {
-        const std::optional<Given> given = GivenIn(arguments[0]);
-        const std::optional<std::string_view> options = count > 1 ? TextIn(arguments[1]) : "";
+        const std::optional<Question> question = QuestionIn(arguments, count > 1);
         Group* const group = GroupIn(context, true);
         if (group == nullptr)
             throw std::bad_alloc();
         if (group->joined == nullptr)
             group->joined = new JoinedText();
-        if (!given || !options)
+        if (!question)
             return;
-        if (const auto* message = RegisteredOf<NoFunction>(context).Reader().Read(*given, *options))
+        PduReader& reader = RegisteredOf<NoFunction>(context).Reader();
+        if (const auto* message = reader.Read(question->given, question->options))
             group->joined->Add(*message);
     });
 }

@@ -92,11 +92,10 @@ void Fill(Cursor& cursor, int plan, sqlite3_value** arguments) {
     cursor.row = 0;
     if ((plan & c_hasPdu) == 0)
         throw Misuse("sms_fields() takes a PDU");
-    const std::optional<Given> given = GivenIn(arguments[0]);
-    const std::optional<std::string_view> options = (plan & c_hasOptions) != 0 ? TextIn(arguments[1]) : "";
-    if (!given || !options)
+    const std::optional<Question> question = QuestionIn(arguments, (plan & c_hasOptions) != 0);
+    if (!question)
         return;
-    if (const show::Message* message = cursor.reader.Read(*given, *options))
+    if (const show::Message* message = cursor.reader.Read(question->given, question->options))
         cursor.rows = FieldRowsOf(*message);
 }
 

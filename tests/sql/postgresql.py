@@ -69,7 +69,7 @@ CASES = [
      "ERROR:  canceling statement due to statement timeout"),
     ("SET statement_timeout = 300; SELECT sms_join(repeat('0', i % 50)) FROM generate_series(1, 1000000000) AS i",
      "ERROR:  canceling statement due to statement timeout"),
-    # no memory for the state of an aggregate over a gigabyte
+    # what all of them are declared to be
     ("SELECT provolatile, proisstrict, proparallel, count(*) > 60 FROM pg_proc JOIN pg_depend ON objid = pg_proc.oid WHERE deptype = 'e' "
      "AND refobjid = (SELECT oid FROM pg_extension WHERE extname = 'qx_messages') AND prokind = 'f' GROUP BY 1, 2, 3", "i|t|s|t"),
     # an index on an expression

@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include "show/Message.h"
 #include "show/Plural.h"
 
 namespace qxpdu {
@@ -89,11 +90,7 @@ public:
 
 private:
     bool IsSound() const { return m_Pdu.reading.IsSound(); }
-    bool HasServiceCentre() const {
-        const Reading& reading = m_Pdu.reading;
-        const bool endsInIt = reading.fault && reading.fault->field == Messages::Field::ServiceCentre;
-        return reading.serviceCentre || endsInIt || m_Pdu.octets.empty();
-    }
+    bool HasServiceCentre() const { return show::HasServiceCentre(m_Pdu.reading) || m_Pdu.octets.empty(); }
     void Warn(std::string warning) { m_Pdu.warnings.push_back(std::move(warning)); }
 
     void ReadWith(const ReadOptions& options) { Messages::Read(m_Pdu.octets, options, m_Pdu.reading); }
