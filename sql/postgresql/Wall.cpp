@@ -1,6 +1,7 @@
 #include "sql/postgresql/Wall.h"
 
 #include <algorithm>
+#include <array>
 #include <concepts>
 #include <cstdlib>
 #include <cstring>
@@ -9,6 +10,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <variant>
 
 #include "show/JsonText.h"
 #include "sql/functions/Functions.h"
@@ -117,38 +119,73 @@ Value FieldsOf(const Given& given, std::string_view options) {
     return std::string(sql::ArrayIn(object.Finish()));
 }
 
-bool IsJson(std::string_view name) {
-    return name.ends_with("_json") || name == "sms_remarks" || name == "sms_fields";
+Value ErrorOf(const Given& given, std::string_view options) {
+    return sql::ErrorOf(Reader(), given, options);
 }
 
-/// The function with a name; null where it is none of these.
-template <class Functions>
-auto* Find(const Functions& functions, std::string_view name) {
-    const auto found =
-        std::find_if(functions.begin(), functions.end(), [&](const auto& one) { return one.name == name; });
-    return found == functions.end() ? nullptr : &*found;
-}
+/// One that neither of the libraries' tables has.
+using OtherFunction = Value (*)(const Given& given, std::string_view options);
 
-Value Call(std::string_view name, const Given& given, std::string_view options) {
-    if (const auto* function = Find(sql::c_messageFunctions, name))
-        return sql::Call(*function, Reader(), given, options);
-    if (const auto* function = Find(sql::c_broadcastFunctions, name))
-        return sql::Call(*function, given, options);
-    if (name == "sms_error")
-        return sql::ErrorOf(Reader(), given, options);
-    if (name == "cbs_error")
-        return sql::BroadcastErrorOf(given, options);
-    return FieldsOf(given, options);
+struct Caller {
+    Given given;
+    std::string_view options;
+
+    Value operator()(const sql::MessageFunction& function) const {
+        return sql::Call(function, Reader(), given, options);
+    }
+    Value operator()(const sql::BroadcastFunction& function) const {
+        return sql::Call(function, given, options);
+    }
+    Value operator()(OtherFunction function) const { return function(given, options); }
+};
+
+} // namespace
+
+struct qx_function {
+    std::string_view name;
+    std::variant<OtherFunction, sql::MessageFunction, sql::BroadcastFunction> called;
+
+    bool IsJson() const { return name.ends_with("_json") || name == "sms_remarks" || name == "sms_fields"; }
+};
+
+namespace {
+
+constexpr std::array<qx_function, 3> c_others = {
+    {{"sms_error", ErrorOf}, {"cbs_error", sql::BroadcastErrorOf}, {"sms_fields", FieldsOf}}};
+
+auto AllFunctions() {
+    std::array<qx_function,
+               c_others.size() + sql::c_messageFunctions.size() + sql::c_broadcastFunctions.size()>
+        all;
+    const auto entry = [](const auto& function) { return qx_function{function.name, function}; };
+    auto end = std::copy(c_others.begin(), c_others.end(), all.begin());
+    end = std::transform(sql::c_messageFunctions.begin(), sql::c_messageFunctions.end(), end, entry);
+    std::transform(sql::c_broadcastFunctions.begin(), sql::c_broadcastFunctions.end(), end, entry);
+    return all;
 }
 
 } // namespace
+
+struct qx_group {
+    sql::JoinedText joined;
+};
 
 bool qx_is_too_long(size_t size, bool is_text) {
     return Given{{static_cast<const char*>(nullptr), size}, is_text}.IsTooLong();
 }
 
-qx_value qx_call(const char* name, qx_given given, qx_view options) {
-    return Guarded([&] { return HandOut(Call(name, GivenOf(given), ViewOf(options)), IsJson(name)); });
+const qx_function* qx_find(const char* name) {
+    static const auto c_functions = AllFunctions();
+    const auto* const found = std::find_if(c_functions.begin(), c_functions.end(),
+                                           [name](const qx_function& one) { return one.name == name; });
+    return found == c_functions.end() ? nullptr : found;
+}
+
+qx_value qx_call(const qx_function* function, qx_given given, qx_view options) {
+    return Guarded([&] {
+        return HandOut(std::visit(Caller{GivenOf(given), ViewOf(options)}, function->called),
+                       function->IsJson());
+    });
 }
 
 qx_value qx_encode(qx_view number, qx_view text, const int64_t* reference) {
@@ -158,15 +195,26 @@ qx_value qx_encode(qx_view number, qx_view text, const int64_t* reference) {
     });
 }
 
-qx_value qx_join(const qx_view* pdus, size_t count, bool are_text) {
+qx_group* qx_begin_group() {
+    try {
+        return new qx_group();
+    } catch (const std::exception&) { // as in Guarded()
+        return nullptr;
+    }
+}
+
+qx_value qx_add_to_group(qx_group* group, qx_given given) {
     return Guarded([&] {
-        sql::JoinedText joined;
-        for (std::size_t i = 0; i < count; ++i) {
-            if (pdus[i].data == nullptr)
-                continue;
-            if (const auto* message = Reader().Read({ViewOf(pdus[i]), are_text}))
-                joined.Add(*message);
-        }
-        return HandOut(joined.Finish(), false);
+        if (const auto* message = Reader().Read(GivenOf(given)))
+            group->joined.Add(*message);
+        return HandOut({}, false);
     });
+}
+
+qx_value qx_finish_group(qx_group* group) {
+    return Guarded([&] { return HandOut(group->joined.Finish(), false); });
+}
+
+void qx_end_group(void* group) {
+    delete static_cast<qx_group*>(group);
 }

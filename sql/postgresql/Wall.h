@@ -1,6 +1,6 @@
 /* What the glue to the server calls. The server leaves a C function by a jump, which no object of C++ may
  * see: so nothing here calls the server, no exception gets out, and what is handed out is plain memory, freed
- * by the caller before it calls the server. */
+ * by the caller before it calls the server, or by the server once the caller is left. */
 #ifndef SQL_WALL_H
 #define SQL_WALL_H
 
@@ -36,14 +36,23 @@ typedef struct {
 /* Whether so many octets of content are too long to be read; `data` may be null then. */
 bool qx_is_too_long(size_t size, bool is_text);
 
-/* A function by its name in SQL, sms_text and the like; sms_fields gives an array of JSON. */
-qx_value qx_call(const char* name, qx_given given, qx_view options);
+/* A function by its name in SQL, sms_text and the like; sms_fields gives an array of JSON. It is never freed;
+ * null where there is no such function. */
+typedef struct qx_function qx_function;
+const qx_function* qx_find(const char* name);
+
+qx_value qx_call(const qx_function* function, qx_given given, qx_view options);
 
 /* sms_encode; `reference` may be null. */
 qx_value qx_encode(qx_view number, qx_view text, const int64_t* reference);
 
-/* sms_join of a whole group; a PDU whose data is null is passed over. */
-qx_value qx_join(const qx_view* pdus, size_t count, bool are_text);
+/* sms_join of a group: begun, which gives null where there is no memory; given each PDU, which is QX_NULL
+ * unless something is wrong; finished; and ended, which takes null as well. */
+typedef struct qx_group qx_group;
+qx_group* qx_begin_group(void);
+qx_value qx_add_to_group(qx_group* group, qx_given given);
+qx_value qx_finish_group(qx_group* group);
+void qx_end_group(void* group);
 
 #ifdef __cplusplus
 }

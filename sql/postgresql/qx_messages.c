@@ -5,6 +5,7 @@
 #include "catalog/pg_type.h"
 #include "fmgr.h"
 #include "mb/pg_wchar.h"
+#include "miscadmin.h"
 #include "utils/array.h"
 #include "utils/builtins.h"
 #include "utils/memutils.h"
@@ -86,13 +87,16 @@ given_of(Datum datum, bool is_text)
     return given;
 }
 
+/* A function is looked for once in a statement. */
 static Datum
 call(const char* name, bool is_text, FunctionCallInfo fcinfo)
 {
     const qx_given given = given_of(PG_GETARG_DATUM(0), is_text);
     const qx_view options = PG_NARGS() > 1 ? utf8_of((struct varlena*) PG_GETARG_TEXT_PP(1)) : c_none;
 
-    return take(qx_call(name, given, options), fcinfo);
+    if (fcinfo->flinfo->fn_extra == NULL)
+        fcinfo->flinfo->fn_extra = (void*) qx_find(name);
+    return take(qx_call((const qx_function*) fcinfo->flinfo->fn_extra, given, options), fcinfo);
 }
 
 /* One function of a bytea, and one of text. */
@@ -135,24 +139,33 @@ sms_encode_json(PG_FUNCTION_ARGS)
     return take(qx_encode(number, message, PG_NARGS() > 2 ? &reference : NULL), fcinfo);
 }
 
+/* A group may be left by an error, or because the statement is cancelled: then the server ends it. */
 static Datum
 join(bool are_text, FunctionCallInfo fcinfo)
 {
     Datum* elements;
     bool* nulls;
     int count;
-    qx_view* pdus;
-    const Oid type = are_text ? TEXTOID : BYTEAOID;
+    qx_value value = {QX_NULL};
+    MemoryContextCallback* const ending = palloc0(sizeof(*ending));
 
-    deconstruct_array(PG_GETARG_ARRAYTYPE_P(0), type, -1, false, TYPALIGN_INT, &elements, &nulls, &count);
-    pdus = MemoryContextAllocHuge(CurrentMemoryContext, sizeof(*pdus) * ((Size) count + 1));
-    for (int i = 0; i < count; i++) {
-        pdus[i].data = NULL;
-        pdus[i].size = 0;
+    deconstruct_array(PG_GETARG_ARRAYTYPE_P(0), are_text ? TEXTOID : BYTEAOID, -1, false, TYPALIGN_INT, &elements,
+                      &nulls, &count);
+    ending->func = qx_end_group;
+    ending->arg = qx_begin_group();
+    if (ending->arg == NULL)
+        ereport(ERROR, (errcode(ERRCODE_OUT_OF_MEMORY), errmsg("out of memory")));
+    MemoryContextRegisterResetCallback(CurrentMemoryContext, ending);
+    for (int i = 0; i < count && value.kind == QX_NULL; i++) {
+        CHECK_FOR_INTERRUPTS();
         if (!nulls[i])
-            pdus[i] = given_of(elements[i], are_text).content;
+            value = qx_add_to_group(ending->arg, given_of(elements[i], are_text));
     }
-    return take(qx_join(pdus, (size_t) count, are_text), fcinfo);
+    if (value.kind == QX_NULL)
+        value = qx_finish_group(ending->arg);
+    qx_end_group(ending->arg);
+    ending->arg = NULL;
+    return take(value, fcinfo);
 }
 
 PG_FUNCTION_INFO_V1(sms_join_octets);
