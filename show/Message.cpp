@@ -1,5 +1,6 @@
 #include "show/Message.h"
 
+#include <algorithm>
 #include <array>
 
 #include <fmt/format.h>
@@ -149,6 +150,16 @@ struct MeaningMaker {
     }
 };
 
+/// A type may have some on both sides of a field.
+void AddUnusedBits(const FieldPlace& place, unsigned int octet, std::vector<MessageField>& fields) {
+    auto field = std::find_if(fields.begin(), fields.end(),
+                              [](const MessageField& one) { return one.field == Field::UnusedBits; });
+    if (field == fields.end())
+        field = fields.insert(field, {place.field, place.octet, place.count, {}, 0});
+    field->mask |= place.mask;
+    field->value = octet & field->mask;
+}
+
 } // namespace
 
 std::vector<MessageField> FieldsOf(const Message& message) {
@@ -159,11 +170,15 @@ std::vector<MessageField> FieldsOf(const Message& message) {
         if (place.count == 0 || place.field == Field::FillBits ||
             (place.field == Field::UnusedBits && place.value == 0))
             continue;
+        if (place.field == Field::UnusedBits) {
+            AddUnusedBits(place, message.octets[place.octet], fields);
+            continue;
+        }
         if (!isFlag && !fields.empty() && AreOneField(fields.back().field, place.field)) {
             fields.back().count += place.count;
             continue;
         }
-        MessageField field{place.field, place.octet, place.count, {}};
+        MessageField field{place.field, place.octet, place.count, {}, place.mask};
         if (isFlag)
             field.value = unsigned{place.value};
         else if (!IsCut(place, message))

@@ -29,7 +29,7 @@ struct Message {
 struct PlainOctets {};
 
 /// A field as people speak of it: the subfields of an address are one field, and so are the length and the
-/// elements of a header. What it points to belongs to the message.
+/// elements of a header, and all unused bits that are set. What it points to belongs to the message.
 struct MessageField {
     /// The number of a field of one octet, or of some bits of one; an address; and so on.
     using Value =
@@ -39,7 +39,8 @@ struct MessageField {
     Messages::Field field;
     std::uint32_t octet = 0; ///< the first one
     std::uint32_t count = 0; ///< octets
-    Value value;             ///< user data stand for their header
+    Value value; ///< user data stand for their header; unused bits are where they stand in the octet
+    std::uint8_t mask = 0xFF; ///< bits of the first octet
 
     /// Whether it is a service centre that is not given.
     bool IsAbsent() const { return field == Messages::Field::ServiceCentre && count == 1; }

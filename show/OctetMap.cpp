@@ -192,7 +192,7 @@ void Mapper::AddOctet(const FieldPlace& place) {
         row.meaning = Counted(octet, "octet");
         return;
     }
-    const MessageField field{place.field, place.octet, place.count, unsigned{octet}};
+    const MessageField field{place.field, place.octet, place.count, unsigned{octet}, place.mask};
     switch (place.field) {
     case Field::MessageReference:
     case Field::MessageNumber:

@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "sql/functions/Functions.h"
 
 namespace sql {
@@ -37,21 +35,13 @@ struct ValueMaker {
     Value Octets() const { return Messages::ToHex(message.Octets(field.octet, field.count)); }
 };
 
-std::uint8_t MaskOf(const show::MessageField& field, const show::Message& message) {
-    const auto& places = message.reading.places;
-    const auto place = std::find_if(places.begin(), places.end(), [&](const Messages::FieldPlace& one) {
-        return one.field == field.field && one.octet == field.octet;
-    });
-    return place->mask;
-}
-
 } // namespace
 
 std::vector<FieldRow> FieldRowsOf(const show::Message& message) {
     std::vector<FieldRow> rows;
     for (const show::MessageField& field : show::FieldsOf(message)) {
         rows.push_back({show::ShownNameOf(field.field), std::visit(ValueMaker{field, message}, field.value),
-                        show::MeaningOf(field, message), field.octet, field.count, MaskOf(field, message)});
+                        show::MeaningOf(field, message), field.octet, field.count, field.mask});
     }
     return rows;
 }

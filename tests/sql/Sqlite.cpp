@@ -137,6 +137,8 @@ INSTANTIATE_TEST_SUITE_P(OfFields, Sqlite, testing::Values(
     Asked{"SELECT value FROM sms_fields('0019000C914477000910320000' || '62111280510300' || '02C834') WHERE name = 'TP-VP'", "2026-11-21T08:15:30+00:00"},
     // what is there of a broken one
     Asked{"SELECT name, value, octet, length FROM sms_fields('00040C91') WHERE octet > 1", "TP-OA|0C91|2|2"},
+    // unused bits on both sides of TP-UDHI, as they stand in the octet
+    Asked{"SELECT value, octet, length, mask FROM sms_fields('009000', 'direction=from-mobile') WHERE name = 'unused bits'", "144|1|1|188"},
     Asked{"SELECT count(*) FROM sms_fields('no digits')", "0"},
     Asked{"SELECT count(*) FROM sms_fields(NULL)", "0"},
     Asked{"SELECT count(*) FROM sms_fields(x'00', NULL)", "0"},

@@ -44,6 +44,16 @@ TEST(QxpduDecode, DeliverIsShownFieldByField) {
     EXPECT_EQ(Qxpdu({"decode", c_deliver}), (Outcome{0, c_deliverText, ""}));
 }
 
+TEST(QxpduDecode, UnusedBitsOnBothSidesOfAFieldAreOneMember) {
+    const std::string json = Qxpdu({"decode", "--jsonl", "--direction", "from-mobile", "009000"}).out;
+    const std::string member = R"("unused_bits":{"raw":144,"meaning":""},"tp_udhi")";
+    const std::size_t place = json.find(member);
+    ASSERT_NE(place, std::string::npos) << json;
+    EXPECT_EQ(json.find("\"unused_bits\"", place + 1), std::string::npos) << json;
+    ExpectLine({"decode", "--direction", "from-mobile", "008400"}, "unused bits 132");
+    ExpectLine({"decode", "--direction", "from-mobile", "000400"}, "unused bits 4");
+}
+
 TEST(QxpduDecode, SubmitIsShownFieldByField) {
     EXPECT_EQ(Qxpdu({"decode", "00B52A0791149721F30019A70400480069"}),
               (Outcome{0,
