@@ -86,13 +86,11 @@ std::size_t RoomIn(const Messages::UserData& part, const Choice& choice) {
     constexpr std::size_t c_octetBits = 8;
     const std::size_t unitBits = IsUcs2(choice) ? 16 : 7;
     const std::size_t octets = Messages::TextRoom().octets - part.textOffset;
-    return (octets * c_octetBits - part.fillBits) / unitBits - part.textUnits;
+    return octets * c_octetBits / unitBits - part.textUnits; // fill bits are less than a septet
 }
 
 std::vector<Break> BreaksIn(const CutText& cut) {
-    if (cut.offsets.size() == 1)
-        return {};
-    constexpr std::size_t c_shown = 12; // characters on either side
+    constexpr std::size_t c_shown = 12; // characters on either side; every part has more
     const std::u32string text = show::CodePoints(FromUtf8(cut.text));
     const auto shown = [&text](std::size_t begin, std::size_t end) {
         return show::ToUtf8(show::Units(std::u32string_view(text).substr(begin, end - begin)));
@@ -102,7 +100,7 @@ std::vector<Break> BreaksIn(const CutText& cut) {
     for (std::size_t part = 1; part < cut.offsets.size(); ++part) {
         const std::size_t begin = cut.offsets[part - 1];
         at += show::CharactersIn(std::string_view(cut.text).substr(begin, cut.offsets[part] - begin));
-        breaks.push_back({at + 1, shown(at - std::min(at, c_shown), at), shown(at, at + c_shown)});
+        breaks.push_back({at + 1, shown(at - c_shown, at), shown(at, at + c_shown)});
     }
     return breaks;
 }
@@ -208,7 +206,7 @@ private:
         bool replacesNear = false;
         if (m_HasNear && !m_Options.replacesNear) {
             Cost near = CostWith(languages, true);
-            replacesNear = near.IsCheaperThan(cost) && near.IsCheaperThan(*m_WithNear);
+            replacesNear = near.IsCheaperThan(*m_WithNear);
             if (replacesNear)
                 cost = std::move(near);
         }
@@ -387,7 +385,7 @@ void TellLanguages(const std::string& text, const CutOptions& options, bool areG
                                      static_cast<std::int64_t>(one.cost.choice.octets);
         }
         counted.object["with_languages"].push_back(std::move(object));
-        if (areGiven && one.cost.choice.tables == cost.choice.tables)
+        if (one.cost.choice.tables == cost.choice.tables)
             continue; // said already
         counted.Add(fmt::format("with {}--language {}", one.replacesNear ? "--replace " : "",
                                 fmt::join(one.codes, ",")),

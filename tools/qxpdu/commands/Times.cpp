@@ -1,7 +1,6 @@
 #include "commands/Times.h"
 
-#include <array>
-#include <charconv>
+#include <algorithm>
 #include <ctime>
 #include <string_view>
 
@@ -14,54 +13,62 @@ namespace qxpdu {
 namespace {
 
 constexpr int c_quarterMinutes = 15;
-constexpr int c_quarterSeconds = 900;
 constexpr int c_quartersOfHour = 4;
 
-/// Reads a text from its beginning on.
+/// Reads a text from its beginning on, and notes whether it is as it has to be.
 class Scanner {
 public:
     explicit Scanner(std::string_view text) : m_Text(text) {}
 
     bool AtEnd() const { return m_Text.empty(); }
 
-    /// Takes one of these characters.
+    /// Whether all of the text was read, and was as it has to be.
+    bool IsRight() const { return m_IsRight && AtEnd(); }
+
+    void Require(bool condition) { m_IsRight = m_IsRight && condition; }
+
+    /// Takes one of these characters where it is next.
     bool Take(std::string_view characters) {
-        const bool isThere = !m_Text.empty() && characters.find(m_Text.front()) != std::string_view::npos;
+        const bool isThere = !AtEnd() && characters.find(m_Text.front()) != std::string_view::npos;
         m_Text.remove_prefix(isThere ? 1 : 0);
         return isThere;
     }
 
-    /// Takes so many decimal digits.
-    bool Take(std::size_t digits, int& number) {
+    /// Takes one of these characters, which has to be next.
+    void Expect(std::string_view characters) { Require(Take(characters)); }
+
+    /// Takes so many decimal digits, which have to be next.
+    int Number(std::size_t digits) {
         const std::string_view taken = m_Text.substr(0, digits);
-        for (const char character : taken)
-            if (!IsDecimal(character))
-                return false;
-        std::from_chars(taken.data(), taken.data() + taken.size(), number);
+        Require(taken.size() == digits);
+        int number = 0;
+        for (const char character : taken) {
+            Require(IsDecimal(character));
+            number = 10 * number + (character - '0');
+        }
         m_Text.remove_prefix(taken.size());
-        return taken.size() == digits;
+        return number;
     }
 
 private:
     std::string_view m_Text;
+    bool m_IsRight = true;
 };
 
 /// Z, +01, +0100 or +01:00, to the end of the text.
-std::optional<int> TakeQuarters(Scanner& scanner) {
+int TakeQuarters(Scanner& scanner) {
     if (scanner.Take("Zz"))
-        return scanner.AtEnd() ? std::optional(0) : std::nullopt;
+        return 0;
     const bool isWest = scanner.Take("-");
-    int hours = 0;
+    if (!isWest)
+        scanner.Expect("+");
+    const int hours = scanner.Number(2);
     int minutes = 0;
-    if ((!isWest && !scanner.Take("+")) || !scanner.Take(2, hours))
-        return std::nullopt;
     if (!scanner.AtEnd()) {
         scanner.Take(":");
-        if (!scanner.Take(2, minutes) || !scanner.AtEnd())
-            return std::nullopt;
+        minutes = scanner.Number(2);
     }
-    if (minutes >= 60 || minutes % c_quarterMinutes != 0)
-        return std::nullopt;
+    scanner.Require(minutes < 60 && minutes % c_quarterMinutes == 0);
     const int quarters = hours * c_quartersOfHour + minutes / c_quarterMinutes;
     return isWest ? -quarters : quarters;
 }
@@ -70,22 +77,20 @@ std::optional<int> TakeQuarters(Scanner& scanner) {
 
 std::optional<Messages::Timestamp> TimeIn(const std::string& text) {
     Scanner scanner(text);
-    int year = 0;
-    int month = 0;
-    int day = 0;
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-    const bool isThere = scanner.Take(4, year) && scanner.Take("-") && scanner.Take(2, month) &&
-                         scanner.Take("-") && scanner.Take(2, day) && scanner.Take("Tt ") &&
-                         scanner.Take(2, hour) && scanner.Take(":") && scanner.Take(2, minute) &&
-                         (!scanner.Take(":") || scanner.Take(2, second));
-    if (!isThere)
-        return std::nullopt;
+    const int year = scanner.Number(4);
+    scanner.Expect("-");
+    const int month = scanner.Number(2);
+    scanner.Expect("-");
+    const int day = scanner.Number(2);
+    scanner.Expect("Tt ");
+    const int hour = scanner.Number(2);
+    scanner.Expect(":");
+    const int minute = scanner.Number(2);
+    const int second = scanner.Take(":") ? scanner.Number(2) : 0;
     scanner.Take(" ");
-    const std::optional<int> quarters = TakeQuarters(scanner);
-    return quarters ? Messages::MakeTimestamp(year, month, day, hour, minute, second, *quarters)
-                    : std::nullopt;
+    const int quarters = TakeQuarters(scanner);
+    return scanner.IsRight() ? Messages::MakeTimestamp(year, month, day, hour, minute, second, quarters)
+                             : std::nullopt;
 }
 
 std::string FaultOfTime(const std::string& text) {
@@ -99,7 +104,7 @@ Messages::Timestamp Now() {
     const std::time_t seconds = std::time(nullptr);
     std::tm local{};
     localtime_r(&seconds, &local);
-    const auto quarters = static_cast<int>(local.tm_gmtoff / c_quarterSeconds);
+    const auto quarters = static_cast<int>(local.tm_gmtoff / (60 * c_quarterMinutes));
     return Messages::MakeTimestamp(std::int64_t{seconds}, quarters).value_or(Messages::Timestamp{});
 }
 

@@ -192,6 +192,36 @@ TEST(QxpduCount, LanguagesThatWouldSaveAreToldTheCheapestFirst) {
     EXPECT_FALSE(CountOf({"--alphabet", "ucs2", text}).contains("with_languages"));
 }
 
+TEST(QxpduCount, LanguageThatSavesMoreComesFirst) {
+    const auto languagesOf = [](const std::string& text) {
+        std::vector<std::string> codes;
+        for (const json& one : CountOf({text}).value("with_languages", json::array()))
+            codes.push_back(one["languages"].dump());
+        return codes;
+    };
+    using Codes = std::vector<std::string>;
+    // The Portuguese locking shift table has the bar, which takes two septets in Turkish.
+    EXPECT_EQ(languagesOf(Repeated("ç|", 10)), (Codes{R"(["pt"])", R"(["tr"])"}));
+    EXPECT_EQ(languagesOf(Repeated("ş", 71) + "{"), (Codes{R"(["tr"])"}))
+        << "no table is needed for the brace";
+    EXPECT_EQ(languagesOf(Repeated("ا", 71)), (Codes{R"(["ur"])"})) << "the last of the languages";
+}
+
+TEST(QxpduCount, LanguagesOfACharacterAreThoseOfEitherTable) {
+    const auto needed = [](const std::string& language, const std::string& text) {
+        return CountOf({"--language", language, text})["needs_table"][0]["languages"];
+    };
+    EXPECT_EQ(needed("es", "Í"), json::parse(R"(["es", "pt"])")) << "in single shift tables alone";
+    EXPECT_EQ(needed("hi", "न"), json::parse(R"(["hi"])")) << "in a locking shift table alone";
+}
+
+TEST(QxpduCount, RoomAfterAnyHeaderIsThatOfWholeSeptets) {
+    // 9 octets of header and 5 fill bits leave 149 septets of a part.
+    const json count = CountOf({"--language", "tr", Repeated("ş", 160)});
+    EXPECT_EQ(count["parts"], 2);
+    EXPECT_EQ(count["room"], 2 * 149 - 160);
+}
+
 TEST(QxpduCount, TwoLanguagesMaySaveTogether) {
     const json count = CountOf({Repeated(c_turkishAndPortuguese, 20)});
     ASSERT_EQ(count["with_languages"].size(), 1U);

@@ -83,6 +83,29 @@ TEST(QxpduEncodeLines, DataThatDoNotFitAreAnErrorOfTheirLine) {
                  ""}));
 }
 
+TEST(QxpduEncodeLines, ObjectTakesWhatItLacksFromTheCommandLine) {
+    const auto encode = [](std::vector<std::string> options, const std::string& line) {
+        options.insert(options.begin(), {"encode", "--jsonl", "--to", "1"});
+        const nlohmann::json object = JsonLines(Qxpdu(options, line).out).at(0);
+        return object.contains("error") ? object["error"] : object["pdus"][0]["octets"];
+    };
+    EXPECT_EQ(encode({"--data", "00FF"}, "{}"), "0001000181F100040200FF");
+    EXPECT_EQ(encode({"--data", "00FF"}, R"({"to":"2"})"), "0001000181F200040200FF");
+    EXPECT_EQ(encode({"--data", "00FF"}, R"({"text":"a"})"), "0001000181F100000161")
+        << "in place of the data";
+    EXPECT_EQ(encode({"--data", "00FF"}, R"({"data":"01"})"), "0001000181F100040101");
+    EXPECT_EQ(encode({}, "{}"), "text is required");
+    EXPECT_EQ(encode({"--class", "1"}, R"({"text":"a"})"), "0001000181F100110161");
+    EXPECT_EQ(encode({"--class", "1"}, R"({"text":"a","class":0})"), "0001000181F100100161");
+}
+
+TEST(QxpduEncodeLines, CommandLineMayLackWhatObjectsGive) {
+    EXPECT_EQ(Qxpdu({"encode", "--jsonl"}, R"({"to":"1","text":"a"})").status, 0);
+    const Outcome wrong{2, "", "qxpdu: --to is required\nUsage: qxpdu encode [OPTIONS] [TEXT]\n"};
+    EXPECT_EQ(Qxpdu({"encode", "--lines"}, "a\n"), wrong);
+    EXPECT_EQ(Qxpdu({"encode", "--jsonl", "--lines"}, "a\n"), wrong);
+}
+
 TEST(QxpduEncodeLines, MessagesHaveReferencesOfTheirOwn) {
     const std::string text = Repeated(Repeated("a", 161) + '\n', 300);
     const Outcome one = Qxpdu({"encode", "--lines", "--jsonl", "-j", "2", "--to", "1"}, text);

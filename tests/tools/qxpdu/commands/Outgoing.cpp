@@ -91,6 +91,9 @@ TEST(QxpduOutgoing, NearCharactersAreSentWhereThatIsCheaperAndTold) {
     EXPECT_EQ(Submit({"--replace", "\u00A0ab"}),
               (Outcome{0, "0001000791149721F3000003A0B018\n",
                        "qxpdu: argument 1: warning: replaced: U+00A0 by ' '\n"}));
+    EXPECT_EQ(Encode({"--replace", "--strict", "--to", "1-2", "don’t"}),
+              (Outcome{1, "", "qxpdu: --to: '1-2' goes out as 12\n" + told}))
+        << "but nothing else";
     const nlohmann::json object =
         nlohmann::json::parse(Submit({"--replace", "--strict", "--jsonl", "don’t"}).out);
     EXPECT_EQ(object["warnings"], nlohmann::json::array({"replaced: U+2019 by '''"}));
@@ -142,6 +145,9 @@ TEST(QxpduOutgoing, ReferenceIsThatWhichIsGiven) {
             found.push_back(pdu.substr(22, 16));
         return found;
     };
+    EXPECT_EQ(LinesOf(Submit({"--concat-reference", "66"}, Repeated("a", 161)).out).at(0).substr(22, 16),
+              "A0050003420201C2")
+        << "of a text from the input";
     using Headers = std::vector<std::string>;
     EXPECT_EQ(headers({"--concat-reference", "66"}), (Headers{"A0050003420201C2", "0F050003420202C2"}));
     EXPECT_EQ(headers({"--concat-reference", "0"}), (Headers{"A0050003000201C2", "0F050003000202C2"}));
@@ -328,6 +334,7 @@ TEST(QxpduOutgoing, TimesAreNowUnlessGiven) {
     };
     EXPECT_EQ(zone("XXX-5:30"), "22");
     EXPECT_EQ(zone("XXX3:30"), "49");
+    EXPECT_EQ(zone("XXX-19:45"), "97") << "79 quarters of an hour";
     EXPECT_EQ(zone("XXX0"), "00");
 }
 
@@ -450,6 +457,16 @@ TEST(QxpduOutgoing, JsonTellsWhatEachPartReadsAs) {
                   "parts": 1})"));
     EXPECT_EQ(part({"--type", "command", "--to", "1", "--data", "01"}),
               json::parse(R"({"type": "SMS-COMMAND", "alphabet": "8-bit data", "data": "01", "part": 1,
+                  "parts": 1})"));
+    EXPECT_EQ(part({"--type", "status-report", "--to", "1", "hi"}),
+              json::parse(R"({"type": "SMS-STATUS-REPORT", "alphabet": "GSM 7-bit", "septets": 2, "part": 1,
+                  "parts": 1})"))
+        << "without a data coding scheme";
+    EXPECT_EQ(part({"--type", "status-report", "--to", "1", "я"}),
+              json::parse(R"({"type": "SMS-STATUS-REPORT", "alphabet": "UCS2", "characters": 1, "part": 1,
+                  "parts": 1})"));
+    EXPECT_EQ(part({"--type", "deliver-report", "--failure-cause", "192", "--data", "01"}),
+              json::parse(R"({"type": "SMS-DELIVER-REPORT", "alphabet": "8-bit data", "data": "01", "part": 1,
                   "parts": 1})"));
     EXPECT_EQ(part({"--type", "submit-report", "--failure-cause", "192"}),
               json::parse(R"({"type": "SMS-SUBMIT-REPORT", "part": 1, "parts": 1})"));
