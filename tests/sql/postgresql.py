@@ -1,7 +1,9 @@
-"""The functions in PostgreSQL: the vectors, what is no PDU, and that the server is the same one afterwards.
+"""The functions in PostgreSQL: the vectors, as they are and as SQLite has them, what is no PDU, and that the server is the same one
+afterwards.
 
-usage: postgresql.py EXTENSION SOURCE-TREE LIBRARY…
+usage: postgresql.py EXTENSION EXTENSION-OF-SQLITE SOURCE-TREE LIBRARY…
 """
+import json
 import pathlib
 import re
 import subprocess
@@ -9,7 +11,7 @@ import sys
 
 from server import Installation, Server
 
-extension, source, *libraries = map(pathlib.Path, sys.argv[1:])
+extension, sqlite_extension, source, *libraries = map(pathlib.Path, sys.argv[1:])
 HI = "00040C9144770009103200006211128051038002C834"
 OPTIONS = "is no option; there are smsc=yes|no, direction=to-mobile|from-mobile, failure-cause=yes|no and length=N"
 
@@ -103,6 +105,53 @@ LATIN = [
      'ERROR:  character with byte sequence 0xd0 0x96 in encoding "UTF8" has no equivalent in encoding "LATIN1"'),
 ]
 
+# What is told beside the octets, to all functions but sms_encode and sms_join.
+FUNCTIONS = {"sms": ("text", "address", "time", "type", "reference", "part", "parts", "json", "remarks", "error"),
+             "cbs": ("text", "json", "error")}
+TOLD = {"sms": ("", "smsc=no", "smsc=yes direction=from-mobile", "direction=to-mobile, failure-cause=yes", "length=20"),
+        "cbs": ("", "gsm", "umts", "etws")}
+
+
+def questions():
+    """Statements for both databases, of a table everything(id, digits, octets); ARRAY makes an array of JSON."""
+    for kind, names in FUNCTIONS.items():
+        for told in TOLD[kind]:
+            for pdu in ("digits", "octets"):
+                values = ", ".join(f"CAST({kind}_{name}({pdu}, '{told}') AS text)" for name in names)
+                yield f"SELECT ARRAY(digits, {values}) FROM everything ORDER BY id"
+    for told in TOLD["sms"]:
+        yield (f"SELECT ARRAY(digits, name, CAST(value AS text), meaning, octet, length, mask) FROM everything, sms_fields(octets, '{told}') "
+               "ORDER BY id, octet, mask, name, length")
+
+
+class Sqlite:
+    def __init__(self, folder):
+        self.file = folder / "sqlite.db"
+
+    def rows(self, script):
+        run = subprocess.run(["sqlite3", self.file, "-cmd", f".load {sqlite_extension.resolve()}"], input=script, stdout=subprocess.PIPE,
+                             stderr=subprocess.STDOUT, text=True, encoding="utf-8", timeout=600)
+        return run.stdout.rstrip("\n")
+
+
+def differences_of_databases(server, sqlite, octets):
+    """What one database gives and the other one does not; the server has U+FFFD for U+0000."""
+    table = "CREATE TABLE everything(id integer, digits text, octets {type}); INSERT INTO everything VALUES " + ", ".join(
+        f"({number}, '{digits}', {{before}}{digits}')" for number, digits in enumerate(octets))
+    faults = [server.rows(table.format(type="bytea", before="'\\x")), sqlite.rows(table.format(type="blob", before="x'") + ";")]
+    compared = 0
+    for question in questions():
+        copied = f"COPY ({question.replace('ARRAY', 'json_build_array')}) TO STDOUT WITH (FORMAT csv, QUOTE E'\\x01', DELIMITER E'\\x02')"
+        given = server.rows(copied).split("\n")
+        expected = sqlite.rows(question.replace("ARRAY", "json_array") + ";").replace("\\u0000", "\ufffd").split("\n")
+        rows = [(json.loads(one), json.loads(other.replace("\\\ufffd", "\ufffd"))) for one, other in zip(given, expected, strict=True)]
+        faults += [f"{question}\n  gives    {one}\n  SQLite's {other}" for one, other in rows if one != other]
+        compared += len(rows)
+    if compared < 100000:
+        faults.append(f"no more than {compared} rows")
+    return [fault for fault in faults if fault]
+
+
 installation = Installation(extension, source / "sql/postgresql", libraries)
 server = Server(installation)
 try:
@@ -142,11 +191,13 @@ try:
                             + (source / "tests/sql/vectors.sql").read_text(encoding="utf-8"))
     if differing:
         faults.append(f"vectors: {differing[:3000]}")
+    octets = sorted({json.loads(line).get("octets") for file in files for line in file.open(encoding="utf-8")} - {None})
+    faults += differences_of_databases(server, Sqlite(installation.folder), octets)[:5]
     if server.rows("SELECT pg_postmaster_start_time()") != begun:
         faults.append("the server has started again")
     if faults:
         raise SystemExit("\n".join(faults) + f"\n{len(faults)} of {len(CASES) + len(LATIN)} differ")
-    print(f"{len(CASES) + len(LATIN)} statements and the vectors: as expected")
+    print(f"{len(CASES) + len(LATIN)} statements and the vectors: as expected, and as in SQLite")
 finally:
     server.stop()
     installation.remove()
