@@ -18,6 +18,9 @@ endforeach()
 
 # qx_harden(target): what is no part of a shared library becomes part of a position-independent executable.
 function(qx_harden target)
+  if(EMSCRIPTEN)
+    return() # WebAssembly has its own walls: no stack to smash, no address to guess
+  endif()
   set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
   set(shared $<BOOL:$<TARGET_PROPERTY:${target},POSITION_INDEPENDENT_CODE>>)
   set(executable $<STREQUAL:$<TARGET_PROPERTY:${target},TYPE>,EXECUTABLE>)
@@ -48,10 +51,16 @@ function(qx_compile_options target)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
 endfunction()
 
+# A module of WebAssembly has its libraries linked into it.
+set(QX_LOADED_ANYWHERE ON)
+if(EMSCRIPTEN)
+  set(QX_LOADED_ANYWHERE OFF)
+endif()
+
 # What is linked into a shared library, and shows only what it marks.
 function(qx_hidden target)
   set_target_properties(${target} PROPERTIES
-    POSITION_INDEPENDENT_CODE ON
+    POSITION_INDEPENDENT_CODE ${QX_LOADED_ANYWHERE}
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")

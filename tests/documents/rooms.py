@@ -11,7 +11,7 @@ import sys
 source = pathlib.Path(sys.argv[1])
 page = source / "docs/architecture.md"
 # Whatever stands below these belongs to a room.
-HOUSE = ["include", "src", "toolkit", "wire", "messages", "show", "sql", "tools"]
+HOUSE = ["include", "src", "toolkit", "wire", "messages", "show", "sql", "tools", "web"]
 # Where an include is looked for after the folder of the file itself; what is nowhere there, the build makes.
 ROOTS = ["include", "src", "messages", "tools/qxpdu", "."]
 

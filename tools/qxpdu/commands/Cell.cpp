@@ -54,20 +54,20 @@ void AddCell(const Command& parent) {
         "  qxpdu cell 403211120111C8329BFD06");
     AddCellEncode(command);
     command.SetAction([options](const Streams& streams) {
-        CellPages pages(*options);
+        const auto pages = std::make_shared<CellPages>(*options);
         if (options->rows.AreLinesRows())
             return ConvertRows(
                 options->Settings(), options->rows, streams,
-                [&pages](const Input& input, Console& console) { return pages.ReadToRow(input, console); });
+                [&pages](const Input& input, Console& console) { return pages->ReadToRow(input, console); });
         streams.out << HeadingOf(options->rows);
         return ConvertStream(options->Settings(), streams,
                              {LineKind::Transcript,
-                              [&pages](const Input& input, Console& console) -> Afterwards {
+                              [pages](const Input& input, Console& console) -> Afterwards {
                                   if (input.heading && !IsPageOfLog(input))
                                       return {};
-                                  return pages.Convert(input, console);
+                                  return pages->Convert(input, console);
                               },
-                              [&pages](Console& console) { pages.ShowIncomplete(console); }});
+                              [pages](Console& console) { pages->ShowIncomplete(console); }});
     });
 }
 

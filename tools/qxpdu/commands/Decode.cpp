@@ -217,13 +217,14 @@ void AddDecode(const Command& parent) {
             return ConvertRows(
                 options->Settings(), options->rows, streams,
                 [&](const Input& input, Console& console) { return ReadToRow(*options, input, console); });
-        EarlierMessages earlier{*options};
+        const std::shared_ptr<EarlierMessages> earlier(new EarlierMessages{*options});
         streams.out << HeadingOf(options->rows);
-        return ConvertStream(
-            options->Settings(), streams,
-            {LineKind::Transcript,
-             [&](const Input& input, Console& console) { return Convert(earlier, *options, input, console); },
-             [&earlier](Console& console) { ShowIncomplete(earlier, console); }});
+        return ConvertStream(options->Settings(), streams,
+                             {LineKind::Transcript,
+                              [options, earlier](const Input& input, Console& console) {
+                                  return Convert(*earlier, *options, input, console);
+                              },
+                              [earlier](Console& console) { ShowIncomplete(*earlier, console); }});
     });
 }
 

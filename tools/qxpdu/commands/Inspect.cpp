@@ -130,9 +130,10 @@ void AddInspect(const Command& parent) {
         "  qxpdu inspect 0791214365870921040B912143658709F100002120312143658005C8329BFD06");
     command.SetAction([options](const Streams& streams) {
         const show::Painter painter(WantsColor(options->color, streams));
-        return ConvertAll(
-            options->Settings(), streams, LineKind::Transcript,
-            [&](const Input& input, Console& console) { Inspect(*options, input, painter, console); });
+        return ConvertAll(options->Settings(), streams, LineKind::Transcript,
+                          [options, painter](const Input& input, Console& console) {
+                              Inspect(*options, input, painter, console);
+                          });
     });
 }
 

@@ -1,5 +1,6 @@
 #include "stream/Conversion.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <system_error>
@@ -11,7 +12,6 @@
 #include "show/Json.h"
 #include "show/Plural.h"
 #include "stream/Progress.h"
-#include "stream/Workers.h"
 #include "stream/Writer.h"
 
 namespace qxpdu {
@@ -29,14 +29,14 @@ struct Batch {
     bool isFollowed = true; ///< by input that need not be waited for, or by the end
 };
 
-/// Waits for input only where the results of all that came before are out, `mayWait`; then it may be a batch
-/// of none.
-Batch ReadBatch(InputReader& reader, std::size_t mostInputs, bool mayWait) {
+/// It may be a batch of none.
+Batch ReadBatch(InputReader& reader, std::size_t mostInputs, WhenDry whenDry) {
     const std::uint64_t lines = reader.Lines();
     const std::uint64_t bytes = reader.Bytes();
     Batch batch;
-    for (Input input; batch.inputs.size() < mostInputs && reader.Bytes() - bytes < c_batchBytes &&
-                      reader.Next(input, mayWait && batch.inputs.empty());)
+    for (Input input;
+         batch.inputs.size() < mostInputs && reader.Bytes() - bytes < c_batchBytes &&
+         reader.Next(input, batch.inputs.empty() ? whenDry : std::max(whenDry, WhenDry::Return));)
         batch.inputs.push_back(std::move(input));
     batch.lines = reader.Lines() - lines;
     batch.bytes = reader.Bytes() - bytes;
@@ -125,52 +125,91 @@ private:
 
 } // namespace
 
-int ConvertStream(const ConversionSettings& settings, const Streams& streams, const Converter& converter) {
-    const bool flushLines = settings.lineBuffered || streams.outIsTerminal;
-    InputReader reader(
-        Inputs({settings.arguments, settings.files, streams.in, streams.stop}, CutOf(converter.kind)),
-        converter.kind);
-    bool mayWait = false; // nothing has been kept back
-    Output output(settings, streams, flushLines);
-    const auto convert = [&](const Batch& batch) {
+class Conversion::State {
+public:
+    State(ConversionSettings settings, const Streams& streams, Converter converter)
+        : m_Settings(std::move(settings)),
+          m_Converter(std::move(converter)),
+          m_FlushLines(m_Settings.lineBuffered || streams.outIsTerminal),
+          m_Reader(Inputs({m_Settings.arguments, m_Settings.files, streams.in, streams.stop},
+                          CutOf(m_Converter.kind)),
+                   m_Converter.kind),
+          m_Output(m_Settings, streams, m_FlushLines) {}
+
+    /// Waits for input only where the results of all that came before are out.
+    BatchWork Take() { return Take(m_AreAllOut ? WhenDry::Wait : WhenDry::Return); }
+
+    BatchWork Take(WhenDry whenDry) {
+        auto batch =
+            std::make_shared<const Batch>(ReadBatch(m_Reader, m_FlushLines ? 1 : c_batchInputs, whenDry));
+        m_AreAllOut = !batch->isFollowed;
+        if (batch->inputs.empty() && (m_Reader.HasEnded() || whenDry == WhenDry::Stop))
+            return nullptr;
+        return [this, batch]() -> Delivery {
+            auto results = std::make_shared<std::vector<Outcome>>(Convert(*batch));
+            return [this, batch, results] { return m_Output.Write(*batch, *results); };
+        };
+    }
+
+    void TellOfThreads(unsigned int threads) {
+        Console console(m_Settings.format);
+        console.Warning("--threads", fmt::format("{} could be started, {} asked for",
+                                                 show::Counted(threads, "thread"), m_Settings.threads));
+        m_Output.Write(console);
+    }
+
+    int Finish() {
+        Console last(m_Settings.format);
+        m_Converter.finish(last);
+        for (const SourceNote& note : m_Reader.Notes())
+            note.isError ? last.Error(note.source, note.text) : last.Warning(note.source, note.text);
+        for (const std::string& source : m_Reader.Unreadable())
+            last.Error(source, "cannot be read");
+        m_Output.Write(last);
+        return m_Output.Finish();
+    }
+
+private:
+    std::vector<Outcome> Convert(const Batch& batch) const {
         std::vector<Outcome> results;
         results.reserve(batch.inputs.size());
         for (const Input& input : batch.inputs)
-            results.push_back(Convert(input, settings, converter));
+            results.push_back(qxpdu::Convert(input, m_Settings, m_Converter));
         return results;
-    };
-    const BatchSource take = [&]() -> BatchWork {
-        auto batch =
-            std::make_shared<const Batch>(ReadBatch(reader, flushLines ? 1 : c_batchInputs, mayWait));
-        mayWait = !batch->isFollowed;
-        if (batch->inputs.empty() && reader.HasEnded())
-            return nullptr;
-        return [&, batch]() -> Delivery {
-            auto results = std::make_shared<std::vector<Outcome>>(convert(*batch));
-            return [&, batch, results] { return output.Write(*batch, *results); };
-        };
-    };
-    if (streams.endInputOnSignal && converter.kind != LineKind::Whole)
-        streams.endInputOnSignal(); // the half of a text is none
-    WorkInOrder(take, settings.threads, [&](unsigned int threads) {
-        Console console(settings.format);
-        console.Warning("--threads", fmt::format("{} could be started, {} asked for",
-                                                 show::Counted(threads, "thread"), settings.threads));
-        output.Write(console);
-    });
-    Console last(settings.format);
-    converter.finish(last);
-    for (const SourceNote& note : reader.Notes())
-        note.isError ? last.Error(note.source, note.text) : last.Warning(note.source, note.text);
-    for (const std::string& source : reader.Unreadable())
-        last.Error(source, "cannot be read");
-    output.Write(last);
-    return output.Finish();
+    }
+
+    ConversionSettings m_Settings;
+    Converter m_Converter;
+    bool m_FlushLines;
+    InputReader m_Reader;
+    Output m_Output;
+    bool m_AreAllOut = false; ///< the results of all that has come
+};
+
+Conversion::Conversion(ConversionSettings settings, const Streams& streams, Converter converter)
+    : m_State(std::make_unique<State>(std::move(settings), streams, std::move(converter))) {}
+
+Conversion::~Conversion() = default;
+
+BatchWork Conversion::Take() {
+    return m_State->Take();
+}
+
+BatchWork Conversion::TakeOfWhatCame() {
+    return m_State->Take(WhenDry::Stop);
+}
+
+void Conversion::TellOfThreads(unsigned int threads) {
+    m_State->TellOfThreads(threads);
+}
+
+int Conversion::Finish() {
+    return m_State->Finish();
 }
 
 int ConvertAll(const ConversionSettings& settings, const Streams& streams, LineKind kind,
                const std::function<void(const Input&, Console&)>& convert) {
-    return ConvertStream(settings, streams, {kind, [&convert](const Input& input, Console& console) {
+    return ConvertStream(settings, streams, {kind, [convert](const Input& input, Console& console) {
                                                  convert(input, console);
                                                  return Afterwards();
                                              }});

@@ -3,12 +3,14 @@
 #define QXPDU_CONVERSION_H
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "stream/Console.h"
 #include "stream/InputReader.h"
+#include "stream/Workers.h"
 
 namespace qxpdu {
 
@@ -30,12 +32,38 @@ using Afterwards = std::function<void(Console&)>;
 void Fail(Console& console, const Input& input, const std::string& message);
 
 /// How inputs are converted. What `convert` throws as an InputError is reported by `fail`, and so is an input
-/// that is no line at all; the other inputs are still converted.
+/// that is no line at all; the other inputs are still converted. That of a Transcript owns what it works
+/// with, as its input may come in pieces, after the call that began the work.
 struct Converter {
     LineKind kind;
     std::function<Afterwards(const Input&, Console&)> convert; ///< runs beside itself on other inputs
     std::function<void(Console&)> finish = [](Console&) {};    ///< writes what is left in the end
     std::function<void(Console&, const Input&, const std::string&)> fail = Fail;
+};
+
+/// A conversion on its way, batch by batch. The streams outlive it.
+class Conversion {
+public:
+    Conversion(ConversionSettings settings, const Streams& streams, Converter converter);
+    ~Conversion();
+    Conversion(const Conversion&) = delete;
+    Conversion& operator=(const Conversion&) = delete;
+
+    /// The work on the next batch; nothing at the end.
+    BatchWork Take();
+
+    /// The same where the input comes in pieces: nothing where the next piece has to come first.
+    BatchWork TakeOfWhatCame();
+
+    /// There are not as many as the user wants.
+    void TellOfThreads(unsigned int threads);
+
+    /// After all work: returns the exit status.
+    int Finish();
+
+private:
+    class State;
+    std::unique_ptr<State> m_State;
 };
 
 /// Converts all inputs; results have the order of the inputs. Returns the exit status.

@@ -13,11 +13,11 @@ namespace qxpdu {
 
 InputReader::InputReader(Inputs inputs, LineKind kind) : m_Inputs(std::move(inputs)), m_Kind(kind) {}
 
-bool InputReader::Next(Input& input, bool mayWait) {
+bool InputReader::Next(Input& input, WhenDry whenDry) {
     if (m_Kind == LineKind::Transcript)
-        return NextEntry(input, mayWait);
+        return NextEntry(input, whenDry);
     do {
-        if (!mayWait && !m_Inputs.IsReady())
+        if (whenDry != WhenDry::Wait && !m_Inputs.IsReady())
             return false;
         m_HasEnded = !m_Inputs.Next(input);
         if (m_HasEnded)
@@ -35,7 +35,7 @@ bool InputReader::IsInput(Input& line) const {
 }
 
 /// Entries come before whatever was read after them.
-bool InputReader::NextEntry(Input& input, bool mayWait) {
+bool InputReader::NextEntry(Input& input, WhenDry whenDry) {
     for (;;) {
         if (std::optional<LogEntry> entry = m_Log ? m_Log->Next() : std::nullopt) {
             const bool isLine = m_LogStart.source == Input::Source::Line;
@@ -44,12 +44,14 @@ bool InputReader::NextEntry(Input& input, bool mayWait) {
             return true;
         }
         if (!m_Line && !m_Inputs.IsReady()) {
+            if (whenDry == WhenDry::Stop)
+                return false;
             const bool hasLogEnded = m_IsInLog && m_Inputs.StreamsOpened() != m_LogStream;
             if (hasLogEnded)
                 EndLog();
             if (hasLogEnded || ReleaseLog())
                 continue;
-            if (!mayWait)
+            if (whenDry == WhenDry::Return)
                 return false;
         }
         Input line;

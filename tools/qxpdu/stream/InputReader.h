@@ -21,6 +21,13 @@ enum class LineKind {
     Whole       ///< one input
 };
 
+/// What is done where the next line has not come yet.
+enum class WhenDry {
+    Wait,   ///< give what can be given, then wait
+    Return, ///< give what can be given, and nothing more
+    Stop    ///< nothing: what was read is a piece, and the next one tells what it is
+};
+
 /// What is to be said of a source as a whole.
 struct SourceNote {
     std::string source; ///< "standard input", or a file
@@ -34,8 +41,7 @@ public:
     InputReader(Inputs inputs, LineKind kind);
 
     /// Reads the next input; false when there is none, or when it had to be waited for and may not be.
-    /// Nothing that can be given waits for a line that has not come yet.
-    bool Next(Input& input, bool mayWait);
+    bool Next(Input& input, WhenDry whenDry);
 
     /// Whether the next input, or that there is none, can be told without waiting for it.
     bool IsReady() { return m_HasEnded || m_Line || (m_Log && m_Log->HasEntries()) || m_Inputs.IsReady(); }
@@ -54,7 +60,7 @@ public:
     const std::vector<SourceNote>& Notes() const { return m_Notes; }
 
 private:
-    bool NextEntry(Input& input, bool mayWait);
+    bool NextEntry(Input& input, WhenDry whenDry);
     bool ReleaseLog();
     bool IsInput(Input& line) const;
     void TakeIntoLog(Input line);
