@@ -110,7 +110,6 @@ show::Json ToJson(show::Json object, const Messages::CellDraft& draft, const Mes
 void ShowWritten(const Input& input, const Messages::CellDraft& draft, const Messages::CellWritten& written,
                  Console& console) {
     show::Json line = ObjectFor(input);
-    line["pdus"] = show::Json::array();
     for (std::size_t i = 0; i < written.octets.size(); ++i) {
         if (console.WantsJsonLines())
             line["pdus"].push_back(ToJson(show::Json::object(), draft, written, i));

@@ -211,7 +211,8 @@ void CellPages::Take(const Input& input, const Compared& compared, Console& cons
         if (isItself && HasSoundNumbers(reading))
             return ShowOlder(input, *compared, console);
         show(isItself ? show::JoinedBroadcast{message, {source}} : WithSources(message));
-        isHeld = isHeld && !isItself;
+        if (isItself)
+            isHeld = false;
     }
     if (isHeld)
         m_Sources[{reading.serialNumber.value, reading.messageIdentifier}].push_back(source);

@@ -138,10 +138,9 @@ int Refuse(std::string message, const CLI::App& tool, const Streams& streams) {
     return Console::WRONG_COMMAND_LINE;
 }
 
-/// Returns the exit status.
+/// Writes lines. Returns the exit status.
 int WriteText(std::string text, const Streams& streams) {
-    if (text.ends_with('\n'))
-        text.pop_back();
+    text.pop_back(); // the last line feed
     Console console(Format::Text);
     console.Line(text);
     Writer writer(streams, Format::Text, true);

@@ -105,16 +105,14 @@ std::vector<Break> BreaksIn(const CutText& cut) {
     return breaks;
 }
 
+/// Of valid UTF-8 with a reference that is given, there are two.
 std::string FaultOf(const CutText& cut) {
     using Messages::CutFaultCode;
     if (cut.fault->code == CutFaultCode::TooManyParts)
         return fmt::format("the text needs {} parts, {} at most", cut.choice.parts, Messages::c_mostParts);
-    if (cut.fault->code == CutFaultCode::NoCharacter) {
-        const std::string_view before = std::string_view(cut.text).substr(0, cut.fault->offset);
-        return fmt::format("{} at {} is in no table that may be used", Described({cut.fault->character}),
-                           show::CharactersIn(before) + 1);
-    }
-    return MeaningOf(*cut.fault);
+    const std::string_view before = std::string_view(cut.text).substr(0, cut.fault->offset);
+    return fmt::format("{} at {} is in no table that may be used", Described({cut.fault->character}),
+                       show::CharactersIn(before) + 1);
 }
 
 Cost CostOf(const CutText& cut) {

@@ -143,7 +143,6 @@ void ShowAsLine(const Outgoing& outgoing, const OutgoingOptions& options, const 
             throw InputError(caution.ToText());
         object["warnings"].push_back(caution.ToText());
     }
-    object["pdus"] = show::Json::array();
     for (std::size_t i = 0; i < outgoing.pdus.size(); ++i)
         object["pdus"].push_back(ToJson(show::Json::object(), outgoing, i, options));
     console.Object(object);

@@ -81,13 +81,11 @@ Part PartOf(const Toolkit::smart_ptr<Encoding::Pdu>& pdu) {
 
 /// The character that the boundary between the two parts cuts; `number` is that of the first.
 std::optional<Cut> CutBetween(const Part& first, const Part& second, std::size_t number) {
-    if (!first.septets.empty() && !second.septets.empty()) {
+    if (!first.septets.empty()) {
         if (first.septets.back() != Messages::c_escapeSeptet)
             return std::nullopt;
         return Cut{number, "escape", GSMCharSet().FindUnicodeCharFromEscapeChar(second.septets.front())};
     }
-    if (first.text.empty() || second.text.empty())
-        return std::nullopt;
     const std::u32string joined = show::CodePoints({first.text.back(), second.text.front()});
     if (joined.size() != 1)
         return std::nullopt;

@@ -22,7 +22,7 @@ std::vector<std::string> Shielded(const std::vector<std::string>& arguments) {
     bool areFiles = false;
     for (const std::string& argument : arguments) {
         const bool isOption = argument.starts_with('-') && argument != "-";
-        if (areFiles && !onlyInputs && !isOption && shielded.back() != c_fileOption)
+        if (areFiles && !isOption && shielded.back() != c_fileOption)
             shielded.emplace_back(c_fileOption);
         areFiles = !onlyInputs && (isOption ? argument == c_fileOption : areFiles);
         if (!onlyInputs && !shielded.empty() && IsValueOf(shielded.back(), argument)) {

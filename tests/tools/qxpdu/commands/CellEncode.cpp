@@ -29,6 +29,9 @@ TEST(QxpduCellEncode, PageHasTheHeaderThatIsAskedFor) {
     EXPECT_EQ(HeadOf({"--id", "reserved, a (U)SIM's mark for an empty entry"}), "0000FFFF0F11C874");
     EXPECT_EQ(HeadOf({"--scope", "1", "--code", "50", "--update", "1"}), "432100000F11C874");
     EXPECT_EQ(HeadOf({"--scope", "3", "--code", "1023", "--update", "15"}), "FFFF00000F11C874");
+    EXPECT_EQ(HeadOf({"--id", "65535", "--serial", "65535"}), "FFFFFFFF0F11C874");
+    EXPECT_EQ(HeadOf({"--scope", "0", "--code", "0", "--update", "0", "--class", "0"}), "000000005011C874");
+    EXPECT_EQ(HeadOf({"--class", "3"}).substr(8, 2), "53");
     EXPECT_EQ(HeadOf({"--serial", "0x4321"}), "432100000F11C874");
     EXPECT_EQ(HeadOf({"--serial", "17185"}), "432100000F11C874");
     EXPECT_EQ(HeadOf({"--language", "en"}), "000000000111C874");
@@ -129,10 +132,28 @@ TEST(QxpduCellEncode, ObjectsSetTheirOptions) {
     EXPECT_EQ(headOf(R"({"text": "Hi", "umts": true, "class": 0})").substr(0, 10), "0100000000");
     EXPECT_EQ(encode(R"({"text": "Hi", "to": "1"})")["error"], "to: no such member");
     EXPECT_EQ(encode(R"({"text": "Hi", "scope": 4})")["error"], "scope: no number from 0 to 3");
+    EXPECT_EQ(encode(R"({"text": "Hi", "scope": -1})")["error"], "scope: no number from 0 to 3");
+    EXPECT_EQ(encode(R"({"text": "Hi", "scope": 1.5})")["error"], "scope: no number from 0 to 3");
+    EXPECT_EQ(encode(R"({"text": "Hi", "scope": "1"})")["error"], "scope: no number from 0 to 3");
+    EXPECT_EQ(headOf(R"({"text": "Hi", "scope": 3, "code": 1023, "update": 15})").substr(0, 4), "FFFF");
+    EXPECT_EQ(encode(R"({"text": "Hi", "code": 1024})")["error"], "code: no number from 0 to 1023");
+    EXPECT_EQ(encode(R"({"text": "Hi", "update": 16})")["error"], "update: no number from 0 to 15");
+    EXPECT_EQ(headOf(R"({"text": "Hi", "serial": 65535})").substr(0, 4), "FFFF");
+    EXPECT_EQ(encode(R"({"text": "Hi", "serial": 65536})")["error"], "serial: no number from 0 to 65535");
+    EXPECT_EQ(headOf(R"({"text": "Hi", "class": 3})").substr(8, 2), "53");
+    EXPECT_EQ(encode(R"({"text": "Hi", "class": 4})")["error"], "class: no number from 0 to 3");
+    EXPECT_EQ(encode(R"({"text": "Hi", "id": 65536})")["error"],
+              "id: 65536 is neither a number from 0 to 65535 nor the name of an identifier");
+    EXPECT_EQ(encode(R"({"text": "Hi", "id": true})")["error"], "id: no string");
+    EXPECT_EQ(encode(R"({"text": "Hi", "alphabet": "utf8"})")["error"],
+              "alphabet: utf8 is neither gsm nor ucs2");
     EXPECT_EQ(encode(R"({"text": "Hi", "umts": 1})")["error"], "umts: neither true nor false");
     EXPECT_EQ(encode(R"({"id": 1})")["error"], "text is required");
     const Outcome lines = Qxpdu({"cell", "encode", "--lines", "--jsonl"}, "{}\n");
     EXPECT_EQ(json::parse(lines.out)["line"], 1);
+    const json argument = json::parse(Qxpdu({"cell", "encode", "--jsonl", "Hi"}).out);
+    EXPECT_EQ(argument["pdus"][0]["octets"].get<std::string>().substr(0, 16), "000000000F11C874")
+        << "an argument is a text";
 }
 
 TEST(QxpduCellEncode, SerialNumberOfAnObjectIsWholeOrInPieces) {

@@ -379,6 +379,9 @@ TEST(QxpduDecode, ReadingOfTheOtherLibraryIsShownByItsMembers) {
     EXPECT_TRUE(HasLine(rejected.out, "result 0")) << rejected;
     EXPECT_TRUE(HasLine(rejected.out, "m_Recipient \"+1234\"")) << rejected;
     EXPECT_EQ(rejected.err, "qxpdu: argument 1: rejected by libQX_Encoding\n");
+    const Outcome object = Qxpdu({"decode", "--as", "libQX_Encoding", "--jsonl", "000300"});
+    EXPECT_EQ(object.status, 1);
+    EXPECT_EQ(object.err, "") << "the object says so";
 }
 
 TEST(QxpduDecode, WhatAHostGetsInsteadIsTold) {

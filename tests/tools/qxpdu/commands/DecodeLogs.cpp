@@ -129,6 +129,38 @@ TEST(QxpduLogs, ReferenceThatTheModemGaveFindsTheReport) {
     EXPECT_TRUE(tests::HasLine(Qxpdu({"decode", "--join"}, log).out, "report on line 2"));
 }
 
+/// The last object that decode --join gives for the files, each made of what printf is told.
+nlohmann::json LastOf(const std::string& a, const std::string& b = "") {
+    const Outcome run = tests::Shell("d=$(mktemp -d) && cd $d && printf '" + a + "' >a.log && printf '" + b +
+                                     "' >b.log && $QXPDU decode --jsonl --join --file a.log b.log; rm -r $d");
+    return tests::JsonLines(run.out).back();
+}
+
+TEST(QxpduLogs, ReferenceIsThatOfTheMessageThatWasSentBeforeIt) {
+    const std::string submit = "0001000491214300000161"; // TP-MR 0
+    const std::string sent = "AT+CMGS=10\\n" + submit + "\\n";
+    const std::string broken = "AT+CMGS=10\\n" + submit.substr(0, 20) + "\\n";
+    const std::string stored = "AT+CMGW=10\\n" + submit + "\\n";
+    const std::string report = "+CDS: 21\\n" + std::string(c_report) + "\\n"; // on the message 7
+    EXPECT_EQ(LastOf(sent + "+CMGS: 7\\n" + report)["report_on"], 2);
+    EXPECT_EQ(LastOf(sent + stored + "+CMGS: 7\\n" + report)["report_on"], 2) << "the other was not sent";
+    EXPECT_FALSE(LastOf(sent + "+CMGS: 6\\n+CMGS: 7\\n" + report).contains("report_on"))
+        << "of a message that was sent otherwise";
+    EXPECT_FALSE(LastOf(sent + broken + "+CMGS: 7\\n" + report).contains("report_on"));
+    EXPECT_FALSE(LastOf(sent, broken + "+CMGS: 7\\n" + report).contains("report_on")) << "of another file";
+    const nlohmann::json other = LastOf(sent + "+CMGS: 7\\n", report);
+    EXPECT_EQ(other["report_on"], 2);
+    EXPECT_EQ(other["report_on_file"], "a.log");
+    EXPECT_FALSE(
+        LastOf("+CMGS: 7\\n+CDS: 19\\n0006070091212031214365802120312143658000\\n").contains("report_on"))
+        << "no message came before";
+}
+
+TEST(QxpduLogs, ReferenceIsNothingToInspect) {
+    const std::string sent = std::string("AT+CMGS=10\n") + c_submit + "\n";
+    EXPECT_EQ(Qxpdu({"inspect"}, sent + "+CMGS: 7\nOK\n"), Qxpdu({"inspect"}, sent + "OK\n"));
+}
+
 TEST(QxpduLogs, InspectShowsPagesAmongMessages) {
     const Outcome run = Qxpdu({"inspect", "--jsonl"},
                               std::string("+CBM: 11\n") + c_cellPage + "\n+CMT: ,24\n" + c_hello + '\n');

@@ -171,6 +171,8 @@ TEST(QxpduHostCount, BoundaryThatCutsAPairIsAWarning) {
     EXPECT_EQ(CountOf({Repeated("ж", 66) + "😀" + Repeated("b", 3)}, "")["cuts"], json::parse(R"([
         {"after_part": 1, "pair": "surrogate", "code_point": "U+1F600", "name": "GRINNING FACE"}])"));
     EXPECT_FALSE(CountOf({Repeated("ж", 65) + "😀😀" + Repeated("b", 3)}, "").contains("cuts"));
+    EXPECT_EQ(CountOf({Repeated("ж", 66) + "😀" + Repeated("ж", 65) + "😀"}, "")["cuts"].size(), 2U)
+        << "half a character is all of the last part";
 }
 
 TEST(QxpduHostCount, MoreThan255PartsAreRefused) {

@@ -513,24 +513,30 @@ TEST(QxpduInspect, ColoursArePutOnFieldsAndFaults) {
         << run;
 }
 
-TEST(QxpduInspect, ColoursGoToTerminalsOnlyAndNotAgainstTheUsersWish) {
+bool IsColoured(const std::string& script) {
+    return Shell(script).out.find('\x1B') != std::string::npos;
+}
+
+TEST(QxpduInspect, ColoursGoNowhereElseUnlessTheUserSaysSo) {
+    EXPECT_FALSE(IsColoured("$QXPDU inspect 00030491214300"));
+    EXPECT_FALSE(IsColoured("$QXPDU inspect --color never 00030491214300"));
+    EXPECT_TRUE(IsColoured("$QXPDU inspect --color always 00030491214300"));
+    EXPECT_TRUE(IsColoured("NO_COLOR=1 $QXPDU inspect --color always 00030491214300"));
+    EXPECT_EQ(Qxpdu({"inspect", "--color", "never", "01"}), Qxpdu({"inspect", "01"}));
+    EXPECT_EQ(Qxpdu({"inspect", "--color", "auto", "01"}), Qxpdu({"inspect", "01"}));
+}
+
+TEST(QxpduInspect, ColoursGoToTerminalsButNotAgainstTheUsersWish) {
     if (!tests::HasPseudoTerminals())
         GTEST_SKIP() << tests::c_noPseudoTerminals;
-    const char escape = '\x1B';
-    const auto isColoured = [&](const std::string& script) {
-        return Shell(script).out.find(escape) != std::string::npos;
-    };
-    EXPECT_FALSE(isColoured("$QXPDU inspect 00030491214300"));
-    EXPECT_FALSE(isColoured("$QXPDU inspect --color never 00030491214300"));
-    EXPECT_TRUE(isColoured("$QXPDU inspect --color always 00030491214300"));
-    EXPECT_TRUE(isColoured("NO_COLOR=1 $QXPDU inspect --color always 00030491214300"));
     // script(1) gives the tool a terminal.
-    EXPECT_TRUE(isColoured("TERM=xterm script -qec \"$QXPDU inspect 00030491214300\" /dev/null"));
-    EXPECT_TRUE(isColoured("TERM=xterm NO_COLOR= script -qec \"$QXPDU inspect 00030491214300\" /dev/null"));
-    EXPECT_FALSE(isColoured("TERM=xterm NO_COLOR=1 script -qec \"$QXPDU inspect 00030491214300\" /dev/null"));
-    EXPECT_FALSE(isColoured("TERM=dumb script -qec \"$QXPDU inspect 00030491214300\" /dev/null"));
+    EXPECT_TRUE(IsColoured("TERM=xterm script -qec \"$QXPDU inspect 00030491214300\" /dev/null"));
+    EXPECT_TRUE(IsColoured("TERM=xterm NO_COLOR= script -qec \"$QXPDU inspect 00030491214300\" /dev/null"));
+    EXPECT_FALSE(IsColoured("TERM=xterm NO_COLOR=1 script -qec \"$QXPDU inspect 00030491214300\" /dev/null"));
+    EXPECT_TRUE(IsColoured("env -u TERM script -qec \"$QXPDU inspect 00030491214300\" /dev/null"));
+    EXPECT_FALSE(IsColoured("TERM=dumb script -qec \"$QXPDU inspect 00030491214300\" /dev/null"));
     EXPECT_FALSE(
-        isColoured("TERM=xterm script -qec \"$QXPDU inspect --color never 00030491214300\" /dev/null"));
+        IsColoured("TERM=xterm script -qec \"$QXPDU inspect --color never 00030491214300\" /dev/null"));
 }
 
 TEST(QxpduInspect, UnknownColourIsRefused) {

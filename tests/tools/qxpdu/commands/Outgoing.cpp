@@ -102,6 +102,8 @@ TEST(QxpduOutgoing, NearCharactersAreSentWhereThatIsCheaperAndTold) {
 
 TEST(QxpduOutgoing, DataMayComeFromTheInput) {
     EXPECT_EQ(Submit({"--data", "-"}, "00 ff 10\n"), (Outcome{0, "0001000791149721F300040300FF10\n", ""}));
+    EXPECT_EQ(Encode({"--type", "command", "--to", "1", "--data", "-"}, "01\n"),
+              (Outcome{0, "0002000000000181F10101\n", ""}));
     EXPECT_EQ(Submit({"--data", "-", "0x01"}), (Outcome{0, "0001000791149721F300040101\n", ""}));
     EXPECT_EQ(Submit({"--data", "-", "--lines"}, "01\n0G\n02\n"),
               (Outcome{1, "0001000791149721F300040101\n0001000791149721F300040102\n",
@@ -301,6 +303,10 @@ TEST(QxpduOutgoing, EveryTypeHasItsFields) {
         {{"--type", "command", "--to", "+4179123", "--data", "0102"}, "0002000000000791149721F3020102"},
         {{"--type", "command", "--to", "1", "--port", "5", "--data", "01"},
          "0042000000000181F1080605040005000001"},
+        {{"--type", "command", "--to", "1", "--port", "5"}, "0042000000000181F10706050400050000"},
+        {{"--type", "deliver-report", "--port", "5"},
+         "00400600080605040005"
+         "0000"},
         {{"--type", "deliver-report"}, "000000"},
         {{"--type", "deliver-report", "--pid", "64"}, "00000140"},
         {{"--type", "deliver-report", "--failure-cause", "0xD3"}, "0000D300"},

@@ -92,6 +92,15 @@ TEST(QxpduParties, SenderMayBeAName) {
     }
 }
 
+TEST(QxpduParties, SenderWhoseSeparatorsStayBehindIsAWarning) {
+    const auto from = [](const std::string& party) {
+        return Qxpdu({"encode", "--type", "deliver", "--from", party, "a"}).err;
+    };
+    EXPECT_EQ(from("+41 79"), "qxpdu: --from: warning: '+41 79' goes out as +4179\n");
+    EXPECT_EQ(from("+4179"), "");
+    EXPECT_EQ(from("A C"), "") << "a name has blanks";
+}
+
 TEST(QxpduParties, NameHasElevenCharactersOfTheDefaultAlphabetAtMost) {
     const auto from = [](const std::string& party) {
         return Qxpdu({"encode", "--type", "deliver", "--from", party, "a"});
