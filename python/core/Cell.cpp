@@ -105,7 +105,7 @@ PyObject* Take(PyObject* object, PyObject* given) noexcept {
         const Use<PageJoiner> joiner(object);
         PyObject* const record = Instance(state, given, RecordType::CellReading, "what is joined");
         const Ref source = Bytes(PyTuple_GetItem(record, 0), "octets");
-        const CellLease reading(state, source.Get(), FormatGiven(PyTuple_GetItem(record, 1)));
+        const CellReading reading(state, source.Get(), FormatGiven(PyTuple_GetItem(record, 1)));
         if (reading.Get().fault != nullptr) // the octets are not those that were read
             RaisePduError(state, PduErrorOf(state, *reading.Get().fault, None()));
         const qx_pages_taken* taken = nullptr;
@@ -175,7 +175,7 @@ PyObject* DecodeCell(PyObject* module, PyObject* const* values, Py_ssize_t count
         State& state = StateOf(module);
         const Arguments arguments(c_decodeCell, values, count, keywords);
         const Ref source = SourceOf(state, arguments.First());
-        const CellLease reading(state, source.Get(), FormatGiven(arguments[1]));
+        const CellReading reading(state, source.Get(), FormatGiven(arguments[1]));
         if (reading.Get().fault != nullptr)
             RaisePduError(state, PduErrorOf(state, *reading.Get().fault, None()));
         return CellReadingOf(state, reading.Get(), OctetsOfSource(state, source.Get()));

@@ -254,8 +254,14 @@ inline State& StateOfObject(PyObject* object) noexcept {
     return *static_cast<State*>(PyType_GetModuleState(Py_TYPE(object)));
 }
 
-/// Notices the end of the interpreter from now on. REQUIRES the GIL.
+/// Notices the end of the interpreter from now on.
 void WatchEnd();
+
+/// A function with one of the signatures that PyMethodDef's flags name.
+template <class Function>
+PyCFunction Called(Function function) {
+    return reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(function));
+}
 
 /// The arguments of a call. Names and values: what is not given, or by `...`, is null, and None too but for
 /// Given().
@@ -465,46 +471,56 @@ Ref SourceOf(const State& state, PyObject* pdu);
 /// The same octets as bytes.
 Ref OctetsOfSource(const State& state, PyObject* source);
 
-/// A reader that has read a message, for as long as nobody else may have it.
+/// A reader that nobody else has until this ends.
+class Lease {
+public:
+    /// The reader that has read for `owner` last, or else any.
+    Lease(State& state, const PyObject* owner);
+    Lease(const Lease&) = delete;
+    Lease& operator=(const Lease&) = delete;
+    ~Lease();
+
+    Reader* operator->() noexcept { return &m_reader; }
+    const Reader* operator->() const noexcept { return &m_reader; }
+
+private:
+    State& m_state;
+    Reader m_reader{};
+};
+
+/// A message, read.
 class Reading {
 public:
     Reading(State& state, PyObject* message);
-    Reading(const Reading&) = delete;
-    Reading& operator=(const Reading&) = delete;
-    ~Reading();
 
-    const qx_reader* Handle() const noexcept { return m_reader.handle; }
-    const qx_reading& Get() const noexcept { return *m_reader.reading; }
+    const qx_reader* Handle() const noexcept { return m_reader->handle; }
+    const qx_reading& Get() const noexcept { return *m_reader->reading; }
 
 private:
-    State& m_state;
     Ref m_message; ///< so that it outlives the reading
-    Reader m_reader;
+    Lease m_reader;
 };
+
 /// Whether a field is there, and whole.
 bool Has(const qx_reading& reading, std::uint8_t field);
-/// Octets or digits of cell broadcast, read with a reader of the module's. REQUIRES the GIL; the reading is
-/// the caller's until the lease ends.
-class CellLease {
-public:
-    CellLease(State& state, PyObject* source, std::uint8_t format);
-    CellLease(const CellLease&) = delete;
-    CellLease& operator=(const CellLease&) = delete;
-    ~CellLease();
 
-    const qx_reader* Handle() const noexcept { return m_reader.handle; }
+/// Octets or digits of cell broadcast, read.
+class CellReading {
+public:
+    CellReading(State& state, PyObject* source, std::uint8_t format);
+
+    const qx_reader* Handle() const noexcept { return m_reader->handle; }
     const qx_cell_reading& Get() const noexcept { return *m_reading; }
 
 private:
-    State& m_state;
-    Ref m_source;
-    Reader m_reader;
+    Ref m_source; ///< so that it outlives the reading
+    Lease m_reader;
     const qx_cell_reading* m_reading = nullptr;
 };
+
 /// A Message.
 PyObject* MessageGiven(const State& state, PyObject* object, const char* what);
 
-using Function = PyObject* (*)(PyObject*, PyObject* const*, Py_ssize_t, PyObject*);
 PyObject* Decode(PyObject* module, PyObject* const* values, Py_ssize_t count, PyObject* keywords) noexcept;
 PyObject* DecodeMany(PyObject* module, PyObject* const* values, Py_ssize_t count,
                      PyObject* keywords) noexcept;

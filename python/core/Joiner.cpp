@@ -179,14 +179,12 @@ Py_ssize_t Length(PyObject* object) noexcept {
 }
 
 PyMethodDef c_methods[] = {
-    {"add", reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(Add)),
-     METH_METHOD | METH_FASTCALL | METH_KEYWORDS,
+    {"add", Called(Add), METH_METHOD | METH_FASTCALL | METH_KEYWORDS,
      "add($self, /, message, now=None)\n--\n\n"
      "Takes a Message in, and gives a list of Joined: the message that it completes, or itself where it is "
      "no part,\n"
      "and what is given up. now are seconds of any clock; time.monotonic() where they are not told."},
-    {"expire", reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(Expire)),
-     METH_METHOD | METH_FASTCALL | METH_KEYWORDS,
+    {"expire", Called(Expire), METH_METHOD | METH_FASTCALL | METH_KEYWORDS,
      "expire($self, /, now=None)\n--\n\nGives up what has waited too long: a list of Joined."},
     {"finish", Finish, METH_NOARGS,
      "finish($self, /)\n--\n\nGives up everything, the oldest first: a list of Joined."},

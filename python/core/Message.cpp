@@ -63,31 +63,6 @@ private:
     qx_octets m_octets{};
 };
 
-/// The reader that has read for `owner` last, or else any.
-Reader Borrow(State& state, const PyObject* owner) {
-    const auto end = state.readers.begin() + static_cast<std::ptrdiff_t>(state.readerCount);
-    const auto found =
-        std::find_if(state.readers.begin(), end, [&](const Reader& reader) { return reader.owner == owner; });
-    if (state.readerCount == 0) {
-        qx_reader* const handle = qx_reader_new();
-        if (handle == nullptr)
-            throw std::bad_alloc();
-        return {handle, nullptr, nullptr};
-    }
-    const Reader reader = found != end ? *found : *(end - 1);
-    if (found != end)
-        *found = *(end - 1);
-    --state.readerCount;
-    return reader;
-}
-
-void GiveBack(State& state, const Reader& reader) noexcept {
-    if (IsEndedByAnother() || state.readerCount == state.readers.size())
-        qx_reader_free(reader.handle);
-    else
-        state.readers[state.readerCount++] = reader;
-}
-
 Ref NewMessage(const State& state, const Ref& source, const qx_read_options& options) {
     Ref object = Allocated(reinterpret_cast<PyTypeObject*>(state.messageType));
     Message& message = MessageOf(object.Get());
@@ -594,39 +569,43 @@ bool Has(const qx_reading& reading, std::uint8_t field) {
                        [&](const qx_place* place) { return place->field == field; });
 }
 
-Reading::Reading(State& state, PyObject* message)
-    : m_state(state), m_message(Shared(message)), m_reader(Borrow(state, message)) {
-    if (m_reader.owner == message)
+Lease::Lease(State& state, const PyObject* owner) : m_state(state) {
+    const auto end = state.readers.begin() + static_cast<std::ptrdiff_t>(state.readerCount);
+    const auto found =
+        std::find_if(state.readers.begin(), end, [&](const Reader& reader) { return reader.owner == owner; });
+    if (state.readerCount == 0) {
+        m_reader.handle = qx_reader_new();
+        if (m_reader.handle == nullptr)
+            throw std::bad_alloc();
         return;
-    m_reader.owner = nullptr;
-    try {
-        const Call call(MessageOf(message).source);
-        Check(call.Read(m_reader.handle, MessageOf(message).options, m_reader.reading));
-    } catch (...) {
-        GiveBack(m_state, m_reader);
-        throw;
     }
-    m_reader.owner = message;
+    m_reader = found != end ? *found : *(end - 1);
+    if (found != end)
+        *found = *(end - 1);
+    --state.readerCount;
 }
 
-Reading::~Reading() {
-    GiveBack(m_state, m_reader);
+Lease::~Lease() {
+    if (IsEndedByAnother() || m_state.readerCount == m_state.readers.size())
+        qx_reader_free(m_reader.handle);
+    else
+        m_state.readers[m_state.readerCount++] = m_reader;
 }
 
-CellLease::CellLease(State& state, PyObject* source, std::uint8_t format)
-    : m_state(state), m_source(Shared(source)), m_reader(Borrow(state, nullptr)) {
-    m_reader.owner = nullptr;
-    try {
-        const Call call(source);
-        Check(call.ReadCell(m_reader.handle, format, m_reading));
-    } catch (...) {
-        GiveBack(m_state, m_reader);
-        throw;
-    }
+Reading::Reading(State& state, PyObject* message) : m_message(Shared(message)), m_reader(state, message) {
+    if (m_reader->owner == message)
+        return;
+    m_reader->owner = nullptr; // until it has been read
+    const Call call(MessageOf(message).source);
+    Check(call.Read(m_reader->handle, MessageOf(message).options, m_reader->reading));
+    m_reader->owner = message;
 }
 
-CellLease::~CellLease() {
-    GiveBack(m_state, m_reader);
+CellReading::CellReading(State& state, PyObject* source, std::uint8_t format)
+    : m_source(Shared(source)), m_reader(state, nullptr) {
+    m_reader->owner = nullptr; // what it had read is gone
+    const Call call(source);
+    Check(call.ReadCell(m_reader->handle, format, m_reading));
 }
 
 Ref SourceOf(const State& state, PyObject* pdu) {

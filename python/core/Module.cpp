@@ -81,10 +81,6 @@ void Free(void* module) {
     Clear(static_cast<PyObject*>(module));
 }
 
-PyCFunction Called(Function function) {
-    return reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(function));
-}
-
 #define QXPDU_CHOICE_SIGNATURE                                                                               \
     "languages=(), alphabet=None, tables=None, room=None, wide_reference=False, ports=None, elements=None"
 

@@ -110,13 +110,11 @@ PyMethodDef c_words[] = {
      "message_identifier_meaning($module, identifier, /)\n--\n\nOf cell broadcast: \"CMAS presidential, "
      "EU-Alert "
      "level 1\"."},
-    {"serial_number_meaning", reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(SerialMeaning)),
-     METH_FASTCALL | METH_KEYWORDS,
+    {"serial_number_meaning", Called(SerialMeaning), METH_FASTCALL | METH_KEYWORDS,
      "serial_number_meaning($module, serial, identifier)\n--\n\n\"scope 1: network wide, message code 2, "
      "update number "
      "3\"."},
-    {"port_meaning", reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(PortMeaning)),
-     METH_FASTCALL | METH_KEYWORDS,
+    {"port_meaning", Called(PortMeaning), METH_FASTCALL | METH_KEYWORDS,
      "port_meaning($module, port, is_wide=True)\n--\n\nWho has the port: \"assigned by IANA\"."},
     {nullptr, nullptr, 0, nullptr},
 };
