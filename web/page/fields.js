@@ -1,0 +1,95 @@
+// What the octet map knows of fields: which of them belong together in colour, and where bits stand.
+
+const KINDS = {
+    'service centre': 'centre',
+    'first octet': 'first',
+    'serial number': 'first',
+    'TP-PI': 'first',
+    'TP-MR': 'reference',
+    'TP-MN': 'reference',
+    'page parameter': 'reference',
+    'number of pages': 'reference',
+    'TP-OA': 'address',
+    'TP-DA': 'address',
+    'TP-RA': 'address',
+    'message identifier': 'address',
+    'TP-PID': 'protocol',
+    'TP-DCS': 'coding',
+    'data coding scheme': 'coding',
+    'TP-SCTS': 'time',
+    'TP-DT': 'time',
+    'TP-VP': 'time',
+    'warning time': 'time',
+    'TP-ST': 'status',
+    'TP-FCS': 'status',
+    'TP-CT': 'status',
+    'message type': 'status',
+    'warning type': 'status',
+    'TP-UDL': 'length',
+    'TP-CDL': 'length',
+    'page length': 'length',
+    'TP-UDH': 'header',
+    language: 'header',
+    'TP-UD': 'text',
+    'TP-CD': 'text',
+    content: 'text',
+};
+
+/** The colour of a row of the map. What carries nothing is "rest". */
+export function kindOf(row) {
+    return row.subfield === 'padding' ? 'rest' : (KINDS[row.field] ?? 'rest');
+}
+
+/** "TP-OA digits" */
+export function nameOf(row) {
+    return row.subfield ? `${row.field} ${row.subfield}` : row.field;
+}
+
+/** ["21", "43"] */
+export function octetsOf(digits) {
+    return digits.match(/../g) ?? [];
+}
+
+/** The digits with blanks between octets. */
+export function spaced(digits) {
+    return octetsOf(digits).join(' ');
+}
+
+/** The value as it is written out: text in quotes, identifiers and sets of bits in hexadecimal. */
+export function valueOf(row) {
+    if (row.value === undefined) return '';
+    if (typeof row.value === 'string') return row.subfield === 'digits' ? row.value : `“${row.value}”`;
+    const isOfBits = row.bits !== undefined && !/septets|units/.test(row.bits[0].name);
+    if (isOfBits || row.subfield === 'element')
+        return `0x${row.value
+            .toString(16)
+            .toUpperCase()
+            .padStart(2 * row.length, '0')}`;
+    return String(row.value);
+}
+
+/** The index of the row in which an octet stands, -1 where there is none. */
+export function rowAt(map, octet) {
+    return map.findIndex((row) => octet >= row.offset && octet < row.offset + row.length);
+}
+
+const BITS = 8;
+
+/**
+ * The bits of a row, an array for each octet, from the highest: { bit, group }. Bits of one group mean
+ * something together: those that the row explains; else of packed text the septets, which begin with the
+ * lowest bit of the first octet; else the octets.
+ */
+export function bitsOf(row, isSeptets) {
+    const groupOf = (octet, place) => {
+        if (row.bits) {
+            const index = octet * BITS + place;
+            return row.bits.findIndex(({ bits }) => bits.replaceAll(' ', '')[index] !== '.');
+        }
+        return isSeptets ? Math.floor((octet * BITS + BITS - 1 - place) / 7) : octet;
+    };
+    return octetsOf(row.octets).map((digits, octet) => {
+        const bits = parseInt(digits, 16).toString(2).padStart(BITS, '0');
+        return [...bits].map((bit, place) => ({ bit, group: groupOf(octet, place) }));
+    });
+}

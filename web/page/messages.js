@@ -1,0 +1,152 @@
+// Puts what was read together to messages, as somebody would see them on a handset.
+
+const PARTIES = ['tp_oa', 'tp_da', 'tp_ra'];
+
+/** Whether the object is of cell broadcast. */
+export function isCell(object) {
+    return object.serial_number !== undefined;
+}
+
+/** Whether more parts belong to it, so that a joined message follows. */
+function isPart(object) {
+    return object.concatenation !== undefined || (object.page_parameter?.pages ?? 1) > 1;
+}
+
+/** Takes objects in the order in which they were read, and gives messages. */
+export class Inbox {
+    #waiting = new Map(); // objects that a joined message may take, by their line
+
+    /** The messages that are whole with these objects. */
+    take(objects) {
+        return objects.map((object) => this.#take(object)).filter((message) => message !== null);
+    }
+
+    /** At the end: parts of no joined message stand for themselves. */
+    finish() {
+        const rest = [...this.#waiting.values()].flat();
+        this.#waiting.clear();
+        return rest.map((object) => ({ parts: [object] }));
+    }
+
+    #take(object) {
+        if (object.joined)
+            return { joined: object, parts: object.joined.map((part) => this.#part(part)).filter(Boolean) };
+        if (!isPart(object)) return { parts: [object] };
+        const sameLine = this.#waiting.get(object.line);
+        if (sameLine) sameLine.push(object);
+        else this.#waiting.set(object.line, [object]);
+        return null;
+    }
+
+    #part({ line, part, pages }) {
+        const objects = this.#waiting.get(line) ?? [];
+        const index = objects.findIndex(
+            (object) => object.concatenation?.part === part || pages?.includes(object.page_parameter?.page),
+        );
+        const [found] = objects.splice(Math.max(index, 0), 1);
+        if (!objects.length) this.#waiting.delete(line);
+        return found;
+    }
+}
+
+/** The line on which a message begins. */
+function lineOf(message) {
+    return Math.min(...message.parts.map((part) => part.line ?? 1));
+}
+
+/** Sorts messages as they stand in the log. */
+export function byLine(one, other) {
+    return lineOf(one) - lineOf(other);
+}
+
+/** The names of a status report, a submission and so on differ; these are the same of all. */
+export function partyOf(message) {
+    const first = message.parts[0] ?? {};
+    const name = PARTIES.find((field) => first[field] !== undefined);
+    return message.joined?.address ?? (name && first[name]);
+}
+
+/** The time that a message bears, in ISO 8601 with its zone; undefined where it has none. */
+export function timeOf(message) {
+    const first = message.parts[0] ?? {};
+    return message.joined?.time ?? first.tp_scts?.time ?? first.warning_time?.time;
+}
+
+/** Text and data of the whole message. */
+export function contentOf(message) {
+    const { text, data } = message.joined ?? message.parts[0] ?? {};
+    return { text, data };
+}
+
+/** Pieces of a joined text: strings, and for what is missing { missing: [2] }. */
+export function piecesOf(message) {
+    const { text } = contentOf(message);
+    const gaps = message.joined?.gaps;
+    if (text === undefined || !gaps) return text === undefined ? [] : [text];
+    const characters = [...text];
+    const pieces = [];
+    let begin = 0;
+    for (const gap of gaps) {
+        pieces.push(characters.slice(begin, gap.position).join(''), { missing: gap.parts_missing });
+        begin = gap.position;
+    }
+    pieces.push(characters.slice(begin).join(''));
+    return pieces.filter((piece) => piece !== '');
+}
+
+const CELL_TYPES = { 'GSM page': 'gsm', 'UMTS message': 'umts', 'ETWS primary notification': 'etws' };
+
+/** How an octet map of the object is asked for, so that it is read in the same way: as it was, or what is broken as all is. */
+export function inspectionOf(object, { kind, options }) {
+    if (isCell(object)) return { cell: true, type: CELL_TYPES[object.type] };
+    if (object.type === undefined) return kind === 'cell' ? { cell: true } : options;
+    return { smsc: object.sc_address ? 'yes' : 'no', direction: object.direction };
+}
+
+const MEMBERS = {
+    m_Smsc: (of) => of.sc_address?.number,
+    m_Originator: (of) => of.tp_oa?.number,
+    m_Recipient: (of) => (of.tp_da ?? of.tp_ra)?.number,
+    m_SmscNpi: (of) => of.sc_address?.numbering_plan?.meaning,
+    m_SmscTon: (of) => of.sc_address?.type_of_number?.meaning,
+    m_NumberNpi: (of) => partyOf({ parts: [of] })?.numbering_plan?.meaning,
+    m_NumberTon: (of) => partyOf({ parts: [of] })?.type_of_number?.meaning,
+    m_SmsType: (of) => of.type,
+    m_ReplyPath: (of) => of.tp_rp?.meaning,
+    m_HasUserDataHeader: (of) => of.tp_udhi?.meaning,
+    m_StatusReport: (of) => of.tp_srr?.meaning,
+    m_ValidityFormat: (of) => of.tp_vpf?.meaning,
+    m_RejectDuplicates: (of) => of.tp_rd?.meaning,
+    m_MessageReference: (of) => of.tp_mr?.raw,
+    m_ProtocolId: (of) => of.tp_pid?.raw,
+    m_DataCoding: (of) => of.tp_dcs?.raw,
+    m_ValidityPeriod: (of) => of.tp_vp?.meaning,
+    m_ValidityTime: (of) => of.tp_vp?.time,
+    m_DischargeTime: (of) => of.tp_dt?.time,
+    m_ServiceCentreTime: (of) => of.tp_scts?.time,
+    m_UserDataLength: (of) => of.tp_udl?.raw,
+    m_Status: (of) => of.tp_st?.meaning,
+    m_CodingGroup: (of) => of.tp_dcs?.meaning,
+    m_Class: (of) => of.tp_dcs?.class,
+    m_Alphabet: (of) => of.tp_dcs?.alphabet,
+    m_Text: (of) => of.text ?? of.data,
+    m_ConcatReference: (of) => of.concatenation?.reference,
+    m_ConcatTotal: (of) => of.concatenation?.total,
+    m_ConcatSequence: (of) => of.concatenation?.part,
+    m_SerialNumber: (of) => of.serial_number?.raw,
+    m_MessageIdentifier: (of) => of.message_identifier?.raw,
+    m_DataCodingScheme: (of) => of.data_coding_scheme?.raw,
+    m_PageParameter: (of) => of.page_parameter?.raw,
+};
+
+/** What libQX_Encoding makes of an object where that differs: { name, standard, host }; "" is nothing. */
+export function differencesOf(object) {
+    return Object.entries(object.libQX_Encoding ?? {}).map(([name, host]) => ({
+        name,
+        standard:
+            name === 'rejected' || name === 'result'
+                ? (object.error ?? object.type ?? '')
+                : (MEMBERS[name]?.(object) ?? ''),
+        host: host ?? '',
+    }));
+}
