@@ -68,6 +68,12 @@ export function valueOf(row) {
     return String(row.value);
 }
 
+/** The same, unless the meaning tells it as well: "7 octets" says what 7 does. */
+export function shownValueOf(row) {
+    const value = valueOf(row);
+    return row.meaning?.startsWith(`${value} `) ? '' : value;
+}
+
 /** The index of the row in which an octet stands, -1 where there is none. */
 export function rowAt(map, octet) {
     return map.findIndex((row) => octet >= row.offset && octet < row.offset + row.length);

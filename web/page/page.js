@@ -11,7 +11,7 @@ import { element, fill, say } from './elements.js';
 import { examples } from './examples.js';
 import { load } from './engine.js';
 import { octetsByLine, readAtOnce, readInSlices } from './reading.js';
-import { AT_ONCE, LIMIT, fromAddress, likeliestKind, sizeOf, toAddress } from './source.js';
+import { AT_ONCE, LIMIT, fromAddress, likeliestKind, sizeOf, toAddress, withoutHalfOctet } from './source.js';
 import { words } from './words.js';
 
 const HELD_FROM = 1 << 16; // characters that are not put into the box, where they would slow it down
@@ -257,7 +257,7 @@ class Page {
             return;
         }
         const chosen = this.#kind.value;
-        const kind = chosen === 'auto' ? likeliestKind(text, this.#engine) : chosen;
+        const kind = chosen === 'auto' ? likeliestKind(withoutHalfOctet(text), this.#engine) : chosen;
         this.#readings.hidden = chosen !== 'pdu';
         this.#setMode(kind);
         if (kind === 'text') this.#count(text);
@@ -281,7 +281,7 @@ class Page {
             this.#decodeSlices(text, how, run);
             return;
         }
-        this.#messages = readAtOnce(text, this.#engine, how);
+        this.#messages = readAtOnce(withoutHalfOctet(text), this.#engine, how);
         this.#list.show(this.#messages, 0);
         this.#finished();
     }

@@ -2,21 +2,23 @@
 
 export const LIMIT = 1 << 20; // octets of UTF-8 that are taken
 export const AT_ONCE = 1 << 14; // characters that are read while somebody types
-const SHORTEST_WORD_OF_LETTERS = 8; // "Face" and "deaf" are words
+const LONGEST_WORD = 7; // letters alone: "face", "deaf"
+
+const OF_A_MODEM = /^\s*(AT\+|[+^][A-Z]+:)/im;
 
 /** The size in UTF-8. */
 export function sizeOf(text) {
     return new TextEncoder().encode(text).length;
 }
 
-function isWord(text) {
-    const word = text.trim();
-    return /^[a-f]+$/i.test(word) && word.length < SHORTEST_WORD_OF_LETTERS;
+function areWords(text) {
+    const words = text.trim().split(/\s+/);
+    return words.every((word) => /^[a-f]+$/i.test(word) && word.length <= LONGEST_WORD);
 }
 
-/** Whether nothing can be read of it, and some of it is not even hexadecimal. */
-function isTalk(objects) {
-    return objects.every(({ error }) => error) && objects.some(({ fault }) => !fault);
+/** Whether nothing can be read of it, and some line is not even meant to be. */
+function isTalk(text, objects, engine) {
+    return objects.every(({ error }) => error) && text.split('\n').some((line) => line.trim() && engine.isText(line));
 }
 
 /** How much speaks against a reading: a fault more than anything that is unusual. */
@@ -31,12 +33,24 @@ function oddities(objects) {
  */
 export function likeliestKind(text, engine) {
     const beginning = text.slice(0, AT_ONCE);
-    if (isWord(beginning) || engine.isText(beginning)) return 'text';
+    if (areWords(beginning)) return 'text';
     const messages = engine.decode(beginning);
-    if (isTalk(messages)) return 'text';
+    if (messages.length === 0) return OF_A_MODEM.test(beginning) ? 'pdu' : 'text';
+    if (isTalk(beginning, messages, engine)) return 'text';
     if (oddities(messages) === 0) return 'pdu';
     const pages = engine.decodePages(beginning);
-    return pages.length && oddities(pages) < oddities(messages) ? 'cell' : 'pdu';
+    return arePages(pages) && oddities(pages) < oddities(messages) ? 'cell' : 'pdu';
+}
+
+/** Any octets can be read as a page; few of them have an identifier that somebody gave a meaning. */
+function arePages(objects) {
+    return objects.length > 0 && objects.every(({ message_identifier: id }) => id && id.meaning !== 'not assigned');
+}
+
+/** A PDU without the half octet that it ends with while somebody types; any other text as it is. */
+export function withoutHalfOctet(text) {
+    const isHalf = /^[\da-f\s]*$/i.test(text) && !/\n/.test(text.trim()) && text.replace(/\s/g, '').length % 2 === 1;
+    return isHalf ? text.trimEnd().slice(0, -1) : text;
 }
 
 /** What an address shows behind its #: the kind as which it is read, and the text; null where it is damaged. */

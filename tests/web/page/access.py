@@ -1,0 +1,91 @@
+"""That everybody can read the page: no violation in axe-core, by day and by night, and all of it by keyboard."""
+import unittest
+
+from selenium.webdriver.common.action_chains import ActionChains
+from selenium.webdriver.common.keys import Keys
+
+from browser import ROOT, PageTest
+from showing import CUT
+
+AXE = ROOT / "build/web/node_modules/axe-core/axe.min.js"
+
+
+class Access(PageTest):
+    def violations(self):
+        """What axe-core finds. It comes by the debugger, as the page lets no script in."""
+        self.browser.command("Runtime.evaluate", expression=AXE.read_text(encoding="utf-8"))
+        found = self.browser.run_async("""
+            const done = arguments[0];
+            axe.run({ resultTypes: ['violations'] }).then(
+                ({ violations, passes }) => done([passes.length, violations.map(({ id, nodes }) => `${id}: ${nodes.map(({ html }) => html.slice(0, 120)).slice(0, 3).join(' ')}`)]),
+                (error) => done([0, [String(error)]]))""")
+        self.assertGreater(found[0], 10, found[1])
+        return found[1]
+
+    def test_axe_finds_nothing_in_the_empty_page(self):
+        self.assertEqual(self.violations(), [])
+
+    def test_axe_finds_nothing_in_any_example(self):
+        for name in self.browser.texts(".examples button"):
+            with self.subTest(name):
+                self.browser.press(name)
+                self.browser.run("document.querySelectorAll('details').forEach((details) => { details.open = true; })")
+                self.assertEqual(self.violations(), [])
+
+    def test_axe_finds_nothing_in_what_is_broken(self):
+        self.browser.put(CUT)
+        self.assertEqual(self.violations(), [])
+
+
+class AccessByNight(Access):
+    is_dark = True
+
+    def test_it_is_dark(self):
+        self.assertLess(self.lightness("background-color"), 60)
+        self.assertGreater(self.lightness("color"), 200)
+
+    def lightness(self, property_name):
+        colour = self.browser.run("return getComputedStyle(document.documentElement).getPropertyValue(arguments[0])", property_name)
+        return sum(int(part) for part in colour[colour.index("(") + 1:-1].split(",")[:3]) / 3
+
+
+class ByDay(AccessByNight):
+    is_dark = False
+
+    def test_it_is_dark(self):
+        self.assertGreater(self.lightness("background-color"), 200)
+        self.assertLess(self.lightness("color"), 60)
+
+    test_axe_finds_nothing_in_the_empty_page = None
+    test_axe_finds_nothing_in_any_example = None
+    test_axe_finds_nothing_in_what_is_broken = None
+
+
+class OnATelephone(Access):
+    width, height = 360, 740
+
+
+class Keyboard(PageTest):
+    def test_the_tabulator_reaches_everything_in_its_order(self):
+        self.browser.press("Three parts in a log")
+        self.browser.run("document.querySelector('#source').focus()")
+        reached = []
+        while len(reached) < 80 and "SUMMARY" not in reached:
+            reached.append(self.browser.run("""
+                const node = document.activeElement;
+                return node.id || node.name || node.className || node.tagName"""))
+            ActionChains(self.browser.driver).send_keys(Keys.TAB).perform()
+        expected = ["source", "kind", "quiet", "chip", "scrolled", "SUMMARY"]
+        places = [reached.index(name) for name in expected]
+        self.assertEqual(places, sorted(places))
+        self.assertEqual(len([name for name in reached if name.startswith("octet")]), 1)
+
+    def test_a_message_is_chosen_by_keyboard(self):
+        self.browser.press("Three parts in a log")
+        self.browser.run("document.querySelector('.messages button').focus()")
+        ActionChains(self.browser.driver).send_keys(Keys.ARROW_DOWN, Keys.ENTER).perform()
+        self.assertEqual(self.browser.text(".bubble"), "Are you there?")
+
+
+if __name__ == "__main__":
+    unittest.main()

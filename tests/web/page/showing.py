@@ -1,0 +1,194 @@
+"""What the page shows of what is pasted."""
+import unittest
+
+from browser import PageTest
+
+HELLO = "0791214365870921040B912143658709F100002120312143658005C8329BFD06"
+# TP-UDL announces 17 septets of a second part of three, and 14 are there.
+SHORT = "41FF04F121430000110500032A0302906536FB0DBA03"
+# The timestamp is cut after its third octet.
+CUT = "0791214365870921040B912143658709F10000212031"
+LOG = """AT+CMGL=4
++CMGL: 1,1,,40
+00440B912143658709F100006211504100004017050003070302DE66101D2D2F9741F0B09C3E678100
++CMGL: 2,1,,24
+00040B912143658709F10000621150410000400553F45B4E07
++CMGL: 3,1,,34
+00440B912143658709F10000621150410000401105000307030182A076793E0F9FCB20
++CMGL: 4,1,,36
+00440B912143658709F100006211504100004013050003070303DE753AE86D06BDE5E4B21C
+OK
+"""
+PAGE = "403211120111C8329BFD06"
+
+
+class Messages(PageTest):
+    def test_typing_a_pdu_shows_the_message_as_it_comes(self):
+        self.browser.one("#source").send_keys(HELLO[:-2])
+        self.assertEqual(self.browser.text(".bubble"), "Hell")
+        self.browser.one("#source").send_keys(HELLO[-2:])
+        self.assertEqual(self.browser.text(".message h2"), "From +12345678901")
+        self.assertEqual(self.browser.text(".message time"), "13 Feb 2012, 12:34:56 +02:00")
+        self.assertEqual(self.browser.text(".bubble"), "Hello")
+        self.assertEqual(self.browser.texts(".facts div"), ["Alphabet\nGSM 7-bit", "Service centre\n+123456789012"])
+        self.assertEqual(self.browser.text("[role=status]"), "1 message")
+
+    def test_a_pdu_without_service_centre_and_with_blanks_is_one_too(self):
+        self.browser.put("04 0B 91 21 43 65 87 09 F1 00 00 21 20 31 21 43 65 80 05 C8 32 9B FD 06")
+        self.assertEqual(self.browser.text(".bubble"), "Hello")
+        self.assertNotIn("Service centre", self.browser.text(".facts"))
+
+    def test_several_pdus_are_a_list_of_messages(self):
+        self.browser.put(f"{HELLO}\n{CUT}\n")
+        self.assertEqual(self.browser.text("[role=status]"), "2 messages, 1 broken")
+        self.assertEqual(self.browser.texts(".messages .who"), ["+12345678901"])
+        self.assertEqual(len(self.browser.all(".messages li")), 2)
+        self.browser.all(".messages button")[1].click()
+        self.assertEqual(self.browser.text(".message h2"), "This is no whole PDU")
+
+    def test_a_pasted_log_has_its_parts_joined(self):
+        self.browser.put(LOG)
+        self.assertEqual(self.browser.texts(".messages .summary"), ["A message of three parts, out of order", "Short"])
+        self.assertEqual(self.browser.text(".bubble"), "A message of three parts, out of order")
+        self.assertEqual(self.browser.texts(".message .tabs button"), ["Part 1, line 7", "Part 2, line 3", "Part 3, line 9"])
+        self.assertEqual(self.browser.texts(".octet")[-9:], ["82", "A0", "76", "79", "3E", "0F", "9F", "CB", "20"])
+        self.browser.press("Part 2, line 3")
+        self.assertEqual(self.browser.texts(".octet")[-4:], ["3E", "67", "81", "00"])
+        self.assertEqual(self.browser.text(".bubble"), "A message of three parts, out of order")
+
+    def test_a_part_that_lacks_is_named_where_it_lacks(self):
+        lines = LOG.splitlines()
+        self.browser.put("\n".join(lines[:1] + lines[3:]))
+        self.browser.wait(lambda: self.browser.is_shown(".messages"))
+        self.assertEqual(self.browser.texts(".messages .tag"), ["2 of 3 parts"])
+        message = [item for item in self.browser.all(".messages button") if "2 of 3 parts" in item.text][0]
+        message.click()
+        self.assertEqual(self.browser.text(".gap"), "part 2 is missing")
+        self.assertEqual(self.browser.text(".bubble").split("part 2 is missing")[0].strip(), "A message")
+
+    def test_a_page_of_cell_broadcast_is_recognised(self):
+        self.browser.put(PAGE)
+        self.assertEqual(self.browser.text(".message h2"), "CMAS presidential, EU-Alert level 1")
+        self.assertEqual(self.browser.text(".bubble"), "Hello")
+        self.assertIn("Language\nen", self.browser.texts(".facts div"))
+        self.assertEqual(self.browser.names(".field")[:2], ["serial number", "message identifier"])
+
+    def test_as_what_it_is_read_can_be_chosen(self):
+        self.browser.put(PAGE)
+        self.browser.choose("kind", "text to send")
+        self.assertEqual(self.browser.text(".sum .parts"), "1 message")
+        self.assertEqual(self.browser.text(".drawn-text"), PAGE)
+        self.browser.choose("kind", "cell broadcast")
+        self.assertEqual(self.browser.text(".bubble"), "Hello")
+
+    def test_direction_and_service_centre_can_be_chosen(self):
+        self.browser.put(SHORT)
+        self.assertFalse(self.browser.is_shown("select[name=direction]"))
+        self.browser.choose("kind", "PDUs")
+        self.browser.choose("centre", "none")
+        self.assertIn("Hello w", self.browser.text(".bubble"))
+        self.assertEqual(self.browser.text(".message .tag"), "SMS-SUBMIT")
+        self.browser.choose("direction", "to the mobile")
+        self.assertNotEqual(self.browser.text(".message .tag") if self.browser.all(".message .tag") else "", "SMS-SUBMIT")
+
+    def test_a_status_report_says_what_became_of_the_message(self):
+        self.browser.press("Status report")
+        self.assertEqual(self.browser.text(".message h2"), "About +12025550142")
+        self.assertEqual(self.browser.text(".bubble"), "received by the recipient (completed)")
+
+    def test_nothing_is_shown_as_markup(self):
+        # "<img src=x onerror=fired=1>" as the text of a message and, shorter, as the name of its sender
+        mark = "<img src=x onerror=document.title='fired'>"
+        self.browser.put(mark)
+        self.assertEqual(self.browser.text(".drawn-text"), mark)
+        self.browser.choose("kind", "PDUs")
+        self.assertIn("no hexadecimal digit", self.browser.text(".message"))
+        self.browser.choose("kind", "what it is")
+        self.browser.press("Copy")
+        self.browser.put(self.browser.clipboard())
+        self.browser.wait(lambda: self.browser.is_shown(".bubble"))
+        self.assertEqual(self.browser.text(".bubble"), mark)
+        # An SMS-DELIVER from "<img src=x>" in 7-bit characters: 3C 69 6D 67 20 73 72 63 3D 78 3E
+        self.browser.put("0414D0BCB4FBCC0ECD7C643DF8EC010000" "21203121436580" "05C8329BFD06")
+        self.assertEqual(self.browser.all("img"), [])
+        self.assertNotEqual(self.browser.run("return document.title"), "fired")
+
+    def test_what_holds_no_pdu_says_so(self):
+        self.browser.put("AT+CMGF=0\r\nOK\r\nAT+CSQ\r\n+CSQ: 12,0\r\n")
+        self.assertEqual(self.browser.text("[role=status]"), "No PDU stands in this.")
+        self.assertFalse(self.browser.is_shown(".map"))
+
+    def test_clear_leaves_nothing(self):
+        self.browser.put(HELLO)
+        self.browser.press("Clear")
+        self.assertEqual(self.browser.one("#source").get_attribute("value"), "")
+        self.assertFalse(self.browser.is_shown(".message"))
+        self.assertFalse(self.browser.is_shown(".map"))
+
+
+class Readings(PageTest):
+    def test_what_libqx_encoding_reads_differently_stands_beside_the_standard(self):
+        self.browser.put(SHORT)
+        self.browser.choose("kind", "PDUs")
+        self.browser.choose("centre", "none")
+        self.assertEqual(self.browser.texts(".differences th")[:3], ["Member", "by the standard", "by libQX_Encoding"])
+        self.assertEqual(self.browser.texts(".differences tbody tr > *"), ["m_Text", "Hello w", "Hello w@@@"])
+
+    def test_it_is_not_shown_where_both_read_the_same(self):
+        self.browser.put(HELLO)
+        self.assertFalse(self.browser.is_shown(".differences"))
+
+    def test_the_json_is_shown_and_copied(self):
+        self.browser.put(HELLO)
+        self.assertEqual(self.browser.text(".json pre"), "")
+        self.browser.one(".json summary").click()
+        self.browser.wait(lambda: '"text": "Hello"' in self.browser.text(".json pre"))
+        self.browser.press("Copy JSON")
+        self.assertIn('"tp_mti": {\n    "raw": 0,\n    "meaning": "SMS-DELIVER"\n  }', self.browser.clipboard())
+        self.browser.press("Octet map")
+        self.assertIn('"map": [', self.browser.text(".json pre"))
+
+
+class Addresses(PageTest):
+    def test_a_pdu_behind_the_address_is_shown(self):
+        self.browser.open(f"#{HELLO}")
+        self.assertEqual(self.browser.text(".bubble"), "Hello")
+        self.assertEqual(self.browser.one("#source").get_attribute("value"), HELLO)
+
+    def test_another_address_shows_another(self):
+        self.browser.open(f"#{HELLO}")
+        self.browser.run("location.hash = arguments[0]", f"cell:{PAGE}")
+        self.browser.wait(lambda: self.browser.text(".message h2").startswith("CMAS"))
+
+    def test_the_page_never_changes_its_address(self):
+        before = self.browser.driver.current_url
+        entries = self.browser.run("return history.length")
+        for text in (HELLO, LOG, PAGE, "A text"):
+            self.browser.put(text)
+        for button in self.browser.texts(".examples button"):
+            self.browser.press(button)
+        self.browser.press("Copy link")
+        self.assertEqual(self.browser.driver.current_url, before)
+        self.assertEqual(self.browser.run("return history.length"), entries)
+
+    def test_a_link_is_copied_that_shows_the_same(self):
+        self.browser.put("Zwei Zeilen\n50 % & #1")
+        self.browser.press("Copy link")
+        link = self.browser.clipboard()
+        self.assertEqual(link, self.browser.page.as_uri() + "#Zwei%20Zeilen%0A50%20%25%20%26%20%231")
+        self.browser.open(link[len(self.browser.page.as_uri()):])
+        self.assertEqual(self.browser.text(".drawn-text"), "Zwei Zeilen\n50 % & #1")
+
+    def test_the_link_keeps_as_what_it_is_read(self):
+        self.browser.put(PAGE)
+        self.browser.choose("kind", "cell broadcast")
+        self.browser.press("Copy link")
+        self.assertEqual(self.browser.clipboard(), f"{self.browser.page.as_uri()}#cell:{PAGE}")
+
+    def test_a_damaged_address_shows_nothing(self):
+        self.browser.open("#%E0%A4%A")
+        self.assertEqual(self.browser.one("#source").get_attribute("value"), "")
+
+
+if __name__ == "__main__":
+    unittest.main()
