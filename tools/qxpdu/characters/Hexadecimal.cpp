@@ -1,7 +1,6 @@
 #include "characters/Hexadecimal.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <span>
 
@@ -21,34 +20,34 @@ namespace {
 constexpr std::string_view c_blanks = " \t\r";
 
 /// What may stand anywhere among the digits.
-constexpr std::array<std::string_view, 25> c_beside = {" ",
-                                                       "\t",
-                                                       "\r",
-                                                       "\n",
-                                                       "'",
-                                                       "\"",
-                                                       "`",
-                                                       "(",
-                                                       ")",
-                                                       "[",
-                                                       "]",
-                                                       "{",
-                                                       "}",
-                                                       "<",
-                                                       ">",
-                                                       "\x1A", // ends what is typed at a modem's prompt
-                                                       "\xEF\xBB\xBF", // the byte-order mark
-                                                       "\xC2\xA0",     // U+00A0 and U+200B, blanks
-                                                       "\xE2\x80\x8B",
-                                                       "\xE2\x80\x98", // U+2018 and so on, quotation marks
-                                                       "\xE2\x80\x99",
-                                                       "\xE2\x80\x9C",
-                                                       "\xE2\x80\x9D",
-                                                       "\xC2\xAB",
-                                                       "\xC2\xBB"};
+constexpr std::string_view c_beside[] = {" ",
+                                         "\t",
+                                         "\r",
+                                         "\n",
+                                         "'",
+                                         "\"",
+                                         "`",
+                                         "(",
+                                         ")",
+                                         "[",
+                                         "]",
+                                         "{",
+                                         "}",
+                                         "<",
+                                         ">",
+                                         "\x1A",         // ends what is typed at a modem's prompt
+                                         "\xEF\xBB\xBF", // the byte-order mark
+                                         "\xC2\xA0",     // U+00A0 and U+200B, blanks
+                                         "\xE2\x80\x8B",
+                                         "\xE2\x80\x98", // U+2018 and so on, quotation marks
+                                         "\xE2\x80\x99",
+                                         "\xE2\x80\x9C",
+                                         "\xE2\x80\x9D",
+                                         "\xC2\xAB",
+                                         "\xC2\xBB"};
 
 /// What may stand between octets, but not inside one: "7:91" might be two octets or three digits.
-constexpr std::array<std::string_view, 8> c_between = {",", ";", ":", "-", "0x", "0X", "\\x", "\\X"};
+constexpr std::string_view c_between[] = {",", ";", ":", "-", "0x", "0X", "\\x", "\\X"};
 
 /// What parts all octets or none: a time or a date may stand before them.
 constexpr std::string_view c_marks = ":-";

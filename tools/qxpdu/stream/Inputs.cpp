@@ -70,7 +70,7 @@ void Inputs::CloseStream() {
     m_OpenFile.reset();
 }
 
-/// Reads up to the next line feed, or the end, and keeps at most one byte more than MAX_LINE. Returns false
+/// Reads up to the next line feed, or the end, and keeps at most a piece more than MAX_LINE. Returns false
 /// when nothing was left.
 bool Inputs::ReadLine(std::string& line) {
     std::array<char, 4096> piece;
@@ -91,7 +91,6 @@ bool Inputs::ReadLine(std::string& line) {
             return true;
         }
         if (line.size() > MAX_LINE) {
-            line.resize(MAX_LINE + 1);
             m_Stream->ignore(std::numeric_limits<std::streamsize>::max(), '\n');
             return true;
         }
@@ -141,7 +140,7 @@ bool Inputs::Next(Input& input) {
 
 /// Only a reader is told that the stream cannot be read to its end.
 bool Inputs::HasStreamEnded() {
-    return m_Cut != Cut::Whole && m_Rest.empty() && m_Stream->rdbuf()->in_avail() < 0 &&
+    return m_Cut != Cut::Whole && m_Stream->rdbuf()->in_avail() < 0 &&
            m_Stream->peek() == std::istream::traits_type::eof();
 }
 

@@ -26,7 +26,7 @@ struct InputSources {
 /// Gives the inputs one after the other, in memory bounded by the longest line allowed.
 class Inputs {
 public:
-    static constexpr std::size_t MAX_LINE = 1U << 20; ///< bytes; of a longer line, one more is kept
+    static constexpr std::size_t MAX_LINE = 1U << 20; ///< bytes; of a longer line, little more is kept
 
     /// How a stream is cut into inputs.
     enum class Cut {

@@ -49,6 +49,14 @@ TEST(ReadHex, DigitsAreReadHoweverTheyArePasted) {
                              "PDU: 0791AB",
                              "pdu=0791AB",
                              "SMS PDU: 07 91 AB",
+                             "sms_pdu: 0791AB",
+                             "'pdu': '0791AB'",
+                             "PDU: b'0791AB'",
+                             "  b'0791AB'",
+                             "0x07:0x91:0xAB",
+                             "\n07:91:AB",
+                             "07:91\n  AB",
+                             "07:91 \n AB",
                              "\"pdu\": \"0791AB\"",
                              "\xC2\xA0"
                              "0791"
@@ -75,6 +83,11 @@ TEST(ReadHex, WhatMightBeMistakenIsRefusedWithItsPlace) {
         {" '' ", "no hexadecimal digits"},
         {"079", "odd number of hexadecimal digits, 3"},
         {"07 9", "odd number of hexadecimal digits, 3"},
+        {"b'", "no hexadecimal digits"},
+        {"b", "odd number of hexadecimal digits, 1"},
+        {"_: 07", "character 1, '_', is no hexadecimal digit"},
+        {"07:91 AB", "colons or hyphens stand between some of the octets, but not all"},
+        {"07:91:AB 21", "colons or hyphens stand between some of the octets, but not all"},
         {"0G", "character 2, 'G', is no hexadecimal digit"},
         {"07 91 hello", "character 7, 'h', is no hexadecimal digit"},
         {"7:91", "character 2, ':', stands inside an octet"},
@@ -103,6 +116,15 @@ TEST(ReadHex, WhatMightBeMistakenIsRefusedWithItsPlace) {
             EXPECT_STREQ(error.what(), row.message) << row.text;
         }
     }
+}
+
+TEST(Trimmed, BlanksAroundAreLeftOut) {
+    const struct {
+        const char* text;
+        const char* trimmed;
+    } rows[] = {{"", ""}, {" \t\r", ""}, {"a", "a"}, {" a b\t", "a b"}, {"\ra\r", "a"}, {"\na", "\na"}};
+    for (const auto& row : rows)
+        EXPECT_EQ(qxpdu::Trimmed(row.text), row.trimmed);
 }
 
 } // namespace
