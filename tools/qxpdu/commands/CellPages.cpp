@@ -26,10 +26,11 @@ namespace {
 
 /// Empty where the length is as announced.
 std::string WarningOfLength(const Input& input, std::size_t octets) {
-    if (!input.heading || input.heading->length == octets)
+    const auto announced = input.heading ? input.heading->length : std::nullopt;
+    if (!announced || *announced == octets)
         return {};
     return fmt::format("{} announces {}, here are {}", input.heading->name,
-                       show::Counted(input.heading->length.value_or(0), "octet"), octets);
+                       show::Counted(*announced, "octet"), octets);
 }
 
 bool IsSoundPage(Messages::OctetView octets) {

@@ -57,7 +57,7 @@ void LogReader::Take(std::string line, std::size_t number) {
         return ReadLogLine(line, number);
     }
     m_HeldBytes += line.size() + sizeof(Line);
-    m_MayHoldPdu = m_MayHoldPdu || m_IsList || (!IsComment(line) && MayBePdu(line));
+    m_MayHoldPdu = m_MayHoldPdu || (!IsComment(line) && MayBePdu(line));
     m_Held.push_back({std::move(line), number});
     if (m_IsList || m_HeldBytes > LOOK_AHEAD)
         m_MayHoldPdu ? GiveList() : Forget();
@@ -91,7 +91,6 @@ void LogReader::GiveList() {
     for (Line& line : m_Held)
         GiveListed(std::move(line));
     m_Held.clear();
-    m_HeldBytes = 0;
 }
 
 void LogReader::Forget() {
@@ -302,15 +301,13 @@ void LogReader::LearnPrefix(std::string_view text, std::string_view digits) {
         m_Prefix = text.substr(0, begin);
 }
 
-/// A command that stands in the log twice, as it was sent and as the modem repeats it, is one.
+/// A command that stands in the log twice, as it was sent and as the modem repeats it, is one: the first goes
+/// without a PDU.
 void LogReader::Begin(Mark mark, std::string_view prefix) {
     if (mark.kind == Mark::Kind::Notice)
         return;
     const Heading& heading = mark.heading;
-    const bool isEcho = m_Open && m_Open->pdu.IsEmpty() && heading.isTyped &&
-                        heading.name == m_Open->heading.name && heading.length == m_Open->heading.length;
-    if (!isEcho)
-        End();
+    End();
     m_HasTextMode = m_HasTextMode || mark.kind == Mark::Kind::TextMode;
     if (heading.isSent)
         m_SentLine = 0;

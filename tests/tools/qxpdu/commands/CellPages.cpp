@@ -1,4 +1,5 @@
 // qxpdu cell --join
+#include <array>
 #include <cstdio>
 
 #include <gtest/gtest.h>
@@ -85,6 +86,32 @@ TEST(QxpduCellPages, WithOtherOctetsBeginANewMessage) {
                                              "432111120122C8329BFD06\n");
     EXPECT_EQ(run.out, "from 4370 [1/2] hello\nfrom 4370 HelloHello\n");
     EXPECT_EQ(run.err, "qxpdu: line 1: warning: page 2 of 2 is missing\n");
+}
+
+TEST(QxpduCellPages, OfAnotherKindBeginANewMessage) {
+    const std::string first = "432111120112C8329BFD06\n"; // page 1 of 2
+    for (const std::string other : {"432111120113C8329BFD06\n", "432111120F12C8329BFD06\n"}) {
+        const Outcome run = Qxpdu({"cell", "--join", "--jsonl"}, first + other);
+        const auto objects = tests::JsonLines(run.out);
+        ASSERT_EQ(objects.size(), 2U) << run;
+        for (const json& object : objects) {
+            EXPECT_TRUE(object.contains("pages_missing")) << object;
+            EXPECT_FALSE(object.contains("warnings")) << object;
+        }
+    }
+}
+
+TEST(QxpduCellPages, OfAnotherIdentifierThatIsGivenUpAreNotTheNewOnes) {
+    std::string pages;
+    for (int identifier = 0x1000; identifier <= 0x1100; ++identifier) {
+        std::array<char, 8> digits{};
+        std::snprintf(digits.data(), digits.size(), "%04X", static_cast<unsigned int>(identifier));
+        pages += "4321" + std::string(digits.data()) + "0112C8329BFD06\n";
+    }
+    const auto objects = tests::JsonLines(Qxpdu({"cell", "--join", "--jsonl"}, pages).out);
+    ASSERT_EQ(objects.size(), 257U);
+    for (const json& object : objects)
+        EXPECT_FALSE(object.contains("warnings")) << object;
 }
 
 TEST(QxpduCellPages, OfANewerUpdateReplaceThoseOfAnOlderOne) {

@@ -52,6 +52,46 @@ TEST(LogReader, NoMoreThanTheLookAheadIsKept) {
     EXPECT_EQ(first->line, 1U);
 }
 
+/// What a line takes beside its characters.
+constexpr std::size_t c_beside = sizeof(std::pair<std::string, std::size_t>);
+
+TEST(LogReader, LinesAreKeptUpToTheLookAhead) {
+    LogReader reader;
+    reader.Take(std::string(LogReader::LOOK_AHEAD - c_beside, '0'), 1);
+    EXPECT_FALSE(reader.Next());
+    reader.Take("", 2);
+    EXPECT_TRUE(reader.Next());
+    LogReader longer;
+    longer.Take(std::string(LogReader::LOOK_AHEAD - c_beside + 1, '0'), 1);
+    EXPECT_TRUE(longer.Next());
+}
+
+TEST(LogReader, TalkIsForgottenByTheLookAhead) {
+    LogReader reader;
+    for (std::size_t number = 1; number <= 20000; ++number)
+        reader.Take(std::string(64 - c_beside, 'g'), number); // 1024 of them are just kept
+    EXPECT_EQ(reader.Counts().forgotten, 19U * 1025);
+    EXPECT_EQ(reader.Counts().passedOver, 19U * 1025);
+    reader.Finish();
+    EXPECT_EQ(reader.Counts().entries, 20000U - 19 * 1025);
+}
+
+TEST(LogReader, StrangersBeforeAPduAreFewAndCountFromItsLastDigits) {
+    const auto log = [](int before, int between) {
+        std::string text = "+CMT: ,24\n";
+        while (before-- > 0)
+            text += "hello there\n";
+        text += std::string(c_hello).substr(0, 40) + '\n';
+        while (between-- > 0)
+            text += "hello there\n";
+        return ReadLog(text + std::string(c_hello).substr(40) + '\n').entries.at(0).text;
+    };
+    EXPECT_EQ(log(0, 0), c_hello);
+    EXPECT_EQ(log(16, 16), c_hello);
+    EXPECT_EQ(log(17, 0), "");
+    EXPECT_EQ(log(0, 17), std::string(c_hello).substr(0, 40));
+}
+
 TEST(LogReader, WrongLengthIsGivenOnReleaseWhereThePduIsSound) {
     LogReader reader;
     reader.Take("+CMT: ,30", 1);
@@ -272,6 +312,39 @@ TEST(LogReader, CommentsAndWordsLeaveAList) {
               std::vector<std::string>{c_hello});
 }
 
+TEST(LogReader, LinesInOneStringAreCountedAsOne) {
+    const LogOutcome text = ReadLog("'+CMGL: 1,\"REC READ\",\"+1234\"\\r\\n616263\\r\\nOK'\n");
+    EXPECT_EQ(text.counts.textModes, 1U);
+    EXPECT_EQ(text.counts.strayDigits, 0U) << "the digits are a text";
+    const LogOutcome both = ReadLog("'+CMGL: 1,\"REC READ\",\"+1234\"\\r\\nhi\\r\\n+CMT: ,24\\r\\n'\n" +
+                                    std::string(c_hello) + '\n');
+    EXPECT_EQ(both.counts.textModes, 1U);
+    EXPECT_EQ(both.counts.entries, 1U);
+    EXPECT_EQ(both.counts.passedOver, 0U);
+    const LogOutcome pdu = ReadLog("'+CMT: ,24\\r\\n" + std::string(c_hello) + "\\r\\n'\n");
+    EXPECT_EQ(pdu.counts.strayDigits, 0U);
+    EXPECT_EQ(pdu.counts.entries, 1U);
+}
+
+TEST(LogReader, CommandThatTheModemRepeatsIsOne) {
+    const std::string typed = "> 0001070491214300000161\n";
+    EXPECT_EQ(ReadLog("AT+CMGS=10\nAT+CMGS=10\n" + typed + "OK\n").entries.size(), 1U);
+    const LogOutcome two = ReadLog("AT+CMGS=12\nAT+CMGS=10\n" + typed + "OK\n");
+    ASSERT_EQ(two.entries.size(), 1U) << "nothing was typed after the first";
+    EXPECT_EQ(two.entries[0].heading->length, 10U);
+    EXPECT_EQ(two.entries[0].heading->line, 2U);
+}
+
+TEST(LogReader, PiecesWithoutDigitsLeaveTheirLineAnEntry) {
+    EXPECT_EQ(ReadLog(std::string(c_hello) + "\r--\r--\n").counts.entries, 1U);
+    EXPECT_EQ(ReadLog("--\r" + std::string(c_hello) + "\r--\n").counts.entries, 1U);
+    EXPECT_EQ(ReadLog("--\r--\r--\n").counts.passedOver, 1U);
+    const LogOutcome nul = ReadLog(std::string("07\0"
+                                               "91\n",
+                                               6));
+    EXPECT_EQ(nul.entries.at(0).text, "0791");
+}
+
 TEST(LogReader, SoundPdusThatStandInNoMessageAreCounted) {
     const LogOutcome outcome = ReadLog(std::string(c_hello) + "\nOK\nEC25\n" + c_hello + "\n");
     EXPECT_EQ(outcome.counts.strayDigits, 3U);
@@ -453,7 +526,10 @@ TEST(LogReader, LinesOfADumpAreKeptUpToABound) {
         reader.Take(line, ++number);
     }
     ASSERT_TRUE(reader.Next());
-    ASSERT_TRUE(reader.Next());
+    const auto dump = reader.Next();
+    ASSERT_TRUE(dump);
+    EXPECT_EQ(dump->text.size(), LogReader::LOOK_AHEAD + 32) << "up to the line that goes beyond it";
+    EXPECT_FALSE(reader.Next());
 }
 
 TEST(LogReader, TimeBeforeThePiecesOfAPduIsNoneOfIt) {
