@@ -28,23 +28,24 @@ std::size_t SkipBlanks(std::string_view text, std::size_t at) {
     return std::min(text.find_first_not_of(c_blanks, at), text.size());
 }
 
+/// Classes of several characters, above those of one, which are their octets.
+enum CharacterClass { c_word = 256, c_blank, c_arrow };
+
 /// Letters and digits, or blanks, or what arrows are drawn of, count as one; other characters by themselves.
 int ClassOf(char character) {
-    constexpr int c_word = 256;
-    constexpr int c_blank = 257;
-    constexpr int c_arrow = 258;
     if (IsAlphanumeric(character))
         return c_word;
     if (IsBlank(character))
         return c_blank;
-    return IsArrow(character) ? c_arrow : static_cast<unsigned char>(character);
+    if (IsArrow(character))
+        return c_arrow;
+    return static_cast<unsigned char>(character);
 }
 
 /// After the characters of one class; a character by itself is one.
 std::size_t EndOfClass(std::string_view text, std::size_t at) {
-    constexpr int c_firstRun = 256;
     const int kind = ClassOf(text[at++]);
-    while (kind >= c_firstRun && at < text.size() && ClassOf(text[at]) == kind)
+    while (kind >= c_word && at < text.size() && ClassOf(text[at]) == kind)
         ++at;
     return at;
 }

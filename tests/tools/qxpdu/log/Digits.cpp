@@ -51,9 +51,16 @@ TEST(EndOfPrefix, OtherSignsAreNot) {
     const struct {
         const char* text;
         const char* prefix;
-    } rows[] = {
-        {"10.00.02 0791", "10:00:01 "}, {"10:00:0", "10:00:01 "}, {"", "x "},         {"# 0791", "-> "},
-        {"modem8 TX0791", "modem7 RX"}, {"[[12] 0791", "[12] "},  {"12 0791", "12: "}};
+    } rows[] = {{"10.00.02 0791", "10:00:01 "},
+                {"10:00:0", "10:00:01 "},
+                {"", "x "},
+                {"# 0791", "-> "},
+                {"a 0791", "\xFF "},
+                {"\xFF\xFF 0791", "\xFF "},
+                {"  ", "1 "},
+                {"modem8 TX0791", "modem7 RX"},
+                {"[[12] 0791", "[12] "},
+                {"12 0791", "12: "}};
     for (const auto& row : rows)
         EXPECT_EQ(EndOfPrefix(row.text, row.prefix), std::nullopt) << row.text;
 }
@@ -67,6 +74,11 @@ TEST(DigitsIn, LineOfItsOwn) {
                 {"07 9\t1", "0791"},
                 {"0x07 0X91", "0791"},
                 {"0x", ""},
+                {"0x 07", ""},
+                {"07' x", "07"},
+                {"7] x", "7"},
+                {"7 'x", "7"},
+                {"b\"07\"", ""},
                 {"  \"" + c_pdu + "\",", c_pdu},
                 {"07,91,21,43,65,87,09,21", "0791214365870921"}, // eight octets
                 {"07,91,21,43,65,87,09", ""},                    // a time may have seven
@@ -95,12 +107,21 @@ TEST(DigitsIn, BesideWords) {
     } rows[] = {{"at 12:00 " + c_pdu, c_pdu},
                 {"12:00 " + c_pdu, c_pdu},
                 {"12:00 " + c_pdu.substr(0, 32) + " " + c_pdu.substr(32) + " 5", c_pdu},
+                {"12:00 '" + c_pdu.substr(0, 32) + "', '" + c_pdu.substr(32) + "'", c_pdu},
+                {"12:00 '" + c_pdu.substr(0, 32) + "' , '" + c_pdu.substr(32) + "'", c_pdu.substr(0, 32)},
                 {"sms 07", ""},
                 {"07", ""},
                 {"sms " + c_centre + " 12", c_centre},
                 {"sms 079121436587092", ""}};
     for (const auto& row : rows)
         EXPECT_EQ(Digits(row.text, Beside::Words), row.digits) << row.text;
+}
+
+TEST(DigitsIn, PageIsOfTheFewestWordsWhateverItSays) {
+    qxpdu::Heading heading;
+    heading.kind = qxpdu::Heading::Kind::Page;
+    heading.length = 8;
+    EXPECT_EQ(DigitsIn("12:00 4321 1112 0111 C832", Beside::Words, AwaitedPdu(heading)), "432111120111C832");
 }
 
 TEST(DigitsIn, LineThatMayBeOthers) {
@@ -112,7 +133,7 @@ TEST(DigitsIn, LineThatMayBeOthers) {
 }
 
 TEST(MayBePdu, NotWhereItIsTalk) {
-    for (const char* const line : {"0791", "07 9", "x 07", "said 0791214365870921", "ab"})
+    for (const char* const line : {"0791", "07 9", "x 07", "k9 07", "said 0791214365870921", "ab"})
         EXPECT_TRUE(MayBePdu(line)) << line;
     for (const char* const line : {"", " - ", "hello there", "say 07", "call 079121436587092"})
         EXPECT_FALSE(MayBePdu(line)) << line;

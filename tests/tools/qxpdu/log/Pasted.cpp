@@ -126,6 +126,49 @@ TEST(Pasted, StatusAndFillingOfASimRecordAreLeftOut) {
     EXPECT_EQ(Read("0700" + c_submit + Filling(2)).octets, tests::Octets("00" + c_submit));
 }
 
+TEST(Pasted, StatusIsAnyUpTo1FAndNoneAfterAHeading) {
+    const std::string pdu = c_serviceCentre + c_hello;
+    EXPECT_EQ(Read("1F" + pdu).warnings,
+              Warnings{"the first octet, 1F, is left out: the status of a SIM record"});
+    EXPECT_EQ(Read("1E" + pdu).warnings,
+              Warnings{"the first octet, 1E, is left out: the status of a free SIM record"});
+    EXPECT_EQ(Read("20" + pdu).octets, tests::Octets("20" + pdu));
+    EXPECT_EQ(ReadAfter(Announcing(24), "01" + pdu).octets, tests::Octets("01" + pdu));
+}
+
+TEST(Pasted, OptionSettlesWhatIsBeforeTheFillingToo) {
+    EXPECT_EQ(Read(c_hello + "FFFF", {Presence::No, Direction::Unknown, nullptr}).octets,
+              tests::Octets(c_hello));
+    EXPECT_EQ(Read(c_hello + "FFFF", {Presence::Yes, Direction::Unknown, nullptr}).octets,
+              tests::Octets(c_hello + "FFFF"));
+    EXPECT_EQ(Read(c_serviceCentre + c_hello + "FF", {Presence::Yes, Direction::Unknown, nullptr}).octets,
+              tests::Octets(c_serviceCentre + c_hello));
+}
+
+TEST(Pasted, OptionTellsTheDirectionWhateverTheHeading) {
+    const Heading heading = Announcing(24, Direction::FromMobile);
+    const PastedPdu pdu = Read(c_serviceCentre + c_hello, {Presence::Unknown, Direction::ToMobile, &heading});
+    EXPECT_EQ(pdu.reading.Type(), TpduType::Deliver);
+    EXPECT_EQ(pdu.warnings, Warnings{});
+    const PastedPdu wrong =
+        Read(c_serviceCentre + c_hello, {Presence::Unknown, Direction::FromMobile, &heading});
+    EXPECT_NE(wrong.reading.Type(), TpduType::Deliver);
+    EXPECT_EQ(wrong.warnings, Warnings{}) << "the user said so";
+}
+
+TEST(Pasted, AcknowledgementHasNoServiceCentre) {
+    Heading heading;
+    heading.kind = Heading::Kind::Acknowledgement;
+    heading.direction = Direction::ToMobile;
+    const std::string report = "010021203121436580"; // SMS-SUBMIT-REPORT
+    const PastedPdu pdu = ReadAfter(heading, report);
+    EXPECT_EQ(pdu.reading.Type(), TpduType::SubmitReport);
+    EXPECT_FALSE(pdu.hasServiceCentre);
+    EXPECT_EQ(pdu.warnings, Warnings{});
+    EXPECT_EQ(ReadAfter(heading, "00" + report, Presence::Yes).reading.Type(), TpduType::SubmitReport)
+        << "unless an option says so";
+}
+
 TEST(Pasted, RecordThatIsFreeHoldsNoMessage) {
     for (const std::string& digits : {"00" + Filling(175), Filling(176), Filling(175), "00" + Filling(1),
                                       Filling(2), "1E" + Filling(3)}) {
