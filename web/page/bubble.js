@@ -2,7 +2,7 @@
 
 import { element, fill } from './elements.js';
 import { octetsOf, spaced } from './fields.js';
-import { contentOf, isCell, partyOf, piecesOf, timeOf } from './messages.js';
+import { contentOf, isCell, isDuplicate, partyOf, piecesOf, timeOf } from './messages.js';
 import { words } from './words.js';
 
 /** "From", "To", … before the party. */
@@ -94,7 +94,7 @@ export class MessageView {
         const first = message.parts[0] ?? {};
         fill(
             this.element,
-            shown.error ? this.#broken(shown) : this.#whole(message, first),
+            this.#isWhole(shown) ? this.#whole(message, first) : this.#broken(shown),
             this.#warnings(shown),
             this.#tabs(message, part),
         );
@@ -118,6 +118,7 @@ export class MessageView {
                     { class: 'when' },
                     time ? timeNode(time) : '',
                     kind && element('span', { class: 'tag' }, kind),
+                    isDuplicate(first) && element('span', { class: 'tag' }, words.list.duplicate(first.duplicate_of)),
                 ),
             ),
             element(
@@ -135,12 +136,17 @@ export class MessageView {
         ];
     }
 
-    #broken(object) {
+    /** Not so what is cut, or a record of a SIM in which nothing stands. */
+    #isWhole({ error, type }) {
+        return !error && type !== undefined;
+    }
+
+    #broken({ error }) {
         return element(
             'header',
             { class: 'who' },
-            element('h2', { class: 'broken' }, words.message.broken),
-            element('p', { class: 'fault' }, object.error),
+            element('h2', { class: 'broken' }, error ? words.message.broken : words.message.free),
+            error && element('p', { class: 'fault' }, error),
         );
     }
 
@@ -161,11 +167,13 @@ export class MessageView {
             'div',
             { class: 'tabs', role: 'group', 'aria-label': words.message.partsLabel },
             message.parts.map((object, index) => {
-                const number = object.concatenation?.part ?? object.page_parameter?.page ?? index + 1;
+                const label = isCell(object)
+                    ? words.message.pageTab(object.page_parameter?.page ?? index + 1, object.line)
+                    : words.message.partTab(object.concatenation.part, object.line);
                 return element(
                     'button',
                     { type: 'button', 'aria-pressed': String(index === shown), onclick: () => this.#onPart(index) },
-                    words.message.partTab(number, object.line),
+                    label,
                 );
             }),
         );

@@ -1,7 +1,7 @@
 // The messages of a log, a line for each.
 
 import { element, say } from './elements.js';
-import { contentOf, timeOf } from './messages.js';
+import { contentOf, isDuplicate, timeOf } from './messages.js';
 import { whoOf } from './bubble.js';
 import { words } from './words.js';
 
@@ -10,7 +10,6 @@ const AT_ONCE = 100; // lines that are drawn until more are asked for
 function summaryOf(message) {
     const first = message.parts[0] ?? {};
     if (first.error) return first.error;
-    if (first.duplicate_of) return words.list.duplicate(first.duplicate_of);
     const { text, data } = contentOf(message);
     if (text) return text;
     if (data) return data;
@@ -31,6 +30,7 @@ function badgesOf(message) {
         !missing.length &&
             message.parts.length > 1 &&
             element('span', { class: 'tag' }, words.list.parts(message.parts.length)),
+        isDuplicate(first) && element('span', { class: 'tag' }, words.list.duplicate(first.duplicate_of)),
         first.error && element('span', { class: 'tag fault' }, words.list.broken),
         remarks > 0 && element('span', { class: 'tag remark', title: words.remarks.heading }, `! ${remarks}`),
     ];

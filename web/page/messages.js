@@ -12,6 +12,11 @@ function isPart(object) {
     return object.concatenation !== undefined || (object.page_parameter?.pages ?? 1) > 1;
 }
 
+/** Whether it is a part that came before. */
+export function isDuplicate(object) {
+    return Boolean(object.duplicate_of ?? object.duplicate_pages);
+}
+
 /** Takes objects in the order in which they were read, and gives messages. */
 export class Inbox {
     #waiting = new Map(); // objects that a joined message may take, by their line
@@ -31,11 +36,20 @@ export class Inbox {
     #take(object) {
         if (object.joined)
             return { joined: object, parts: object.joined.map((part) => this.#part(part)).filter(Boolean) };
+        if (isDuplicate(object)) return { parts: [this.#withOctets(object)] };
         if (!isPart(object)) return { parts: [object] };
         const sameLine = this.#waiting.get(object.line);
         if (sameLine) sameLine.push(object);
         else this.#waiting.set(object.line, [object]);
         return null;
+    }
+
+    /** That a part came before is told after the object of the part itself, which then has waited for nothing. */
+    #withOctets(duplicate) {
+        const sameLine = this.#waiting.get(duplicate.line) ?? [];
+        const object = sameLine.pop();
+        if (sameLine.length === 0) this.#waiting.delete(duplicate.line);
+        return { ...object, ...duplicate };
     }
 
     #part({ line, part, pages }) {

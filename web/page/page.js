@@ -229,7 +229,11 @@ class Page {
         this.#box.hidden = false;
         this.#holding.hidden = true;
         this.#showNothing();
-        say(this.#status, words.input.refused((size / LIMIT).toFixed(1)));
+        this.#complain(words.input.refused((size / LIMIT).toFixed(1)));
+    }
+
+    #complain(text) {
+        say(this.#status, text);
         this.#status.classList.add('fault');
     }
 
@@ -256,16 +260,25 @@ class Page {
             this.#showNothing();
             return;
         }
+        try {
+            this.#readAs(text, run);
+        } catch (error) {
+            this.#showNothing();
+            this.#complain(words.status.stumbled(error.message));
+        }
+    }
+
+    #readAs(text, run) {
         const chosen = this.#kind.value;
         const kind = chosen === 'auto' ? likeliestKind(withoutHalfOctet(text), this.#engine) : chosen;
         this.#readings.hidden = chosen !== 'pdu';
         this.#setMode(kind);
         if (kind === 'text') this.#count(text);
-        else this.#decode(text, { kind, options: chosen === 'pdu' ? this.#readAs : {} }, run);
+        else this.#decode(text, { kind, options: chosen === 'pdu' ? this.#said : {} }, run);
     }
 
     /** What somebody said about the PDUs. */
-    get #readAs() {
+    get #said() {
         return { direction: this.#direction.value || undefined, smsc: this.#centre.value || undefined };
     }
 

@@ -1,0 +1,51 @@
+// Short texts at once, long ones in slices.
+import assert from 'node:assert/strict';
+import { test } from 'node:test';
+import { octetsByLine, readAtOnce, readInSlices, slicesOf } from '../../../web/page/reading.js';
+
+test('a text is cut after lines, and nothing of it is lost', () => {
+    const text = 'one\ntwo\nthree\nfour';
+    assert.deepEqual([...slicesOf(text, 4)], ['one\n', 'two\n', 'three\n', 'four']);
+    assert.deepEqual([...slicesOf(text, 5)], ['one\ntwo\n', 'three\n', 'four']);
+    assert.deepEqual([...slicesOf('no end of a line', 3)], ['no end of a line']);
+    assert.deepEqual([...slicesOf('', 3)], []);
+});
+
+test('messages are read as they are said to be', () => {
+    const asked = [];
+    const engine = {
+        decode: (...all) => (asked.push(['decode', ...all]), [{ line: 2 }, { line: 1 }]),
+        decodePages: (...all) => (asked.push(['cell', ...all]), []),
+    };
+    assert.deepEqual(readAtOnce('07', engine, { kind: 'pdu', options: { smsc: 'no' } }), [
+        { parts: [{ line: 1 }] },
+        { parts: [{ line: 2 }] },
+    ]);
+    readAtOnce('00', engine, { kind: 'cell', options: {} });
+    assert.deepEqual(asked, [
+        ['decode', '07', { smsc: 'no', join: true, each: true }],
+        ['cell', '00', { join: true, each: true }],
+    ]);
+});
+
+test('slices are read one after the other, and what waits comes in the end', () => {
+    const part = { line: 1, concatenation: { part: 1 } };
+    const taken = [];
+    const engine = {
+        reader: (options) => {
+            assert.deepEqual(options, { cell: false, join: true, each: true });
+            return { take: (slice) => (taken.push(slice), [part]), finish: () => [{ line: 3 }] };
+        },
+    };
+    assert.deepEqual([...readInSlices('a\n', engine, { kind: 'pdu', options: {} })], [
+        { messages: [], done: 2 },
+        { messages: [{ parts: [{ line: 3 }] }, { parts: [part] }], done: 2 },
+    ]);
+    assert.deepEqual(taken, ['a\n']);
+});
+
+test('what failed finds its octets by its line', () => {
+    const engine = { inspect: (text, options) => [{ line: 4, octets: `${text}${JSON.stringify(options)}` }] };
+    assert.equal(octetsByLine('07', engine, { kind: 'pdu', options: { smsc: 'no' } }).get(4), '07{"smsc":"no"}');
+    assert.equal(octetsByLine('07', engine, { kind: 'cell', options: {} }).get(4), '07{"cell":true}');
+});
