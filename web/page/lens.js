@@ -10,11 +10,16 @@ function isPacked(row) {
 }
 
 export class Lens {
+    #shown;
+
     constructor() {
         this.element = element('div', { class: 'lens' });
     }
 
     show(row) {
+        const shown = JSON.stringify(row);
+        if (shown === this.#shown) return;
+        this.#shown = shown;
         if (!row) {
             this.element.removeAttribute('data-kind');
             fill(this.element);
