@@ -168,7 +168,7 @@ void ShowRow(const RowOptions& options, const show::Row& row, Console& console) 
 }
 
 std::string HeadingOf(const RowOptions& options) {
-    const bool isWanted = !options.columns.empty() && options.inputColumn == 0 && !options.hasNoHeading;
+    const bool isWanted = !options.columns.empty() && !options.hasNoHeading;
     return isWanted ? show::TabSeparatedNames(options.columns) + '\n' : std::string();
 }
 

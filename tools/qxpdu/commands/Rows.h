@@ -29,7 +29,8 @@ void AddRows(const Command& command, RowOptions& options);
 
 void ShowRow(const RowOptions& options, const show::Row& row, Console& console);
 
-/// The line before all rows; empty where there is none, or it comes with the input.
+/// The line before all rows; empty where there is none. REQUIRES that lines are no rows: these bring their
+/// own.
 std::string HeadingOf(const RowOptions& options);
 
 /// Reads the input that a PDU is; throws InputError.

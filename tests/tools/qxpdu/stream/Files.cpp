@@ -53,6 +53,20 @@ TEST(QxpduFiles, ThoseThatCannotBeReadAreNamedAndTheOthersRead) {
     EXPECT_EQ(JsonLines(run.out).size(), 1U);
 }
 
+TEST(QxpduFiles, LineThatNamesOneIsNotAskedAbout) {
+    EXPECT_EQ(InFolder("echo a.log | $QXPDU decode").err,
+              "qxpdu: line 1: character 2, '.', is no hexadecimal digit\n");
+}
+
+TEST(QxpduFiles, ProgressHasAPercentageOfStandardInputAlone) {
+    const auto hasPercentage = [](const std::string& rest) {
+        return InFolder("$QXPDU decode --jsonl --progress " + rest).err.find(" %, ") != std::string::npos;
+    };
+    EXPECT_TRUE(hasPercentage("<b.txt"));
+    EXPECT_FALSE(hasPercentage("00 <b.txt"));
+    EXPECT_FALSE(hasPercentage("--file b.txt <a.log"));
+}
+
 TEST(QxpduFiles, FileGivenAsAPduIsAskedAbout) {
     EXPECT_EQ(InFolder("$QXPDU decode a.log").err,
               "qxpdu: argument 1: character 2, '.', is no hexadecimal digit; did you mean --file?\n");
