@@ -89,7 +89,12 @@ export class MessageView {
         this.element = element('section', { class: 'panel message', 'aria-label': words.message.heading });
     }
 
+    focusPart(part) {
+        this.element.querySelectorAll('.tabs button')[part]?.focus();
+    }
+
     show(message, part) {
+        this.element.hidden = false;
         const shown = message.parts[part] ?? {};
         const first = message.parts[0] ?? {};
         fill(

@@ -62,6 +62,7 @@ export class Counter {
     }
 
     show(text, counted, options) {
+        this.element.hidden = false;
         fill(
             this.element,
             element('h2', { id: 'count-heading', class: 'unseen' }, words.count.heading),

@@ -66,11 +66,10 @@ export class MessageList {
         this.#list.addEventListener('keydown', (event) => this.#walk(event));
     }
 
-    show(messages, chosen) {
+    show(messages) {
         this.#messages = messages;
-        this.#chosen = chosen;
+        this.#chosen = 0;
         this.#drawn = AT_ONCE;
-        this.element.hidden = messages.length < 2;
         this.#list.replaceChildren();
         this.add();
     }

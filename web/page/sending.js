@@ -89,6 +89,7 @@ export class Sending {
     }
 
     show({ pdus = [], error, warnings = [] }) {
+        this.element.hidden = false;
         this.#pdus = pdus;
         this.#shown = Math.min(this.#shown, Math.max(pdus.length - 1, 0));
         fill(

@@ -2,6 +2,7 @@
 
 export const LIMIT = 1 << 20; // octets of UTF-8 that are taken
 export const AT_ONCE = 1 << 14; // characters that are read while somebody types
+const LONGEST_LINK = 8000;
 const LONGEST_WORD = 7; // letters alone: "face", "deaf"
 
 const OF_A_MODEM = /^\s*(AT\+|[+^][A-Z]+:)/im;
@@ -63,7 +64,9 @@ export function fromAddress(hash) {
     }
 }
 
-/** The part of an address that shows it. */
-export function toAddress(kind, text) {
-    return `#${kind === 'auto' ? '' : `${kind}:`}${encodeURIComponent(text)}`;
+/** The part of an address that shows a text, or where that is too long, what stands for it. */
+export function toAddress(kind, text, instead) {
+    const encoded = encodeURIComponent(text);
+    const shown = encoded.length > LONGEST_LINK && instead !== undefined ? instead : encoded;
+    return `#${kind === 'auto' ? '' : `${kind}:`}${shown}`;
 }

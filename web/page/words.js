@@ -26,7 +26,6 @@ export const words = {
         heldLabel: 'Pasted log',
         refused: (mebibytes) =>
             `That is ${mebibytes} MiB, and one is the most this page takes. The tool qxpdu reads logs of any length.`,
-        noLink: 'Too long for a link',
     },
     examples: {
         label: 'Examples',
@@ -44,9 +43,17 @@ export const words = {
         failed: (reason) => `The module did not start: ${reason}`,
         stumbled: (reason) => `This could not be read: ${reason}`,
         reading: (percent) => `Reading, ${percent} %`,
-        nothing: 'No PDU stands in this.',
-        messages: (number) => count(number, 'message', 'messages'),
-        faults: (number) => `${number} broken`,
+        progress: 'How much is read',
+        found: (messages, broken, passedOver) =>
+            messages === 0
+                ? 'No PDU stands in this.'
+                : [
+                      count(messages, 'message', 'messages'),
+                      messages > 1 && broken > 0 && `${broken} broken`,
+                      passedOver > 0 && `${count(passedOver, 'line', 'lines')} passed over`,
+                  ]
+                      .filter(Boolean)
+                      .join(', '),
         text: 'A text to send',
     },
     copy: { done: 'Copied', failed: 'Not copied' },
@@ -66,9 +73,7 @@ export const words = {
         from: 'From',
         to: 'To',
         of: 'About',
-        area: 'In the area',
         unknown: 'nobody',
-        noTime: 'no time',
         missing: (parts) => `part ${parts.join(', ')} is missing`,
         missingSome: (parts) => `parts ${parts.join(', ')} are missing`,
         noText: 'no text',
@@ -88,8 +93,6 @@ export const words = {
         discharged: 'Done',
         reference: 'Reference',
         protocol: 'Protocol',
-        cause: 'Cause',
-        command: 'Command',
         identifier: 'Identifier',
         serial: 'Serial number',
         language: 'Language',
@@ -128,9 +131,21 @@ export const words = {
         member: 'Member',
         standard: 'by the standard',
         host: 'by libQX_Encoding',
-        rejected: 'rejected',
-        accepted: 'taken as good',
+        outcomes: { rejected: 'rejected', result: 'taken as good' },
         nothing: 'nothing',
+        members: {
+            alphabet: 'Alphabet',
+            size: 'Size',
+            parts: 'Messages',
+            room: 'Still fits',
+            cuts: 'Cut in two',
+            error: 'Fault',
+        },
+        size: (septets, characters) =>
+            septets === undefined
+                ? count(characters ?? 0, 'UCS2 unit', 'UCS2 units')
+                : count(septets, 'septet', 'septets'),
+        cuts: ({ code_point, after_part }) => `${code_point} after part ${after_part}`,
     },
     json: {
         heading: 'JSON',
@@ -144,10 +159,9 @@ export const words = {
         parts: (number) => count(number, 'message', 'messages'),
         septets: (number) => count(number, 'septet', 'septets'),
         units: (number) => count(number, 'UCS2 unit', 'UCS2 units'),
-        room: (number, isSeptets) => `${number} more fit${number === 1 ? 's' : ''}`,
+        room: (number) => `${number} more fit${number === 1 ? 's' : ''}`,
         octets: (number) => `${count(number, 'octet', 'octets')} of user data`,
         table: (tables) => `table of ${tables.join(' and ')}`,
-        partTitle: (part, parts) => `Part ${part} of ${parts}`,
         bar: 'How full the parts are',
         drawn: 'The text with its breaks and the characters that cost',
         break: (part) => `part ${part} begins`,
@@ -175,7 +189,6 @@ export const words = {
         use: 'Use',
         used: 'In use',
         drop: 'Do not use',
-        tooLong: 'Too long',
     },
 
     send: {
@@ -207,7 +220,6 @@ export const words = {
         report: 'Status report',
         replace: 'Near characters',
         languages: 'Languages that the receiver knows',
-        anyLanguage: 'all',
         names: {
             tr: 'Turkish',
             es: 'Spanish',

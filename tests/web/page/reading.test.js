@@ -17,10 +17,10 @@ test('messages are read as they are said to be', () => {
         decode: (...all) => (asked.push(['decode', ...all]), [{ line: 2 }, { line: 1 }]),
         decodePages: (...all) => (asked.push(['cell', ...all]), []),
     };
-    assert.deepEqual(readAtOnce('07', engine, { kind: 'pdu', options: { smsc: 'no' } }), [
-        { parts: [{ line: 1 }] },
-        { parts: [{ line: 2 }] },
-    ]);
+    assert.deepEqual(readAtOnce('07', engine, { kind: 'pdu', options: { smsc: 'no' } }), {
+        messages: [{ parts: [{ line: 1 }] }, { parts: [{ line: 2 }] }],
+        passedOver: 0,
+    });
     readAtOnce('00', engine, { kind: 'cell', options: {} });
     assert.deepEqual(asked, [
         ['decode', '07', { smsc: 'no', join: true, each: true }],
@@ -38,8 +38,8 @@ test('slices are read one after the other, and what waits comes in the end', () 
         },
     };
     assert.deepEqual([...readInSlices('a\n', engine, { kind: 'pdu', options: {} })], [
-        { messages: [], done: 2 },
-        { messages: [{ parts: [{ line: 3 }] }, { parts: [part] }], done: 2 },
+        { messages: [], passedOver: 0, done: 2 },
+        { messages: [{ parts: [{ line: 3 }] }, { parts: [part] }], passedOver: 0, done: 2 },
     ]);
     assert.deepEqual(taken, ['a\n']);
 });
@@ -48,4 +48,22 @@ test('what failed finds its octets by its line', () => {
     const engine = { inspect: (text, options) => [{ line: 4, octets: `${text}${JSON.stringify(options)}` }] };
     assert.equal(octetsByLine('07', engine, { kind: 'pdu', options: { smsc: 'no' } }).get(4), '07{"smsc":"no"}');
     assert.equal(octetsByLine('07', engine, { kind: 'cell', options: {} }).get(4), '07{"cell":true}');
+});
+
+test('lines that nobody meant as PDUs are passed over, faults are not', () => {
+    const talk = { line: 1, error: 'no digit' };
+    const odd = { line: 2, error: 'odd number of digits' };
+    const cut = { line: 3, error: 'cut', fault: {} };
+    const engine = {
+        decode: () => [talk, odd, cut],
+        isText: (line) => line !== '079',
+        reader: () => ({ take: () => [talk, cut], finish: () => [odd] }),
+    };
+    const how = { kind: 'pdu', options: {} };
+    const messages = [{ parts: [odd] }, { parts: [cut] }];
+    assert.deepEqual(readAtOnce('hello\n079\nno', engine, how), { messages, passedOver: 1 });
+    assert.deepEqual([...readInSlices('hello\n079\nno', engine, how)], [
+        { messages: [{ parts: [cut] }], passedOver: 1, done: 12 },
+        { messages: [{ parts: [odd] }], passedOver: 0, done: 12 },
+    ]);
 });

@@ -80,6 +80,11 @@ class Sending(PageTest):
         self.assertEqual(self.pdus(), ["0491149" "7F1" "31000791149721F300180B0A00680065006C006C006F"])
         self.assertEqual(self.browser.texts(".pdus .command"), ["AT+CMGS=22"])
 
+    def test_a_field_keeps_the_focus_while_somebody_types_into_it(self):
+        self.browser.put("hello")
+        self.browser.one("[name=to]").send_keys("+41")
+        self.assertEqual(self.browser.run("return document.activeElement.name"), "to")
+
     def test_commands_are_copied(self):
         self.browser.put("hello")
         self.browser.one("[name=to]").send_keys("+4179123")

@@ -97,19 +97,19 @@ class Messages(PageTest):
         self.assertEqual(self.browser.text(".bubble"), "received by the recipient (completed)")
 
     def test_nothing_is_shown_as_markup(self):
-        # "<img src=x onerror=fired=1>" as the text of a message and, shorter, as the name of its sender
+        # as a text, as that of a message and, shorter, as the name of its sender
         mark = "<img src=x onerror=document.title='fired'>"
         self.browser.put(mark)
         self.assertEqual(self.browser.text(".drawn-text"), mark)
         self.browser.choose("kind", "PDUs")
-        self.assertIn("no hexadecimal digit", self.browser.text(".message"))
+        self.assertEqual(self.browser.text("[role=status]"), "No PDU stands in this.")
         self.browser.choose("kind", "what it is")
         self.browser.press("Copy")
         self.browser.put(self.browser.clipboard())
         self.browser.wait(lambda: self.browser.is_shown(".bubble"))
         self.assertEqual(self.browser.text(".bubble"), mark)
-        # An SMS-DELIVER from "<img src=x>" in 7-bit characters: 3C 69 6D 67 20 73 72 63 3D 78 3E
-        self.browser.put("0414D0BCB4FBCC0ECD7C643DF8EC010000" "21203121436580" "05C8329BFD06")
+        self.browser.put("000414D0BC74FB0C9ACBC73DBC0F00002120312143658005C8329BFD06")
+        self.assertEqual(self.browser.text(".message h2"), "From <img src=x>")
         self.assertEqual(self.browser.all("img"), [])
         self.assertNotEqual(self.browser.run("return document.title"), "fired")
 
@@ -117,6 +117,48 @@ class Messages(PageTest):
         self.browser.put("AT+CMGF=0\r\nOK\r\nAT+CSQ\r\n+CSQ: 12,0\r\n")
         self.assertEqual(self.browser.text("[role=status]"), "No PDU stands in this.")
         self.assertFalse(self.browser.is_shown(".map"))
+
+    def test_talk_around_a_pdu_is_passed_over(self):
+        self.browser.put(f"Hi, my modem gives me this:\n{HELLO}\nWhat does it say?")
+        self.assertEqual(self.browser.text("[role=status]"), "1 message, 2 lines passed over")
+        self.assertEqual(self.browser.text(".bubble"), "Hello")
+
+    def test_half_an_octet_at_the_end_leaves_the_map(self):
+        self.browser.put(HELLO[:-1])
+        self.assertEqual("".join(self.browser.texts(".octet")), HELLO[:-2])
+        self.assertEqual(self.browser.text(".bubble"), "Hell")
+
+    def test_a_part_that_came_before_says_so(self):
+        self.browser.put(LOG + "\n".join(LOG.splitlines()[1:3]))
+        self.assertEqual(self.browser.texts(".messages .tag"), ["3 parts", "came before, line 3"])
+
+    def test_a_free_record_of_a_sim_says_so(self):
+        self.browser.put("FF" * 176)
+        self.assertEqual(self.browser.text(".message h2"), "A free record of a SIM")
+
+    def test_a_file_is_opened_where_it_is_dropped(self):
+        self.drop(LOG)
+        self.browser.wait(lambda: self.browser.text("[role=status]") == "2 messages")
+        self.drop("0" * ((1 << 20) + 1))
+        self.browser.wait(lambda: "one is the most this page takes" in self.browser.text("[role=status]"))
+
+    def drop(self, text):
+        self.browser.run("""
+            const data = new DataTransfer();
+            data.items.add(new File([arguments[0]], 'modem.log', { type: 'text/plain' }));
+            document.body.dispatchEvent(new DragEvent('drop', { dataTransfer: data, bubbles: true, cancelable: true }))""", text)
+
+    def test_a_file_is_opened_by_its_button(self):
+        path = self.browser.page.parent / "modem.log"
+        path.write_text(LOG, encoding="utf-8")
+        self.browser.one("input[type=file]").send_keys(str(path))
+        self.browser.wait(lambda: self.browser.text("[role=status]") == "2 messages")
+
+    def test_an_example_is_read_as_what_it_is(self):
+        self.browser.choose("kind", "cell broadcast")
+        self.browser.press("Received")
+        self.assertEqual(self.browser.text(".message h2"), "From Railway")
+        self.assertEqual(self.browser.one("select[name=kind]").get_attribute("value"), "auto")
 
     def test_clear_leaves_nothing(self):
         self.browser.put(HELLO)
@@ -133,6 +175,13 @@ class Readings(PageTest):
         self.browser.choose("centre", "none")
         self.assertEqual(self.browser.texts(".differences th")[:3], ["Member", "by the standard", "by libQX_Encoding"])
         self.assertEqual(self.browser.texts(".differences tbody tr > *"), ["m_Text", "Hello w", "Hello w@@@"])
+
+    def test_a_text_that_libqx_encoding_sends_differently_has_both_too(self):
+        self.browser.put("Çok güzel")
+        self.assertEqual(self.browser.texts(".differences tbody tr"),
+                         ["Alphabet GSM 7-bit UCS2", "Size 9 septets 9 UCS2 units", "Still fits 151 61"])
+        self.browser.choose("alphabet", "UCS2")
+        self.assertFalse(self.browser.is_shown(".differences"))
 
     def test_it_is_not_shown_where_both_read_the_same(self):
         self.browser.put(HELLO)

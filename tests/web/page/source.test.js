@@ -68,6 +68,9 @@ test('an address tells as what its text is read', () => {
     assert.equal(fromAddress('#%E0'), null);
     assert.equal(toAddress('auto', 'a #1'), '#a%20%231');
     assert.equal(toAddress('pdu', '07'), '#pdu:07');
+    assert.equal(toAddress('auto', 'x'.repeat(8000), '07'), `#${'x'.repeat(8000)}`);
+    assert.equal(toAddress('cell', 'x'.repeat(8001), '07'), '#cell:07');
+    assert.equal(toAddress('auto', 'x'.repeat(8001)), `#${'x'.repeat(8001)}`);
 });
 
 test('the size is that in UTF-8', () => {

@@ -10,11 +10,16 @@ test('a time is told by the clock of the message, with its zone', () => {
 });
 
 test('one is not many', () => {
-    assert.equal(words.status.messages(1), '1 message');
-    assert.equal(words.status.messages(0), '0 messages');
-    assert.equal(words.status.messages(12345), '12,345 messages');
     assert.equal(words.count.room(1), '1 more fits');
     assert.equal(words.count.room(2), '2 more fit');
+});
+
+test('what was found is told with what was broken and what was passed over', () => {
+    assert.equal(words.status.found(0, 0, 3), 'No PDU stands in this.');
+    assert.equal(words.status.found(1, 1, 0), '1 message');
+    assert.equal(words.status.found(2, 1, 0), '2 messages, 1 broken');
+    assert.equal(words.status.found(12345, 0, 1), '12,345 messages, 1 line passed over');
+    assert.equal(words.status.found(1, 0, 2), '1 message, 2 lines passed over');
 });
 
 test('what is saved names only what is less', () => {
