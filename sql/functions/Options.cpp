@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 
 #include <fmt/format.h>
 
@@ -26,10 +28,21 @@ struct Word {
     std::string_view value = whole.substr(std::min(whole.size(), name.size() + 1));
 };
 
+/// As it is named in an error: a long one is cut, not within a character.
+std::string Named(std::string_view word) {
+    constexpr std::size_t c_most = 40;
+    if (word.size() <= c_most)
+        return std::string(word);
+    std::size_t size = c_most;
+    while (size > 0 && (static_cast<unsigned char>(word[size]) & 0xC0U) == 0x80U)
+        --size;
+    return std::string(word.substr(0, size)) + "...";
+}
+
 [[noreturn]] void Refuse(const Word& word) {
     throw Misuse(fmt::format("'{}' is no option; there are smsc=yes|no, direction=to-mobile|from-mobile, "
                              "failure-cause=yes|no and length=N",
-                             word.whole));
+                             Named(word.whole)));
 }
 
 Presence PresenceIn(const Word& word) {
@@ -92,7 +105,7 @@ Messages::CellFormat CellFormatIn(std::string_view word) {
         return CellFormat::UmtsMessage;
     if (word == "etws")
         return CellFormat::EtwsNotification;
-    throw Misuse(fmt::format("'{}' is neither gsm, umts nor etws", word));
+    throw Misuse(fmt::format("'{}' is neither gsm, umts nor etws", Named(word)));
 }
 
 } // namespace sql

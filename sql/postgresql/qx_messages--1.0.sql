@@ -1,5 +1,7 @@
 \echo Use "CREATE EXTENSION qx_messages" to load this file. \quit
 
+-- A superuser runs this, in a schema that others may have put something into: so what is called is that of the server.
+
 -- Functions of a PDU or a page, which is bytea or text of hexadecimal digits, alone and with options.
 DO $do$
 DECLARE
@@ -19,7 +21,7 @@ BEGIN
     LOOP
         FOR argument IN SELECT * FROM (VALUES ('bytea', 'octets'), ('text', 'digits')) AS arguments(type, kind) LOOP
             FOREACH options IN ARRAY ARRAY['', ', options text'] LOOP
-                EXECUTE format('CREATE FUNCTION @extschema@.%I(pdu %s%s) RETURNS %s AS %L, %L '
+                EXECUTE pg_catalog.format('CREATE FUNCTION @extschema@.%I(pdu %s%s) RETURNS %s AS %L, %L '
                                'LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 100',
                                function.name, argument.type, options, function.gives, 'MODULE_PATHNAME',
                                function.symbol || '_' || argument.kind);
@@ -29,12 +31,12 @@ BEGIN
     FOR argument IN SELECT * FROM (VALUES ('bytea', ''), ('text', ''), ('bytea', 'options'), ('text', 'options'))
                              AS arguments(type, options)
     LOOP
-        EXECUTE format('CREATE FUNCTION @extschema@.sms_fields(pdu %s%s, OUT name text, OUT value text, OUT meaning text, '
+        EXECUTE pg_catalog.format('CREATE FUNCTION @extschema@.sms_fields(pdu %s%s, OUT name text, OUT value text, OUT meaning text, '
                        'OUT octet integer, OUT length integer, OUT mask integer) RETURNS SETOF record '
                        'LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE ROWS 15 AS %L',
                        argument.type, CASE argument.options WHEN '' THEN '' ELSE ', options text' END,
                        'SELECT row.name, row.value, row.meaning, row.octet, row.length, row.mask '
-                       'FROM json_to_recordset(@extschema@.sms_fields_json($1'
+                       'FROM pg_catalog.json_to_recordset(@extschema@.sms_fields_json($1'
                        || CASE argument.options WHEN '' THEN '' ELSE ', $2' END ||
                        ')) AS row(name text, value text, meaning text, octet integer, length integer, mask integer)');
     END LOOP;
@@ -47,10 +49,10 @@ CREATE FUNCTION @extschema@.sms_join_pdus(pdus bytea[]) RETURNS text AS 'MODULE_
 CREATE FUNCTION @extschema@.sms_join_pdus(pdus text[]) RETURNS text AS 'MODULE_PATHNAME', 'sms_join_digits'
     LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 1000;
 CREATE AGGREGATE @extschema@.sms_join(pdu bytea) (
-    SFUNC = array_append, STYPE = bytea[], INITCOND = '{}', COMBINEFUNC = array_cat,
+    SFUNC = pg_catalog.array_append, STYPE = bytea[], INITCOND = '{}', COMBINEFUNC = pg_catalog.array_cat,
     FINALFUNC = @extschema@.sms_join_pdus, PARALLEL = SAFE);
 CREATE AGGREGATE @extschema@.sms_join(pdu text) (
-    SFUNC = array_append, STYPE = text[], INITCOND = '{}', COMBINEFUNC = array_cat,
+    SFUNC = pg_catalog.array_append, STYPE = text[], INITCOND = '{}', COMBINEFUNC = pg_catalog.array_cat,
     FINALFUNC = @extschema@.sms_join_pdus, PARALLEL = SAFE);
 
 CREATE FUNCTION @extschema@.sms_encode_json(number text, message text) RETURNS json
@@ -59,7 +61,7 @@ CREATE FUNCTION @extschema@.sms_encode_json(number text, message text, reference
     AS 'MODULE_PATHNAME', 'sms_encode_json' LANGUAGE C IMMUTABLE STRICT PARALLEL SAFE COST 100;
 CREATE FUNCTION @extschema@.sms_encode(number text, message text) RETURNS text[]
     LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE
-    AS 'SELECT array(SELECT json_array_elements_text(@extschema@.sms_encode_json($1, $2)))';
+    AS 'SELECT array(SELECT pg_catalog.json_array_elements_text(@extschema@.sms_encode_json($1, $2)))';
 CREATE FUNCTION @extschema@.sms_encode(number text, message text, reference integer) RETURNS text[]
     LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE
-    AS 'SELECT array(SELECT json_array_elements_text(@extschema@.sms_encode_json($1, $2, $3)))';
+    AS 'SELECT array(SELECT pg_catalog.json_array_elements_text(@extschema@.sms_encode_json($1, $2, $3)))';

@@ -42,7 +42,8 @@ take(qx_value value, FunctionCallInfo fcinfo)
     }
     free(value.text);
     if (misuse != NULL)
-        ereport(ERROR, (errcode(ERRCODE_INVALID_PARAMETER_VALUE), errmsg("%s", misuse)));
+        ereport(ERROR, (errcode(ERRCODE_INVALID_PARAMETER_VALUE),
+                        errmsg("%s", pg_any_to_server(misuse, (int) value.size, PG_UTF8))));
     if (text == NULL)
         ereport(ERROR, (errcode(ERRCODE_OUT_OF_MEMORY), errmsg("out of memory")));
     if (GetDatabaseEncoding() != PG_UTF8) {

@@ -68,6 +68,10 @@ INSTANTIATE_TEST_SUITE_P(OfOptions, Sqlite, testing::Values(
     Asked{"SELECT sms_error('00040C91'), sms_error(x'3030303430433931')", "octet 2: the octets end in TP-OA, which takes 8 octets: 2 are there|octet 0: the octets end in service centre, which takes 49 octets: 8 are there"},
     Asked{"SELECT sms_remarks('0000', 'direction=from-mobile length=5')->>0->>'code'", "length-disagrees"},
     Asked{"SELECT sms_text(x'00', 'smsc=maybe')", "error: 'smsc=maybe' is no option; there are smsc=yes|no, direction=to-mobile|from-mobile, failure-cause=yes|no and length=N"},
+    // a long one is cut between two characters
+    Asked{"SELECT sms_text(x'00', 'smsc=yes ' || printf('%.40c', 'x'))", "error: 'xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx' is no option; there are smsc=yes|no, direction=to-mobile|from-mobile, failure-cause=yes|no and length=N"},
+    Asked{"SELECT sms_text(x'00', printf('%.39c', 'x') || 'éx')", "error: 'xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx...' is no option; there are smsc=yes|no, direction=to-mobile|from-mobile, failure-cause=yes|no and length=N"},
+    Asked{"SELECT cbs_text(x'00', printf('%.1000000c', 'x'))", "error: 'xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx...' is neither gsm, umts nor etws"},
     Asked{"SELECT sms_text(x'00', 'direction=up') IS 1", "error: 'direction=up' is no option; there are smsc=yes|no, direction=to-mobile|from-mobile, failure-cause=yes|no and length=N"},
     Asked{"SELECT sms_text(x'00', 'length=')", "error: 'length=' is no option; there are smsc=yes|no, direction=to-mobile|from-mobile, failure-cause=yes|no and length=N"},
     Asked{"SELECT sms_text(x'00', 'length=4294967296')", "error: 'length=4294967296' is no option; there are smsc=yes|no, direction=to-mobile|from-mobile, failure-cause=yes|no and length=N"},
