@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tools/qxpdu/stream/Trickle.h"
+
 namespace {
 
 using qxpdu::Input;
@@ -12,6 +14,7 @@ using qxpdu::InputReader;
 using qxpdu::Inputs;
 using qxpdu::LineKind;
 using qxpdu::WhenDry;
+using tests::Trickle;
 using Texts = std::vector<std::string>;
 
 constexpr const char* c_hello = "0791214365870921040B912143658709F100002120312143658005C8329BFD06\n";
@@ -94,6 +97,80 @@ TEST(InputReader, SourcesAreTheirOwn) {
     EXPECT_EQ(inputs, (Texts{"argument 1: " + hello.substr(0, hello.size() - 1), "argument 3: 0G"}));
     ASSERT_EQ(reader.Notes().size(), 1U);
     EXPECT_EQ(reader.Notes()[0].source, "standard input");
+}
+
+TEST(InputReader, ArgumentsAreInputsAsTheyStand) {
+    std::istringstream in;
+    const Texts arguments = {" ", "a\r"};
+    for (const LineKind kind : {LineKind::Hex, LineKind::Text, LineKind::Message, LineKind::Transcript}) {
+        InputReader reader(Inputs({arguments, c_none, in}, Inputs::Cut::Lines), kind);
+        Input input;
+        ASSERT_TRUE(reader.Next(input, WhenDry::Wait));
+        EXPECT_EQ(input.text, " ");
+        ASSERT_TRUE(reader.Next(input, WhenDry::Wait));
+        EXPECT_EQ(input.text, "a\r");
+        EXPECT_FALSE(reader.HasEnded());
+        EXPECT_FALSE(reader.Next(input, WhenDry::Wait));
+        EXPECT_TRUE(reader.HasEnded());
+    }
+}
+
+/// Reads what trickles in.
+struct Dripping {
+    explicit Dripping(Texts pieces, LineKind kind)
+        : buffer(std::move(pieces)),
+          in(&buffer),
+          reader(Inputs({c_none, c_none, in}, Inputs::Cut::LogLines), kind) {}
+
+    /// The next input; "-" where there is none.
+    std::string Next(WhenDry whenDry) {
+        Input input;
+        return reader.Next(input, whenDry) ? input.text : "-";
+    }
+
+    Trickle buffer;
+    std::istream in;
+    InputReader reader;
+};
+
+TEST(InputReader, LinesAreWaitedForWhereThatIsAllowed) {
+    Dripping lines({"0\n", "1\n"}, LineKind::Hex);
+    EXPECT_EQ(lines.Next(WhenDry::Return), "-");
+    EXPECT_EQ(lines.Next(WhenDry::Stop), "-");
+    EXPECT_FALSE(lines.reader.IsReady());
+    EXPECT_EQ(lines.Next(WhenDry::Wait), "0");
+    lines.buffer.hasCome = true;
+    EXPECT_TRUE(lines.reader.IsReady());
+    EXPECT_EQ(lines.Next(WhenDry::Return), "1");
+    EXPECT_EQ(lines.Next(WhenDry::Return), "-");
+    EXPECT_FALSE(lines.reader.HasEnded()) << "more may come";
+    lines.buffer.hasCome = true;
+    EXPECT_EQ(lines.Next(WhenDry::Stop), "-");
+    EXPECT_TRUE(lines.reader.HasEnded());
+    EXPECT_TRUE(lines.reader.IsReady());
+}
+
+TEST(InputReader, WhatWaitsInALogIsGivenBeforeMoreIsWaitedFor) {
+    const std::string hello(c_hello);
+    const std::string pdu = hello.substr(0, hello.size() - 1);
+    for (const std::string& heading :
+         {std::string(), std::string("+CMT: ,30\n")}) { // a list, and a length too large
+        for (const WhenDry whenDry : {WhenDry::Return, WhenDry::Wait}) {
+            Dripping log({heading + hello}, LineKind::Transcript);
+            log.buffer.hasCome = true;
+            EXPECT_EQ(log.Next(WhenDry::Stop), "-") << "a piece of something";
+            EXPECT_EQ(log.Next(whenDry), pdu);
+            EXPECT_EQ(log.Next(WhenDry::Return), "-");
+            EXPECT_FALSE(log.reader.HasEnded());
+            log.buffer.hasCome = true;
+            EXPECT_EQ(log.Next(WhenDry::Return), "-");
+            EXPECT_TRUE(log.reader.HasEnded());
+        }
+    }
+    Dripping half({"+CMT: ,24\n" + hello.substr(0, 40) + "\n", hello.substr(40)}, LineKind::Transcript);
+    half.buffer.hasCome = true;
+    EXPECT_EQ(half.Next(WhenDry::Return), "-");
+    EXPECT_EQ(half.Next(WhenDry::Wait), pdu) << "half a PDU waits for the rest";
 }
 
 } // namespace

@@ -4,11 +4,13 @@
 #include <gtest/gtest.h>
 
 #include "stream/Inputs.h"
+#include "tools/qxpdu/stream/Trickle.h"
 
 namespace {
 
 using qxpdu::Input;
 using qxpdu::Inputs;
+using tests::Trickle;
 using Texts = std::vector<std::string>;
 
 const Texts c_none;
@@ -92,33 +94,6 @@ TEST(Sources, CarriageReturnsEndLongLinesOfALog) {
     EXPECT_EQ(Source("a\r" + longTalk + "\nc\n").Rest(), (Texts{one + "a\r" + longTalk, two + "c"}))
         << "no log";
 }
-
-/// Gives pieces, each when the one before has been read; whether the next has come is told.
-class Trickle : public std::streambuf {
-public:
-    explicit Trickle(Texts pieces) : m_Pieces(std::move(pieces)) {}
-
-    bool hasCome = false;
-
-protected:
-    int_type underflow() override {
-        if (m_Next == m_Pieces.size())
-            return traits_type::eof();
-        std::string& piece = m_Pieces[m_Next++];
-        setg(piece.data(), piece.data(), piece.data() + piece.size());
-        hasCome = false;
-        return traits_type::to_int_type(piece.front());
-    }
-    std::streamsize showmanyc() override {
-        if (!hasCome)
-            return 0;
-        return m_Next == m_Pieces.size() ? -1 : static_cast<std::streamsize>(m_Pieces[m_Next].size());
-    }
-
-private:
-    Texts m_Pieces;
-    std::size_t m_Next = 0;
-};
 
 TEST(Sources, WholeStreamThatHasEndedIsAnInput) {
     Trickle buffer({});
