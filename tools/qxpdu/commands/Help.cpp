@@ -17,13 +17,11 @@ bool IsAtMargin(std::string_view line) {
     return !line.empty() && line.front() != ' ';
 }
 
-/// Where the text of a line begins: in its right column, if it has two.
+/// Where the text of a line begins: in its right column, if it has two; npos where there is none.
 std::size_t IndentOf(std::string_view line) {
-    const std::size_t first = std::min(line.find_first_not_of(' '), line.size());
+    const std::size_t first = line.find_first_not_of(' ');
     const std::size_t gap = line.find("  ", first);
-    return first == 0 || gap == std::string_view::npos
-               ? first
-               : std::min(line.find_first_not_of(' ', gap), line.size());
+    return first == 0 || gap == std::string_view::npos ? first : line.find_first_not_of(' ', gap);
 }
 
 /// The last blank that leaves no more than the columns before it, else the first one; npos where there is

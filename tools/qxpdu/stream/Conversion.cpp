@@ -24,24 +24,20 @@ constexpr std::size_t c_batchBytes = 1U << 16; ///< reached by the last input of
 /// Inputs that one worker converts at a time.
 struct Batch {
     std::vector<Input> inputs;
-    std::uint64_t lines = 0; ///< read for them, chatter included
-    std::uint64_t bytes = 0;
-    bool isFollowed = true; ///< by input that need not be waited for, or by the end
+    std::uint64_t lines; ///< read for them, chatter included
+    std::uint64_t bytes;
+    bool isFollowed; ///< by input that need not be waited for, or by the end
 };
 
 /// It may be a batch of none.
 Batch ReadBatch(InputReader& reader, std::size_t mostInputs, WhenDry whenDry) {
     const std::uint64_t lines = reader.Lines();
     const std::uint64_t bytes = reader.Bytes();
-    Batch batch;
-    for (Input input;
-         batch.inputs.size() < mostInputs && reader.Bytes() - bytes < c_batchBytes &&
-         reader.Next(input, batch.inputs.empty() ? whenDry : std::max(whenDry, WhenDry::Return));)
-        batch.inputs.push_back(std::move(input));
-    batch.lines = reader.Lines() - lines;
-    batch.bytes = reader.Bytes() - bytes;
-    batch.isFollowed = reader.IsReady();
-    return batch;
+    std::vector<Input> inputs;
+    for (Input input; inputs.size() < mostInputs && reader.Bytes() - bytes < c_batchBytes &&
+                      reader.Next(input, inputs.empty() ? whenDry : std::max(whenDry, WhenDry::Return));)
+        inputs.push_back(std::move(input));
+    return {std::move(inputs), reader.Lines() - lines, reader.Bytes() - bytes, reader.IsReady()};
 }
 
 Inputs::Cut CutOf(LineKind kind) {

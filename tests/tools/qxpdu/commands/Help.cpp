@@ -33,6 +33,18 @@ TEST(Wrapped, RightColumnStaysOne) {
               "  --option N    " + Times(c_ten, 5) + "123456789\n" + Times(" ", 16) + "123456789 end\n");
 }
 
+TEST(Wrapped, LineAtTheMarginHasNoColumns) {
+    EXPECT_EQ(Wrapped("one  " + Times(c_ten, 7) + "12345 end\n"), "one  " + Times(c_ten, 7) + "12345\nend\n");
+    EXPECT_EQ(Wrapped(" one  " + Times(c_ten, 7) + "1234 end\n"),
+              " one  " + Times(c_ten, 7) + "1234\n      end\n")
+        << "one blank before it makes a column";
+}
+
+TEST(Wrapped, BlanksStayAsTheyAre) {
+    EXPECT_EQ(Wrapped(Times(" ", 90) + "\n"), Times(" ", 90) + "\n");
+    EXPECT_EQ(Wrapped("  a" + Times(" ", 90)), "  a" + Times(" ", 90) + "\n");
+}
+
 TEST(Wrapped, ParagraphsAtTheMarginAreFilled) {
     EXPECT_EQ(Wrapped("one\ntwo\n\nthree:\n  four\n  five\nsix\n"),
               "one two\n\nthree:\n  four\n  five\nsix\n");
@@ -46,6 +58,7 @@ TEST(Nearest, DiffersByTwoLettersAtMost) {
         const char* nearest;
     } rows[] = {{"decod", "decode"},
                 {"deco", "decode"},
+                {"acode", "decode"}, // the first of two
                 {"deccode", "decode"},
                 {"deccodde", "decode"},
                 {"encodd", "encode"},

@@ -52,6 +52,11 @@ TEST(AwaitedPdu, IsTooLongBeyondTheServiceCentre) {
     EXPECT_TRUE(Awaited(c_centre + c_hello).IsTooLong("0"));
 }
 
+TEST(AwaitedPdu, IsFullOfMoreThanAnyPduHas) {
+    EXPECT_FALSE(Awaited(std::string(2047, '0'), Heading::Kind::Tpdu, 9999).IsFull());
+    EXPECT_TRUE(Awaited(std::string(2048, '0'), Heading::Kind::Tpdu, 9999).IsFull());
+}
+
 TEST(AwaitedPdu, IsWholeWhereItIsSoundToo) {
     EXPECT_TRUE(Awaited("").IsWhole(c_centre + c_hello));
     EXPECT_FALSE(Awaited("").IsWhole(c_centre));

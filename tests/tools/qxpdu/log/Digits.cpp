@@ -88,6 +88,7 @@ TEST(DigitsIn, LineOfItsOwn) {
                 {"07 (x", "07"},
                 {"07 x", ""},
                 {"'', 07 [x]", ""}, // another argument
+                {"', 07 [x]", ""},
                 {"12, 07 [x]", ""},
                 {"b'07'", ""}};
     for (const auto& row : rows)
