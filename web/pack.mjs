@@ -4,6 +4,7 @@ import { execFileSync } from 'node:child_process';
 import { createHash } from 'node:crypto';
 import { copyFileSync, mkdirSync, readFileSync, writeFileSync } from 'node:fs';
 import { gzipSync } from 'node:zlib';
+import { typesOf } from './types.mjs';
 
 const [build, output] = process.argv.slice(2);
 const here = new URL('.', import.meta.url).pathname;
@@ -56,8 +57,9 @@ function makePackage() {
     writeFileSync(`${folder}/names.gz`, packed(names));
     const about = JSON.parse(readFileSync(`${here}npm/package.json`, 'utf8'));
     writeFileSync(`${folder}/package.json`, `${JSON.stringify({ ...about, version }, null, 2)}\n`);
-    for (const file of ['index.d.ts', 'README.md'])
-        copyFileSync(`${here}npm/${file}`, `${folder}/${file}`);
+    const functions = readFileSync(`${here}npm/functions.d.ts`, 'utf8');
+    writeFileSync(`${folder}/index.d.ts`, functions + typesOf(`${here}../docs/schema`));
+    copyFileSync(`${here}npm/README.md`, `${folder}/README.md`);
 }
 
 const MOST = 500_000;

@@ -18,6 +18,8 @@ int ConvertStream(const ConversionSettings& settings, const Streams& streams, co
         *g_begun = std::move(conversion);
         return Console::ALL_GOOD;
     }
+    if (settings.threads > 1)
+        conversion->TellOfThreads(1);
     for (BatchWork work = conversion->Take(); work && work()(); work = conversion->Take()) {
     }
     return conversion->Finish();

@@ -4,6 +4,8 @@
 export const MOST_INPUT = 1 << 20;
 
 const ENOSYS = 52;
+const decoder = new TextDecoder();
+const encoder = new TextEncoder();
 
 /** What the module asks of a system: it gets the time, chance, and nothing else. */
 function systemFor(instance, random) {
@@ -79,11 +81,11 @@ class Instance {
     }
 
     #text(place, size) {
-        return new TextDecoder().decode(new Uint8Array(this.exports.memory.buffer, place, size));
+        return decoder.decode(new Uint8Array(this.exports.memory.buffer, place, size));
     }
 }
 
-const octetsOf = (input) => (typeof input === 'string' ? new TextEncoder().encode(input) : input);
+const octetsOf = (input) => (typeof input === 'string' ? encoder.encode(input) : input);
 
 /** A list of words for the module: each ended by a NUL. */
 const octetsOfWords = (words) => octetsOf(words.map((word) => `${word}\0`).join(''));

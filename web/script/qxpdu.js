@@ -78,7 +78,8 @@ export class Qxpdu {
     }
 
     encode(text, options) {
-        return this.#convert('encode', JSON.stringify({ ...Object.fromEntries(given(options)), text }))[0];
+        const members = given({ ...options, text });
+        return this.#convert('encode', JSON.stringify(Object.fromEntries(members)))[0];
     }
 
     count(text, options) {

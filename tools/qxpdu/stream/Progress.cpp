@@ -1,6 +1,7 @@
 #include "stream/Progress.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <fmt/format.h>
 
@@ -13,6 +14,11 @@ namespace {
 constexpr auto c_interval = std::chrono::milliseconds(200);
 constexpr double c_shortest = 1e-6; ///< seconds, so that a rate can be given
 constexpr const char* c_clear = "\r\033[K";
+
+/// Nothing else in the tool has a fraction, so none has to be formatted.
+std::uint64_t Rounded(double number) {
+    return static_cast<std::uint64_t>(std::llround(number));
+}
 
 } // namespace
 
@@ -50,12 +56,12 @@ void Progress::Finish() {
 
 void Progress::Show(double seconds) {
     seconds = std::max(seconds, c_shortest);
-    m_Err << fmt::format("qxpdu: {}, {:.0f} a second, {}", show::Counted(m_Lines, m_Unit),
-                         static_cast<double>(m_Lines) / seconds, show::Counted(m_Errors, "error"));
+    m_Err << fmt::format("qxpdu: {}, {} a second, {}", show::Counted(m_Lines, m_Unit),
+                         Rounded(static_cast<double>(m_Lines) / seconds), show::Counted(m_Errors, "error"));
     if (!m_InSize || m_Bytes == 0 || *m_InSize == 0)
         return;
     const double done = std::min(1.0, static_cast<double>(m_Bytes) / static_cast<double>(*m_InSize));
-    m_Err << fmt::format(", {:.0f} %, {:.0f} s left", 100 * done, seconds * (1 - done) / done);
+    m_Err << fmt::format(", {} %, {} s left", Rounded(100 * done), Rounded(seconds * (1 - done) / done));
 }
 
 } // namespace qxpdu
