@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -25,9 +26,16 @@ constexpr int c_hasOptions = 2;
 
 struct Table : sqlite3_vtab {};
 
+struct FreeValue {
+    void operator()(sqlite3_value* value) const { sqlite3_value_free(value); }
+};
+using OwnValue = std::unique_ptr<sqlite3_value, FreeValue>;
+
 struct Cursor : sqlite3_vtab_cursor {
     PduReader reader;
     std::vector<FieldRow> rows;
+    OwnValue pdu;     ///< as it was given, where there are rows
+    OwnValue options; ///< none where they were not given
     std::size_t row = 0;
 };
 
@@ -87,16 +95,27 @@ int Close(sqlite3_vtab_cursor* cursor) {
     return SQLITE_OK;
 }
 
+OwnValue Copied(sqlite3_value* value) {
+    OwnValue copy(sqlite3_value_dup(value));
+    if (copy == nullptr)
+        throw std::bad_alloc();
+    return copy;
+}
+
 void Fill(Cursor& cursor, int plan, sqlite3_value** arguments) {
     cursor.rows.clear();
     cursor.row = 0;
     if ((plan & c_hasPdu) == 0)
         throw Misuse("sms_fields() takes a PDU");
-    const std::optional<Question> question = QuestionIn(arguments, (plan & c_hasOptions) != 0);
-    if (!question)
+    const bool hasOptions = (plan & c_hasOptions) != 0;
+    const std::optional<Question> question = QuestionIn(arguments, hasOptions);
+    const show::Message* const message =
+        question ? cursor.reader.Read(question->given, question->options) : nullptr;
+    if (message == nullptr)
         return;
-    if (const show::Message* message = cursor.reader.Read(question->given, question->options))
-        cursor.rows = FieldRowsOf(*message);
+    cursor.pdu = Copied(arguments[0]);
+    cursor.options = hasOptions ? Copied(arguments[1]) : nullptr;
+    cursor.rows = FieldRowsOf(*message);
 }
 
 int Filter(sqlite3_vtab_cursor* cursor, int plan, const char*, int, sqlite3_value** arguments) {
@@ -132,17 +151,26 @@ Value CellOf(const FieldRow& row, int column) {
         return std::int64_t{row.octet};
     case Length:
         return std::int64_t{row.length};
-    case Mask:
-        return std::int64_t{row.mask};
     default:
-        return {}; // the arguments, which nobody asks for
+        return std::int64_t{row.mask};
     }
+}
+
+/// A statement may compare the arguments with something else as well.
+void GiveArgument(const OwnValue& value, sqlite3_context* context) {
+    if (value == nullptr)
+        sqlite3_result_null(context);
+    else
+        sqlite3_result_value(context, value.get());
 }
 
 int GiveCell(sqlite3_vtab_cursor* cursor, sqlite3_context* context, int column) {
     const Cursor& at = CursorOf(cursor);
     return Coded([&] {
-        SetResult(context, CellOf(at.rows[at.row], column));
+        if (column == GivenPdu || column == GivenOptions)
+            GiveArgument(column == GivenPdu ? at.pdu : at.options, context);
+        else
+            SetResult(context, CellOf(at.rows[at.row], column));
         return SQLITE_OK;
     });
 }

@@ -141,6 +141,11 @@ INSTANTIATE_TEST_SUITE_P(OfFields, Sqlite, testing::Values(
     Asked{"SELECT value FROM sms_fields('0019000C914477000910320000' || '62111280510300' || '02C834') WHERE name = 'TP-VP'", "2026-11-21T08:15:30+00:00"},
     // what is there of a broken one
     Asked{"SELECT name, value, octet, length FROM sms_fields('00040C91') WHERE octet > 1", "TP-OA|0C91|2|2"},
+    // the arguments are columns, too
+    Asked{"SELECT count(*) FROM sms_fields('00040C9144770009103200006211128051030002C834') WHERE _pdu = '00040C9144770009103200006211128051030002C834'", "13"},
+    Asked{"SELECT count(*) FROM sms_fields('00040C9144770009103200006211128051030002C834') WHERE _pdu = x'00' OR _options = 'smsc=yes'", "0"},
+    Asked{"SELECT DISTINCT _pdu, _options FROM sms_fields('00', 'smsc=yes')", "00|smsc=yes"},
+    Asked{"SELECT DISTINCT typeof(_pdu), _options FROM sms_fields(x'00')", "blob|NULL"},
     // unused bits on both sides of TP-UDHI, as they stand in the octet
     Asked{"SELECT value, octet, length, mask FROM sms_fields('009000', 'direction=from-mobile') WHERE name = 'unused bits'", "144|1|1|188"},
     Asked{"SELECT count(*) FROM sms_fields('no digits')", "0"},

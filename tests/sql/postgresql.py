@@ -66,6 +66,8 @@ CASES = [
     ("CREATE TABLE huge AS SELECT decode(repeat('00', 10000000), 'hex') AS pdu; SELECT sms_error(pdu), sms_join(pdu) FROM huge GROUP BY pdu; "
      "DROP TABLE huge", "over 4096 octets, which no message has|NULL"),
     ("SELECT sms_type(repeat('00', 4096)), sms_error(repeat('00', 4097))", "SMS-DELIVER|over 4096 octets, which no message has"),
+    # a group that is too long for the server
+    ("SELECT sms_join(repeat('0', 1000000)) FROM generate_series(1, 1100)", "ERROR:  array size exceeds the maximum allowed (1073741823)"),
     # a statement that is cancelled
     ("SET statement_timeout = 300; SELECT count(sms_json(repeat('0', i % 50))) FROM generate_series(1, 1000000000) AS i",
      "ERROR:  canceling statement due to statement timeout"),
