@@ -88,6 +88,17 @@ TEST(QxpduCommandLine, HelpFitsInto80Columns) {
     }
 }
 
+TEST(QxpduCommandLine, HelpHasTwoColumnsBelowItsUsage) {
+    const std::string help = Qxpdu({"help", "decode"}).out;
+    EXPECT_TRUE(help.starts_with("Show the fields and the text of SMS PDUs\n"
+                                 "\n"
+                                 "Usage: qxpdu decode [OPTIONS] [PDU...]\n"))
+        << help;
+    EXPECT_NE(help.find("\n  --no-smsc Excludes: --smsc   The same as --smsc no\n"), std::string::npos)
+        << "the longest name that leaves two blanks";
+    EXPECT_FALSE(help.ends_with("\n\n"));
+}
+
 TEST(QxpduCommandLine, HelpNamesTheValuesThatAnOptionTakes) {
     const auto helpOf = [](const char* command) {
         std::istringstream words(Qxpdu({"help", command}).out);
