@@ -29,12 +29,12 @@ std::size_t ValueOf(std::string_view digits, int base = 16) {
     return value;
 }
 
-/// An offset of four to eight digits; empty where none stands there.
+/// An offset of four to eight digits, after which no other stands in a dump; empty where none stands there.
 std::string_view OffsetAt(std::string_view line) {
     constexpr std::size_t c_fewest = 4;
     constexpr std::size_t c_most = 8;
-    const std::string_view digits = DigitsAt(line.substr(0, c_most + 1));
-    return digits.size() < c_fewest || digits.size() > c_most ? std::string_view() : digits;
+    const std::string_view digits = DigitsAt(line.substr(0, c_most));
+    return digits.size() < c_fewest ? std::string_view() : digits;
 }
 
 /// Whether these are the characters of the octets.
@@ -106,7 +106,7 @@ std::optional<DumpLine> ReadDumpLine(std::string_view line, std::size_t octets) 
     while (rest.starts_with(c_blank) && read.digits.size() < c_mostDigits) {
         rest.remove_prefix(std::min(rest.find_first_not_of(c_blank), rest.size()));
         const std::string_view group = DigitsAt(rest);
-        if (group.empty() || group.size() % c_digitsInOctet != 0)
+        if (group.size() % c_digitsInOctet != 0)
             return std::nullopt;
         read.digits += group;
         rest.remove_prefix(group.size());

@@ -27,6 +27,9 @@ TEST(Dump, LineIsKnownByTheCharactersAfterItsOctets) {
         {"00000020: 07912143 65870921  ..!Ce..!", 32, "0791214365870921"},
         {"0010  20 41 7e 7f 1f   A~..", 16, "20417e7f1f"},
         {"000a  41  A", 10, "41"},
+        {"000a  41  |A|", 10, "41"},
+        {"000a  4142    AB", 10, "4142"},
+        {"000a  7c 7c  ||", 10, "7c7c"},
     };
     for (const auto& row : rows) {
         const auto read = ReadDumpLine(row.line, c_others);
@@ -41,6 +44,11 @@ TEST(Dump, NothingElseIsTakenForALine) {
              "",
              "00000000",
              "00000000  ",
+             "00000000  x",
+             "00000000      ",
+             "00000000  07   x", // another character
+             "000000000 07  .",
+             "00000000007  .",
              "00000000  07 91 21 43",          // no characters
              "00000000  07 91 21 43  ..!",     // one is missing
              "00000000  07 91 21 43  ..!CC",   // one is left
