@@ -1,4 +1,5 @@
-// Copies memory faster than the system's library does, which goes by 32-bit words: most of what is written is short.
+// Copies memory faster than the system's library does, which goes by 32-bit words: most of what is written is
+// short.
 #include <cstddef>
 #include <cstdint>
 
