@@ -3,15 +3,32 @@
 import { strip } from './bits.js';
 import { element, reconcile, unseen } from './elements.js';
 import { bitsOf, kindOf, nameOf, shownValueOf, spaced } from './fields.js';
+import { isReadFrom } from './messages.js';
 import { setStop, walk } from './walking.js';
 import { words } from './words.js';
 
+const LONGEST_NOTE = 60; // characters of a value, all of which stand below the map
+
+function shortened(value) {
+    const characters = [...String(value ?? words.differences.nothing)];
+    return characters.length > LONGEST_NOTE ? `${characters.slice(0, LONGEST_NOTE).join('')} …` : characters.join('');
+}
+
+/** What libQX_Encoding makes of a field, said at its first row. */
+function hostNotesOf(row, index, rows, host) {
+    if (rows[index - 1]?.field === row.field) return [];
+    return Object.entries(host)
+        .filter(([member]) => isReadFrom(member, row.field))
+        .map(([member, value]) => ({ text: words.map.host(member, shortened(value)), look: 'note host' }));
+}
+
 /** What is said below a row. */
-function notesOf(row, { remarks = [], fault, error }) {
+function notesOf(row, index, rows, { remarks = [], fault, error, libQX_Encoding: host = {} }) {
     const isHere = ({ octet }) => octet >= row.offset && octet < row.offset + row.length;
     return [
         ...remarks.filter(isHere).map(({ meaning }) => ({ text: meaning, look: 'note' })),
         ...(fault && isHere(fault) ? [{ text: error, look: 'note fault' }] : []),
+        ...hostNotesOf(row, index, rows, host),
     ];
 }
 
@@ -38,7 +55,7 @@ export class FieldTable {
     }
 
     show(rows, object) {
-        const items = rows.map((row, index) => ({ row, index, notes: notesOf(row, object) }));
+        const items = rows.map((row, index) => ({ row, index, notes: notesOf(row, index, rows, object) }));
         const headings = 1;
         reconcile(this.element, items, JSON.stringify, (item) => this.#group(item), headings);
     }

@@ -1,16 +1,14 @@
 // The JSON of what is shown, to read and to copy.
 
 import { copyButton } from './copying.js';
-import { element, say } from './elements.js';
+import { element, reconcile, say } from './elements.js';
 import { words } from './words.js';
 
 export class JsonView {
     #objects = {};
-    #chosen = 'decoded';
+    #chosen;
     #code = element('pre', { tabindex: '0', 'aria-label': words.json.heading });
-    #choices = ['decoded', 'inspected'].map((name) =>
-        element('button', { type: 'button', value: name, onclick: () => this.#choose(name) }, words.json[name]),
-    );
+    #choices = element('div', { class: 'tabs', role: 'group', 'aria-label': words.json.heading });
 
     constructor() {
         this.element = element(
@@ -20,17 +18,19 @@ export class JsonView {
             element(
                 'div',
                 { class: 'bar' },
-                element('div', { class: 'tabs', role: 'group', 'aria-label': words.json.heading }, this.#choices),
+                this.#choices,
                 copyButton(words.json.copy, () => this.#text),
             ),
             this.#code,
         );
-        this.#choose(this.#chosen);
     }
 
-    /** { decoded, inspected }; it is written out only where it is seen. */
+    /** Objects by the names of their words; the first is chosen. They are written out only where they are seen. */
     show(objects) {
         this.#objects = objects;
+        const names = Object.keys(objects);
+        reconcile(this.#choices, names, String, (name) => this.#choice(name));
+        if (!names.includes(this.#chosen)) this.#choose(names[0]);
         this.element.hidden = false;
         this.#draw();
     }
@@ -39,9 +39,15 @@ export class JsonView {
         return JSON.stringify(this.#objects[this.#chosen], null, 2) ?? '';
     }
 
+    #choice(name) {
+        const onclick = () => this.#choose(name);
+        return element('button', { type: 'button', 'aria-pressed': 'false', onclick }, words.json.names[name]);
+    }
+
     #choose(name) {
         this.#chosen = name;
-        for (const choice of this.#choices) choice.setAttribute('aria-pressed', String(choice.value === name));
+        for (const choice of this.#choices.children)
+            choice.setAttribute('aria-pressed', String(choice.textContent === words.json.names[name]));
         this.#draw();
     }
 

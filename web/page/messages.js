@@ -117,41 +117,51 @@ export function inspectionOf(object, { kind, options }) {
     return { smsc: object.sc_address ? 'yes' : 'no', direction: object.direction };
 }
 
+const PARTY = ['TP-OA', 'TP-DA', 'TP-RA'];
+const typeOf = (address) => address?.type_of_number?.meaning;
+const planOf = (address) => address?.numbering_plan?.meaning;
+
+/** Members of libQX_Encoding's records: the fields that they are read from, and what the standard says of these. */
 const MEMBERS = {
-    m_Smsc: (of) => of.sc_address?.number,
-    m_Originator: (of) => of.tp_oa?.number,
-    m_Recipient: (of) => (of.tp_da ?? of.tp_ra)?.number,
-    m_SmscNpi: (of) => of.sc_address?.numbering_plan?.meaning,
-    m_SmscTon: (of) => of.sc_address?.type_of_number?.meaning,
-    m_NumberNpi: (of) => partyOf({ parts: [of] })?.numbering_plan?.meaning,
-    m_NumberTon: (of) => partyOf({ parts: [of] })?.type_of_number?.meaning,
-    m_SmsType: (of) => of.type,
-    m_ReplyPath: (of) => of.tp_rp?.meaning,
-    m_HasUserDataHeader: (of) => of.tp_udhi?.meaning,
-    m_StatusReport: (of) => of.tp_srr?.meaning,
-    m_ValidityFormat: (of) => of.tp_vpf?.meaning,
-    m_RejectDuplicates: (of) => of.tp_rd?.meaning,
-    m_MessageReference: (of) => of.tp_mr?.raw,
-    m_ProtocolId: (of) => of.tp_pid?.raw,
-    m_DataCoding: (of) => of.tp_dcs?.raw,
-    m_ValidityPeriod: (of) => of.tp_vp?.meaning,
-    m_ValidityTime: (of) => of.tp_vp?.time,
-    m_DischargeTime: (of) => of.tp_dt?.time,
-    m_ServiceCentreTime: (of) => of.tp_scts?.time,
-    m_UserDataLength: (of) => of.tp_udl?.raw,
-    m_Status: (of) => of.tp_st?.meaning,
-    m_CodingGroup: (of) => of.tp_dcs?.meaning,
-    m_Class: (of) => of.tp_dcs?.class,
-    m_Alphabet: (of) => of.tp_dcs?.alphabet,
-    m_Text: (of) => of.text ?? of.data,
-    m_ConcatReference: (of) => of.concatenation?.reference,
-    m_ConcatTotal: (of) => of.concatenation?.total,
-    m_ConcatSequence: (of) => of.concatenation?.part,
-    m_SerialNumber: (of) => of.serial_number?.raw,
-    m_MessageIdentifier: (of) => of.message_identifier?.raw,
-    m_DataCodingScheme: (of) => of.data_coding_scheme?.raw,
-    m_PageParameter: (of) => of.page_parameter?.raw,
+    m_Smsc: [['service centre'], (of) => of.sc_address?.number],
+    m_Originator: [PARTY, (of) => of.tp_oa?.number],
+    m_Recipient: [PARTY, (of) => (of.tp_da ?? of.tp_ra)?.number],
+    m_SmscNpi: [['service centre'], (of) => planOf(of.sc_address)],
+    m_SmscTon: [['service centre'], (of) => typeOf(of.sc_address)],
+    m_NumberNpi: [PARTY, (of) => planOf(partyOf({ parts: [of] }))],
+    m_NumberTon: [PARTY, (of) => typeOf(partyOf({ parts: [of] }))],
+    m_SmsType: [['first octet'], (of) => of.type],
+    m_ReplyPath: [['first octet'], (of) => of.tp_rp?.meaning],
+    m_HasUserDataHeader: [['first octet'], (of) => of.tp_udhi?.meaning],
+    m_StatusReport: [['first octet'], (of) => of.tp_srr?.meaning],
+    m_ValidityFormat: [['first octet'], (of) => of.tp_vpf?.meaning],
+    m_RejectDuplicates: [['first octet'], (of) => of.tp_rd?.meaning],
+    m_MessageReference: [['TP-MR'], (of) => of.tp_mr?.raw],
+    m_ProtocolId: [['TP-PID'], (of) => of.tp_pid?.raw],
+    m_DataCoding: [['TP-DCS'], (of) => of.tp_dcs?.raw],
+    m_ValidityPeriod: [['TP-VP'], (of) => of.tp_vp?.meaning],
+    m_ValidityTime: [['TP-VP'], (of) => of.tp_vp?.time],
+    m_DischargeTime: [['TP-DT'], (of) => of.tp_dt?.time],
+    m_ServiceCentreTime: [['TP-SCTS'], (of) => of.tp_scts?.time],
+    m_UserDataLength: [['TP-UDL'], (of) => of.tp_udl?.raw],
+    m_Status: [['TP-ST'], (of) => of.tp_st?.meaning],
+    m_CodingGroup: [['TP-DCS'], (of) => of.tp_dcs?.meaning],
+    m_Class: [['TP-DCS'], (of) => of.tp_dcs?.class],
+    m_Alphabet: [['TP-DCS'], (of) => of.tp_dcs?.alphabet],
+    m_Text: [['TP-UD', 'content'], (of) => of.text ?? of.data],
+    m_ConcatReference: [['TP-UDH'], (of) => of.concatenation?.reference],
+    m_ConcatTotal: [['TP-UDH'], (of) => of.concatenation?.total],
+    m_ConcatSequence: [['TP-UDH'], (of) => of.concatenation?.part],
+    m_SerialNumber: [['serial number'], (of) => of.serial_number?.raw],
+    m_MessageIdentifier: [['message identifier'], (of) => of.message_identifier?.raw],
+    m_DataCodingScheme: [['data coding scheme'], (of) => of.data_coding_scheme?.raw],
+    m_PageParameter: [['page parameter'], (of) => of.page_parameter?.raw],
 };
+
+/** Whether the member is read from the field. */
+export function isReadFrom(member, field) {
+    return MEMBERS[member]?.[0].includes(field) ?? false;
+}
 
 /** What libQX_Encoding makes of an object where that differs: { name, standard, host }; "" is nothing. */
 export function differencesOf(object) {
@@ -160,7 +170,7 @@ export function differencesOf(object) {
         standard:
             name === 'rejected' || name === 'result'
                 ? (object.error ?? object.type ?? '')
-                : (MEMBERS[name]?.(object) ?? ''),
+                : (MEMBERS[name]?.[1](object) ?? ''),
         host: host ?? '',
     }));
 }

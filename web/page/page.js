@@ -83,12 +83,16 @@ class Page {
             const whole = withoutHalfOctet(text);
             this.#how = { kind: kind === 'auto' ? likeliestKind(whole, this.#engine) : kind, options };
             if (this.#how.kind === 'text') this.#count(text);
-            else if (text.length > AT_ONCE) this.#decodeSlices(text, run);
+            else if (text.length > AT_ONCE) this.#decodeSlices(text, run).catch((error) => this.#stumbled(error));
             else this.#decode(whole);
         } catch (error) {
-            this.#hide(this.#panels);
-            this.#input.say(words.status.stumbled(error.message), true);
+            this.#stumbled(error);
         }
+    }
+
+    #stumbled(error) {
+        this.#hide(this.#panels);
+        this.#input.say(words.status.stumbled(error.message), true);
     }
 
     #refused() {
@@ -194,7 +198,7 @@ class Page {
         this.#counter.show(counted.text ?? text, counted, options);
         this.#sending.show(encoded);
         this.#map.element.hidden = !encoded.pdus?.length;
-        this.#json.show({ decoded: counted, inspected: encoded });
+        this.#json.show({ counted, encoded });
         this.#differences.show(this.#differencesOf(text, counted, counting));
         this.#wantNames();
     }

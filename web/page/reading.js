@@ -42,13 +42,17 @@ export function* readInSlices(text, engine, { kind, options }) {
     const reader = engine.reader({ cell: kind === 'cell', ...options, ...JOINED });
     const lines = text.split('\n');
     let done = 0;
-    for (const slice of slicesOf(text)) {
-        const { objects, passedOver } = withoutTalk(reader.take(slice), lines, engine);
-        done += slice.length;
-        yield { messages: inbox.take(objects), passedOver, done };
+    try {
+        for (const slice of slicesOf(text)) {
+            const { objects, passedOver } = withoutTalk(reader.take(slice), lines, engine);
+            done += slice.length;
+            yield { messages: inbox.take(objects), passedOver, done };
+        }
+        const { objects, passedOver } = withoutTalk(reader.finish(), lines, engine);
+        yield { messages: [...inbox.take(objects), ...inbox.finish()], passedOver, done };
+    } finally {
+        reader.close(); // who no longer wants the rest leaves in the middle
     }
-    const { objects, passedOver } = withoutTalk(reader.finish(), lines, engine);
-    yield { messages: [...inbox.take(objects), ...inbox.finish()], passedOver, done };
 }
 
 /** The octets of inputs that failed, by their lines: the objects of these do not tell them, their octet maps do. */

@@ -116,6 +116,7 @@ export const words = {
         octet: (offset, digits, field) => `octet ${offset}, ${digits}, ${field}`,
         range: (from, to) => (from === to ? `octet ${from}` : `octets ${from} to ${to}`),
         remarked: 'remark',
+        host: (name, value) => `by libQX_Encoding ${name}: ${value}`,
         missing: (octets) => count(octets, 'octet missing', 'octets missing'),
         bits: (pattern) => `bits ${pattern}`,
         copy: 'Copy octets',
@@ -149,8 +150,7 @@ export const words = {
     },
     json: {
         heading: 'JSON',
-        decoded: 'Message',
-        inspected: 'Octet map',
+        names: { decoded: 'Message', inspected: 'Octet map', counted: 'Count', encoded: 'PDUs' },
         copy: 'Copy JSON',
     },
 

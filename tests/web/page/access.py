@@ -17,7 +17,8 @@ class Access(PageTest):
         found = self.browser.run_async("""
             const done = arguments[0];
             axe.run({ resultTypes: ['violations'] }).then(
-                ({ violations, passes }) => done([passes.length, violations.map(({ id, nodes }) => `${id}: ${nodes.map(({ html }) => html.slice(0, 120)).slice(0, 3).join(' ')}`)]),
+                ({ violations, passes }) => done([passes.length,
+                    violations.map(({ id, nodes }) => `${id}: ${nodes.map(({ html }) => html).join(' ').slice(0, 400)}`)]),
                 (error) => done([0, [String(error)]]))""")
         self.assertGreater(found[0], 10, found[1])
         return found[1]
@@ -45,7 +46,8 @@ class AccessByNight(Access):
         self.assertGreater(self.lightness("color"), 200)
 
     def lightness(self, property_name):
-        colour = self.browser.run("return getComputedStyle(document.documentElement).getPropertyValue(arguments[0])", property_name)
+        colour = self.browser.run("return getComputedStyle(document.documentElement).getPropertyValue(arguments[0])",
+                                  property_name)
         return sum(int(part) for part in colour[colour.index("(") + 1:-1].split(",")[:3]) / 3
 
 

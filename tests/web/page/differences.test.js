@@ -11,9 +11,14 @@ test('of two counts that is told which differs', () => {
         { name: 'Size', standard: '9 septets', host: '9 UCS2 units' },
         { name: 'Still fits', standard: 151, host: 61 },
     ]);
-    assert.deepEqual(differencesOfCounts({ parts: 2 }, { parts: 3, cuts: [{ after_part: 1, code_point: 'U+1F600' }] }), [
-        { name: 'Messages', standard: 2, host: 3 },
-        { name: 'Cut in two', standard: '', host: 'U+1F600 after part 1' },
+    assert.deepEqual(
+        differencesOfCounts({ parts: 2 }, { parts: 3, cuts: [{ after_part: 1, code_point: 'U+1F600' }] }),
+        [
+            { name: 'Messages', standard: 2, host: 3 },
+            { name: 'Cut in two', standard: '', host: 'U+1F600 after part 1' },
+        ],
+    );
+    assert.deepEqual(differencesOfCounts({ error: 'too long' }, {}), [
+        { name: 'Fault', standard: 'too long', host: '' },
     ]);
-    assert.deepEqual(differencesOfCounts({ error: 'too long' }, {}), [{ name: 'Fault', standard: 'too long', host: '' }]);
 });

@@ -3,7 +3,10 @@ import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { bitsOf, kindOf, nameOf, rowAt, shownValueOf, spaced, valueOf } from '../../../web/page/fields.js';
 
-const bits = [{ bits: '1... ....', name: 'extension' }, { bits: '.001 0001', name: 'rest' }];
+const bits = [
+    { bits: '1... ....', name: 'extension' },
+    { bits: '.001 0001', name: 'rest' },
+];
 
 test('a value is written as what it is', () => {
     assert.equal(valueOf({ value: 145, length: 1, bits }), '0x91');
@@ -31,8 +34,14 @@ test('a field has its name and its colour', () => {
 });
 
 test('an octet is found in its row', () => {
-    const map = [{ offset: 0, length: 2 }, { offset: 2, length: 1 }];
-    assert.deepEqual([0, 1, 2, 3].map((octet) => rowAt(map, octet)), [0, 0, 1, -1]);
+    const map = [
+        { offset: 0, length: 2 },
+        { offset: 2, length: 1 },
+    ];
+    assert.deepEqual(
+        [0, 1, 2, 3].map((octet) => rowAt(map, octet)),
+        [0, 0, 1, -1],
+    );
     assert.equal(spaced('0791'), '07 91');
 });
 

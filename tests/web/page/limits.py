@@ -58,7 +58,8 @@ class Limits(PageTest):
         print(f"a mebibyte of log, {number} messages: the page never slept longer than {longest:.0f} ms")
         self.assertLess(longest, 500)
         self.assertIn("Reading, 50 %", percents)
-        self.assertEqual(self.browser.text(".holding"), f"Pasted log {2 * number + 1:,} lines, {-(-len(log) // 1024):,} KiB")
+        size = f"{2 * number + 1:,} lines, {-(-len(log) // 1024):,} KiB"
+        self.assertEqual(self.browser.text(".holding"), f"Pasted log {size}")
         self.assertEqual(len(self.browser.all(".messages li")), 100)
         self.browser.press(f"{number - 100:,} more messages")
         self.assertEqual(len(self.browser.all(".messages li")), 200)
@@ -102,7 +103,8 @@ class Limits(PageTest):
 class NothingGetsOut(PageTest):
     def test_the_policy_forbids_all_ways(self):
         policy = self.browser.one("meta[http-equiv]").get_attribute("content")
-        for rule in ("default-src 'none'", "connect-src 'none'", "base-uri 'none'", "form-action 'none'", "'wasm-unsafe-eval'"):
+        for rule in ("default-src 'none'", "connect-src 'none'", "base-uri 'none'", "form-action 'none'",
+                     "'wasm-unsafe-eval'"):
             self.assertIn(rule, policy)
         for rule in ("'unsafe-inline'", "'unsafe-eval'", "*", "http"):
             self.assertNotIn(rule, policy)

@@ -54,8 +54,9 @@ class Octets(PageTest):
         self.assertEqual(self.lit(), ("91", ["service centre type"]))
         ActionChains(self.browser.driver).send_keys(Keys.END).perform()
         self.assertEqual(self.lit(), ("C8 32 9B FD 06", ["TP-UD"]))
-        self.assertEqual(self.browser.run("return document.activeElement.getAttribute('aria-label')"), "octet 31, 06, TP-UD")
-        self.assertEqual(self.browser.run("return document.activeElement.getAttribute('aria-selected')"), "true")
+        focused = self.browser.driver.switch_to.active_element
+        self.assertEqual(focused.get_attribute("aria-label"), "octet 31, 06, TP-UD")
+        self.assertEqual(focused.get_attribute("aria-selected"), "true")
 
     def test_the_keyboard_walks_over_fields_and_lights_both(self):
         self.browser.run("document.querySelector('.fields button[tabindex=\"0\"]').focus()")
@@ -74,7 +75,8 @@ class Octets(PageTest):
         self.assertIn(".... .1..\nTP-MMS\nno more messages are waiting", self.browser.text(".lens .parts"))
         self.browser.all(".octet")[27].click()  # C8 32 9B FD 06, five septets
         self.assertEqual("".join(self.browser.texts(".lens .bit")), "1100100000110010100110111111110100000110")
-        looks = self.browser.run("return [...document.querySelectorAll('.lens .bit')].map((bit) => bit.classList.contains('odd') ? 1 : 0).join('')")
+        looks = self.browser.run("""
+            return [...document.querySelectorAll('.lens .bit')].map((bit) => Number(bit.matches('.odd'))).join('')""")
         # From the lowest bit of each octet up, seven bits each: H, e, l, l, o, and five bits that fill up.
         self.assertEqual(looks, "10000000" "00111111" "11100000" "00001111" "11111000")
 

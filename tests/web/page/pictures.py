@@ -28,7 +28,7 @@ def main():
                 browser.run("document.querySelectorAll('.octet')[arguments[0]].focus({ preventScroll: true })", octet)
             browser.run("document.activeElement.blur()")
             browser.command("Input.dispatchMouseEvent", type="mouseMoved", x=2, y=2)
-            browser.run("document.querySelector(arguments[0]).scrollIntoView(); scrollBy(0, -12)" if top else "scrollTo(0, 0)", top)
+            browser.run("document.querySelector(arguments[0] ?? 'body').scrollIntoView(); scrollBy(0, -12)", top)
             browser.run_async("setTimeout(arguments[0], 300)")
             picture = browser.command("Page.captureScreenshot", format="png")
             small = subprocess.run(["pngquant", "--strip", "--speed", "1", "-"], check=True, stdout=subprocess.PIPE,

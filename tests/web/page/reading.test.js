@@ -34,14 +34,21 @@ test('slices are read one after the other, and what waits comes in the end', () 
     const engine = {
         reader: (options) => {
             assert.deepEqual(options, { cell: false, join: true, each: true });
-            return { take: (slice) => (taken.push(slice), [part]), finish: () => [{ line: 3 }] };
+            return {
+                take: (slice) => (taken.push(slice), [part]),
+                finish: () => [{ line: 3 }],
+                close: () => taken.push('closed'),
+            };
         },
     };
-    assert.deepEqual([...readInSlices('a\n', engine, { kind: 'pdu', options: {} })], [
-        { messages: [], passedOver: 0, done: 2 },
-        { messages: [{ parts: [{ line: 3 }] }, { parts: [part] }], passedOver: 0, done: 2 },
-    ]);
-    assert.deepEqual(taken, ['a\n']);
+    assert.deepEqual(
+        [...readInSlices('a\n', engine, { kind: 'pdu', options: {} })],
+        [
+            { messages: [], passedOver: 0, done: 2 },
+            { messages: [{ parts: [{ line: 3 }] }, { parts: [part] }], passedOver: 0, done: 2 },
+        ],
+    );
+    assert.deepEqual(taken, ['a\n', 'closed']);
 });
 
 test('what failed finds its octets by its line', () => {
@@ -57,13 +64,26 @@ test('lines that nobody meant as PDUs are passed over, faults are not', () => {
     const engine = {
         decode: () => [talk, odd, cut],
         isText: (line) => line !== '079',
-        reader: () => ({ take: () => [talk, cut], finish: () => [odd] }),
+        reader: () => ({ take: () => [talk, cut], finish: () => [odd], close: () => {} }),
     };
     const how = { kind: 'pdu', options: {} };
     const messages = [{ parts: [odd] }, { parts: [cut] }];
     assert.deepEqual(readAtOnce('hello\n079\nno', engine, how), { messages, passedOver: 1 });
-    assert.deepEqual([...readInSlices('hello\n079\nno', engine, how)], [
-        { messages: [{ parts: [cut] }], passedOver: 1, done: 12 },
-        { messages: [{ parts: [odd] }], passedOver: 0, done: 12 },
-    ]);
+    assert.deepEqual(
+        [...readInSlices('hello\n079\nno', engine, how)],
+        [
+            { messages: [{ parts: [cut] }], passedOver: 1, done: 12 },
+            { messages: [{ parts: [odd] }], passedOver: 0, done: 12 },
+        ],
+    );
+});
+
+test('who leaves in the middle closes the reader', () => {
+    let isClosed = false;
+    const engine = { reader: () => ({ take: () => [], finish: () => [], close: () => (isClosed = true) }) };
+    for (const { done } of readInSlices('a', engine, { kind: 'pdu', options: {} })) {
+        assert.equal(done, 1);
+        break;
+    }
+    assert.ok(isClosed);
 });

@@ -10,7 +10,8 @@ class Counter(PageTest):
     def test_alphabet_size_and_room_are_told(self):
         self.browser.put("hello")
         self.assertEqual(self.browser.text(".sum .parts"), "1 message")
-        self.assertEqual(self.browser.texts(".how span"), ["GSM 7-bit", "5 septets", "155 more fit", "5 octets of user data"])
+        self.assertEqual(self.browser.texts(".how span"),
+                         ["GSM 7-bit", "5 septets", "155 more fit", "5 octets of user data"])
 
     def test_short_words_of_hexadecimal_letters_are_texts(self):
         for word in ("Bad", "face", "deaf dad"):

@@ -175,6 +175,9 @@ class Readings(PageTest):
         self.browser.choose("centre", "none")
         self.assertEqual(self.browser.texts(".differences th")[:3], ["Member", "by the standard", "by libQX_Encoding"])
         self.assertEqual(self.browser.texts(".differences tbody tr > *"), ["m_Text", "Hello w", "Hello w@@@"])
+        self.assertEqual(self.browser.texts(".fields .note.host"), ["by libQX_Encoding m_Text: Hello w@@@"])
+        self.assertEqual(self.browser.run("""
+            return document.querySelector('.note.host').closest('tbody').querySelector('.offset').textContent"""), "15")
 
     def test_a_text_that_libqx_encoding_sends_differently_has_both_too(self):
         self.browser.put("Çok güzel")
@@ -196,6 +199,10 @@ class Readings(PageTest):
         self.assertIn('"tp_mti": {\n    "raw": 0,\n    "meaning": "SMS-DELIVER"\n  }', self.browser.clipboard())
         self.browser.press("Octet map")
         self.assertIn('"map": [', self.browser.text(".json pre"))
+        self.browser.put("hello")
+        self.assertIn('"septets": 5', self.browser.text(".json pre"))
+        self.browser.press("PDUs")
+        self.assertIn('"tpdu_length": ', self.browser.text(".json pre"))
 
 
 class Addresses(PageTest):

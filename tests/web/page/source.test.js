@@ -29,13 +29,17 @@ test('a page is taken for one where it makes less odd sense than as a PDU, and s
 
 test('a fault weighs more than remarks', () => {
     assert.equal(likeliestKind('00', engineOf([FAULT], [page('assigned', [1, 2, 3, 4, 5, 6, 7, 8, 9])])), 'cell');
-    assert.equal(likeliestKind('00', engineOf([{ remarks: [1, 2, 3] }], [{ ...page('assigned'), error: 'cut' }])), 'pdu');
+    assert.equal(
+        likeliestKind('00', engineOf([{ remarks: [1, 2, 3] }], [{ ...page('assigned'), error: 'cut' }])),
+        'pdu',
+    );
 });
 
 test('short words of the letters a to f are a text', () => {
     for (const words of ['face', 'Bad', 'deaf dad', 'effaced'])
         assert.equal(likeliestKind(words, engineOf([FAULT])), 'text', words);
-    for (const digits of ['facade12', 'deadbeef', '12']) assert.equal(likeliestKind(digits, engineOf([FAULT])), 'pdu', digits);
+    for (const digits of ['facade12', 'deadbeef', '12'])
+        assert.equal(likeliestKind(digits, engineOf([FAULT])), 'pdu', digits);
 });
 
 test('what cannot be read is a text where a line is not meant to be a PDU', () => {
