@@ -7,7 +7,7 @@ from selenium.webdriver.common.keys import Keys
 from browser import ROOT, PageTest
 from showing import CUT
 
-AXE = ROOT / "build/web/node_modules/axe-core/axe.min.js"
+AXE = ROOT / "build/axe/node_modules/axe-core/axe.min.js"
 
 
 class Access(PageTest):
