@@ -199,6 +199,9 @@ TEST(Pasted, OctetsThatAreNoRecordStay) {
         EXPECT_EQ(Read(digits).octets, tests::Octets(digits)) << digits;
     }
     EXPECT_EQ(Read("").octets.size(), 0U);
+    EXPECT_TRUE(Read("").hasServiceCentre) << "it would come first";
+    EXPECT_TRUE(Read("07").hasServiceCentre) << "its length at least";
+    EXPECT_FALSE(Read(c_hello).hasServiceCentre);
 }
 
 } // namespace
