@@ -34,9 +34,12 @@ Batch ReadBatch(InputReader& reader, std::size_t mostInputs, WhenDry whenDry) {
     const std::uint64_t lines = reader.Lines();
     const std::uint64_t bytes = reader.Bytes();
     std::vector<Input> inputs;
-    for (Input input; inputs.size() < mostInputs && reader.Bytes() - bytes < c_batchBytes &&
-                      reader.Next(input, inputs.empty() ? whenDry : std::max(whenDry, WhenDry::Return));)
+    while (inputs.size() < mostInputs && reader.Bytes() - bytes < c_batchBytes) {
+        Input input;
+        if (!reader.Next(input, inputs.empty() ? whenDry : std::max(whenDry, WhenDry::Return)))
+            break;
         inputs.push_back(std::move(input));
+    }
     return {std::move(inputs), reader.Lines() - lines, reader.Bytes() - bytes, reader.IsReady()};
 }
 
