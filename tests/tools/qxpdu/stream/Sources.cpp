@@ -58,6 +58,20 @@ TEST(Sources, ArgumentsAreCountedAmongLines) {
     EXPECT_EQ(arguments->StreamsOpened(), 0U);
 }
 
+TEST(Sources, StandardInputIsReadForADashWhereFilesAreGiven) {
+    std::istringstream in("a\n");
+    Input input;
+    const Texts nothing = {"/dev/null"};
+    Inputs files({c_none, nothing, in}, Inputs::Cut::Lines);
+    EXPECT_FALSE(files.Next(input));
+    const Texts dash = {"-"};
+    Inputs standard({c_none, dash, in}, Inputs::Cut::Lines);
+    EXPECT_TRUE(standard.Next(input));
+    EXPECT_EQ(input.text, "a");
+    EXPECT_FALSE(standard.Next(input));
+    EXPECT_EQ(standard.StreamsOpened(), 1U);
+}
+
 TEST(Sources, WholeStreamIsOneInput) {
     EXPECT_EQ(Source("a\nb\n\n", Inputs::Cut::Whole).Rest(), Texts{"standard input: a\nb\n"});
     EXPECT_EQ(Source("a", Inputs::Cut::Whole).Rest(), Texts{"standard input: a"});
