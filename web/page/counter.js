@@ -52,6 +52,40 @@ function tablesOf(counted) {
     return [...new Set([counted.locking_shift, counted.single_shift].filter(Boolean))];
 }
 
+/** "’ → '" */
+function pairsOf(replacements) {
+    return replacements.map((entry) => words.count.pair(characterOf(entry), entry.by));
+}
+
+function nearChoice(counted, options) {
+    const { replace: what } = words.count;
+    if (options.replace && counted.replacements)
+        return [{ what, pairs: pairsOf(counted.replacements), isUsed: true, change: { replace: false } }];
+    if (!counted.replaced) return [];
+    const { replacements, parts, user_data_octets: octets } = counted.replaced;
+    const saves = words.count.saves(counted.parts - parts, counted.user_data_octets - octets);
+    return [{ what, pairs: pairsOf(replacements), saves, isUsed: false, change: { replace: true } }];
+}
+
+function languageChoice({ languages, replace, parts_saved: parts, octets_saved: octets }, options) {
+    const isUsed = languages.every((language) => options.languages.includes(language));
+    const names = languages.map((language) => words.send.names[language]);
+    return {
+        what: words.count.language(names) + (replace ? words.count.withReplace : ''),
+        saves: words.count.saves(parts, octets),
+        isUsed,
+        change: isUsed
+            ? { languages: options.languages.filter((language) => !languages.includes(language)) }
+            : { languages, replace: replace || options.replace },
+    };
+}
+
+/** What would be cheaper, or is: { what, pairs, saves, isUsed, change }, the change being that of the options. */
+export function cheaperChoices(counted, options) {
+    const ofLanguages = (counted.with_languages ?? []).map((choice) => languageChoice(choice, options));
+    return [...nearChoice(counted, options), ...ofLanguages];
+}
+
 export class Counter {
     #onChange;
 
@@ -123,42 +157,7 @@ export class Counter {
     }
 
     #cheaper(counted, options) {
-        const choices = [];
-        const saved = (to) =>
-            words.count.saves((counted.parts ?? 0) - to.parts, (counted.user_data_octets ?? 0) - to.user_data_octets);
-        const near = (entries) => entries.map((entry) => [characterOf(entry), entry.by]);
-        if (counted.replaced)
-            choices.push({
-                what: words.count.replace(near(counted.replaced.replacements)),
-                saves: saved(counted.replaced),
-                use: { replace: true },
-            });
-        if (options.replace && counted.replacements)
-            choices.push({
-                what: words.count.replace(near(counted.replacements)),
-                saves: words.count.used,
-                drop: { replace: false },
-            });
-        for (const choice of counted.with_languages ?? []) {
-            const isUsed = choice.languages.every((language) => options.languages.includes(language));
-            const names = choice.languages.map((language) => words.send.names[language]);
-            const what = words.count.language(names) + (choice.replace ? words.count.withReplace : '');
-            choices.push(
-                isUsed
-                    ? {
-                          what,
-                          saves: words.count.used,
-                          drop: {
-                              languages: options.languages.filter((language) => !choice.languages.includes(language)),
-                          },
-                      }
-                    : {
-                          what,
-                          saves: words.count.saves(choice.parts_saved, choice.octets_saved),
-                          use: { languages: choice.languages, replace: choice.replace || options.replace },
-                      },
-            );
-        }
+        const choices = cheaperChoices(counted, options);
         if (!choices.length) return null;
         return element(
             'div',
@@ -167,25 +166,21 @@ export class Counter {
             element(
                 'ul',
                 {},
-                choices.map(({ what, saves, use, drop }) =>
-                    element(
-                        'li',
-                        {},
-                        element('span', { class: 'what' }, what),
-                        element('span', { class: 'saves' }, saves),
-                        element(
-                            'button',
-                            {
-                                type: 'button',
-                                class: 'quiet',
-                                'aria-label': `${use ? words.count.use : words.count.drop}: ${what}`,
-                                onclick: () => this.#onChange(use ?? drop),
-                            },
-                            use ? words.count.use : words.count.drop,
-                        ),
-                    ),
-                ),
+                choices.map((choice) => this.#choice(choice)),
             ),
+        );
+    }
+
+    #choice({ what, pairs = [], saves, isUsed, change }) {
+        const label = isUsed ? words.count.drop : words.count.use;
+        const onclick = () => this.#onChange(change);
+        return element(
+            'li',
+            {},
+            element('span', { class: 'what' }, what),
+            pairs.map((pair) => element('span', { class: 'tag pair' }, pair)),
+            element('span', { class: 'saves' }, isUsed ? words.count.used : saves),
+            element('button', { type: 'button', class: 'quiet', 'aria-label': `${label}: ${what}`, onclick }, label),
         );
     }
 

@@ -182,8 +182,8 @@ export const words = {
             ]
                 .filter(Boolean)
                 .join(', '),
-        replace: (pairs) =>
-            `Near characters: ${pairs.map(([one, other]) => `${one} → ${other || 'nothing'}`).join(' · ')}`,
+        replace: 'Near characters',
+        pair: (one, other) => `${one} → ${other || 'nothing'}`,
         language: (languages) => `Tables of ${languages.join(' and ')}`,
         withReplace: ' with near characters',
         use: 'Use',

@@ -1,7 +1,7 @@
 // What is drawn of a counted text.
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { fillings, markedPieces } from '../../../web/page/counter.js';
+import { cheaperChoices, fillings, markedPieces } from '../../../web/page/counter.js';
 
 const at = (...positions) => [{ positions }];
 
@@ -31,4 +31,36 @@ test('all parts but the last are full', () => {
     assert.deepEqual(fillings({ septets: 40, parts: 1, room: 120 }), [0.25]);
     assert.deepEqual(fillings({ characters: 0, parts: 1, room: 70 }), [0]);
     assert.deepEqual(fillings({ septets: 204, parts: 2, room: 102 }), [1, 1 - 102 / 153]);
+});
+
+const replacements = [
+    { code_point: 'U+2019', by: "'" },
+    { code_point: 'U+0065 U+0301', by: '' },
+];
+
+test('near characters are cheaper, or in use', () => {
+    const counted = { parts: 2, user_data_octets: 200, replaced: { parts: 1, user_data_octets: 120, replacements } };
+    const what = 'Near characters';
+    const pairs = ["’ → '", 'e\u0301 → nothing'];
+    assert.deepEqual(cheaperChoices(counted, { languages: [] }), [
+        { what, pairs, saves: '1 message less, 80 octets less', isUsed: false, change: { replace: true } },
+    ]);
+    assert.deepEqual(cheaperChoices({ replacements }, { replace: true, languages: [] }), [
+        { what, pairs, isUsed: true, change: { replace: false } },
+    ]);
+    assert.deepEqual(cheaperChoices({ parts: 1 }, { replace: true, languages: [] }), []);
+});
+
+test('languages are cheaper, or in use', () => {
+    const turkish = { languages: ['tr'], parts_saved: 0, octets_saved: 21 };
+    const both = { languages: ['tr', 'pt'], replace: true, parts_saved: 1, octets_saved: 40 };
+    assert.deepEqual(cheaperChoices({ with_languages: [both, turkish] }, { replace: false, languages: ['tr', 'es'] }), [
+        {
+            what: 'Tables of Turkish and Portuguese with near characters',
+            saves: '1 message less, 40 octets less',
+            isUsed: false,
+            change: { languages: ['tr', 'pt'], replace: true },
+        },
+        { what: 'Tables of Turkish', saves: '21 octets less', isUsed: true, change: { languages: ['es'] } },
+    ]);
 });
