@@ -288,6 +288,13 @@ TEST(LogReader, WrappedPduOfATooSmallLengthIsReadUntilItIsSound) {
               std::vector<std::string>{c_hello});
 }
 
+TEST(LogReader, WhatAModemSaysUnaskedInTheSameLineIsNoneOfThePdu) {
+    const std::string hello = c_hello;
+    EXPECT_EQ(TextsIn("10:00:00.000 modem one: +CMT: ,24 " + hello.substr(0, 40) + " +CMTI: \"SM\",1\n" +
+                      hello.substr(40) + "\n"),
+              std::vector<std::string>{c_hello});
+}
+
 TEST(LogReader, PrefixMayEndAsACommandBegins) {
     EXPECT_EQ(TextsIn("RXDAT+CMT: ,24\nRXDAT" + std::string(c_hello) + "\n"),
               std::vector<std::string>{c_hello});
