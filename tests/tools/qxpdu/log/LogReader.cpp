@@ -293,6 +293,10 @@ TEST(LogReader, WhatAModemSaysUnaskedInTheSameLineIsNoneOfThePdu) {
     EXPECT_EQ(TextsIn("10:00:00.000 modem one: +CMT: ,24 " + hello.substr(0, 40) + " +CMTI: \"SM\",1\n" +
                       hello.substr(40) + "\n"),
               std::vector<std::string>{c_hello});
+    EXPECT_EQ(
+        TextsIn("+CMT: ,24\n" + hello.substr(0, 40) + "\n12 +CMTI: \"SM\",1\n" + hello.substr(40) + "\n"),
+        std::vector<std::string>{c_hello})
+        << "nor is what a program wrote before it";
 }
 
 TEST(LogReader, PrefixMayEndAsACommandBegins) {
