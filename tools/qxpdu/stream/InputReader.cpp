@@ -96,9 +96,8 @@ void InputReader::TakeIntoLog(Input line) {
         return;
     }
     std::istringstream lines(line.text);
-    std::size_t number = 0;
     for (std::string each; std::getline(lines, each);)
-        m_Log->Take(each, ++number);
+        m_Log->Take(each, line.number); // all of them are that argument
     EndLog();
 }
 

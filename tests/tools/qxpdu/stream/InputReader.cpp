@@ -99,6 +99,20 @@ TEST(InputReader, SourcesAreTheirOwn) {
     EXPECT_EQ(reader.Notes()[0].source, "standard input");
 }
 
+TEST(InputReader, ReferenceInAnArgumentIsOfTheMessageThere) {
+    std::istringstream in;
+    const Texts arguments = {"0791", "AT+CMGS=10\n> 0001000491214300000161\x1A\n+CMGS: 7\nOK\n"};
+    InputReader reader(Inputs({arguments, c_none, in}, Inputs::Cut::LogLines), LineKind::Transcript);
+    Input input;
+    ASSERT_TRUE(reader.Next(input, WhenDry::Wait));
+    ASSERT_TRUE(reader.Next(input, WhenDry::Wait));
+    EXPECT_EQ(input.number, 2U);
+    ASSERT_TRUE(reader.Next(input, WhenDry::Wait));
+    ASSERT_TRUE(input.heading);
+    EXPECT_EQ(input.heading->reference, 7U);
+    EXPECT_EQ(input.heading->sentLine, 2U) << "as the message is numbered";
+}
+
 TEST(InputReader, ArgumentsAreInputsAsTheyStand) {
     std::istringstream in;
     const Texts arguments = {" ", "a\r"};
