@@ -52,31 +52,50 @@ char* Escape(char character, char* out) {
 
 } // namespace
 
+void JsonText::Name(std::string_view name) {
+    constexpr std::size_t c_around = 4; // a comma, two quotes and a colon
+    char* out = Room(name.size() + c_around);
+    char* const begin = out;
+    if (TakesComma())
+        *out++ = ',';
+    *out++ = '"';
+    out = std::copy(name.begin(), name.end(), out);
+    *out++ = '"';
+    *out++ = ':';
+    m_Size += static_cast<std::size_t>(out - begin);
+}
+
 void JsonText::String(std::string_view text) {
-    Separate();
-    Put("\"");
+    constexpr std::size_t c_around = 3; // a comma and two quotes
+    char* out = Room(text.size() * c_longestEscape + c_block + c_around);
+    char* const begin = out;
+    if (TakesComma())
+        *out++ = ',';
+    *out++ = '"';
     while (!text.empty()) {
         char block[c_block];
-        std::fill_n(block, c_block, ' ');
-        const std::size_t size = text.copy(block, c_block);
+        const std::size_t size = std::min(text.size(), c_block);
+        if (size == c_block)
+            std::memcpy(block, text.data(), c_block);
+        else
+            text.copy(std::fill_n(block, c_block, ' ') - c_block, size);
         const BlockFindings found = Look(block);
         m_HasOthers = m_HasOthers || found.areOthers;
-        char* const begin = Room(c_block * c_longestEscape);
-        char* out = begin + size;
-        std::memcpy(begin, block, c_block);
         if (found.areEscaped) {
-            out = begin;
             for (std::size_t i = 0; i < size; ++i) {
                 if (IsEscaped(block[i]))
                     out = Escape(block[i], out);
                 else
                     *out++ = block[i];
             }
+        } else {
+            std::memcpy(out, block, c_block);
+            out += size;
         }
-        m_Size += static_cast<std::size_t>(out - begin);
         text.remove_prefix(size);
     }
-    Put("\"");
+    *out++ = '"';
+    m_Size += static_cast<std::size_t>(out - begin);
 }
 
 } // namespace show

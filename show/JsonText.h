@@ -119,19 +119,19 @@ private:
         m_Size += plain.size();
     }
 
-    /// A comma, unless the first member, element or a member's value comes.
-    void Separate() {
+    /// Unless the first member, element or a member's value comes.
+    bool TakesComma() const {
         const char last = m_Text[m_Size - 1];
-        if (last != '{' && last != '[' && last != ':')
+        return last != '{' && last != '[' && last != ':';
+    }
+
+    void Separate() {
+        if (TakesComma())
             Put(",");
     }
 
-    void Name(std::string_view name) {
-        Separate();
-        Put("\"");
-        Put(name);
-        Put("\":");
-    }
+    /// `,"name":`, in one piece, as a third of all that is written are names.
+    void Name(std::string_view name);
 
     void Number(std::int64_t value) {
         constexpr std::size_t most = std::numeric_limits<std::int64_t>::digits10 + 2; // and a sign
