@@ -3,11 +3,10 @@ import { spawnSync } from 'node:child_process';
 import { existsSync } from 'node:fs';
 import { createRequire } from 'node:module';
 import { Qxpdu } from '../web/script/qxpdu.js';
-import { batchesOf, makeCommands, mixedLines, module, names, root } from '../tests/web/support.mjs';
+import { batchesOf, makeCommands, mixedLines, module, names, root, tool } from '../tests/web/support.mjs';
 
 const COUNT = Number(process.argv[2] ?? 20000);
-const RUNS = 7;
-const tool = `${root}build/tool/tools/qxpdu/qxpdu`;
+const RUNS = Number(process.env.QX_RUNS ?? 7);
 const lines = mixedLines(COUNT);
 const batches = [...batchesOf(lines)].map((batch) => new TextEncoder().encode(batch));
 

@@ -3,7 +3,7 @@ import assert from 'node:assert/strict';
 import { spawnSync } from 'node:child_process';
 import { cpSync, mkdirSync, readFileSync, readdirSync, rmSync, writeFileSync } from 'node:fs';
 import { test } from 'node:test';
-import { batchesOf, makeCommands, mixedLines, packageFolder, root, vectors } from './support.mjs';
+import { batchesOf, makeCommands, mixedLines, packageFolder, root, tool, vectors } from './support.mjs';
 
 const trial = `${root}build/web/trial`;
 rmSync(trial, { recursive: true, force: true });
@@ -69,7 +69,7 @@ function samplesOf(words, lines) {
     const samples = new Map();
     for (const batch of batchesOf(lines, 1024))
         for (const line of commands.run([...words, '--jsonl'], batch).output.split('\n').slice(0, -1))
-            samples.set([...line.matchAll(/"(\w+)":/g)].map(([, name]) => name).join(), line);
+            samples.set([...line.matchAll(/"(\w+)":/g)].map(([, name]) => name).join(), JSON.stringify(JSON.parse(line)));
     assert.ok(samples.size > 1);
     return [...samples.values()].slice(0, 400);
 }
@@ -141,7 +141,7 @@ const NOT_HERE = ['json', 'jsonl', 'no-smsc', 'file', 'threads', 'line-buffered'
 
 for (const [command, name] of [['decode', 'DecodeOptions'], ['cell', 'PageOptions'], ['inspect', 'InspectOptions'], ['encode', 'EncodeOptions'], ['count', 'CountOptions']])
     test(`the types have the options of ${command}`, () => {
-        const help = spawnSync(process.env.QXPDU ?? `${root}build/tool/tools/qxpdu/qxpdu`, ['help', command]).stdout.toString();
+        const help = spawnSync(tool, ['help', command]).stdout.toString();
         const options = [...help.matchAll(/^ +(?:-\w,)?--([a-z-]+)/gm)].map(([, option]) => option).filter((option) => !NOT_HERE.includes(option));
         assert.ok(options.length > 3, help);
         assert.deepEqual([...new Set(optionsOf(name))].sort(), [...new Set(options)].sort());

@@ -6,7 +6,7 @@ import { Commands } from '../../web/script/module.js';
 
 export const root = new URL('../../', import.meta.url).pathname;
 export const packageFolder = `${root}build/web/npm`;
-const tool = process.env.QXPDU ?? `${root}build/tool/tools/qxpdu/qxpdu`;
+export const tool = process.env.QXPDU ?? `${root}build/tool/tools/qxpdu/qxpdu`;
 
 export const module = new WebAssembly.Module(readFileSync(`${packageFolder}/qxpdu.wasm`));
 export const names = gunzipSync(readFileSync(`${packageFolder}/names.gz`));

@@ -1,9 +1,10 @@
 // The module, out of the blocks of the page that hold it.
+import { fromBlock } from '../script/blocks.js';
 import { Qxpdu } from '../script/qxpdu.js';
 
-/** The octets of a block: gzip, written as base64. */
+/** The octets of a block, which is packed by gzip. */
 async function octetsOf(id) {
-    const packed = Uint8Array.from(atob(document.getElementById(id).textContent), (character) => character.charCodeAt(0));
+    const packed = fromBlock(document.getElementById(id).textContent);
     const unpacked = new Blob([packed]).stream().pipeThrough(new DecompressionStream('gzip'));
     return new Uint8Array(await new Response(unpacked).arrayBuffer());
 }
