@@ -11,15 +11,16 @@ import { Sending } from './sending.js';
 import { differencesOf, inspectionOf } from './messages.js';
 import { element } from './elements.js';
 import { load } from './engine.js';
-import { octetsByLine, readAtOnce, readInSlices } from './reading.js';
-import { AT_ONCE, likeliestKind, withoutHalfOctet } from './source.js';
+import { octetsByLine, octetsIn, readAtOnce, readInSlices } from './reading.js';
+import { AT_ONCE, recognise, withoutHalfOctet } from './source.js';
 import { words } from './words.js';
 
 class Page {
     #engine = null;
     #hasNames = false;
     #run = 0; // counts the readings, so that one that is overtaken stops
-    #how = {}; // as what the text is read: { kind, options }
+    #text = ''; // without half an octet at its end
+    #how = {}; // as what the text is read: { kind, options, objects }
     #messages = [];
     #chosen = 0;
     #part = 0;
@@ -80,11 +81,11 @@ class Page {
             return;
         }
         try {
-            const whole = withoutHalfOctet(text);
-            this.#how = { kind: kind === 'auto' ? likeliestKind(whole, this.#engine) : kind, options };
+            this.#text = withoutHalfOctet(text);
+            this.#how = { options, ...(kind === 'auto' ? recognise(this.#text, this.#engine) : { kind }) };
             if (this.#how.kind === 'text') this.#count(text);
             else if (text.length > AT_ONCE) this.#decodeSlices(text, run).catch((error) => this.#stumbled(error));
-            else this.#decode(whole);
+            else this.#decode(this.#text);
         } catch (error) {
             this.#stumbled(error);
         }
@@ -174,8 +175,8 @@ class Page {
 
     /** Of what failed: looked up once for the whole text, as only then is known what a log's headings say. */
     #octetsOf({ line }) {
-        this.#failed ??= octetsByLine(this.#input.text, this.#engine, this.#how);
-        return this.#failed.get(line);
+        this.#failed ??= octetsByLine(this.#text, this.#engine, this.#how);
+        return this.#failed.get(line) ?? octetsIn(this.#text.split('\n')[line - 1], this.#engine, this.#how);
     }
 
     /** Shows the octet map, and gives what it is made of. */

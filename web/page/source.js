@@ -1,5 +1,7 @@
 // What was pasted: as what it is read, and how an address shows it.
 
+import { isOfPdu, isTalk, objectsOf, slicesOf } from './reading.js';
+
 export const LIMIT = 1 << 20; // octets of UTF-8 that are taken
 export const AT_ONCE = 1 << 14; // characters that are read while somebody types
 const LONGEST_LINK = 8000;
@@ -17,9 +19,18 @@ function areWords(text) {
     return words.every((word) => /^[a-f]+$/i.test(word) && word.length <= LONGEST_WORD);
 }
 
-/** Whether nothing can be read of it, and some line is not even meant to be. */
-function isTalk(text, objects, engine) {
-    return objects.every(({ error }) => error) && text.split('\n').some((line) => line.trim() && engine.isText(line));
+/** Lines in which a PDU may stand, as many as are read at once: what a modem says before may be long. */
+function sampleOf(text, engine) {
+    if (text.length <= AT_ONCE) return text;
+    let sample = '';
+    for (const slice of slicesOf(text)) {
+        if (engine.isText(slice)) continue;
+        for (const line of slice.split('\n')) {
+            if (sample.length + line.length >= AT_ONCE) return sample || line;
+            if (!isTalk(line, engine)) sample += `${line}\n`;
+        }
+    }
+    return sample;
 }
 
 /** How much speaks against a reading: a fault more than anything that is unusual. */
@@ -29,23 +40,30 @@ function oddities(objects) {
 }
 
 /**
- * As what it is read: "text" to send, "cell" for pages of cell broadcast, else "pdu". A log says itself what its
- * lines are; a list does not, and is taken for pages where that makes more sense.
+ * As what it is read: { kind }, "text" to send, "cell" for pages of cell broadcast, else "pdu", and the objects of
+ * a short one. A PDU, be it damaged, is never a text, whatever stands beside it. A log says itself what its lines
+ * are; a list does not, and is taken for pages where that makes more sense.
  */
-export function likeliestKind(text, engine) {
-    const beginning = text.slice(0, AT_ONCE);
-    if (areWords(beginning)) return 'text';
-    const messages = engine.decode(beginning);
-    if (messages.length === 0) return OF_A_MODEM.test(beginning) ? 'pdu' : 'text';
-    if (isTalk(beginning, messages, engine)) return 'text';
-    if (oddities(messages) === 0) return 'pdu';
-    const pages = engine.decodePages(beginning);
-    return arePages(pages) && oddities(pages) < oddities(messages) ? 'cell' : 'pdu';
+export function recognise(text, engine) {
+    const sample = sampleOf(text, engine);
+    const found = (kind, objects) => (sample === text ? { kind, objects } : { kind });
+    if (areWords(sample)) return { kind: 'text' };
+    const messages = objectsOf(sample, engine, { kind: 'pdu' });
+    if (!messages.some(isOfPdu) && isText(text, messages, engine)) return { kind: 'text' };
+    if (oddities(messages) === 0) return found('pdu', messages);
+    const pages = objectsOf(sample, engine, { kind: 'cell' });
+    return arePages(pages) && oddities(pages) < oddities(messages) ? found('cell', pages) : found('pdu', messages);
+}
+
+/** Whether that in which no PDU stands is talk, and not of a modem. */
+function isText(text, objects, engine) {
+    if (objects.length === 0) return !OF_A_MODEM.test(text);
+    return text.split('\n').some((line) => line.trim() && isTalk(line, engine));
 }
 
 /** Any octets can be read as a page; few of them have an identifier that somebody gave a meaning. */
 function arePages(objects) {
-    return objects.length > 0 && objects.every(({ message_identifier: id }) => id && id.meaning !== 'not assigned');
+    return objects.length > 0 && objects.every(({ message_identifier: id }) => id && !/not assigned$/.test(id.meaning));
 }
 
 /** A PDU without the half octet that it ends with while somebody types; any other text as it is. */
@@ -56,9 +74,9 @@ export function withoutHalfOctet(text) {
 
 /** What an address shows behind its #: the kind as which it is read, and the text; null where it is damaged. */
 export function fromAddress(hash) {
+    const [, kind = 'auto', text] = /^#?(?:(pdu|cell|text):)?(.*)$/s.exec(hash);
     try {
-        const [, kind = 'auto', text] = /^#?(?:(pdu|cell|text):)?(.*)$/s.exec(decodeURIComponent(hash));
-        return { kind, text };
+        return { kind, text: decodeURIComponent(text) };
     } catch {
         return null;
     }

@@ -1,7 +1,7 @@
 // Short texts at once, long ones in slices.
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { octetsByLine, readAtOnce, readInSlices, slicesOf } from '../../../web/page/reading.js';
+import { octetsByLine, octetsIn, pduIn, readAtOnce, readInSlices, slicesOf } from '../../../web/page/reading.js';
 
 test('a text is cut after lines, and nothing of it is lost', () => {
     const text = 'one\ntwo\nthree\nfour';
@@ -15,7 +15,7 @@ test('messages are read as they are said to be', () => {
     const asked = [];
     const engine = {
         decode: (...all) => (asked.push(['decode', ...all]), [{ line: 2 }, { line: 1 }]),
-        decodePages: (...all) => (asked.push(['cell', ...all]), []),
+        decodePages: (...all) => (asked.push(['cell', ...all]), [{ line: 1 }]),
     };
     assert.deepEqual(readAtOnce('07', engine, { kind: 'pdu', options: { smsc: 'no' } }), {
         messages: [{ parts: [{ line: 1 }] }, { parts: [{ line: 2 }] }],
@@ -86,4 +86,54 @@ test('who leaves in the middle closes the reader', () => {
         break;
     }
     assert.ok(isClosed);
+});
+
+const GOOD = '0791214365870921';
+const SPACED = '07 91 21 43 65 87 09 21';
+const CUT = '0791214365870922';
+
+/** An engine that knows a PDU, a damaged one and the halves of another; a log in which no heading announces one has none. */
+const engine = {
+    decode(text) {
+        if (/^OK/m.test(text)) return [];
+        return text.split('\n').flatMap((line, index) => {
+            if (line === '') return [];
+            const object = { line: index + 1 };
+            if ([GOOD, SPACED, '0102030405'].includes(line)) return [object];
+            return [{ ...object, error: 'broken', ...(/^[\da-f]+$/i.test(line) && { fault: { octet: line === CUT ? 8 : 7 } }) }];
+        });
+    },
+    isText: (line) => !/[\da-f]/i.test(line),
+    inspect: (text) => [{ line: 1, octets: text }],
+    reader() {
+        let all = '';
+        return { take: (slice) => ((all += slice), []), finish: () => this.decode(all), close: () => {} };
+    },
+};
+const PDUS = { kind: 'pdu', options: {} };
+const linesOf = ({ messages }) => messages.map(({ parts }) => parts[0].line);
+
+test('a PDU is found among words', () => {
+    assert.equal(pduIn(GOOD, engine, PDUS), GOOD);
+    assert.equal(pduIn(`read ${GOOD} for me`, engine, PDUS), GOOD);
+    assert.equal(pduIn(`read ${SPACED}, please`, engine, PDUS), SPACED);
+    assert.equal(pduIn(`read ${CUT}`, engine, PDUS), CUT);
+    assert.equal(pduIn('read 0791214365870923', engine, PDUS), undefined);
+    assert.equal(pduIn('', engine, PDUS), undefined);
+    assert.equal(octetsIn(`read ${CUT}`, engine, PDUS), CUT);
+    assert.equal(octetsIn('read', engine, PDUS), undefined);
+});
+
+test('what a modem says hides no PDU that it does not announce', () => {
+    for (const read of [(text) => readAtOnce(text, engine, PDUS), (text) => [...readInSlices(text, engine, PDUS)].at(-1)]) {
+        assert.deepEqual(linesOf(read(`OK\n${GOOD}\nOK\n${CUT}\n0791214365870923`)), [2, 4]);
+        assert.deepEqual(linesOf(read(`hello\nsee ${GOOD}`)), [2]);
+        assert.deepEqual(linesOf(read(`+CMGR: 1,"REC READ"\nOK\n${GOOD}`)), []);
+    }
+});
+
+test('lines that are broken each are one where that is sound', () => {
+    assert.deepEqual(linesOf(readAtOnce('010203\r\n0405\r\n', engine, PDUS)), [1]);
+    assert.deepEqual(linesOf(readAtOnce('010203\n0406', engine, PDUS)), [1, 2]);
+    assert.deepEqual(linesOf(readAtOnce(`0102030405\n${CUT}`, engine, PDUS)), [1, 2]);
 });

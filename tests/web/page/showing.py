@@ -123,6 +123,23 @@ class Messages(PageTest):
         self.assertEqual(self.browser.text("[role=status]"), "1 message, 2 lines passed over")
         self.assertEqual(self.browser.text(".bubble"), "Hello")
 
+    def test_a_pdu_is_shown_whatever_stands_beside_it(self):
+        for text in (f"{HELLO}\nOK", f"OK\n\n{HELLO}\n", f"AT+CMGR=1\n{HELLO}\nOK", f"please read {HELLO} for me",
+                     f"{HELLO[:30]}\n{HELLO[30:]}\n"):
+            self.browser.put(text)
+            self.assertEqual(self.browser.text("[role=status]"), "1 message", text)
+            self.assertEqual(self.browser.text(".bubble"), "Hello")
+
+    def test_a_damaged_pdu_has_its_map_whatever_stands_beside_it(self):
+        for text in (f"{CUT}\nOK", f"hello\n{CUT}", f"+CMGR: 0,,25\n{CUT}\nOK", f"please read {CUT} for me"):
+            self.browser.put(text)
+            self.assertEqual(self.browser.text(".message h2"), "This is no whole PDU", text)
+            self.assertEqual("".join(self.browser.texts(".octet:not([data-kind=missing])")), CUT, text)
+
+    def test_half_an_octet_leaves_the_map_of_what_is_broken(self):
+        self.browser.put(CUT[:25])
+        self.assertEqual("".join(self.browser.texts(".octet:not([data-kind=missing])")), CUT[:24])
+
     def test_half_an_octet_at_the_end_leaves_the_map(self):
         self.browser.put(HELLO[:-1])
         self.assertEqual("".join(self.browser.texts(".octet")), HELLO[:-2])

@@ -1,7 +1,7 @@
 // As what a text is read.
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { fromAddress, likeliestKind, sizeOf, toAddress, withoutHalfOctet } from '../../../web/page/source.js';
+import { fromAddress, recognise, sizeOf, toAddress, withoutHalfOctet } from '../../../web/page/source.js';
 
 const FAULT = { error: 'cut', fault: {} };
 const SOUND = {};
@@ -14,6 +14,8 @@ const engineOf = (messages, pages = []) => ({
     isText: (line) => /[g-z]/.test(line),
 });
 
+const likeliestKind = (text, engine) => recognise(text, engine).kind;
+
 test('what is sound is a PDU', () => {
     assert.equal(likeliestKind('0791', engineOf([SOUND], [page('assigned')])), 'pdu');
 });
@@ -22,6 +24,7 @@ test('a page is taken for one where it makes less odd sense than as a PDU, and s
     assert.equal(likeliestKind('00', engineOf([FAULT], [page('assigned')])), 'cell');
     assert.equal(likeliestKind('00', engineOf([FAULT], [page('not assigned')])), 'pdu');
     assert.equal(likeliestKind('00', engineOf([FAULT], [page('assigned'), page('not assigned')])), 'pdu');
+    assert.equal(likeliestKind('00', engineOf([FAULT], [page('operator not assigned')])), 'pdu');
     assert.equal(likeliestKind('00', engineOf([{ remarks: [1, 2] }], [page('assigned', [1])])), 'cell');
     assert.equal(likeliestKind('00', engineOf([{ remarks: [1] }], [page('assigned', [1])])), 'pdu');
     assert.equal(likeliestKind('00', engineOf([FAULT], [])), 'pdu');
@@ -55,6 +58,48 @@ test('where nothing is found it is a text, unless a modem wrote it', () => {
     assert.equal(likeliestKind('1 + CD: 2', engineOf([])), 'text');
 });
 
+const GOOD = '0791214365870921';
+const CUT = '0791214365870922';
+
+/** An engine that knows two PDUs of a line, and passes over what a modem says, with all that no heading announces. */
+const reading = {
+    decode(text) {
+        if (/^(OK|AT)/m.test(text)) return [];
+        return text.split('\n').flatMap((line, index) => {
+            if (line === '') return [];
+            if (line === GOOD) return [{ line: index + 1 }];
+            const fault = { octet: line === CUT ? 8 : 7 };
+            return [{ line: index + 1, error: 'broken', ...(/^[\da-f]+$/i.test(line) && { fault }) }];
+        });
+    },
+    decodePages: () => [],
+    isText: (text) => !/[\da-f]{16}/i.test(text),
+};
+
+test('a PDU is no text, whatever stands beside it, and be it damaged', () => {
+    for (const pdu of [GOOD, CUT])
+        for (const text of [`${pdu}\nOK`, `OK\n\n${pdu}\n`, `AT+CMGR=1\n${pdu}\nOK`, `hello\n${pdu}`, `see ${pdu} here`])
+            assert.equal(likeliestKind(text, reading), 'pdu', text);
+});
+
+test('digits that break before the eighth octet are part of a text', () => {
+    assert.equal(likeliestKind('the number\n0791214365870923', reading), 'text');
+    assert.equal(likeliestKind('0791214365870923', reading), 'pdu');
+    assert.equal(likeliestKind('+41 (79) 123-45.67', reading), 'text');
+});
+
+test('a PDU is found however late it comes', () => {
+    const noise = 'the modem begins\n'.repeat(2000);
+    assert.deepEqual(recognise(`${noise}${GOOD}\n`, reading), { kind: 'pdu' });
+    assert.equal(likeliestKind(noise, reading), 'text');
+});
+
+test('what was read of a short text need not be read again', () => {
+    assert.deepEqual(recognise(GOOD, reading), { kind: 'pdu', objects: [{ line: 1 }] });
+    const pages = [page('assigned')];
+    assert.deepEqual(recognise('00', engineOf([FAULT], pages)), { kind: 'cell', objects: pages });
+});
+
 test('half an octet at the end is left out of a PDU, and of nothing else', () => {
     assert.equal(withoutHalfOctet('079'), '07');
     assert.equal(withoutHalfOctet('07 91 2\n'), '07 91 ');
@@ -68,6 +113,8 @@ test('an address tells as what its text is read', () => {
     assert.deepEqual(fromAddress('#cell:00'), { kind: 'cell', text: '00' });
     assert.deepEqual(fromAddress('#text:a%0Ab'), { kind: 'text', text: 'a\nb' });
     assert.deepEqual(fromAddress('#file:a'), { kind: 'auto', text: 'file:a' });
+    assert.deepEqual(fromAddress('#text%3Aa'), { kind: 'auto', text: 'text:a' });
+    assert.deepEqual(fromAddress(toAddress('auto', 'cell: 1')), { kind: 'auto', text: 'cell: 1' });
     assert.deepEqual(fromAddress(''), { kind: 'auto', text: '' });
     assert.equal(fromAddress('#%E0'), null);
     assert.equal(toAddress('auto', 'a #1'), '#a%20%231');
