@@ -103,7 +103,7 @@ const engine = {
             return [{ ...object, error: 'broken', ...(/^[\da-f]+$/i.test(line) && { fault: { octet: line === CUT ? 8 : 7 } }) }];
         });
     },
-    isText: (line) => !/[\da-f]/i.test(line),
+    isText: (line) => !/\d/.test(line),
     inspect: (text) => [{ line: 1, octets: text }],
     reader() {
         let all = '';
