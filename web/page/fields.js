@@ -37,6 +37,7 @@ const KINDS = {
 
 /** The colour of a row of the map. What carries nothing is "rest". */
 export function kindOf(row) {
+    if (row.isMissing) return 'missing';
     return row.subfield === 'padding' ? 'rest' : (KINDS[row.field] ?? 'rest');
 }
 
@@ -55,10 +56,15 @@ export function spaced(digits) {
     return octetsOf(digits).join(' ');
 }
 
+const TEXT_SHOWN = 1300; // characters, which the longest text of cell broadcast has
+
 /** The value as it is written out: text in quotes, identifiers and sets of bits in hexadecimal. */
 export function valueOf(row) {
     if (row.value === undefined) return '';
-    if (typeof row.value === 'string') return row.subfield === 'digits' ? row.value : `“${row.value}”`;
+    if (typeof row.value === 'string') {
+        const text = shortened(row.value, TEXT_SHOWN);
+        return row.subfield === 'digits' ? text : `“${text}”`;
+    }
     const isOfBits = row.bits !== undefined && !/septets|units/.test(row.bits[0].name);
     if (isOfBits || row.subfield === 'element')
         return `0x${row.value
@@ -77,6 +83,40 @@ export function shownValueOf(row) {
 /** The index of the row in which an octet stands, -1 where there is none. */
 export function rowAt(map, octet) {
     return map.findIndex((row) => octet >= row.offset && octet < row.offset + row.length);
+}
+
+/**
+ * Of rows those of the first octets, as many as are to be drawn: { rows, hidden }, the last of them cut, and
+ * how many octets are not among them.
+ */
+export function drawnRows(rows, most) {
+    const end = rows.reduce((sum, { length }) => sum + length, 0);
+    const drawn = rows
+        .filter(({ offset }) => offset < most)
+        .map((row) => ({ ...row, octets: row.octets.slice(0, 2 * (most - row.offset)) }));
+    return { rows: drawn, hidden: Math.max(end - most, 0) };
+}
+
+/** The text, or where it is longer its first characters. */
+export function shortened(text, most) {
+    const characters = [...text.slice(0, 2 * most + 2)];
+    return characters.length > most ? `${characters.slice(0, most).join('')} …` : text;
+}
+
+const MISSING_SHOWN = 16; // octets that are drawn of what a broken PDU lacks
+
+/** What a broken PDU lacks, as a row by this name; null where it lacks nothing. */
+export function missingRow({ octets = '', fault, error }, nameOfMissing) {
+    const length = fault ? fault.expected - fault.found : 0;
+    if (length <= 0) return null;
+    return {
+        isMissing: true,
+        offset: octets.length / 2,
+        length,
+        octets: '··'.repeat(Math.min(length, MISSING_SHOWN)),
+        field: nameOfMissing(length),
+        meaning: error,
+    };
 }
 
 const BITS = 8;

@@ -2,16 +2,16 @@
 
 import { strip } from './bits.js';
 import { element, reconcile, unseen } from './elements.js';
-import { bitsOf, kindOf, nameOf, shownValueOf, spaced } from './fields.js';
-import { isReadFrom } from './messages.js';
+import { bitsOf, kindOf, nameOf, shortened, shownValueOf, spaced } from './fields.js';
+import { hostValueOf, isReadFrom } from './messages.js';
+import { listenToPointer, rowOf } from './pointing.js';
 import { setStop, walk } from './walking.js';
 import { words } from './words.js';
 
 const LONGEST_NOTE = 60; // characters of a value, all of which stand below the map
 
-function shortened(value) {
-    const characters = [...String(value ?? words.differences.nothing)];
-    return characters.length > LONGEST_NOTE ? `${characters.slice(0, LONGEST_NOTE).join('')} …` : characters.join('');
+function noted(value) {
+    return value === '' ? words.differences.nothing : shortened(String(value), LONGEST_NOTE);
 }
 
 /** What libQX_Encoding makes of a field, said at its first row. */
@@ -19,7 +19,7 @@ function hostNotesOf(row, index, rows, host) {
     if (rows[index - 1]?.field === row.field) return [];
     return Object.entries(host)
         .filter(([member]) => isReadFrom(member, row.field))
-        .map(([member, value]) => ({ text: words.map.host(member, shortened(value)), look: 'note host' }));
+        .map(([member, value]) => ({ text: words.map.host(member, noted(hostValueOf(member, value))), look: 'note host' }));
 }
 
 /** What is said below a row. */
@@ -42,15 +42,11 @@ export class FieldTable {
             { class: 'fields', 'aria-label': fields },
             element('thead', {}, element('tr', {}, headings)),
         );
-        const rowAt = (target) => Number(target.closest('tbody')?.dataset.row ?? -1);
-        this.element.addEventListener('pointerover', ({ target, pointerType }) => {
-            if (pointerType !== 'touch') onPoint(rowAt(target));
-        });
-        this.element.addEventListener('pointerleave', () => onPoint(-1));
+        listenToPointer(this.element, onPoint);
         this.element.addEventListener('click', ({ target }) =>
             target.closest('tbody')?.querySelector('button').focus(),
         );
-        this.element.addEventListener('focusin', ({ target }) => onChoose(rowAt(target)));
+        this.element.addEventListener('focusin', ({ target }) => onChoose(rowOf(target)));
         this.element.addEventListener('keydown', (event) => walk(event, this.#buttons, { ArrowUp: -1, ArrowDown: 1 }));
     }
 

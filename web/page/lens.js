@@ -5,6 +5,8 @@ import { element, fill } from './elements.js';
 import { bitsOf, kindOf, nameOf, octetsOf, shownValueOf } from './fields.js';
 import { words } from './words.js';
 
+const OCTETS_SHOWN = 256; // bit by bit
+
 function isPacked(row) {
     return row.isSeptets && kindOf(row) === 'text' && typeof row.value === 'string';
 }
@@ -52,11 +54,13 @@ export class Lens {
     }
 
     #bits(row) {
-        const octets = octetsOf(row.octets);
+        if (row.isMissing) return null;
+        const octets = octetsOf(row.octets).slice(0, OCTETS_SHOWN);
+        const hidden = row.length - octets.length;
         return element(
             'div',
             { class: 'binary' },
-            bitsOf(row, isPacked(row)).map((bits, index) =>
+            bitsOf({ ...row, octets: octets.join('') }, isPacked(row)).map((bits, index) =>
                 element(
                     'span',
                     { class: 'column' },
@@ -64,6 +68,7 @@ export class Lens {
                     strip([bits], () => true),
                 ),
             ),
+            hidden > 0 && element('span', { class: 'aside' }, words.map.more(hidden)),
         );
     }
 

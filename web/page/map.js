@@ -3,16 +3,17 @@
 import { copyButton } from './copying.js';
 import { element, reconcile, say } from './elements.js';
 import { FieldTable } from './fieldtable.js';
-import { nameOf, rowAt } from './fields.js';
+import { drawnRows, missingRow, nameOf, rowAt } from './fields.js';
 import { Lens } from './lens.js';
 import { Octets } from './octets.js';
 import { words } from './words.js';
 
+const OCTETS_SHOWN = 1280; // the longest message of cell broadcast has 1,252
 const BESIDE = '(min-width: 72rem)'; // as in the style
 
 export class OctetMap {
     #object = {};
-    #rows = [];
+    #rows = []; // those that are drawn, and what lacks as the last
     #pointed = -1; // the row that the pointer is on
     #chosen = -1; // the row that was clicked or has the focus
     #chosenName;
@@ -21,6 +22,7 @@ export class OctetMap {
     #size = element('p', { class: 'aside' });
     #remarks = element('ul', { class: 'remarks', 'aria-label': words.remarks.heading });
     #lens = new Lens();
+    #more = element('p', { class: 'hint' });
     #octets = new Octets(
         (row) => this.#point(row),
         (row, octet) => {
@@ -49,7 +51,7 @@ export class OctetMap {
             element(
                 'div',
                 { class: 'halves' },
-                element('div', { class: 'drawn' }, this.#octets.element, this.#lens.element, hint),
+                element('div', { class: 'drawn' }, this.#octets.element, this.#more, this.#lens.element, hint),
                 this.#table.element,
             ),
         );
@@ -58,16 +60,23 @@ export class OctetMap {
     /** Shows an inspected PDU or page. `isSeptets` says whether its text is packed. */
     show(object, isSeptets) {
         this.#object = object;
-        this.#rows = (object.map ?? []).map((row) => ({ ...row, isSeptets }));
+        const { rows, hidden } = drawnRows(object.map ?? [], OCTETS_SHOWN);
+        const fields = rows.map((row) => ({ ...row, isSeptets }));
+        const missing = hidden ? null : missingRow(object, words.map.missing);
+        this.#rows = missing ? [...fields, missing] : fields;
         this.#showSize(object);
         this.#showRemarks(object);
         this.#octets.show(this.#rows, object);
-        this.#table.show(this.#rows, object);
+        this.#more.hidden = hidden === 0;
+        say(this.#more, words.map.more(hidden));
+        this.#table.show(fields, object);
+        this.#pointed = -1;
         this.#keepChosen(object);
-        this.#point(-1);
+        this.#light();
     }
 
     #point(row) {
+        if (row === this.#pointed) return;
         this.#pointed = row;
         this.#light();
     }
@@ -76,7 +85,8 @@ export class OctetMap {
         this.#chosen = row;
         this.#chosenName = this.#rows[row] && nameOf(this.#rows[row]);
         this.#octet = octet;
-        this.#point(-1);
+        this.#pointed = -1; // until it is moved again
+        this.#light();
     }
 
     /**
@@ -88,15 +98,21 @@ export class OctetMap {
         if (isKept && !fault) return;
         const octet = fault?.octet ?? remarks[0]?.octet;
         const telling = this.#rows.findIndex(({ bits, field }) => bits && field !== 'service centre');
-        const row = octet === undefined ? telling : rowAt(this.#rows, octet);
-        const shown = row < 0 ? this.#rows.length - 1 : row;
-        this.#choose(shown, this.#rows[shown]?.offset ?? 0);
+        const row = octet === undefined ? Math.max(telling, 0) : this.#rowAt(octet);
+        this.#choose(row, this.#rows[row]?.offset ?? 0);
+    }
+
+    /** The row of an octet; of one that is not there or not drawn, the last. */
+    #rowAt(octet) {
+        const fields = this.#rows.filter(({ isMissing }) => !isMissing);
+        const row = rowAt(fields, octet);
+        return row < 0 ? fields.length - 1 : row;
     }
 
     #light() {
         const row = this.#pointed >= 0 ? this.#pointed : this.#chosen;
         this.#octets.light(row, this.#octet);
-        this.#table.light(row, Math.max(this.#chosen, 0));
+        this.#table.light(row, this.#chosen);
         this.#lens.show(this.#rows[row]);
     }
 
@@ -118,7 +134,7 @@ export class OctetMap {
                 {},
                 element(
                     'button',
-                    { type: 'button', class: look, onclick: () => this.#choose(rowAt(this.#rows, octet), octet) },
+                    { type: 'button', class: look, onclick: () => this.#choose(this.#rowAt(octet), octet) },
                     element('b', {}, `${words.remarks.octet(octet)} · ${field}`),
                     ' ',
                     text,

@@ -1,5 +1,7 @@
 // Puts what was read together to messages, as somebody would see them on a handset.
 
+import { words } from './words.js';
+
 const PARTIES = ['tp_oa', 'tp_da', 'tp_ra'];
 
 /** Whether the object is of cell broadcast. */
@@ -118,10 +120,17 @@ export function inspectionOf(object, { kind, options }) {
 }
 
 const PARTY = ['TP-OA', 'TP-DA', 'TP-RA'];
+const { told, paged } = words.differences;
+const toldOf = (field) => field && told(field.raw, field.meaning);
 const typeOf = (address) => address?.type_of_number?.meaning;
 const planOf = (address) => address?.numbering_plan?.meaning;
 
-/** Members of libQX_Encoding's records: the fields that they are read from, and what the standard says of these. */
+const pageOf = ({ page_parameter: parameter }) => parameter?.pages && paged(parameter.page, parameter.pages);
+
+/**
+ * Members of libQX_Encoding's records: the fields that they are read from, and what the standard says of these.
+ * That is a number where the member is the same number; where its numbers are others, words.
+ */
 const MEMBERS = {
     m_Smsc: [['service centre'], (of) => of.sc_address?.number],
     m_Originator: [PARTY, (of) => of.tp_oa?.number],
@@ -131,22 +140,22 @@ const MEMBERS = {
     m_NumberNpi: [PARTY, (of) => planOf(partyOf({ parts: [of] }))],
     m_NumberTon: [PARTY, (of) => typeOf(partyOf({ parts: [of] }))],
     m_SmsType: [['first octet'], (of) => of.type],
-    m_ReplyPath: [['first octet'], (of) => of.tp_rp?.meaning],
-    m_HasUserDataHeader: [['first octet'], (of) => of.tp_udhi?.meaning],
-    m_StatusReport: [['first octet'], (of) => of.tp_srr?.meaning],
+    m_ReplyPath: [['first octet'], (of) => toldOf(of.tp_rp)],
+    m_HasUserDataHeader: [['first octet'], (of) => toldOf(of.tp_udhi)],
+    m_StatusReport: [['first octet'], (of) => toldOf(of.tp_srr)],
     m_ValidityFormat: [['first octet'], (of) => of.tp_vpf?.meaning],
-    m_RejectDuplicates: [['first octet'], (of) => of.tp_rd?.meaning],
+    m_RejectDuplicates: [['first octet'], (of) => toldOf(of.tp_rd)],
     m_MessageReference: [['TP-MR'], (of) => of.tp_mr?.raw],
     m_ProtocolId: [['TP-PID'], (of) => of.tp_pid?.raw],
     m_DataCoding: [['TP-DCS'], (of) => of.tp_dcs?.raw],
-    m_ValidityPeriod: [['TP-VP'], (of) => of.tp_vp?.meaning],
+    m_ValidityPeriod: [['TP-VP'], (of) => toldOf(of.tp_vp)],
     m_ValidityTime: [['TP-VP'], (of) => of.tp_vp?.time],
     m_DischargeTime: [['TP-DT'], (of) => of.tp_dt?.time],
     m_ServiceCentreTime: [['TP-SCTS'], (of) => of.tp_scts?.time],
     m_UserDataLength: [['TP-UDL'], (of) => of.tp_udl?.raw],
     m_Status: [['TP-ST'], (of) => of.tp_st?.meaning],
     m_CodingGroup: [['TP-DCS'], (of) => of.tp_dcs?.meaning],
-    m_Class: [['TP-DCS'], (of) => of.tp_dcs?.class],
+    m_Class: [['TP-DCS'], (of) => words.message.classes[of.tp_dcs?.class]],
     m_Alphabet: [['TP-DCS'], (of) => of.tp_dcs?.alphabet],
     m_Text: [['TP-UD', 'content'], (of) => of.text ?? of.data],
     m_ConcatReference: [['TP-UDH'], (of) => of.concatenation?.reference],
@@ -155,7 +164,7 @@ const MEMBERS = {
     m_SerialNumber: [['serial number'], (of) => of.serial_number?.raw],
     m_MessageIdentifier: [['message identifier'], (of) => of.message_identifier?.raw],
     m_DataCodingScheme: [['data coding scheme'], (of) => of.data_coding_scheme?.raw],
-    m_PageParameter: [['page parameter'], (of) => of.page_parameter?.raw],
+    m_PageParameter: [['page parameter'], pageOf],
 };
 
 /** Whether the member is read from the field. */
@@ -163,14 +172,23 @@ export function isReadFrom(member, field) {
     return MEMBERS[member]?.[0].includes(field) ?? false;
 }
 
+/** What libQX_Encoding puts into a member: where its numbers are not those of the standard, in words as well. */
+export function hostValueOf(name, value) {
+    const { values } = words.differences;
+    const word = name === 'm_PageParameter' ? paged(value >> 4, value & 0xf) : values[name]?.[value];
+    return word === undefined ? (value ?? '') : told(value, word);
+}
+
 /** What libQX_Encoding makes of an object where that differs: { name, standard, host }; "" is nothing. */
 export function differencesOf(object) {
-    return Object.entries(object.libQX_Encoding ?? {}).map(([name, host]) => ({
-        name,
-        standard:
-            name === 'rejected' || name === 'result'
-                ? (object.error ?? object.type ?? '')
-                : (MEMBERS[name]?.[1](object) ?? ''),
-        host: host ?? '',
-    }));
+    return Object.entries(object.libQX_Encoding ?? {})
+        .map(([name, host]) => ({
+            name,
+            standard:
+                name === 'rejected' || name === 'result'
+                    ? (object.error ?? object.type ?? '')
+                    : (MEMBERS[name]?.[1](object) ?? ''),
+            host: hostValueOf(name, host),
+        }))
+        .filter(({ standard, host }) => standard !== host);
 }

@@ -2,19 +2,18 @@
 
 import { element, reconcile } from './elements.js';
 import { kindOf, nameOf, octetsOf } from './fields.js';
+import { listenToPointer } from './pointing.js';
 import { setStop, walk } from './walking.js';
 import { words } from './words.js';
-
-const MISSING_SHOWN = 16; // cells that are drawn of what a broken PDU lacks
 
 /** Whether two rows are pieces of the same field. */
 function areOne(row, other) {
     return other !== undefined && kindOf(row) === kindOf(other) && row.field === other.field;
 }
 
-function cellsOf(rows, { octets = '', remarks = [], fault }) {
+function cellsOf(rows, { remarks = [], fault }) {
     const remarked = new Set(remarks.map((remark) => remark.octet));
-    const cells = rows.flatMap((row, index) =>
+    return rows.flatMap((row, index) =>
         octetsOf(row.octets).map((digits, place) => {
             const offset = row.offset + place;
             const look = [
@@ -23,7 +22,7 @@ function cellsOf(rows, { octets = '', remarks = [], fault }) {
                 remarked.has(offset) && 'remarked',
                 fault?.octet === offset && 'broken',
             ];
-            const label = words.map.octet(offset, digits, nameOf(row));
+            const label = row.isMissing ? nameOf(row) : words.map.octet(offset, digits, nameOf(row));
             return {
                 digits,
                 offset,
@@ -34,27 +33,13 @@ function cellsOf(rows, { octets = '', remarks = [], fault }) {
             };
         }),
     );
-    const missing = fault ? Math.max(fault.expected - fault.found, 0) : 0;
-    for (let index = 0; index < Math.min(missing, MISSING_SHOWN); index++)
-        cells.push({
-            digits: '··',
-            offset: octets.length / 2 + index,
-            row: -1,
-            kind: 'missing',
-            label: words.map.missing(missing),
-            look: '',
-        });
-    return cells;
 }
 
 /** `onPoint` and `onChoose` are given the index of a row, -1 for none; `onChoose` the octet as well. */
 export class Octets {
     constructor(onPoint, onChoose) {
         this.element = element('div', { class: 'octets', role: 'listbox', 'aria-label': words.map.grid });
-        this.element.addEventListener('pointerover', ({ target, pointerType }) => {
-            if (pointerType !== 'touch') onPoint(Number(target.closest('.octet')?.dataset.row ?? -1));
-        });
-        this.element.addEventListener('pointerleave', () => onPoint(-1));
+        listenToPointer(this.element, onPoint);
         this.element.addEventListener('click', ({ target }) => target.closest('.octet')?.focus());
         this.element.addEventListener('focusin', ({ target }) =>
             onChoose(Number(target.dataset.row), Number(target.dataset.offset)),

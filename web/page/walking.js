@@ -1,7 +1,8 @@
 // Ways of the keyboard through many nodes, of which the tabulator stops at one only.
 
-/** The tabulator stops at this one of the nodes. */
-export function setStop(nodes, stop) {
+/** The tabulator stops at this one of the nodes, or at that which is next to it. */
+export function setStop(nodes, wanted) {
+    const stop = Math.min(Math.max(wanted, 0), nodes.length - 1);
     nodes.forEach((node, index) => {
         const tabIndex = index === stop ? 0 : -1;
         if (node.tabIndex !== tabIndex) node.tabIndex = tabIndex;

@@ -4,6 +4,18 @@ const count = (number, one, many) => `${number.toLocaleString('en')} ${number ==
 
 const MONTHS = ['Jan', 'Feb', 'Mar', 'Apr', 'May', 'Jun', 'Jul', 'Aug', 'Sep', 'Oct', 'Nov', 'Dec'];
 
+const TYPES_OF_NUMBER = { 1: 'TON_UNKNOWN', 2: 'TON_INTERNATIONAL', 5: 'TON_ALPHANUMERIC', 7: 'TON_RESERVED' };
+const NUMBERING_PLANS = [
+    'NPI_UNKNOWN',
+    'NPI_ISDN',
+    'NPI_DATA',
+    'NPI_TELEX',
+    'NPI_NATIONAL',
+    'NPI_PRIVATE',
+    'NPI_ERMES',
+    'NPI_RESERVED',
+];
+
 export const words = {
     title: 'PDUs, read and written',
     name: 'qxpdu',
@@ -118,6 +130,7 @@ export const words = {
         remarked: 'remark',
         host: (name, value) => `by libQX_Encoding ${name}: ${value}`,
         missing: (octets) => count(octets, 'octet missing', 'octets missing'),
+        more: (octets) => `and ${count(octets, 'more octet', 'more octets')}`,
         bits: (pattern) => `bits ${pattern}`,
         copy: 'Copy octets',
     },
@@ -141,6 +154,47 @@ export const words = {
             room: 'Still fits',
             cuts: 'Cut in two',
             error: 'Fault',
+        },
+        told: (number, word) => `${number}: ${word}`,
+        paged: (page, pages) => `page ${page} of ${pages}`,
+        /** Numbers of libQX_Encoding by the names that its headers have for them, or what they are where these have none. */
+        values: {
+            m_SmsType: ['TP_MTI_UNKNOWN', 'TP_MTI_SMS_SUBMIT', 'TP_MTI_SMS_DELIVER', 'TP_MTI_SMS_STATUS_REPORT'],
+            m_SmscTon: TYPES_OF_NUMBER,
+            m_NumberTon: TYPES_OF_NUMBER,
+            m_SmscNpi: NUMBERING_PLANS,
+            m_NumberNpi: NUMBERING_PLANS,
+            m_ValidityFormat: ['none', 'relative', 'enhanced', 'absolute'],
+            m_CodingGroup: [
+                'general',
+                'message waiting, discarded',
+                'message waiting, stored',
+                'message waiting, stored, UCS2',
+                'data coding and class',
+            ],
+            m_Class: ['CLASS_0', 'CLASS_1', 'CLASS_2', 'CLASS_3', 'CLASS_NONE'],
+            m_Alphabet: ['ALPHABET_GSM7', 'ALPHABET_8BIT', 'ALPHABET_UCS2', 'ALPHABET_RESERVED'],
+            m_Status: [
+                'ST_RECEIVED',
+                'ST_FORWARDED_UNCONFIRMED',
+                'ST_REPLACED',
+                'ST_CONGESTION',
+                'ST_SME_BUSY',
+                'ST_NO_RESPONSE',
+                'ST_SERVICE_REJECTED',
+                'ST_QUALITY_OF_SERVICE_UNAVAILABLE',
+                'ST_ERROR_IN_SME',
+                'ST_REMOTE_PROCEDURE_ERROR',
+                'ST_INCOMPATIBLE_DESTINATION',
+                'ST_CONNECTION_REJECTED',
+                'ST_NOT_OBTAINABLE',
+                'ST_NO_INTERWORKING',
+                'ST_VALIDITY_PERIOD_EXPIRED',
+                'ST_DELETED_BY_ORIGINATING_SME',
+                'ST_DELETED_BY_ADMINISTRATION',
+                'ST_MESSAGE_DOES_NOT_EXIST',
+                'ST_UNKNOWN',
+            ],
         },
         size: (septets, characters) =>
             septets === undefined

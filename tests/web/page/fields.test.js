@@ -1,7 +1,18 @@
 // Values and bits of the octet map.
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { bitsOf, kindOf, nameOf, rowAt, shownValueOf, spaced, valueOf } from '../../../web/page/fields.js';
+import {
+    bitsOf,
+    drawnRows,
+    kindOf,
+    missingRow,
+    nameOf,
+    rowAt,
+    shortened,
+    shownValueOf,
+    spaced,
+    valueOf,
+} from '../../../web/page/fields.js';
 
 const bits = [
     { bits: '1... ....', name: 'extension' },
@@ -43,6 +54,45 @@ test('an octet is found in its row', () => {
         [0, 0, 1, -1],
     );
     assert.equal(spaced('0791'), '07 91');
+});
+
+test('of rows the first octets are drawn, the last row cut', () => {
+    const first = { offset: 0, length: 1, octets: '00' };
+    const long = { offset: 1, length: 3, octets: 'AABBCC' };
+    const rows = [first, long, { offset: 4, length: 1, octets: 'DD' }];
+    const of = (octets) => ({ ...long, octets });
+    assert.deepEqual(drawnRows(rows, 5), { rows, hidden: 0 });
+    assert.deepEqual(drawnRows(rows, 4), { rows: [first, long], hidden: 1 });
+    assert.deepEqual(drawnRows(rows, 3), { rows: [first, of('AABB')], hidden: 2 });
+    assert.deepEqual(drawnRows(rows, 1), { rows: [first], hidden: 4 });
+    assert.deepEqual(drawnRows([], 1), { rows: [], hidden: 0 });
+});
+
+test('a text is shortened between characters', () => {
+    assert.equal(shortened('abc', 3), 'abc');
+    assert.equal(shortened('abcd', 3), 'abc …');
+    assert.equal(shortened('😀😀😀', 3), '😀😀😀');
+    assert.equal(shortened('😀😀😀😀', 3), '😀😀😀 …');
+    assert.equal(valueOf({ value: 'x'.repeat(1301) }), `“${'x'.repeat(1300)} …”`);
+    assert.equal(valueOf({ value: 'x'.repeat(1300) }), `“${'x'.repeat(1300)}”`);
+});
+
+test('what lacks is a row behind those that are there', () => {
+    const error = 'cut in TP-SCTS';
+    const named = (octets) => `${octets} missing`;
+    assert.deepEqual(missingRow({ octets: '0102', error, fault: { expected: 7, found: 5 } }, named), {
+        isMissing: true,
+        offset: 2,
+        length: 2,
+        octets: '····',
+        field: '2 missing',
+        meaning: error,
+    });
+    const long = missingRow({ fault: { expected: 40, found: 0 } }, named);
+    assert.deepEqual([long.length, long.octets.length], [40, 32]);
+    assert.equal(kindOf(long), 'missing');
+    assert.equal(missingRow({ fault: { expected: 3, found: 3 } }, named), null);
+    assert.equal(missingRow({ octets: '01' }, named), null);
 });
 
 const drawn = (octets, part) => octets.map((octet) => octet.map((bit) => bit[part]).join('')).join(' ');

@@ -2,7 +2,7 @@
 import unittest
 
 from browser import PageTest
-from showing import CUT, HELLO
+from showing import CUT, HELLO, PAGE
 
 MEBIBYTE = 1 << 20
 FULL = "079121436587092144" "0B912143658709F10000" "21203121436580" "A0" "050003070302" + "B2" + "EFBA1CF49693CB" * 19
@@ -79,6 +79,21 @@ class Limits(PageTest):
         self.browser.wait(lambda: "1 broken" in self.browser.text("[role=status]"))
         self.browser.all(".messages button")[0].click()
         self.assertEqual("".join(self.browser.texts(".octet:not([data-kind=missing])")), CUT)
+
+    def test_of_a_long_page_the_beginning_is_drawn(self):
+        self.browser.choose("kind", "cell broadcast")
+        self.browser.paste("0" * 900_000)
+        self.browser.wait(lambda: self.browser.text("[role=status]") == "1 message")
+        self.assertEqual(len(self.browser.all(".octet")), 1280)
+        self.assertEqual(self.browser.text(".drawn > .hint"), "and 448,720 more octets")
+        self.browser.run("document.querySelectorAll('.octet')[1000].focus()")
+        self.assertEqual(len(self.browser.all(".lens .column")), 256)
+        self.assertEqual(self.browser.text(".lens .binary > .aside"), f"and {449_912 - 256:,} more octets")
+        self.browser.press("Copy octets")
+        self.assertEqual(self.browser.clipboard(), "0" * 900_000)
+        self.browser.press("Clear")
+        self.browser.put(PAGE)
+        self.assertFalse(self.browser.is_shown(".drawn > .hint:not(:last-child)"))
 
     def test_what_comes_meanwhile_stops_the_reading(self):
         self.browser.paste(ENTRY * (MEBIBYTE // len(ENTRY)))

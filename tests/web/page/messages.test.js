@@ -108,7 +108,6 @@ test('both readings stand beside each other', () => {
     assert.deepEqual(differencesOf(object), [
         { name: 'm_Text', standard: 'a', host: 'a@' },
         { name: 'm_UserDataLength', standard: 2, host: 1 },
-        { name: 'm_ServiceCentreTime', standard: '', host: '' },
     ]);
     assert.deepEqual(differencesOf({ type: 'SMS-COMMAND', libQX_Encoding: { rejected: true } }), [
         { name: 'rejected', standard: 'SMS-COMMAND', host: true },
@@ -117,6 +116,48 @@ test('both readings stand beside each other', () => {
         { name: 'result', standard: 'cut', host: 1 },
     ]);
     assert.deepEqual(differencesOf({}), []);
+});
+
+/** Of one member: what stands beside each other of an object. */
+function pairOf(name, host, object) {
+    const [{ standard, host: shown } = {}] = differencesOf({ ...object, libQX_Encoding: { [name]: host } });
+    return [standard, shown];
+}
+
+test('numbers of libQX_Encoding that are not those of the standard are told in words', () => {
+    const number = { type_of_number: { raw: 6, meaning: 'abbreviated' }, numbering_plan: { meaning: 'reserved' } };
+    assert.deepEqual(pairOf('m_NumberTon', 1, { tp_oa: number }), ['abbreviated', '1: TON_UNKNOWN']);
+    assert.deepEqual(pairOf('m_SmscTon', 7, { sc_address: number }), ['abbreviated', '7: TON_RESERVED']);
+    assert.deepEqual(pairOf('m_NumberNpi', 0, { tp_da: number }), ['reserved', '0: NPI_UNKNOWN']);
+    assert.deepEqual(pairOf('m_SmscNpi', 7, {}), ['', '7: NPI_RESERVED']);
+    assert.deepEqual(pairOf('m_Alphabet', 2, { tp_dcs: { alphabet: 'GSM 7-bit' } }), ['GSM 7-bit', '2: ALPHABET_UCS2']);
+    assert.deepEqual(pairOf('m_CodingGroup', 4, { tp_dcs: { meaning: 'reserved' } }), [
+        'reserved',
+        '4: data coding and class',
+    ]);
+    assert.deepEqual(pairOf('m_Class', 4, { tp_dcs: { class: 0 } }), ['0: shown at once', '4: CLASS_NONE']);
+    assert.deepEqual(pairOf('m_Class', 0, { tp_dcs: {} }), ['', '0: CLASS_0']);
+    assert.deepEqual(pairOf('m_Status', 18, { tp_st: { raw: 127, meaning: 'reserved' } }), ['reserved', '18: ST_UNKNOWN']);
+    assert.deepEqual(pairOf('m_Status', 7, {}), ['', '7: ST_QUALITY_OF_SERVICE_UNAVAILABLE']);
+    assert.deepEqual(pairOf('m_SmsType', 3, { type: 'SMS-COMMAND' }), ['SMS-COMMAND', '3: TP_MTI_SMS_STATUS_REPORT']);
+    assert.deepEqual(pairOf('m_ValidityFormat', 2, { tp_vpf: { meaning: 'none' } }), ['none', '2: enhanced']);
+    assert.deepEqual(pairOf('m_NumberTon', -1, {}), ['', -1]); // which has no name
+});
+
+test('numbers that are those of the standard stand beside these and what they mean', () => {
+    const header = { raw: 1, meaning: 'user-data header' };
+    assert.deepEqual(pairOf('m_HasUserDataHeader', 0, { tp_udhi: header }), ['1: user-data header', 0]);
+    assert.deepEqual(pairOf('m_ReplyPath', 1, {}), ['', 1]);
+});
+
+test('of the page parameter that is told in which the readings differ', () => {
+    const page = { page_parameter: { raw: 1, meaning: 'page 1 of 1', page: 1, pages: 1 } };
+    assert.deepEqual(pairOf('m_PageParameter', 0x01, page), ['page 1 of 1', '1: page 0 of 1']);
+    assert.deepEqual(pairOf('m_PageParameter', 0x53, {}), ['', '83: page 5 of 3']);
+});
+
+test('what both readings lack is no difference', () => {
+    assert.deepEqual(differencesOf({ libQX_Encoding: { m_Smsc: '', m_DischargeTime: null } }), []);
 });
 
 test('a member is read from its fields', () => {

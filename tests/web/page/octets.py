@@ -63,6 +63,20 @@ class Octets(PageTest):
         ActionChains(self.browser.driver).send_keys(Keys.HOME, Keys.ARROW_DOWN, Keys.ARROW_DOWN).perform()
         self.assertEqual(self.lit(), ("21 43 65 87 09 21", ["service centre digits"]))
 
+    def test_a_pointer_that_rests_lights_nothing_while_the_page_scrolls(self):
+        focus = "document.querySelectorAll('.octet')[arguments[0]].focus({ preventScroll: true })"
+        self.browser.run(focus, 18)  # which has its field in view from here on
+        self.browser.run(focus, 17)
+        ActionChains(self.browser.driver).move_to_element(self.browser.all(".octet")[5]).perform()
+        self.assertEqual(self.lit(), ("21 43 65 87 09 21", ["service centre digits"]))
+        self.browser.run(focus, 18)
+        self.assertEqual(self.lit(), ("00", ["TP-DCS"]))
+        self.browser.run("const all = document.querySelectorAll('.octet'); scrollBy(0, all[21].offsetTop - all[5].offsetTop)")
+        self.browser.run_async("setTimeout(arguments[0], 300)")
+        self.assertEqual(self.lit(), ("00", ["TP-DCS"]))
+        ActionChains(self.browser.driver).move_by_offset(1, 0).perform()
+        self.assertEqual(self.lit(), ("31", ["TP-SCTS day"]))
+
     def test_the_tabulator_stops_once_in_each_half(self):
         self.assertEqual(len(self.browser.all(".octet[tabindex='0']")), 1)
         self.assertEqual(len(self.browser.all(".fields button[tabindex='0']")), 1)
@@ -86,6 +100,17 @@ class Octets(PageTest):
         self.assertEqual(self.browser.texts(".octet.broken"), ["21"])
         self.assertEqual(len(self.browser.all(".octet[data-kind=missing]")), 4)
         self.assertEqual(self.lit(), ("21 20 31", ["TP-SCTS"]))
+
+    def test_what_is_missing_is_a_field_as_well(self):
+        self.browser.put(CUT)
+        self.browser.all(".octet")[0].click()
+        ActionChains(self.browser.driver).send_keys(Keys.END).perform()
+        self.assertEqual(self.lit(), ("·· ·· ·· ··", []))
+        self.assertEqual(self.browser.text(".lens .name"), "4 octets missing\noctets 22 to 25")
+        self.assertEqual(self.browser.text(".lens .sense"), self.browser.text(".message .fault"))
+        focused = self.browser.driver.switch_to.active_element
+        self.assertEqual(focused.get_attribute("aria-label"), "4 octets missing")
+        self.assertEqual(len(self.browser.all(".fields button[tabindex='0']")), 1)
 
     def test_a_remark_lights_its_octet(self):
         self.browser.put(HELLO[:-4])

@@ -196,6 +196,13 @@ class Readings(PageTest):
         self.assertEqual(self.browser.run("""
             return document.querySelector('.note.host').closest('tbody').querySelector('.offset').textContent"""), "15")
 
+    def test_numbers_of_libqx_encoding_are_told_in_words(self):
+        self.browser.put("0000110011010D0A5BAE")
+        self.browser.choose("kind", "cell broadcast")
+        self.assertEqual(self.browser.texts(".differences tbody tr")[0],
+                         "m_PageParameter page 1 of 1 1: page 0 of 1")
+        self.assertIn("by libQX_Encoding m_PageParameter: 1: page 0 of 1", self.browser.texts(".fields .note.host"))
+
     def test_a_text_that_libqx_encoding_sends_differently_has_both_too(self):
         self.browser.put("Çok güzel")
         self.assertEqual(self.browser.texts(".differences tbody tr"),
