@@ -18,16 +18,17 @@ function reasonsOf({ alphabet }) {
     return REASONS.filter((reason) => reason !== 'two_septets' || alphabet !== 'UCS2');
 }
 
-/** Pieces of the text: { text, reason } and { part }, in their order. */
+/** Pieces of the text: { text, reason } and { part }, in their order; of what is not drawn { hidden }. */
 export function markedPieces(text, counted) {
     const reasonAt = new Map();
     for (const reason of reasonsOf(counted))
         for (const entry of counted[reason] ?? [])
             for (const position of entry.positions) if (!reasonAt.has(position)) reasonAt.set(position, reason);
     const partAt = new Map((counted.breaks ?? []).map(({ position, after_part }) => [position, after_part + 1]));
+    const characters = [...text];
     const pieces = [];
     let last = null;
-    [...text].slice(0, MARKED_SHOWN).forEach((character, index) => {
+    characters.slice(0, MARKED_SHOWN).forEach((character, index) => {
         const position = index + 1;
         const reason = reasonAt.get(position);
         if (partAt.has(position)) {
@@ -37,6 +38,7 @@ export function markedPieces(text, counted) {
         if (last && last.reason === reason) last.text += character;
         else pieces.push((last = { text: character, reason }));
     });
+    if (characters.length > MARKED_SHOWN) pieces.push({ hidden: characters.length - MARKED_SHOWN });
     return pieces;
 }
 
@@ -103,7 +105,7 @@ export class Counter {
             counted.error ? element('p', { class: 'fault' }, counted.error) : this.#sum(counted),
             element(
                 'div',
-                { class: 'drawn-text', dir: 'auto', role: 'group', 'aria-label': words.count.drawn },
+                { class: 'drawn-text', dir: 'auto', role: 'group', 'aria-label': words.count.drawn, tabindex: '0' },
                 this.#drawn(text, counted),
             ),
             this.#cheaper(counted, options),
@@ -144,7 +146,8 @@ export class Counter {
     }
 
     #drawn(text, counted) {
-        return markedPieces(text, counted).map(({ text: piece, reason, part }) => {
+        return markedPieces(text, counted).map(({ text: piece, reason, part, hidden }) => {
+            if (hidden) return element('span', { class: 'aside' }, ` … ${words.count.more(hidden)}`);
             if (part)
                 return element(
                     'span',

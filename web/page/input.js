@@ -164,7 +164,7 @@ export class Input {
         this.#hold(null);
         this.#box.value = '';
         this.#onRefused();
-        this.say(words.input.refused((size / LIMIT).toFixed(1)), true);
+        this.say(words.input.refused(size / LIMIT), true);
     }
 
     #hold(text) {

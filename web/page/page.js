@@ -197,7 +197,7 @@ class Page {
         this.#hide(this.#ofMessages);
         this.#input.say(words.status.text);
         this.#counter.show(counted.text ?? text, counted, options);
-        this.#sending.show(encoded);
+        this.#sending.show(encoded, counted.error);
         this.#map.element.hidden = !encoded.pdus?.length;
         this.#json.show({ counted, encoded });
         this.#differences.show(this.#differencesOf(text, counted, counting));

@@ -1,14 +1,24 @@
 // The PDUs that a text becomes, with what can be chosen about them.
 
 import { copyButton } from './copying.js';
-import { element, fill } from './elements.js';
+import { element, fill, say } from './elements.js';
 import { spaced } from './fields.js';
 import { words } from './words.js';
 
 const EXAMPLE_NUMBER = '+12025550142'; // reserved for examples
 
-function commandsOf(pdus) {
-    return pdus.map((pdu) => `${words.send.length(pdu.tpdu_length)}\r\n${pdu.octets}\x1A\r\n`).join('');
+const NUMBERS = { to: words.send.to, smsc: words.send.centre }; // fields in which a number can be wrong
+
+/** What a modem takes: each command ends in a carriage return, each PDU in Ctrl+Z. */
+export function commandsOf(pdus) {
+    const commands = pdus.map(({ tpdu_length: length, octets }) => `${words.send.length(length)}\r${octets}\x1A`);
+    return [`${words.send.mode}\r`, ...commands].join('');
+}
+
+/** What a fault is about: { field, what }, the name of a field of the form, or of another fault none. */
+export function faultOf(error) {
+    const [, field, what] = /^(?:(to|smsc): )?(.*)$/s.exec(error);
+    return { field, what };
 }
 
 export class Sending {
@@ -16,6 +26,8 @@ export class Sending {
     #onShow;
     #form;
     #results;
+    #fault = element('p', { id: 'send-fault', class: 'fault', 'aria-live': 'polite' });
+    #copyAll = copyButton(words.send.copyAll, () => commandsOf(this.#pdus));
     #pdus = [];
     #shown = 0;
     #languages = new Set();
@@ -33,9 +45,10 @@ export class Sending {
                 'header',
                 { class: 'bar' },
                 element('h2', { id: 'send-heading' }, words.send.heading),
-                copyButton(words.send.copyAll, () => commandsOf(this.#pdus)),
+                this.#copyAll,
             ),
             this.#form,
+            this.#fault,
             this.#results,
         );
     }
@@ -88,13 +101,15 @@ export class Sending {
         };
     }
 
-    show({ pdus = [], error, warnings = [] }) {
+    /** `said` is a fault that is told elsewhere. */
+    show({ pdus = [], error, warnings = [] }, said) {
         this.element.hidden = false;
+        this.#copyAll.hidden = pdus.length === 0;
+        this.#showFault(error === said ? '' : error);
         this.#pdus = pdus;
         this.#shown = Math.min(this.#shown, Math.max(pdus.length - 1, 0));
         fill(
             this.#results,
-            error && element('p', { class: 'fault' }, error),
             warnings.map((warning) => element('p', { class: 'note' }, warning)),
             element(
                 'ol',
@@ -103,6 +118,18 @@ export class Sending {
             ),
         );
         if (pdus.length) this.#onShow(pdus[this.#shown]);
+    }
+
+    /** Says what is wrong, which is announced, and ties it to the field that has it. */
+    #showFault(error = '') {
+        const { field: faulty, what } = faultOf(error);
+        for (const name of Object.keys(NUMBERS)) {
+            const field = this.#form.elements[name];
+            field.setAttribute('aria-invalid', String(name === faulty));
+            if (name === faulty) field.setAttribute('aria-describedby', this.#fault.id);
+            else field.removeAttribute('aria-describedby');
+        }
+        say(this.#fault, faulty ? words.send.fault(NUMBERS[faulty], what) : what);
     }
 
     #pdu(pdu, index) {

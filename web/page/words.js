@@ -37,7 +37,7 @@ export const words = {
         held: (lines, kibibytes) => `${count(lines, 'line', 'lines')}, ${count(kibibytes, 'KiB', 'KiB')}`,
         heldLabel: 'Pasted log',
         refused: (mebibytes) =>
-            `That is ${mebibytes} MiB, and one is the most this page takes. The tool qxpdu reads logs of any length.`,
+            `That is over ${(Math.floor(10 * mebibytes) / 10).toFixed(1)} MiB, and one is the most this page takes. The tool qxpdu reads logs of any length.`,
     },
     examples: {
         label: 'Examples',
@@ -219,6 +219,7 @@ export const words = {
         bar: 'How full the parts are',
         drawn: 'The text with its breaks and the characters that cost',
         break: (part) => `part ${part} begins`,
+        more: (characters) => `and ${count(characters, 'more character', 'more characters')}`,
         costs: 'Characters that cost',
         reasons: {
             forces_ucs2: 'makes it UCS2',
@@ -290,11 +291,13 @@ export const words = {
             ur: 'Urdu',
         },
         pdus: 'PDUs',
+        mode: 'AT+CMGF=0',
         length: (octets) => `AT+CMGS=${octets}`,
         copy: 'Copy',
         copyAll: 'Copy AT commands',
         show: 'Show octets',
         shown: 'Octets shown below',
+        fault: (field, what) => `${field}: ${what}`,
     },
 
     /** "13 Feb 2012, 12:34:56 +02:00" of ISO 8601; the clock of the message, not of the reader. */

@@ -5,7 +5,7 @@ from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.keys import Keys
 
 from browser import ROOT, PageTest
-from showing import CUT
+from showing import CUT, HELLO
 
 AXE = ROOT / "build/axe/node_modules/axe-core/axe.min.js"
 
@@ -38,6 +38,12 @@ class Access(PageTest):
         self.assertEqual(self.violations(), [])
 
 
+    def test_axe_finds_nothing_in_a_text_that_scrolls(self):
+        self.browser.put("A line\n" * 200)
+        self.assertEqual(self.violations(), [])
+        self.assertEqual(self.browser.one(".drawn-text").get_attribute("tabindex"), "0")
+
+
 class AccessByNight(Access):
     is_dark = True
 
@@ -61,10 +67,59 @@ class ByDay(AccessByNight):
     test_axe_finds_nothing_in_the_empty_page = None
     test_axe_finds_nothing_in_any_example = None
     test_axe_finds_nothing_in_what_is_broken = None
+    test_axe_finds_nothing_in_a_text_that_scrolls = None
 
 
 class OnATelephone(Access):
     width, height = 360, 740
+
+
+class ColoursOfTheSystem(PageTest):
+    def setUp(self):
+        super().setUp()
+        self.emulate("active")
+        self.browser.put(HELLO)
+
+    def tearDown(self):
+        self.emulate("none")
+        super().tearDown()
+
+    def emulate(self, forced):
+        self.browser.command("Emulation.setEmulatedMedia", features=[{"name": "forced-colors", "value": forced}])
+
+    def test_bits_that_belong_together_are_underlined(self):
+        lines = self.browser.run("""
+            const bits = document.querySelector('.field:not(.lit) .bits').querySelectorAll('.bit');
+            return [...bits].map((bit) => getComputedStyle(bit).borderBottomStyle)""")
+        self.assertEqual(lines, ["solid"] + ["none"] * 7)  # the extension of the service centre's type
+
+    def test_fields_are_told_apart_by_lines(self):
+        lines = self.browser.run("""
+            return [...document.querySelectorAll('.octet')].slice(0, 3)
+                .map((octet) => [getComputedStyle(octet).borderLeftStyle, getComputedStyle(octet).borderRightStyle])""")
+        self.assertEqual(lines, [["solid", "none"], ["none", "none"], ["none", "none"]])
+
+    def test_what_is_lit_has_one_colour(self):
+        self.browser.all(".octet")[8].click()
+        colours = self.browser.run("""
+            const lit = document.querySelector('.field.lit');
+            return [...new Set([lit, ...lit.querySelectorAll('*')].map((node) => getComputedStyle(node).color))]""")
+        self.assertEqual(len(colours), 1, colours)
+
+
+class OnPaper(PageTest):
+    def tearDown(self):
+        self.browser.command("Emulation.setEmulatedMedia", media="")
+        super().tearDown()
+
+    def test_nothing_to_click_on_is_printed_and_the_colours_are(self):
+        self.browser.put(HELLO)
+        self.browser.command("Emulation.setEmulatedMedia", media="print")
+        self.assertEqual([text for text in self.browser.texts("button:not(.fields button)") if text], [])
+        self.assertFalse(self.browser.is_shown("select"))
+        self.assertEqual(self.browser.text(".bubble"), "Hello")
+        octet = self.browser.all(".octet")[0]
+        self.assertEqual(octet.value_of_css_property("print-color-adjust"), "exact")
 
 
 class Keyboard(PageTest):

@@ -27,6 +27,12 @@ test('positions count characters, and parts begin between them', () => {
     ]);
 });
 
+test('of a long text the beginning is drawn, and how much is not', () => {
+    const whole = { text: '😀'.repeat(4000), reason: undefined };
+    assert.deepEqual(markedPieces('😀'.repeat(4000), {}), [whole]);
+    assert.deepEqual(markedPieces('😀'.repeat(4001), {}), [whole, { hidden: 1 }]);
+});
+
 test('all parts but the last are full', () => {
     assert.deepEqual(fillings({ septets: 40, parts: 1, room: 120 }), [0.25]);
     assert.deepEqual(fillings({ characters: 0, parts: 1, room: 70 }), [0]);

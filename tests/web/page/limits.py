@@ -119,7 +119,7 @@ class NothingGetsOut(PageTest):
     def test_the_policy_forbids_all_ways(self):
         policy = self.browser.one("meta[http-equiv]").get_attribute("content")
         for rule in ("default-src 'none'", "connect-src 'none'", "base-uri 'none'", "form-action 'none'",
-                     "'wasm-unsafe-eval'"):
+                     "'wasm-unsafe-eval'", "require-trusted-types-for 'script'", "trusted-types 'none'"):
             self.assertIn(rule, policy)
         for rule in ("'unsafe-inline'", "'unsafe-eval'", "*", "http"):
             self.assertNotIn(rule, policy)
@@ -133,14 +133,22 @@ class NothingGetsOut(PageTest):
         self.assertTrue(any("Content Security Policy" in complaint for complaint in self.browser.complaints))
         self.browser.complaints.clear()
 
+    def test_no_text_becomes_markup_by_force(self):
+        said = self.browser.run("""
+            try { document.body.innerHTML = '<img>'; return 'set'; } catch (error) { return error.name; }""")
+        self.assertEqual(said, "TypeError")
+        self.browser.listen()
+        self.assertTrue(any("TrustedHTML" in complaint for complaint in self.browser.complaints))
+        self.browser.complaints.clear()
+
     def test_a_script_from_elsewhere_does_not_run(self):
         self.browser.run("""
             const script = document.createElement('script');
-            script.textContent = "document.title = 'fired'";
+            script.append("document.title = 'fired'");
             document.body.append(script)""")
         self.assertNotEqual(self.browser.run("return document.title"), "fired")
         self.browser.listen()
-        self.assertTrue(any("Content Security Policy" in complaint for complaint in self.browser.complaints))
+        self.assertTrue(any("TrustedScript" in complaint for complaint in self.browser.complaints))
         self.browser.complaints.clear()
 
 

@@ -1,6 +1,8 @@
 """Texts: counted, and made to PDUs."""
 import unittest
 
+from selenium.webdriver.common.keys import Keys
+
 from browser import PageTest
 
 PRICE = "It’s 5 € each"
@@ -59,6 +61,8 @@ class Counter(PageTest):
     def test_too_long_a_text_says_so(self):
         self.browser.put("Ж" * 17100)
         self.assertIn("255 at most", self.browser.text(".counter .fault"))
+        self.assertEqual(self.browser.text(".sending > .fault"), "")
+        self.assertTrue(self.browser.text(".drawn-text").endswith("… and 13,100 more characters"))
 
 
 class Sending(PageTest):
@@ -91,7 +95,13 @@ class Sending(PageTest):
         self.browser.put("hello")
         self.browser.one("[name=to]").send_keys("+4179123")
         self.browser.press("Copy AT commands")
-        self.assertEqual(self.browser.clipboard().replace("\r\n", "\n"), "AT+CMGS=16\n0001000791149721F3000005E8329BFD06\x1a\n")
+        self.assertEqual(self.browser.clipboard().replace("\r\n", "\n").replace("\r", "\n"),
+                         "AT+CMGF=0\nAT+CMGS=16\n0001000791149721F3000005E8329BFD06\x1a")
+        self.assertEqual(self.browser.text(".sending .bar .quiet"), "Copied")
+        self.assertEqual(self.browser.texts("body > [aria-live]"), ["Copied"])
+        self.browser.wait(lambda: self.browser.text(".sending .bar .quiet") == "Copy AT commands")
+        self.assertEqual(self.browser.texts("body > [aria-live]"), [""])
+        self.assertEqual(self.browser.one(".sending .bar .quiet").get_attribute("aria-label"), "Copy AT commands")
 
     def test_the_octets_of_any_part_are_shown(self):
         self.browser.put("x" * 161)
@@ -103,9 +113,24 @@ class Sending(PageTest):
 
     def test_a_wrong_number_says_so(self):
         self.browser.put("hello")
-        self.browser.one("[name=to]").send_keys("x")
-        self.assertTrue(self.browser.text(".pdus .fault"))
+        number, centre = self.browser.one("[name=to]"), self.browser.one("[name=smsc]")
+        number.send_keys("12x")
+        fault = self.browser.one(".sending > .fault")
+        self.assertEqual(fault.text, "To: character 3, 'x', is no digit of a number")
+        self.assertEqual(fault.get_attribute("aria-live"), "polite")
+        self.assertEqual(number.get_attribute("aria-invalid"), "true")
+        self.assertEqual(number.get_attribute("aria-describedby"), fault.get_attribute("id"))
+        self.assertEqual(centre.get_attribute("aria-invalid"), "false")
         self.assertFalse(self.browser.is_shown(".map"))
+        self.assertFalse(self.browser.is_shown(".sending .bar .quiet"))
+        number.send_keys(Keys.BACKSPACE)
+        self.assertEqual(fault.text, "")
+        self.assertEqual(number.get_attribute("aria-invalid"), "false")
+        self.assertIsNone(number.get_attribute("aria-describedby"))
+        self.assertTrue(self.browser.is_shown(".sending .bar .quiet"))
+        centre.send_keys("+")
+        self.assertEqual(fault.text, "Service centre: a number without digits")
+        self.assertEqual(centre.get_attribute("aria-invalid"), "true")
 
     def test_a_language_is_used_in_the_pdu(self):
         self.browser.put("Görüşmek üzere, iyi akşamlar")

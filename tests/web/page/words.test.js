@@ -14,6 +14,11 @@ test('one is not many', () => {
     assert.equal(words.count.room(2), '2 more fit');
 });
 
+test('what is too much is more than is told', () => {
+    assert.match(words.input.refused(1 + 2 ** -20), /^That is over 1\.0 MiB, and one is the most/);
+    assert.match(words.input.refused(2.58), /^That is over 2\.5 MiB/);
+});
+
 test('what was found is told with what was broken and what was passed over', () => {
     assert.equal(words.status.found(0, 0, 3), 'No PDU stands in this.');
     assert.equal(words.status.found(1, 1, 0), '1 message');
