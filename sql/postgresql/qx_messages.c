@@ -2,6 +2,7 @@
 #include "postgres.h"
 
 #include "access/detoast.h"
+#include "catalog/namespace.h"
 #include "catalog/pg_type.h"
 #include "fmgr.h"
 #include "mb/pg_wchar.h"
@@ -15,6 +16,34 @@
 PG_MODULE_MAGIC;
 
 static const qx_view c_none = {"", 0};
+
+/* Whether the server's texts are in UTF-8, or in whatever encoding, SQL_ASCII, in which they stay in it. */
+static bool
+keeps_utf8(void)
+{
+    return GetDatabaseEncoding() == PG_UTF8 || GetDatabaseEncoding() == PG_SQL_ASCII;
+}
+
+/* A text in the server's encoding; null where that lacks a character of it. */
+static struct varlena*
+converted_of(struct varlena* text)
+{
+    const int size = (int) VARSIZE(text) - VARHDRSZ;
+    const int room = size * MAX_CONVERSION_GROWTH + 1;
+    const Oid conversion = FindDefaultConversionProc(PG_UTF8, GetDatabaseEncoding());
+    struct varlena* converted;
+    int taken;
+
+    if (!OidIsValid(conversion))
+        return NULL;
+    converted = palloc(VARHDRSZ + (Size) room);
+    taken = pg_do_encoding_conversion_buf(conversion, PG_UTF8, GetDatabaseEncoding(), (unsigned char*) VARDATA(text), size,
+                                          (unsigned char*) VARDATA(converted), room, true);
+    if (taken < size)
+        return NULL;
+    SET_VARSIZE(converted, VARHDRSZ + strlen(VARDATA(converted)));
+    return converted;
+}
 
 /* What is handed out becomes the server's, and is freed before the server can be left by an error. */
 static Datum
@@ -46,12 +75,10 @@ take(qx_value value, FunctionCallInfo fcinfo)
                         errmsg("%s", pg_any_to_server(misuse, (int) value.size, PG_UTF8))));
     if (text == NULL)
         ereport(ERROR, (errcode(ERRCODE_OUT_OF_MEMORY), errmsg("out of memory")));
-    if (GetDatabaseEncoding() != PG_UTF8) {
-        char* const converted = pg_any_to_server(VARDATA(text), (int) VARSIZE(text) - VARHDRSZ, PG_UTF8);
-
-        if (converted != VARDATA(text))
-            PG_RETURN_TEXT_P(cstring_to_text(converted));
-    }
+    if (!keeps_utf8())
+        text = converted_of(text);
+    if (text == NULL)
+        PG_RETURN_NULL();
     PG_RETURN_TEXT_P(text);
 }
 
@@ -88,31 +115,60 @@ given_of(Datum datum, bool is_text)
     return given;
 }
 
-/* A function is looked for once in a statement. */
 static Datum
-call(const char* name, bool is_text, FunctionCallInfo fcinfo)
+run(const qx_function* function, bool is_text, FunctionCallInfo fcinfo)
 {
     const qx_given given = given_of(PG_GETARG_DATUM(0), is_text);
     const qx_view options = PG_NARGS() > 1 ? utf8_of((struct varlena*) PG_GETARG_TEXT_PP(1)) : c_none;
 
+    return take(qx_call(function, given, options), fcinfo);
+}
+
+/* A function is looked for once in a statement. */
+static Datum
+call(const char* name, bool is_text, FunctionCallInfo fcinfo)
+{
     if (fcinfo->flinfo->fn_extra == NULL)
         fcinfo->flinfo->fn_extra = (void*) qx_find(name);
-    return take(qx_call((const qx_function*) fcinfo->flinfo->fn_extra, given, options), fcinfo);
+    return run((const qx_function*) fcinfo->flinfo->fn_extra, is_text, fcinfo);
+}
+
+/* Why there is no message; or that the server's encoding lacks a character of what the object has, so that other functions
+ * give null. */
+static Datum
+call_error(const char* name, const char* object, bool is_text, FunctionCallInfo fcinfo)
+{
+    const Datum error = call(name, is_text, fcinfo);
+
+    if (!fcinfo->isnull || keeps_utf8())
+        return error;
+    fcinfo->isnull = false;
+    run(qx_find(object), is_text, fcinfo);
+    if (!fcinfo->isnull)
+        PG_RETURN_NULL();
+    fcinfo->isnull = false;
+    PG_RETURN_TEXT_P(cstring_to_text(
+        psprintf("it has a character that the encoding of the database, %s, lacks", GetDatabaseEncodingName())));
 }
 
 /* One function of a bytea, and one of text. */
-#define QX_FUNCTIONS(name)                        \
+#define QX_FUNCTIONS_THAT(name, action)           \
     PG_FUNCTION_INFO_V1(name##_octets);           \
     PG_FUNCTION_INFO_V1(name##_digits);           \
     Datum name##_octets(PG_FUNCTION_ARGS)         \
     {                                             \
-        return call(#name, false, fcinfo);        \
+        const bool is_text = false;               \
+        return action;                            \
     }                                             \
     Datum name##_digits(PG_FUNCTION_ARGS)         \
     {                                             \
-        return call(#name, true, fcinfo);         \
+        const bool is_text = true;                \
+        return action;                            \
     }                                             \
     extern int name##_ends_here
+
+#define QX_FUNCTIONS(name) QX_FUNCTIONS_THAT(name, call(#name, is_text, fcinfo))
+#define QX_ERRORS(kind) QX_FUNCTIONS_THAT(kind##_error, call_error(#kind "_error", #kind "_json", is_text, fcinfo))
 
 QX_FUNCTIONS(sms_text);
 QX_FUNCTIONS(sms_address);
@@ -123,11 +179,11 @@ QX_FUNCTIONS(sms_part);
 QX_FUNCTIONS(sms_parts);
 QX_FUNCTIONS(sms_json);
 QX_FUNCTIONS(sms_remarks);
-QX_FUNCTIONS(sms_error);
+QX_ERRORS(sms);
 QX_FUNCTIONS(sms_fields);
 QX_FUNCTIONS(cbs_text);
 QX_FUNCTIONS(cbs_json);
-QX_FUNCTIONS(cbs_error);
+QX_ERRORS(cbs);
 
 PG_FUNCTION_INFO_V1(sms_encode_json);
 Datum

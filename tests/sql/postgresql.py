@@ -58,7 +58,13 @@ CASES = [
      "ORDER BY 1 DESC) AS parts HAVING sms_join(p) <> repeat('a', 400) || 'b'", ""),
     ("SELECT sms_join(decode(p, 'hex')) = repeat('a', 400) FROM unnest(sms_encode('+44', repeat('a', 400))) AS p", "t"),
     ("SELECT sms_join(p) FROM unnest((sms_encode('+44', repeat('a', 400)))[1:2]) AS p", "NULL"),
-    (f"SELECT sms_join(p) FROM (VALUES ('{HI}'), ('{HI}')) AS two(p)", "NULL"),
+    (f"SELECT sms_join(p) FROM (VALUES ('{HI}'), ('{HI}')) AS two(p)", "Hi"),
+    (f"SELECT sms_join(p) FROM (VALUES ('{HI}'), (overlay('{HI}' placing '1' from 36))) AS two(p)", "NULL"),
+    # by the query that the document has: a message of two parts, two single ones, and one of them twice
+    ("SELECT sms_address(pdu), sms_join(pdu) FROM (VALUES ('00440C91447700091032000862111280510300080500030702010061'), "
+     f"('00440C91447700091032000862111280510300080500030702020062'), ('{HI}'), ('{HI}'), (overlay('{HI}' placing '1' from 36))) AS archive(pdu) "
+     "GROUP BY sms_address(pdu), sms_reference(pdu), sms_parts(pdu), left(sms_time(pdu), 10), CASE WHEN sms_part(pdu) IS NULL THEN pdu END "
+     "ORDER BY min(sms_time(pdu)), sms_parts(pdu)", "+447700900123|Hi\n+447700900123|ab\n+447700900123|Hi"),
     (f"SELECT sms_join('{HI}') OVER ()", "Hi"),
     ("SELECT sms_join(p) FROM (SELECT ''::text AS p WHERE false) AS none", "NULL"),
     # huge values: they are neither read nor copied
@@ -93,7 +99,7 @@ CASES = [
     ("SET parallel_setup_cost = 0; SET parallel_tuple_cost = 0; SET min_parallel_table_scan_size = 0; ALTER TABLE archive SET (parallel_workers = 2);"
      "EXPLAIN (COSTS OFF) SELECT count(sms_text(pdu)), sms_join(pdu) FROM archive; SELECT count(sms_text(pdu)), sms_join(pdu) FROM archive",
      "Finalize Aggregate\n  ->  Gather\n        Workers Planned: 2\n        ->  Partial Aggregate\n"
-     "              ->  Parallel Seq Scan on archive\n1000|NULL"),
+     "              ->  Parallel Seq Scan on archive\n1000|Hi"),
     # a server in another encoding
     ("CREATE DATABASE latin TEMPLATE template0 ENCODING 'LATIN1' LC_COLLATE 'C' LC_CTYPE 'C'", ""),
     ("CREATE DATABASE ascii TEMPLATE template0 ENCODING 'SQL_ASCII' LC_COLLATE 'C' LC_CTYPE 'C'", ""),
@@ -102,24 +108,46 @@ CASES = [
      "NOTICE:  drop cascades to index archive_sms_error_idx\nHi"),
 ]
 
+LACKS = "it has a character that the encoding of the database, LATIN1, lacks"
 LATIN = [
     ("SET client_encoding = 'UTF8'; CREATE EXTENSION qx_messages; SELECT sms_text('00040C91447700091032000862111280510300' || '0200E9'), "
      "octet_length(sms_text('00040C91447700091032000862111280510300' || '0200E9')), (sms_encode('+44', 'é'))[1]", "é|1|000100029144000001" "05"),
-    ("SELECT sms_text('00040C91447700091032000862111280510300' || '020416')",
-     'ERROR:  character with byte sequence 0xd0 0x96 in encoding "UTF8" has no equivalent in encoding "LATIN1"'),
+    # what it cannot hold: "é" and "Ж", a sender "Φ", and the page "Φ"
+    ("SELECT sms_text(p), sms_json(p), (SELECT sms_join(q) FROM (SELECT p) AS two(q)), sms_error(p), sms_address(p), (SELECT count(*) FROM sms_fields(p)) FROM (SELECT "
+     "'00040C91447700091032000862111280510300' || '0400E90416' AS p) AS one", f"NULL|NULL|NULL|{LACKS}|+447700900123|0"),
+    ("SELECT sms_address(p), sms_text(p), sms_error(p) FROM (SELECT '000402D012' || '00006211128051030002C834' AS p) AS one", f"NULL|Hi|{LACKS}"),
+    ("SELECT cbs_text(p), cbs_error(p) FROM (SELECT '4032111201' || '1112' AS p) AS one", f"NULL|{LACKS}"),
+    ("SELECT count(*), count(sms_text(p)), count(sms_error(p)) FROM (VALUES ('00040C914477000910320008621112805103000200E9'), "
+     "('00040C9144770009103200086211128051030002' || '0416')) AS two(p)", "2|1|1"),
     (f"SET client_encoding = 'UTF8'; SELECT sms_text('{HI}', 'é')", "ERROR:  'é' " + OPTIONS),
     (f"SET client_encoding = 'UTF8'; SELECT sms_join('{HI}'), sms_error('\u00e9')", "Hi|octet 0: octet 0 is no pair of hexadecimal digits"),
 ]
 
 # Texts in whatever encoding, as octets; and a schema in which somebody has functions of the server's names.
 ASCII = [
-    ("CREATE EXTENSION qx_messages; SELECT encode(convert_to(sms_text('00040491447700086211128051030002' || '0416'), 'SQL_ASCII'), 'hex')", "d096"),
+    ("CREATE EXTENSION qx_messages; SELECT encode(convert_to(sms_text('00040491447700086211128051030002' || '0416'), 'SQL_ASCII'), 'hex'), "
+     "sms_error('00040491447700086211128051030002' || '0416')", "d096|NULL"),
     (r"SELECT sms_encode('+44', convert_from('\xd096', 'SQL_ASCII'))", "{0001000291440008020416}"),
     (r"SELECT sms_encode('+44', convert_from('\xd0', 'SQL_ASCII'))", 'ERROR:  invalid byte sequence for encoding "UTF8": 0xd0'),
 ]
 SHADOW = [
     ("CREATE FUNCTION array_append(bytea[], bytea) RETURNS bytea[] LANGUAGE sql AS 'SELECT NULL::bytea[]'; "
      f"CREATE EXTENSION qx_messages; SELECT sms_join('\\x{HI}'::bytea)", "Hi"),
+    # types of the caller's, which would run their checks with the rights of whoever made the function that calls
+    ("CREATE ROLE guest; "
+     f"CREATE FUNCTION public.definer(pdu text) RETURNS text LANGUAGE sql SECURITY DEFINER SET search_path = public AS "
+     "'SELECT string_agg(value, '','') || count(mask) || (sms_encode(''+44'', ''Hi''))[1] || (sms_encode(''+44'', ''Hi'', 5))[1] "
+     "FROM sms_fields(pdu, ''smsc=yes'') WHERE name IN (''TP-OA'', ''TP-UD'')'", ""),
+    ("SET ROLE guest; CREATE FUNCTION pg_temp.evil(value pg_catalog.text) RETURNS bool LANGUAGE plpgsql AS "
+     "$$BEGIN RAISE 'evil runs as %', current_user; END$$; " +
+     "".join(f"CREATE DOMAIN pg_temp.{type} AS pg_catalog.{type} CHECK (pg_temp.evil(value::pg_catalog.text)); "
+             for type in ("text", "json", "bytea", "int4")) +
+     f"SELECT public.definer('{HI}')", "+447700900123,Hi2" + 2 * "0001000291440000" "02C834"),
+    ("CREATE SCHEMA others; CREATE TYPE others.text AS ENUM ('a'); CREATE TYPE others.json AS ENUM ('a'); "
+     "CREATE TYPE others.int4 AS ENUM ('a'); SET search_path = others, public, pg_catalog; "
+     f"SELECT count(value) FROM sms_fields('{HI}'); SELECT count(value) FROM sms_fields('\\x{HI}'::bytea, 'smsc=yes'); "
+     "SELECT sms_encode('+44', 'Hi')", "12\n12\n{000100029144000002C834}"),
+    ("DROP FUNCTION public.definer; DROP ROLE guest", ""),
 ]
 
 # What is told beside the octets, to all functions but sms_encode and sms_join.
