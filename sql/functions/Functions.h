@@ -63,7 +63,7 @@ std::vector<FieldRow> FieldRowsOf(const show::Message& message);
 /// sms_join.
 class JoinedText {
 public:
-    /// Passes over what is broken.
+    /// Passes over what is broken, and over a message that came before, or a part of it.
     void Add(const show::Message& message);
 
     /// NULL unless it was one message, with all of its parts, and with a text.
@@ -75,6 +75,7 @@ private:
     Messages::Joiner m_Joiner;
     unsigned int m_Count = 0; ///< of messages; after the second one no more are looked at
     std::optional<std::string> m_Text;
+    std::vector<std::uint8_t> m_Single; ///< the octets of a message of one part
 };
 
 } // namespace sql

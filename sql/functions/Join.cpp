@@ -29,8 +29,12 @@ void JoinedText::Take(const std::vector<Messages::Joined>& messages) {
 }
 
 void JoinedText::Add(const show::Message& message) {
-    if (m_Count < 2 && !message.reading.fault)
-        Take(m_Joiner.Add(message.reading, c_now));
+    if (m_Count >= 2 || message.reading.fault || message.octets == m_Single)
+        return;
+    const std::vector<Messages::Joined> messages = m_Joiner.Add(message.reading, c_now);
+    if (messages.size() == 1 && messages.front().total == 1)
+        m_Single = message.octets;
+    Take(messages);
 }
 
 Value JoinedText::Finish() {

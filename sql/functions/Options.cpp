@@ -19,7 +19,7 @@ namespace {
 using Messages::Direction;
 using Messages::Presence;
 
-constexpr std::string_view c_between = " ,";
+constexpr std::string_view c_between = " ,\t\r\n";
 
 /// An option as it is written, "smsc=yes".
 struct Word {
@@ -28,15 +28,21 @@ struct Word {
     std::string_view value = whole.substr(std::min(whole.size(), name.size() + 1));
 };
 
-/// As it is named in an error: a long one is cut, not within a character.
+/// As it is named in an error, which ends at a NUL: U+FFFD stands for that. A long one is cut, not within a
+/// character.
 std::string Named(std::string_view word) {
     constexpr std::size_t c_most = 40;
-    if (word.size() <= c_most)
-        return std::string(word);
-    std::size_t size = c_most;
-    while (size > 0 && (static_cast<unsigned char>(word[size]) & 0xC0U) == 0x80U)
+    std::size_t size = std::min(word.size(), c_most);
+    while (size < word.size() && size > 0 && (static_cast<unsigned char>(word[size]) & 0xC0U) == 0x80U)
         --size;
-    return std::string(word.substr(0, size)) + "...";
+    std::string named;
+    for (const char character : word.substr(0, size)) {
+        if (character == '\0')
+            named += "\xEF\xBF\xBD";
+        else
+            named += character;
+    }
+    return size < word.size() ? named + "..." : named;
 }
 
 [[noreturn]] void Refuse(const Word& word) {
@@ -70,15 +76,24 @@ std::uint32_t LengthIn(const Word& word) {
     return length;
 }
 
+/// An option may be told again, but not otherwise.
+template <class Option, class Told>
+void Tell(const Word& word, const Option& untold, Option& option, const Told& told) {
+    if (option != untold && option != told)
+        throw Misuse(fmt::format("'{}' is not what was told before it", Named(word.whole)));
+    option = told;
+}
+
 void Set(const Word& word, Messages::ReadOptions& options) {
+    constexpr Messages::ReadOptions c_untold;
     if (word.name == "smsc")
-        options.serviceCentre = PresenceIn(word);
+        Tell(word, c_untold.serviceCentre, options.serviceCentre, PresenceIn(word));
     else if (word.name == "direction")
-        options.direction = DirectionIn(word);
+        Tell(word, c_untold.direction, options.direction, DirectionIn(word));
     else if (word.name == "failure-cause")
-        options.failureCause = PresenceIn(word);
+        Tell(word, c_untold.failureCause, options.failureCause, PresenceIn(word));
     else if (word.name == "length")
-        options.announcedLength = LengthIn(word);
+        Tell(word, c_untold.announcedLength, options.announcedLength, LengthIn(word));
     else
         Refuse(word);
 }

@@ -9,8 +9,9 @@
 
 namespace sql {
 
-/// Words between blanks and commas; none of them has to be there: smsc=yes|no,
-/// direction=to-mobile|from-mobile, failure-cause=yes|no, length=N. Throws Misuse at any other.
+/// Words between blanks, tabs, ends of lines and commas; none of them has to be there: smsc=yes|no,
+/// direction=to-mobile|from-mobile, failure-cause=yes|no, length=N. Throws Misuse at any other, and at two
+/// that contradict each other.
 Messages::ReadOptions OptionsIn(std::string_view words);
 
 /// gsm, umts or etws; empty for what the octets tell. Throws Misuse at any other.

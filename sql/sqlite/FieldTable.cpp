@@ -63,7 +63,9 @@ int FindPlan(sqlite3_vtab*, sqlite3_index_info* info) {
     int places[] = {-1, -1}; // of the constraints on the two arguments
     for (int i = 0; i < info->nConstraint; ++i) {
         const auto& constraint = info->aConstraint[i];
-        if (constraint.op != SQLITE_INDEX_CONSTRAINT_EQ || constraint.iColumn < GivenPdu)
+        const bool isGiven =
+            constraint.op == SQLITE_INDEX_CONSTRAINT_EQ || constraint.op == SQLITE_INDEX_CONSTRAINT_IS;
+        if (!isGiven || constraint.iColumn < GivenPdu)
             continue;
         if (!constraint.usable)
             return SQLITE_CONSTRAINT;
@@ -106,7 +108,9 @@ void Fill(Cursor& cursor, int plan, sqlite3_value** arguments) {
     cursor.rows.clear();
     cursor.row = 0;
     if ((plan & c_hasPdu) == 0)
-        throw Misuse("sms_fields() takes a PDU");
+        throw Misuse(
+            "sms_fields() takes a PDU; where that is a column of another table, and named as one of its "
+            "own, the table's name comes first");
     const bool hasOptions = (plan & c_hasOptions) != 0;
     const std::optional<Question> question = QuestionIn(arguments, hasOptions);
     const show::Message* const message =

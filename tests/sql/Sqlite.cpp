@@ -79,6 +79,16 @@ INSTANTIATE_TEST_SUITE_P(OfOptions, Sqlite, testing::Values(
     Asked{"SELECT sms_text(x'00', 'smsc')", "error: 'smsc' is no option; there are smsc=yes|no, direction=to-mobile|from-mobile, failure-cause=yes|no and length=N"},
     // the words of one statement do no harm to the next
     Asked{"SELECT sms_error(x'00', 'smsc=maybe'); SELECT sms_error('00040C9144770009103200006211128051030002C834')", "error: 'smsc=maybe' is no option; there are smsc=yes|no, direction=to-mobile|from-mobile, failure-cause=yes|no and length=NNULL"},
+    // it may be told twice, but not in two ways
+    Asked{"SELECT sms_type('000000', 'smsc=yes direction=to-mobile,smsc=no')", "error: 'smsc=no' is not what was told before it"},
+    Asked{"SELECT sms_type('000000', 'direction=to-mobile direction=from-mobile') IS 1", "error: 'direction=from-mobile' is not what was told before it"},
+    Asked{"SELECT sms_type('000000', 'failure-cause=no failure-cause=yes')", "error: 'failure-cause=yes' is not what was told before it"},
+    Asked{"SELECT sms_type('000000', 'length=0 length=1')", "error: 'length=1' is not what was told before it"},
+    Asked{"SELECT sms_type('000000', 'smsc=yes length=2 direction=from-mobile failure-cause=no smsc=yes length=2 direction=from-mobile failure-cause=no')", "SMS-DELIVER-REPORT"},
+    // tabs and ends of lines are between words
+    Asked{"SELECT sms_type('000000', char(10) || 'smsc=yes' || char(9) || 'smsc=yes' || char(13, 10) || 'direction=from-mobile' || char(10))", "SMS-DELIVER-REPORT"},
+    // SQLite's errors end at a NUL
+    Asked{"SELECT sms_type('00', 'smsc=' || char(0) || 'yes')", "error: 'smsc=\xEF\xBF\xBDyes' is no option; there are smsc=yes|no, direction=to-mobile|from-mobile, failure-cause=yes|no and length=N"},
     Asked{"SELECT cbs_text(x'00', 'page')", "error: 'page' is neither gsm, umts nor etws"}));
 
 INSTANTIATE_TEST_SUITE_P(OfWhatIsNoPdu, Sqlite, testing::Values(
@@ -100,7 +110,9 @@ INSTANTIATE_TEST_SUITE_P(OfWhatIsNoPdu, Sqlite, testing::Values(
     Asked{"SELECT sms_join()", "error: wrong number of arguments to function sms_join()"},
     Asked{"SELECT sms_encode('1')", "error: wrong number of arguments to function sms_encode()"},
     Asked{"SELECT * FROM sms_fields('', '', '')", "error: too many arguments on sms_fields() - max 2"},
-    Asked{"SELECT * FROM sms_fields", "error: sms_fields() takes a PDU"},
+    Asked{"SELECT * FROM sms_fields", "error: sms_fields() takes a PDU; where that is a column of another table, and named as one of its own, the table's name comes first"},
+    Asked{"SELECT (SELECT count(*) FROM sms_fields(value)) FROM json_each('[\"00040C91\"]')", "error: sms_fields() takes a PDU; where that is a column of another table, and named as one of its own, the table's name comes first"},
+    Asked{"SELECT (SELECT count(*) FROM sms_fields(json_each.value)) FROM json_each('[\"00040C91\"]')", "8"},
     // up to 4,096 octets are read
     Asked{"SELECT sms_error(zeroblob(4096)), sms_error(zeroblob(4097)), sms_text(zeroblob(4097))", "NULL|over 4096 octets, which no message has|NULL"},
     Asked{"SELECT sms_type(hex(zeroblob(4096))) = sms_type(zeroblob(4096)), sms_error(hex(zeroblob(4097)))", "1|over 4096 octets, which no message has"},
@@ -142,6 +154,8 @@ INSTANTIATE_TEST_SUITE_P(OfFields, Sqlite, testing::Values(
     // what is there of a broken one
     Asked{"SELECT name, value, octet, length FROM sms_fields('00040C91') WHERE octet > 1", "TP-OA|0C91|2|2"},
     // the arguments are columns, too
+    Asked{"SELECT count(*) FROM sms_fields WHERE _pdu IS '00040C91'; SELECT count(*) FROM sms_fields WHERE _pdu IS NULL; SELECT count(*) FROM sms_fields('00040C9144770009103200006211128051030002C834') WHERE _options IS NULL", "8\nerror: sms_fields() takes a PDU; where that is a column of another table, and named as one of its own, the table's name comes first13"},
+    Asked{"SELECT count(*) FROM sms_fields WHERE _pdu IS '040C9144770009103200006211128051030002C834' AND _options IS 'smsc=no'", "12"},
     Asked{"SELECT count(*) FROM sms_fields('00040C9144770009103200006211128051030002C834') WHERE _pdu = '00040C9144770009103200006211128051030002C834'", "13"},
     Asked{"SELECT count(*) FROM sms_fields('00040C9144770009103200006211128051030002C834') WHERE _pdu = x'00' OR _options = 'smsc=yes'", "0"},
     Asked{"SELECT DISTINCT _pdu, _options FROM sms_fields('00', 'smsc=yes')", "00|smsc=yes"},
@@ -196,8 +210,17 @@ INSTANTIATE_TEST_SUITE_P(OfGroups, Sqlite, testing::Values(
           "SELECT sms_join(pdu) FILTER (WHERE sms_part(pdu) IS NOT 2) FROM parts;"
           "SELECT sms_join(pdu) OVER () FROM parts",
           "abcdef\nabcdef\nabcdef\nNULL|NULL\n3|abcdef\nNULL|NULL\n1|NULL\n2|NULL\n3|NULL\nNULL\nerror: sms_join() may not be used as a window function"},
-    // two messages are none: from two numbers, of two references
-    Asked{"SELECT sms_join(column1) FROM (VALUES ('00040C9144770009103200006211128051030002C834'), ('00040C9144770009103200006211128051030002C834'))", "NULL"},
+    // a single message that comes again is one, in digits or octets; with another time, or between two parts, it is another message
+    Asked{"SELECT sms_join(column1) FROM (VALUES ('00040C9144770009103200006211128051030002C834'), ('00040C9144770009103200006211128051030002C834'), (x'00040C9144770009103200006211128051030002C834'))", "Hi"},
+    Asked{"SELECT sms_join(column1) FROM (VALUES ('00040C9144770009103200006211128051030002C834'), ('00040C9144770009103200006211128051130002C834'), ('00040C9144770009103200006211128051030002C834'))", "NULL"},
+    Asked{"SELECT sms_join(column1) FROM (VALUES ('00440C91447700091032000862111280510300080500030702010061'), ('00040C9144770009103200006211128051030002C834'), ('00440C91447700091032000862111280510300080500030702020062'))", "NULL"},
+    // of a day: a message of two parts, one of them twice, two single messages, and one twice; by the query that the document has
+    Asked{"CREATE TABLE archive(pdu); INSERT INTO archive VALUES ('00440C91447700091032000862111280510300080500030702010061'), ('00440C91447700091032000862111280510300080500030702020062'), ('00440C91447700091032000862111280510300080500030702020062'), ('00040C9144770009103200006211128051030002C834'), ('00040C9144770009103200006211128051130002C834'), ('00040C91447700091032000062111280512300014D'), ('00040C91447700091032000062111280512300014D');"
+          "SELECT sms_address(pdu), sms_join(pdu) FROM archive GROUP BY sms_address(pdu), sms_reference(pdu), sms_parts(pdu), date(sms_time(pdu)), CASE WHEN sms_part(pdu) IS NULL THEN pdu END ORDER BY min(sms_time(pdu)), sms_parts(pdu)",
+          "+447700900123|Hi\n+447700900123|ab\n+447700900123|Hi\n+447700900123|M"},
+    // parts before and after midnight, by the day that begins at noon
+    Asked{"SELECT sms_join(column1) FROM (VALUES ('00440C91447700091032000862111232959500080500030702010061'), ('00440C91447700091032000862112200000000080500030702020062')) GROUP BY date(sms_time(column1), '+12 hours')", "ab"},
+    // two messages are none: of two references
     Asked{"SELECT sms_join(column1) FROM (VALUES ('00440C91447700091032000862111280510300080500030701010061'), ('00440C91447700091032000862111280510300080500030802010061'))", "NULL"},
     Asked{"SELECT sms_join(column1) FROM (VALUES ('00040C9144770009103200006211128051030002C834'), ('00440C91447700091032000862111280510300080500030802010061'))", "NULL"},
     // the part has come with another text: another message, too
