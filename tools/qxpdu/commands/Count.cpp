@@ -153,9 +153,8 @@ public:
         : m_Text(text), m_Options(options), m_Without(without) {
         std::vector<Messages::Replacement> replacements;
         const std::string near = ReplaceNear(text, Languages::All(), replacements);
-        m_HasNear = !replacements.empty();
         Explain(near, {}, m_Explanation);
-        if (m_HasNear)
+        if (!replacements.empty())
             m_WithNear = CostWith({}, true);
     }
 
@@ -202,7 +201,7 @@ private:
             return;
         Cost cost = CostWith(languages, m_Options.replacesNear);
         bool replacesNear = false;
-        if (m_HasNear && !m_Options.replacesNear) {
+        if (m_WithNear && !m_Options.replacesNear) {
             Cost near = CostWith(languages, true);
             replacesNear = near.IsCheaperThan(*m_WithNear);
             if (replacesNear)
@@ -217,8 +216,7 @@ private:
     const std::string& m_Text;
     const CutOptions& m_Options;
     const Cost& m_Without;
-    bool m_HasNear = false;
-    std::optional<Cost> m_WithNear;
+    std::optional<Cost> m_WithNear; ///< where it has such characters
     Messages::Explanation m_Explanation;
 };
 

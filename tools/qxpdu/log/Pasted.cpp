@@ -56,8 +56,8 @@ std::size_t SurplusOf(const Reading& reading) {
 /// The reading that makes sense, of several.
 class Sense {
 public:
-    Sense(std::vector<std::uint8_t> octets, const Told& told)
-        : m_Pdu{std::move(octets), {}, true, false, {}}, m_Told(told) {
+    Sense(std::vector<std::uint8_t> octets, const Told& told) : m_Told(told) {
+        m_Pdu.octets = std::move(octets);
         m_Options.serviceCentre = told.serviceCentre;
         m_Options.direction = told.direction;
         if (told.heading != nullptr && m_Options.direction == Direction::Unknown)
@@ -90,7 +90,7 @@ public:
 
 private:
     bool IsSound() const { return m_Pdu.reading.IsSound(); }
-    bool HasServiceCentre() const { return show::HasServiceCentre(m_Pdu.reading) || m_Pdu.octets.empty(); }
+    bool HasServiceCentre() const { return show::HasServiceCentre(m_Pdu.reading); }
     void Warn(std::string warning) { m_Pdu.warnings.push_back(std::move(warning)); }
 
     void ReadWith(const ReadOptions& options) { Messages::Read(m_Pdu.octets, options, m_Pdu.reading); }

@@ -93,6 +93,13 @@ TEST(Pasted, WholeLengthIsThatOfATpduWhereBothReadingsAreSound) {
     EXPECT_EQ(settled.warnings, Warnings{"+CMT announces 21 octets, here are 20"});
 }
 
+TEST(Pasted, OptionHoldsWhateverLengthIsAnnounced) {
+    const PastedPdu pdu = ReadAfter(Announcing(24), c_serviceCentre + c_hello, Presence::No);
+    EXPECT_FALSE(pdu.hasServiceCentre);
+    EXPECT_EQ(pdu.warnings, (Warnings{"+CMT announces 24 octets, here are 32",
+                                      "makes sense with a service centre: --smsc yes"}));
+}
+
 TEST(Pasted, LengthThatDisagreesIsAWarning) {
     const PastedPdu less = ReadAfter(Announcing(1), c_serviceCentre + c_hello);
     EXPECT_TRUE(less.reading.IsSound());
@@ -110,6 +117,19 @@ TEST(Pasted, HeadingTellsTheDirectionUnlessThatMakesNoSense) {
     EXPECT_EQ(deliver.reading.Type(), TpduType::Deliver);
     EXPECT_EQ(deliver.warnings,
               Warnings{"+CMT stands before a message from the mobile, here is one to the mobile; "
+                       "--direction settles it"});
+}
+
+TEST(Pasted, AnnouncedLengthDecidesWhereTheHeadingIsWrongAboutTheDirection) {
+    const std::string submit =
+        "05910191F100000810100000000000"; // after 00 the first would be a DELIVER as well
+    EXPECT_EQ(Read("00" + submit, {Presence::No, Direction::ToMobile, nullptr}).reading.Type(),
+              TpduType::Deliver);
+    const PastedPdu pdu = ReadAfter(Announcing(15), "00" + submit);
+    EXPECT_TRUE(pdu.hasServiceCentre);
+    EXPECT_EQ(pdu.reading.Type(), TpduType::Submit);
+    EXPECT_EQ(pdu.warnings,
+              Warnings{"+CMT stands before a message to the mobile, here is one from the mobile; "
                        "--direction settles it"});
 }
 
@@ -133,6 +153,7 @@ TEST(Pasted, StatusIsAnyUpTo1FAndNoneAfterAHeading) {
     EXPECT_EQ(Read("1E" + pdu).warnings,
               Warnings{"the first octet, 1E, is left out: the status of a free SIM record"});
     EXPECT_EQ(Read("20" + pdu).octets, tests::Octets("20" + pdu));
+    EXPECT_TRUE(Read("20" + pdu).hasServiceCentre) << "of 32 octets";
     EXPECT_EQ(ReadAfter(Announcing(24), "01" + pdu).octets, tests::Octets("01" + pdu));
 }
 
@@ -175,6 +196,7 @@ TEST(Pasted, RecordThatIsFreeHoldsNoMessage) {
         for (const Presence presence : {Presence::Unknown, Presence::Yes, Presence::No}) {
             const PastedPdu record = Read(digits, {presence, Direction::Unknown, nullptr});
             EXPECT_TRUE(record.isFreeRecord) << digits;
+            EXPECT_TRUE(record.hasServiceCentre) << digits;
             EXPECT_EQ(record.warnings, Warnings{"a free SIM record, without a message"}) << digits;
         }
     }
@@ -201,6 +223,7 @@ TEST(Pasted, OctetsThatAreNoRecordStay) {
     EXPECT_EQ(Read("").octets.size(), 0U);
     EXPECT_TRUE(Read("").hasServiceCentre) << "it would come first";
     EXPECT_TRUE(Read("07").hasServiceCentre) << "its length at least";
+    EXPECT_FALSE(Read("", {Presence::No, Direction::Unknown, nullptr}).hasServiceCentre);
     EXPECT_FALSE(Read(c_hello).hasServiceCentre);
 }
 

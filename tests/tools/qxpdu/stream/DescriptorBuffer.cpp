@@ -2,13 +2,16 @@
 #include "stream/DescriptorBuffer.h"
 
 #include <array>
+#include <chrono>
 #include <istream>
 #include <stdexcept>
 #include <string>
 #include <system_error>
+#include <thread>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
@@ -41,6 +44,24 @@ public:
 
 private:
     std::array<int, 2> m_Ends{};
+};
+
+/// So few descriptors are allowed that poll() refuses two: nothing waits.
+class NoPoll {
+public:
+    NoPoll() {
+        if (getrlimit(RLIMIT_NOFILE, &m_Before) != 0)
+            throw std::runtime_error("no limit of descriptors");
+        rlimit one = m_Before;
+        one.rlim_cur = 1;
+        setrlimit(RLIMIT_NOFILE, &one);
+    }
+    ~NoPoll() { setrlimit(RLIMIT_NOFILE, &m_Before); }
+    NoPoll(const NoPoll&) = delete;
+    NoPoll& operator=(const NoPoll&) = delete;
+
+private:
+    rlimit m_Before{};
 };
 
 /// So many characters.
@@ -120,6 +141,18 @@ TEST(DescriptorBuffer, EndsWhereItIsStopped) {
     EXPECT_EQ(buffer.in_avail(), -1);
     DescriptorBuffer waiting(pipe.Reader(), stop.Reader());
     EXPECT_EQ(waiting.sgetc(), std::char_traits<char>::eof()) << "and does not wait";
+}
+
+TEST(DescriptorBuffer, NothingToReadYetIsNoEnd) {
+    Pipe pipe;
+    ASSERT_EQ(fcntl(pipe.Reader(), F_SETFL, O_NONBLOCK), 0);
+    DescriptorBuffer buffer(pipe.Reader(), -1);
+    const NoPoll noPoll;
+    const std::jthread writer([&pipe] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        pipe.Write("a\n");
+    });
+    EXPECT_EQ(buffer.sgetc(), 'a');
 }
 
 TEST(DescriptorBuffer, ThrowsWhereItCannotRead) {
