@@ -7,6 +7,7 @@ import { LIMIT, fromAddress, sizeOf, toAddress } from './source.js';
 import { words } from './words.js';
 
 const HELD_FROM = 1 << 16; // characters that are not put into the box, where they would slow it down
+const KIBIBYTE = 1024;
 
 function labelled(label, control) {
     return element('label', {}, element('span', {}, label), control);
@@ -27,9 +28,8 @@ export class Input {
         autocapitalize: 'off',
         placeholder: words.input.placeholder,
         oninput: () => this.#edited(),
-        onpaste: (event) => this.#pasted(event),
     });
-    #holding = element('p', { class: 'holding', hidden: true });
+    #holding = element('p', { class: 'holding', tabindex: '0', hidden: true });
     #status = element('p', { class: 'status', role: 'status' });
     #progress = element('progress', { max: '100', hidden: true, 'aria-label': words.status.progress });
     #file = element('input', {
@@ -64,12 +64,13 @@ export class Input {
             this.#examples(),
         );
         addEventListener('hashchange', () => this.openAddress());
+        addEventListener('paste', (event) => this.#pasted(event));
         addEventListener('dragover', (event) => event.preventDefault());
         addEventListener('drop', (event) => this.#dropped(event));
     }
 
     get text() {
-        return this.#held ?? this.#box.value;
+        return this.#held ?? this.#box.value.replace(/\p{Surrogate}/gu, '\ufffd'); // half of a character
     }
 
     /** "auto", "pdu", "cell" or "text". */
@@ -84,7 +85,7 @@ export class Input {
     }
 
     focus() {
-        this.#box.focus({ preventScroll: true });
+        (this.#held === null ? this.#box : this.#holding).focus({ preventScroll: true });
     }
 
     /** Says what the text is; `isFault` where it is none that can be shown. */
@@ -95,7 +96,7 @@ export class Input {
     }
 
     sayProgress(percent) {
-        this.say(words.status.reading(percent));
+        this.say(words.status.reading);
         this.#progress.hidden = false;
         this.#progress.value = percent;
     }
@@ -103,14 +104,31 @@ export class Input {
     /** Shows what stands behind the address, which is read and never written; false where nothing does. */
     openAddress() {
         const given = fromAddress(location.hash);
-        if (!given?.text) return false;
-        this.#put(given.text, given.kind);
+        if (given?.text === '') return false;
+        this.#choose(given?.options ?? {});
+        this.#put(given?.text ?? '', given?.kind);
+        if (!given) this.say(words.input.damaged, true);
         return true;
     }
 
+    #choose({ direction = '', smsc = '' }) {
+        this.#direction.value = direction;
+        this.#centre.value = smsc;
+    }
+
+    #clear() {
+        this.#choose({});
+        this.#put('', 'auto');
+        this.focus();
+    }
+
     #edited() {
-        if (this.#box.value.length > HELD_FROM) this.#put(this.#box.value);
-        else this.#changed();
+        if (this.#box.value.length <= HELD_FROM) {
+            this.#changed();
+            return;
+        }
+        this.#put(this.#box.value);
+        this.focus();
     }
 
     #changed() {
@@ -118,11 +136,15 @@ export class Input {
         this.#onChange();
     }
 
+    /** What is too long for the box does not get there; what is pasted over a log that is not there takes its place. */
     #pasted(event) {
         const text = event.clipboardData.getData('text/plain');
-        if (text.length <= HELD_FROM) return;
+        const isLong = event.target === this.#box && text.length > HELD_FROM;
+        const isOver = this.#held !== null && !event.target.matches?.('input');
+        if (!isLong && !isOver) return;
         event.preventDefault();
         this.#put(text);
+        this.focus();
     }
 
     #dropped(event) {
@@ -154,7 +176,7 @@ export class Input {
         this.#hold(isHeld ? text : null);
         this.#box.value = isHeld ? '' : text;
         if (isHeld) {
-            const measure = words.input.held(text.split('\n').length, Math.ceil(size / 1024));
+            const measure = words.input.held(text.split('\n').length, Math.ceil(size / KIBIBYTE));
             fill(this.#holding, element('b', {}, words.input.heldLabel), ' ', measure);
         }
         this.#changed();
@@ -175,7 +197,7 @@ export class Input {
 
     /** The page's own address, without what stood behind it. */
     #link() {
-        return location.href.split('#')[0] + toAddress(this.kind, this.text, this.#linked());
+        return location.href.split('#')[0] + toAddress(this, this.#linked());
     }
 
     #select(name, options) {
@@ -196,7 +218,7 @@ export class Input {
             element('button', { type: 'button', class: 'quiet', onclick: () => this.#file.click() }, open),
             this.#file,
             copyButton(link, () => this.#link(), linkTitle),
-            element('button', { type: 'button', class: 'quiet', onclick: () => this.#put('') }, clear),
+            element('button', { type: 'button', class: 'quiet', onclick: () => this.#clear() }, clear),
         );
     }
 

@@ -214,7 +214,17 @@ class Page {
     #wantNames() {
         if (this.#hasNames) return;
         this.#hasNames = true;
-        this.#engine.names().then(() => this.#read());
+        this.#engine.names().then(
+            () => this.#countAgain(),
+            (error) => this.#countAgain() && this.#input.say(words.status.nameless(error.message), true),
+        );
+    }
+
+    /** Whether a text is still there. */
+    #countAgain() {
+        const isText = this.#how.kind === 'text' && this.#input.text.trim() !== '';
+        if (isText) this.#read();
+        return isText;
     }
 }
 

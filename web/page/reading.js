@@ -9,7 +9,7 @@ const ENOUGH = 8; // octets that are read of a damaged PDU: a number or a word b
 
 const ANNOUNCEMENT = /\+C(MGL|MGR|MT|DS|BM):|AT\+C(MGS|MGW|MGC|NMA)=/i;
 const DIGITS = [/\b[\da-f]{16,}\b/i, /\b[\da-f]{2}( [\da-f]{2}){7,}\b/i]; // of a PDU among words
-const NUMBER = /^\s*\+[\d\s()./-]+$/; // of a telephone
+const FEWEST = 16; // digits of a PDU: a date or the number of a telephone has less
 
 function decode(text, engine, { kind, options }) {
     return kind === 'cell' ? engine.decodePages(text, JOINED) : engine.decode(text, { ...options, ...JOINED });
@@ -22,7 +22,8 @@ export function isOfPdu({ error, fault }) {
 
 /** Whether nobody meant the line as a PDU. */
 export function isTalk(line, engine) {
-    return engine.isText(line) || NUMBER.test(line);
+    const digits = line.replace(/[^\da-f]/gi, '');
+    return engine.isText(line) || (digits.length < FEWEST && /[^\da-f\s]/i.test(line));
 }
 
 /** The PDU that a line is, or that stands in it among words; undefined where there is none. */

@@ -72,19 +72,24 @@ export function withoutHalfOctet(text) {
     return isHalf ? text.trimEnd().slice(0, -1) : text;
 }
 
-/** What an address shows behind its #: the kind as which it is read, and the text; null where it is damaged. */
+/**
+ * What an address shows behind its #: { kind, options, text }, as what it is read, what is known of PDUs, and the
+ * text; null where it is damaged. "#pdu,direction=to-mobile,smsc=no:0791…"
+ */
 export function fromAddress(hash) {
-    const [, kind = 'auto', text] = /^#?(?:(pdu|cell|text):)?(.*)$/s.exec(hash);
+    const [, kind = 'auto', given = '', text] = /^#?(?:(pdu|cell|text)((?:,[a-z]+=[a-z-]+)*):)?(.*)$/s.exec(hash);
+    const options = Object.fromEntries([...given.matchAll(/(\w+)=([\w-]+)/g)].map(([, name, value]) => [name, value]));
     try {
-        return { kind, text: decodeURIComponent(text) };
+        return { kind, options, text: decodeURIComponent(text) };
     } catch {
         return null;
     }
 }
 
 /** The part of an address that shows a text, or where that is too long, what stands for it. */
-export function toAddress(kind, text, instead) {
+export function toAddress({ kind, options, text }, instead) {
     const encoded = encodeURIComponent(text);
     const shown = encoded.length > LONGEST_LINK && instead !== undefined ? instead : encoded;
-    return `#${kind === 'auto' ? '' : `${kind}:`}${shown}`;
+    const given = Object.entries(options).map(([name, value]) => (value ? `,${name}=${value}` : ''));
+    return `#${kind === 'auto' ? '' : `${kind}${given.join('')}:`}${shown}`;
 }

@@ -38,6 +38,7 @@ export const words = {
         heldLabel: 'Pasted log',
         refused: (mebibytes) =>
             `That is over ${(Math.floor(10 * mebibytes) / 10).toFixed(1)} MiB, and one is the most this page takes. The tool qxpdu reads logs of any length.`,
+        damaged: 'The address of this page is damaged: nothing can be read of what stands behind its #.',
     },
     examples: {
         label: 'Examples',
@@ -54,7 +55,8 @@ export const words = {
         loading: 'Loading …',
         failed: (reason) => `The module did not start: ${reason}`,
         stumbled: (reason) => `This could not be read: ${reason}`,
-        reading: (percent) => `Reading, ${percent} %`,
+        reading: 'Reading',
+        nameless: (reason) => `A text to send. The names of its characters could not be read: ${reason}`,
         progress: 'How much is read',
         found: (messages, broken, passedOver) =>
             messages === 0

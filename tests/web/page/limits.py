@@ -48,16 +48,20 @@ class Limits(PageTest):
                 window.ticking = setTimeout(tick);
             };
             window.percents = new Set();
-            new MutationObserver(() => window.percents.add(document.querySelector('[role=status]').textContent))
+            window.said = [];
+            new MutationObserver(() => window.percents.add(document.querySelector('progress').value))
+                .observe(document.querySelector('progress'), { attributes: true });
+            new MutationObserver(() => window.said.push(document.querySelector('[role=status]').textContent))
                 .observe(document.querySelector('[role=status]'), { childList: true });
             tick();""")
         self.browser.paste(log)
         number = len(log) // len(ENTRY)
         self.browser.wait(lambda: self.browser.text("[role=status]") == f"{number:,} messages")
-        longest, percents = self.browser.run("return [window.longest, [...window.percents]]")
+        longest, percents, said = self.browser.run("return [window.longest, [...window.percents], window.said]")
         print(f"a mebibyte of log, {number} messages: the page never slept longer than {longest:.0f} ms")
         self.assertLess(longest, 500)
-        self.assertIn("Reading, 50 %", percents)
+        self.assertIn(50, percents)
+        self.assertEqual(said, ["Reading", f"{number:,} messages"])
         size = f"{2 * number + 1:,} lines, {-(-len(log) // 1024):,} KiB"
         self.assertEqual(self.browser.text(".holding"), f"Pasted log {size}")
         self.assertEqual(len(self.browser.all(".messages li")), 100)
@@ -65,6 +69,23 @@ class Limits(PageTest):
         self.assertEqual(len(self.browser.all(".messages li")), 200)
         self.browser.all(".messages button")[150].click()
         self.assertEqual(self.browser.text(".bubble"), "Hello")
+
+    def test_the_keyboard_stays_where_a_long_log_was_pasted(self):
+        self.browser.paste(ENTRY * 1000)
+        self.assertEqual(self.focused(), "holding")
+        self.browser.run("""
+            const data = new DataTransfer();
+            data.setData('text/plain', arguments[0]);
+            document.activeElement.dispatchEvent(new ClipboardEvent('paste',
+                { clipboardData: data, bubbles: true, cancelable: true }))""", HELLO)
+        self.assertEqual(self.browser.text("[role=status]"), "1 message")
+        self.assertEqual(self.focused(), "source")
+        self.browser.paste(ENTRY * 1000)
+        self.browser.press("Clear")
+        self.assertEqual(self.focused(), "source")
+
+    def focused(self):
+        return self.browser.run("return document.activeElement.className")
 
     def test_parts_of_a_long_log_are_joined_however_far_apart(self):
         one = "00440B912143658709F10000621150410000401105000307020182A076793E0F9FCB20"

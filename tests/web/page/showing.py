@@ -96,6 +96,17 @@ class Messages(PageTest):
         self.assertEqual(self.browser.text(".message h2"), "About +12025550142")
         self.assertEqual(self.browser.text(".bubble"), "received by the recipient (completed)")
 
+    def test_damaged_names_of_characters_leave_the_rest_and_say_so(self):
+        page, block = self.browser.page.read_text(encoding="utf-8"), '<script type="text/plain" id="names">'
+        begin = page.index(block) + len(block)
+        damaged = self.browser.page.with_name("damaged.html")
+        damaged.write_text(page[:begin] + page[begin + 1000:], encoding="utf-8")
+        self.browser.driver.get(damaged.as_uri())
+        self.browser.wait(lambda: self.browser.text("[role=status]") != "Loading …")
+        self.browser.put("Well €")
+        self.browser.wait(lambda: "names of its characters could not be read" in self.browser.text("[role=status]"))
+        self.assertEqual(self.browser.text(".drawn-text"), "Well €")
+
     def test_nothing_is_shown_as_markup(self):
         # as a text, as that of a message and, shorter, as the name of its sender
         mark = "<img src=x onerror=document.title='fired'>"
@@ -179,7 +190,9 @@ class Messages(PageTest):
 
     def test_clear_leaves_nothing(self):
         self.browser.put(HELLO)
+        self.browser.choose("kind", "cell broadcast")
         self.browser.press("Clear")
+        self.assertEqual(self.browser.one("select[name=kind]").get_attribute("value"), "auto")
         self.assertEqual(self.browser.one("#source").get_attribute("value"), "")
         self.assertFalse(self.browser.is_shown(".message"))
         self.assertFalse(self.browser.is_shown(".map"))
@@ -265,9 +278,39 @@ class Addresses(PageTest):
         self.browser.press("Copy link")
         self.assertEqual(self.browser.clipboard(), f"{self.browser.page.as_uri()}#cell:{PAGE}")
 
-    def test_a_damaged_address_shows_nothing(self):
-        self.browser.open("#%E0%A4%A")
+    def test_the_link_keeps_what_was_said_of_pdus(self):
+        self.browser.put(SHORT)
+        self.browser.choose("kind", "PDUs")
+        self.browser.choose("centre", "none")
+        self.browser.choose("direction", "from the mobile")
+        self.browser.press("Copy link")
+        link = self.browser.clipboard()
+        self.assertEqual(link, f"{self.browser.page.as_uri()}#pdu,direction=from-mobile,smsc=no:{SHORT}")
+        self.browser.open(link[len(self.browser.page.as_uri()):])
+        self.assertIn("Hello w", self.browser.text(".bubble"))
+        self.assertEqual(self.browser.text(".message .tag"), "SMS-SUBMIT")
+
+    def test_half_a_character_is_shown_and_linked_as_one_that_is_damaged(self):
+        self.browser.run("""
+            arguments[0].value = 'Well \\ud83d';
+            arguments[0].dispatchEvent(new Event('input'))""", self.browser.one("#source"))
+        self.assertEqual(self.browser.text(".drawn-text"), "Well \ufffd")
+        self.browser.press("Copy link")
+        self.assertEqual(self.browser.clipboard(), f"{self.browser.page.as_uri()}#Well%20%EF%BF%BD")
+
+    def test_what_was_copied_is_said_beside_the_button_of_which_the_name_stays(self):
+        self.browser.put(HELLO)
+        self.browser.press("Copy link")
+        self.browser.wait(lambda: "Copied" in self.browser.texts("[aria-live]"))
+        self.assertEqual(len(self.browser.all("button[aria-label='Copy link']")), 1)
+        self.browser.wait(lambda: "Copied" not in self.browser.texts("[aria-live]"))
+
+    def test_a_damaged_address_says_so(self):
+        self.browser.put(HELLO)
+        self.browser.run("location.hash = '%E0%A4%A'")
+        self.browser.wait(lambda: "damaged" in self.browser.text("[role=status]"))
         self.assertEqual(self.browser.one("#source").get_attribute("value"), "")
+        self.assertFalse(self.browser.is_shown(".message"))
 
 
 if __name__ == "__main__":

@@ -85,7 +85,10 @@ test('a PDU is no text, whatever stands beside it, and be it damaged', () => {
 test('digits that break before the eighth octet are part of a text', () => {
     assert.equal(likeliestKind('the number\n0791214365870923', reading), 'text');
     assert.equal(likeliestKind('0791214365870923', reading), 'pdu');
-    assert.equal(likeliestKind('+41 (79) 123-45.67', reading), 'text');
+    for (const text of ['+41 (79) 123-45.67', '+123456789012345', '12:30', '50 %'])
+        assert.equal(likeliestKind(text, reading), 'text', text);
+    assert.equal(likeliestKind('079121436587092O', reading), 'text');
+    assert.equal(likeliestKind('0791214365870921O', reading), 'pdu');
 });
 
 test('a PDU is found however late it comes', () => {
@@ -109,19 +112,28 @@ test('half an octet at the end is left out of a PDU, and of nothing else', () =>
 });
 
 test('an address tells as what its text is read', () => {
-    assert.deepEqual(fromAddress('#0791'), { kind: 'auto', text: '0791' });
-    assert.deepEqual(fromAddress('#cell:00'), { kind: 'cell', text: '00' });
-    assert.deepEqual(fromAddress('#text:a%0Ab'), { kind: 'text', text: 'a\nb' });
-    assert.deepEqual(fromAddress('#file:a'), { kind: 'auto', text: 'file:a' });
-    assert.deepEqual(fromAddress('#text%3Aa'), { kind: 'auto', text: 'text:a' });
-    assert.deepEqual(fromAddress(toAddress('auto', 'cell: 1')), { kind: 'auto', text: 'cell: 1' });
-    assert.deepEqual(fromAddress(''), { kind: 'auto', text: '' });
+    const options = {};
+    assert.deepEqual(fromAddress('#0791'), { kind: 'auto', options, text: '0791' });
+    assert.deepEqual(fromAddress('#cell:00'), { kind: 'cell', options, text: '00' });
+    assert.deepEqual(fromAddress('#text:a%0Ab'), { kind: 'text', options, text: 'a\nb' });
+    assert.deepEqual(fromAddress('#file:a'), { kind: 'auto', options, text: 'file:a' });
+    assert.deepEqual(fromAddress('#text%3Aa'), { kind: 'auto', options, text: 'text:a' });
+    assert.deepEqual(fromAddress(''), { kind: 'auto', options, text: '' });
     assert.equal(fromAddress('#%E0'), null);
-    assert.equal(toAddress('auto', 'a #1'), '#a%20%231');
-    assert.equal(toAddress('pdu', '07'), '#pdu:07');
-    assert.equal(toAddress('auto', 'x'.repeat(8000), '07'), `#${'x'.repeat(8000)}`);
-    assert.equal(toAddress('cell', 'x'.repeat(8001), '07'), '#cell:07');
-    assert.equal(toAddress('auto', 'x'.repeat(8001)), `#${'x'.repeat(8001)}`);
+    assert.equal(toAddress({ kind: 'auto', options, text: 'a #1' }), '#a%20%231');
+    assert.equal(toAddress({ kind: 'auto', options, text: 'cell: 1' }), '#cell%3A%201');
+    assert.equal(toAddress({ kind: 'pdu', options, text: '07' }), '#pdu:07');
+    assert.equal(toAddress({ kind: 'auto', options, text: 'x'.repeat(8000) }, '07'), `#${'x'.repeat(8000)}`);
+    assert.equal(toAddress({ kind: 'cell', options, text: 'x'.repeat(8001) }, '07'), '#cell:07');
+    assert.equal(toAddress({ kind: 'auto', options, text: 'x'.repeat(8001) }), `#${'x'.repeat(8001)}`);
+});
+
+test('an address tells what is known of PDUs', () => {
+    const pdu = { kind: 'pdu', options: { direction: 'from-mobile', smsc: 'no' }, text: '07' };
+    assert.equal(toAddress(pdu), '#pdu,direction=from-mobile,smsc=no:07');
+    assert.deepEqual(fromAddress('#pdu,direction=from-mobile,smsc=no:07'), pdu);
+    assert.equal(toAddress({ ...pdu, options: { direction: undefined, smsc: 'yes' } }), '#pdu,smsc=yes:07');
+    assert.deepEqual(fromAddress('#pdu,07'), { kind: 'auto', options: {}, text: 'pdu,07' });
 });
 
 test('the size is that in UTF-8', () => {
