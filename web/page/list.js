@@ -1,6 +1,6 @@
 // The messages of a log, a line for each.
 
-import { element, say } from './elements.js';
+import { element, reconcile, say } from './elements.js';
 import { contentOf, isDuplicate, timeOf } from './messages.js';
 import { whoOf } from './bubble.js';
 import { words } from './words.js';
@@ -16,24 +16,31 @@ function summaryOf(message) {
     return (first.tp_st ?? first.tp_fcs ?? first.tp_ct ?? first.warning_type)?.meaning ?? first.warnings?.[0] ?? '';
 }
 
-function badgesOf(message) {
+/** Tags as [class, words, title]. */
+function tagsOf(message) {
     const first = message.parts[0] ?? {};
     const missing = message.joined?.parts_missing ?? message.joined?.pages_missing ?? [];
+    const parts = message.parts.length;
     const remarks = message.parts.reduce((sum, part) => sum + (part.remarks?.length ?? 0), 0);
     return [
-        missing.length > 0 &&
-            element(
-                'span',
-                { class: 'tag fault' },
-                words.list.missing(missing.length, message.parts.length + missing.length),
-            ),
-        !missing.length &&
-            message.parts.length > 1 &&
-            element('span', { class: 'tag' }, words.list.parts(message.parts.length)),
-        isDuplicate(first) && element('span', { class: 'tag' }, words.list.duplicate(first.duplicate_of)),
-        first.error && element('span', { class: 'tag fault' }, words.list.broken),
-        remarks > 0 && element('span', { class: 'tag remark', title: words.remarks.heading }, `! ${remarks}`),
-    ];
+        missing.length > 0 && ['tag fault', words.list.missing(missing.length, parts + missing.length)],
+        !missing.length && parts > 1 && ['tag', words.list.parts(parts)],
+        isDuplicate(first) && ['tag', words.list.duplicate(first.duplicate_of)],
+        first.error && ['tag fault', words.list.broken],
+        remarks > 0 && ['tag remark', `! ${remarks}`, words.remarks.heading],
+    ].filter(Boolean);
+}
+
+/** All that its line says. */
+function lineOf(message) {
+    const first = message.parts[0] ?? {};
+    const time = timeOf(message);
+    return {
+        who: (first.type !== undefined || message.joined) && whoOf(message),
+        tags: tagsOf(message),
+        when: time ? words.time(time) : first.line ? words.list.line(first.line) : '',
+        summary: summaryOf(message),
+    };
 }
 
 export class MessageList {
@@ -66,21 +73,19 @@ export class MessageList {
         this.#list.addEventListener('keydown', (event) => this.#walk(event));
     }
 
-    show(messages) {
+    show(messages, chosen) {
         this.#messages = messages;
-        this.#chosen = 0;
-        this.#drawn = AT_ONCE;
-        this.#list.replaceChildren();
+        this.#drawn = AT_ONCE * Math.ceil((chosen + 1) / AT_ONCE);
         this.add();
+        this.choose(chosen);
     }
 
-    /** Draws those that have come since. */
+    /** Draws those that have come since; lines that say the same stay. */
     add() {
         this.element.hidden = this.#messages.length < 2;
-        const end = Math.min(this.#drawn, this.#messages.length);
-        for (let index = this.#list.children.length; index < end; index++)
-            this.#list.append(this.#item(this.#messages[index], index));
-        const left = this.#messages.length - end;
+        const lines = this.#messages.slice(0, this.#drawn).map(lineOf);
+        reconcile(this.#list, lines, (line) => JSON.stringify(line), (line, index) => this.#item(line, index));
+        const left = this.#messages.length - lines.length;
         this.#more.hidden = left === 0;
         say(this.#more, words.list.more(left));
     }
@@ -110,10 +115,7 @@ export class MessageList {
         next.focus();
     }
 
-    #item(message, index) {
-        const time = timeOf(message);
-        const first = message.parts[0] ?? {};
-        const isNamed = first.type !== undefined || message.joined;
+    #item({ who, tags, when, summary }, index) {
         return element(
             'li',
             {},
@@ -123,15 +125,11 @@ export class MessageList {
                 element(
                     'span',
                     { class: 'top' },
-                    isNamed && element('bdi', { class: 'who' }, whoOf(message)),
-                    badgesOf(message),
-                    element(
-                        'span',
-                        { class: 'when' },
-                        time ? words.time(time) : first.line ? words.list.line(first.line) : '',
-                    ),
+                    who && element('bdi', { class: 'who' }, who),
+                    tags.map(([name, text, title]) => element('span', { class: name, title }, text)),
+                    element('span', { class: 'when' }, when),
                 ),
-                element('span', { class: 'summary', dir: 'auto' }, summaryOf(message)),
+                element('span', { class: 'summary', dir: 'auto' }, summary),
             ),
         );
     }

@@ -11,7 +11,7 @@ import { Sending } from './sending.js';
 import { differencesOf, inspectionOf } from './messages.js';
 import { element } from './elements.js';
 import { load } from './engine.js';
-import { octetsByLine, octetsIn, readAtOnce, readInSlices } from './reading.js';
+import { octetsByLine, octetsIn, readAtOnce, readInSlices, stillChosen } from './reading.js';
 import { AT_ONCE, recognise, withoutHalfOctet } from './source.js';
 import { words } from './words.js';
 
@@ -22,6 +22,7 @@ class Page {
     #text = ''; // without half an octet at its end
     #how = {}; // as what the text is read: { kind, options, objects }
     #messages = [];
+    #before = []; // those of the text before it was edited
     #chosen = 0;
     #part = 0;
     #failed = null; // octets of what failed, by line
@@ -73,6 +74,7 @@ class Page {
         if (!this.#engine) return;
         const run = ++this.#run;
         const { text, kind, options } = this.#input;
+        this.#before = this.#messages;
         this.#messages = [];
         this.#failed = null;
         if (text.trim() === '') {
@@ -110,16 +112,17 @@ class Page {
 
     #decode(text) {
         const { messages, passedOver } = readAtOnce(text, this.#engine, this.#how);
-        this.#begin(messages);
+        this.#begin(messages, stillChosen(this.#before, this.#chosen, messages));
         this.#finished(passedOver);
     }
 
-    #begin(messages) {
+    /** Shows the one that was chosen and is still there, else the first. */
+    #begin(messages, still = -1) {
         this.#messages = messages;
-        this.#chosen = 0;
-        this.#part = 0;
+        this.#chosen = Math.max(still, 0);
+        this.#part = still < 0 ? 0 : Math.min(this.#part, messages[still].parts.length - 1);
         this.#hide(this.#ofTexts);
-        this.#list.show(messages);
+        this.#list.show(messages, this.#chosen);
     }
 
     async #decodeSlices(text, run) {

@@ -85,6 +85,22 @@ export function readAtOnce(text, engine, how) {
     return { messages: [...inbox.take(objects), ...inbox.finish()].sort(byLine), passedOver };
 }
 
+const octetsOf = ({ parts }) => parts.map(({ octets, error }) => octets ?? error);
+
+/** Where a message that was chosen is after the text was edited: what has a part of it, or the only one that is new; else -1. */
+export function stillChosen(before, chosen, messages) {
+    const of = before.map(octetsOf);
+    const now = messages.map(octetsOf);
+    if (!of[chosen]) return -1;
+    const isIt = (octets) => octets?.some((part) => of[chosen].includes(part)) ?? false;
+    if (isIt(now[chosen])) return chosen;
+    const isEdited =
+        now.length > 1 &&
+        now.length === of.length &&
+        now.every((octets, index) => index === chosen || octets.join() === of[index].join());
+    return isEdited ? chosen : now.findIndex(isIt);
+}
+
 /** A text in pieces of whole lines, of about the size of a slice. */
 export function* slicesOf(text, size = SLICE) {
     for (let begin = 0; begin < text.length;) {

@@ -1,7 +1,7 @@
 // Short texts at once, long ones in slices.
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { octetsByLine, octetsIn, pduIn, readAtOnce, readInSlices, slicesOf } from '../../../web/page/reading.js';
+import { octetsByLine, octetsIn, pduIn, readAtOnce, readInSlices, slicesOf, stillChosen } from '../../../web/page/reading.js';
 
 test('a text is cut after lines, and nothing of it is lost', () => {
     const text = 'one\ntwo\nthree\nfour';
@@ -136,4 +136,20 @@ test('lines that are broken each are one where that is sound', () => {
     assert.deepEqual(linesOf(readAtOnce('010203\r\n0405\r\n', engine, PDUS)), [1]);
     assert.deepEqual(linesOf(readAtOnce('010203\n0406', engine, PDUS)), [1, 2]);
     assert.deepEqual(linesOf(readAtOnce(`0102030405\n${CUT}`, engine, PDUS)), [1, 2]);
+});
+
+test('a message stays chosen while the text is edited', () => {
+    const messages = (...all) => all.map((parts) => ({ parts: [...parts].map((octets) => ({ octets })) }));
+    const before = messages('a', 'b', 'c');
+    assert.equal(stillChosen(before, 2, messages('a', 'b', 'c')), 2);
+    assert.equal(stillChosen(before, 2, messages('b', 'c')), 1);
+    assert.equal(stillChosen(before, 0, messages('x', 'a', 'b', 'c')), 1);
+    assert.equal(stillChosen(before, 1, messages('a', 'x', 'c')), 1);
+    assert.equal(stillChosen(before, 1, messages('a', 'x', 'y')), -1);
+    assert.equal(stillChosen(before, 1, messages('x', 'y')), -1);
+    assert.equal(stillChosen(messages('a', 'bcd'), 1, messages('a', 'bxd')), 1);
+    assert.equal(stillChosen(messages('a', 'a'), 1, messages('a', 'a', 'a')), 1);
+    assert.equal(stillChosen(messages('a'), 0, messages('x')), -1);
+    assert.equal(stillChosen([], 0, messages('x')), -1);
+    assert.equal(stillChosen([{ parts: [{ error: 'cut' }] }], 0, [{ parts: [{ octets: 'x' }] }, { parts: [{ error: 'cut' }] }]), 1);
 });

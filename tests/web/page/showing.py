@@ -56,6 +56,18 @@ class Messages(PageTest):
         self.assertEqual(self.browser.texts(".octet")[-4:], ["3E", "67", "81", "00"])
         self.assertEqual(self.browser.text(".bubble"), "A message of three parts, out of order")
 
+    def test_what_was_chosen_stays_while_the_log_is_edited(self):
+        self.browser.put(LOG)
+        first = self.browser.one(".messages li")
+        self.browser.press("Part 2, line 3")
+        self.browser.one("#source").send_keys("\n")
+        self.assertEqual(self.browser.text(".message [aria-pressed=true]"), "Part 2, line 3")
+        self.browser.all(".messages button")[1].click()
+        self.browser.one("#source").send_keys("\n" + HELLO)
+        self.assertEqual(self.browser.text(".bubble"), "Short")
+        self.assertEqual(self.browser.texts(".messages [aria-pressed=true] .summary"), ["Short"])
+        self.assertEqual(self.browser.one(".messages li"), first)
+
     def test_a_part_that_lacks_is_named_where_it_lacks(self):
         lines = LOG.splitlines()
         self.browser.put("\n".join(lines[:1] + lines[3:]))
