@@ -1,6 +1,7 @@
 // What the module refuses, and how it goes on after a failure.
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
+import { runInNewContext } from 'node:vm';
 import { MOST_INPUT } from '../../web/script/module.js';
 import { Qxpdu } from '../../web/script/qxpdu.js';
 import { makeCommands, module, names, runTool } from './support.mjs';
@@ -29,6 +30,85 @@ test('a reader of an instance that failed says so', () => {
     const session = commands.open(['decode', '--jsonl']);
     assert.throws(() => trap(commands));
     assert.throws(() => session.take(PDU), { message: /what came before is lost/ });
+});
+
+test('a reader of an instance that failed leaves the next instance as it is', () => {
+    const commands = makeCommands();
+    const first = commands.open(['decode', '--jsonl']);
+    assert.throws(() => trap(commands));
+    const second = commands.open(['decode', '--jsonl']);
+    second.take(`${PDU}\n`);
+    assert.throws(() => first.take(PDU), new Error('what came before is lost'));
+    assert.throws(() => first.finish(), new Error('what came before is lost'));
+    first.close();
+    assert.match(second.finish().output, /"line":1,.*"text":"Hi €!"/);
+});
+
+test('a reader that is closed says so, and others go on', () => {
+    const qxpdu = new Qxpdu(module);
+    const other = qxpdu.reader();
+    const [finished, closed] = [qxpdu.reader(), qxpdu.reader()];
+    finished.finish();
+    closed.close();
+    for (const reader of [finished, closed]) {
+        assert.throws(() => reader.take(PDU), new Error('the reader is closed'));
+        assert.throws(() => reader.finish(), new Error('the reader is closed'));
+        reader.close();
+    }
+    assert.equal([...other.take(`${PDU}\n`), ...other.finish()][0].text, 'Hi €!');
+});
+
+test('an exception of the module, which has no words, is told in words', () => {
+    const exception = new WebAssembly.Exception(new WebAssembly.Tag({ parameters: ['i32'] }), [0]);
+    assert.throws(() => makeCommands().guarded(() => { throw exception; }), {
+        message: 'the module failed, and begins anew: an exception that nothing caught',
+        cause: exception,
+    });
+});
+
+test('what is neither a string nor octets is refused', () => {
+    const qxpdu = new Qxpdu(module);
+    const wrong = new TypeError('the input is neither a string nor a Uint8Array');
+    for (const input of [undefined, null, 123, [PDU, PDU], { length: 4 }, new ArrayBuffer(4), new Uint16Array(4), new DataView(new ArrayBuffer(4))])
+        for (const name of ['decode', 'decodePages', 'inspect', 'count', 'isText'])
+            assert.throws(() => qxpdu[name](input), wrong, `${name} ${input}`);
+    for (const text of [123, [PDU], new Uint8Array(4), { length: 4 }])
+        assert.throws(() => qxpdu.encode(text, { to: '1' }), new TypeError('the text is no string'));
+    for (const piece of [undefined, 123, new Uint8Array(4)])
+        assert.throws(() => qxpdu.reader().take(piece), new TypeError('the piece is no string'));
+});
+
+test('octets are taken, a Buffer and those of another context too', () => {
+    const qxpdu = new Qxpdu(module);
+    for (const octets of [new TextEncoder().encode(PDU), Buffer.from(PDU), runInNewContext('Uint8Array.from(octets)', { octets: Buffer.from(PDU) })])
+        assert.equal(qxpdu.decode(octets)[0].text, 'Hi €!');
+    assert.equal(qxpdu.count(new TextEncoder().encode('5 €\n')).septets, 5);
+});
+
+for (const [text, septets] of [['hello', 5], ['hello\n', 6], ['hello\n\n', 7], ['\n', 1], ['hello\r\n', 7]])
+    test(`the line feed at the end counts: ${JSON.stringify(text)}`, () => {
+        const qxpdu = new Qxpdu(module);
+        assert.equal(qxpdu.count(text).septets, septets);
+        assert.equal(qxpdu.encode(text, { to: '1' }).pdus[0].septets, septets);
+    });
+
+test('half a character is the sign for what cannot be shown', () => {
+    const qxpdu = new Qxpdu(module);
+    for (const text of ['a\ud83d', '\ude00a', 'a\ud83db']) {
+        const { pdus } = qxpdu.encode(text, { to: '1' });
+        assert.equal(qxpdu.decode(pdus[0].octets)[0].text, text.replace(/[^ab]/, '\ufffd'));
+        assert.equal(qxpdu.count(text).characters, text.length);
+    }
+    assert.equal(qxpdu.decode(qxpdu.encode('\ud83d\ude00', { to: '1' }).pdus[0].octets)[0].text, '\u{1f600}');
+});
+
+test('a text that JSON makes longer than the most input is told how many messages it needs', () => {
+    const qxpdu = new Qxpdu(module);
+    const needed = 'the text needs 3922 parts, 255 at most'; // 600,000 septets by 153
+    for (const text of ['"'.repeat(600000), '\n'.repeat(600000), `${'"'.repeat(599999)}\r`])
+        assert.equal(qxpdu.encode(text, { to: '1' }).error, needed);
+    assert.throws(() => qxpdu.encode('"'.repeat(MOST_INPUT + 1), { to: '1' }),
+        new RangeError('the input has 1048577 octets, 1048576 are the most'));
 });
 
 test('the most input is taken, and more is refused', () => {

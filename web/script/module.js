@@ -48,7 +48,7 @@ class Instance {
         const result = use();
         if (!result.lacksNames || this.#hasNames || !names)
             return result;
-        this.with([names], this.exports.setNames);
+        this.with([names()], this.exports.setNames);
         this.#hasNames = true;
         return use();
     }
@@ -85,7 +85,16 @@ class Instance {
     }
 }
 
-const octetsOf = (input) => (typeof input === 'string' ? encoder.encode(input) : input);
+/** One of another window or context is one too. */
+const isOctets = (input) => ArrayBuffer.isView(input) && input[Symbol.toStringTag] === 'Uint8Array';
+
+function octetsOf(input) {
+    if (typeof input === 'string')
+        return encoder.encode(input);
+    if (!isOctets(input))
+        throw new TypeError('the input is neither a string nor a Uint8Array');
+    return input;
+}
 
 /** A list of words for the module: each ended by a NUL. */
 const octetsOfWords = (words) => octetsOf(words.map((word) => `${word}\0`).join(''));
@@ -94,6 +103,18 @@ function checked(octets) {
     if (octets.length > MOST_INPUT)
         throw new RangeError(`the input has ${octets.length} octets, ${MOST_INPUT} are the most`);
     return octets;
+}
+
+const LINE_FEED = 0x0a;
+
+/** A text as standard input of a command that takes it whole, and leaves out the line feed at its end. */
+export function wholeInput(text) {
+    const octets = octetsOf(text);
+    if (octets.at(-1) !== LINE_FEED)
+        return octets;
+    const ended = new Uint8Array(octets.length + 1).fill(LINE_FEED);
+    ended.set(octets);
+    return ended;
 }
 
 /** A command whose input comes in pieces. */
@@ -119,6 +140,8 @@ class Session {
 
     /** The output of what has come. */
     take(text) {
+        if (typeof text !== 'string')
+            throw new TypeError('the piece is no string');
         const whole = this.#kept + text;
         const isHalf = /[\ud800-\udbff]$/.test(whole);
         this.#kept = isHalf ? whole.slice(-1) : '';
@@ -135,23 +158,19 @@ class Session {
     close() {
         const session = this.#session;
         this.#session = 0;
-        if (session)
-            this.#use((instance) => instance.exports.close(session));
+        if (session && this.#commands.isUsing(this.#instance))
+            this.#commands.guarded(({ exports }) => exports.close(session));
     }
 
     #give(text, isLast) {
+        if (!this.#session)
+            throw new Error('the reader is closed');
+        if (!this.#commands.isUsing(this.#instance))
+            throw new Error('what came before is lost');
         const given = [checked(octetsOf(text))];
-        return this.#use((instance) =>
+        return this.#commands.guarded((instance) =>
             instance.resultAt(instance.with(given, (...place) =>
                 instance.exports.take(this.#session, ...place, isLast ? 1 : 0))));
-    }
-
-    #use(use) {
-        return this.#commands.guarded((instance) => {
-            if (instance !== this.#instance)
-                throw new Error('what came before is lost');
-            return use(instance);
-        });
     }
 }
 
@@ -170,15 +189,15 @@ export class Commands {
         this.#random = random;
     }
 
-    /** From now on characters have names: the octets of their table. */
+    /** From now on characters have names: the octets of their table, or what gives them when they are first wanted. */
     setNames(rows) {
-        this.#names = rows;
+        this.#names = typeof rows === 'function' ? rows : () => rows;
     }
 
     /**
      * Runs a command on what its standard input would be.
      * @param {string[]} words  'decode', '--jsonl', '--smsc=no'
-     * @param {string | Uint8Array} input
+     * @param {string | Uint8Array} input  all else is a TypeError
      * @returns {{status: number, output: string, messages: string, lacksNames: boolean}} the exit status, standard
      *   output, standard error, and whether characters would have names after setNames()
      */
@@ -199,6 +218,11 @@ export class Commands {
         return this.guarded((instance) => instance.with(given, instance.exports.mayHavePdu)) !== 0;
     }
 
+    /** Whether it is the instance that the next call gets. */
+    isUsing(instance) {
+        return instance === this.#instance;
+    }
+
     /** Calls `use` with an instance that is sound: one that failed is in no state to go on. */
     guarded(use) {
         this.#instance ??= new Instance(this.#module, this.#random);
@@ -206,7 +230,8 @@ export class Commands {
             return use(this.#instance);
         } catch (error) {
             this.#instance = undefined;
-            throw new Error(`the module failed, and begins anew: ${error.message}`, { cause: error });
+            const reason = error.message ?? 'an exception that nothing caught'; // which has no words of its own
+            throw new Error(`the module failed, and begins anew: ${reason}`, { cause: error });
         }
     }
 }

@@ -1,5 +1,5 @@
 // The commands as functions: a text and options in, objects out, as the tool writes them with --jsonl.
-import { Commands } from './module.js';
+import { Commands, MOST_INPUT, wholeInput } from './module.js';
 
 const WRONG_OPTIONS = 2;
 
@@ -16,6 +16,13 @@ const wordsOf = (options) =>
     given(options)
         .filter(([, value]) => value !== false)
         .map(([name, value]) => (value === true ? `--${name}` : `--${name}=${value}`));
+
+/** The object as JSON, without halves of characters. */
+const jsonOf = (object) =>
+    JSON.stringify(object, (name, value) =>
+        typeof value === 'string' ? value.replaceAll(/\p{Surrogate}/gu, '\ufffd') : value);
+
+const sizeOf = (text) => new TextEncoder().encode(text).length;
 
 const objectsIn = (lines) => lines.split('\n').slice(0, -1).map((line) => JSON.parse(line));
 
@@ -78,12 +85,17 @@ export class Qxpdu {
     }
 
     encode(text, options) {
-        const members = given({ ...options, text });
-        return this.#convert('encode', JSON.stringify(Object.fromEntries(members)))[0];
+        if (typeof (text ?? '') !== 'string')
+            throw new TypeError('the text is no string');
+        const object = jsonOf(Object.fromEntries(given({ ...options, text })));
+        // JSON writes some characters as six. No text of so much fits into messages; the tool says how many it needs.
+        return sizeOf(object) > MOST_INPUT && text
+            ? this.#encodeByItself(text, options)
+            : this.#convert('encode', object)[0];
     }
 
     count(text, options) {
-        return this.#convert('count', text, options)[0];
+        return this.#convert('count', wholeInput(text), options)[0];
     }
 
     /** The same as decode(), or with `cell` as decodePages(), of an input that comes in pieces. */
@@ -96,7 +108,12 @@ export class Qxpdu {
         return !this.#commands.mayHavePdu(input);
     }
 
+    /** The text in a line, where a blank costs what an end of a line does. */
+    #encodeByItself(text, options) {
+        return this.#convert('encode', text.replaceAll(/[\r\n]/g, ' '), { ...options, lines: true })[0];
+    }
+
     #convert(command, input, options) {
-        return objectsOf(this.run([command, '--jsonl', ...wordsOf(options)], input));
+        return objectsOf(this.#commands.run([command, '--jsonl', ...wordsOf(options)], input));
     }
 }
