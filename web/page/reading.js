@@ -7,6 +7,7 @@ const JOINED = { join: true, each: true };
 
 const ENOUGH = 8; // octets that are read of a damaged PDU: a number or a word breaks before
 
+/** In a log that has it, what stands around a PDU tells what it is: nothing of it may be left out. */
 const ANNOUNCEMENT = /\+C(MGL|MGR|MT|DS|BM):|AT\+C(MGS|MGW|MGC|NMA)=/i;
 const DIGITS = [/\b[\da-f]{16,}\b/i, /\b[\da-f]{2}( [\da-f]{2}){7,}\b/i]; // of a PDU among words
 const FEWEST = 16; // digits of a PDU: a date or the number of a telephone has less
@@ -34,13 +35,11 @@ export function pduIn(line, engine, how) {
 
 /** What a modem says of other things hides PDUs that no heading announces: each line is what PDU stands in it. */
 function withoutModem(text, engine, how) {
-    if (ANNOUNCEMENT.test(text)) return text;
     return mapLines(text, (line) => pduIn(line, engine, how) ?? '');
 }
 
-/** PDUs without the words around them. What a heading announces is known by what stands around it. */
+/** PDUs without the words around them. */
 function withoutWords(text, engine, how) {
-    if (ANNOUNCEMENT.test(text)) return text;
     return mapLines(text, (line) =>
         /[^\da-f\s]/i.test(line) && DIGITS.some((digits) => digits.test(line))
             ? (pduIn(line, engine, how) ?? line)
@@ -59,6 +58,7 @@ function unwrapped(text) {
 
 /** The objects of a short text, in which nothing hides a PDU. */
 export function objectsOf(text, engine, how) {
+    if (ANNOUNCEMENT.test(text)) return decode(text, engine, how);
     const objects = decode(withoutWords(text, engine, how), engine, how);
     if (objects.length === 0) return decode(withoutModem(text, engine, how), engine, how);
     if (objects.length === 1 || objects.some(({ error }) => error === undefined)) return objects;
