@@ -23,6 +23,7 @@ enum Column : int { Name, FieldValue, Meaning, Octet, Length, Mask, GivenPdu, Gi
 /// Of xBestIndex: which of the arguments are told.
 constexpr int c_hasPdu = 1;
 constexpr int c_hasOptions = 2;
+constexpr int c_isNullNone = 4; ///< by IS, of which NULL says that there are no options
 
 struct Table : sqlite3_vtab {};
 
@@ -80,6 +81,8 @@ int FindPlan(sqlite3_vtab*, sqlite3_index_info* info) {
     }
     constexpr double c_rows = 15; // about as many as a message has fields
     info->idxNum = (places[0] < 0 ? 0 : c_hasPdu) | (places[1] < 0 ? 0 : c_hasOptions);
+    if (places[1] >= 0 && info->aConstraint[places[1]].op == SQLITE_INDEX_CONSTRAINT_IS)
+        info->idxNum |= c_isNullNone;
     info->estimatedCost = c_rows;
     info->estimatedRows = static_cast<sqlite3_int64>(c_rows);
     return SQLITE_OK;
@@ -111,7 +114,8 @@ void Fill(Cursor& cursor, int plan, sqlite3_value** arguments) {
         throw Misuse(
             "sms_fields() takes a PDU; where that is a column of another table, and named as one of its "
             "own, the table's name comes first");
-    const bool hasOptions = (plan & c_hasOptions) != 0;
+    const bool isNone = (plan & c_isNullNone) != 0 && sqlite3_value_type(arguments[1]) == SQLITE_NULL;
+    const bool hasOptions = (plan & c_hasOptions) != 0 && !isNone;
     const std::optional<Question> question = QuestionIn(arguments, hasOptions);
     const show::Message* const message =
         question ? cursor.reader.Read(question->given, question->options) : nullptr;

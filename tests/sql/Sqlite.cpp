@@ -156,6 +156,7 @@ INSTANTIATE_TEST_SUITE_P(OfFields, Sqlite, testing::Values(
     // the arguments are columns, too
     Asked{"SELECT count(*) FROM sms_fields WHERE _pdu IS '00040C91'; SELECT count(*) FROM sms_fields WHERE _pdu IS NULL; SELECT count(*) FROM sms_fields('00040C9144770009103200006211128051030002C834') WHERE _options IS NULL", "8\nerror: sms_fields() takes a PDU; where that is a column of another table, and named as one of its own, the table's name comes first13"},
     Asked{"SELECT count(*) FROM sms_fields WHERE _pdu IS '040C9144770009103200006211128051030002C834' AND _options IS 'smsc=no'", "12"},
+    Asked{"SELECT count(*) FROM (SELECT nullif(1, 1) AS none), sms_fields('00040C91') WHERE _options IS none; SELECT count(*) FROM sms_fields('00040C91', NULL)", "8\n0"},
     Asked{"SELECT count(*) FROM sms_fields('00040C9144770009103200006211128051030002C834') WHERE _pdu = '00040C9144770009103200006211128051030002C834'", "13"},
     Asked{"SELECT count(*) FROM sms_fields('00040C9144770009103200006211128051030002C834') WHERE _pdu = x'00' OR _options = 'smsc=yes'", "0"},
     Asked{"SELECT DISTINCT _pdu, _options FROM sms_fields('00', 'smsc=yes')", "00|smsc=yes"},
