@@ -356,6 +356,8 @@ TEST(QxpduJoin, NumberAboveTheTotalIsNoPart) {
 
 TEST(QxpduJoin, PartOneOfOneIsAMessage) {
     EXPECT_EQ(Join({Part("02", "01", "0436"), Part("01", "01", "0416")}).out, "\tЖ\n1/2\tж\n");
+    EXPECT_EQ(Join({Part("01", "01", "0416"), Part("01", "01", "0416")}), (Outcome{0, "\tЖ\n\tЖ\n", ""}))
+        << "which may come twice";
 }
 
 TEST(QxpduJoin, AnotherTotalTypeOrWidthOfReferenceIsAnotherMessage) {
