@@ -2,7 +2,7 @@
 // BUILD is the folder in which CMake built the module; OUTPUT gets qxpdu.html and npm/.
 import { execFileSync } from 'node:child_process';
 import { createHash } from 'node:crypto';
-import { copyFileSync, mkdirSync, readFileSync, writeFileSync } from 'node:fs';
+import { copyFileSync, mkdirSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { gzipSync } from 'node:zlib';
 import { toBlock } from './script/blocks.js';
 import { typesOf } from './types.mjs';
@@ -55,8 +55,10 @@ function makePage() {
 
 function makePackage() {
     const folder = `${output}/npm`;
+    rmSync(folder, { recursive: true, force: true });
     mkdirSync(folder, { recursive: true });
-    writeFileSync(`${folder}/index.js`, `${bundled('npm/index.js', '--format=esm', '--platform=neutral', '--external:node:*')}\n`);
+    for (const entry of ['browser.js', 'node.js'])
+        writeFileSync(`${folder}/${entry}`, `${bundled(`npm/${entry}`, '--format=esm', '--platform=neutral', '--external:node:*')}\n`);
     writeFileSync(`${folder}/qxpdu.wasm`, module);
     writeFileSync(`${folder}/names.gz`, packed(names));
     const about = JSON.parse(readFileSync(`${here}npm/package.json`, 'utf8'));

@@ -20,8 +20,10 @@ test('its policy lets in its own script and style, and nothing out', () => {
         "connect-src 'none'",
         "default-src 'none'",
         "form-action 'none'",
+        "require-trusted-types-for 'script'",
         `script-src ${hashOf(script)} 'wasm-unsafe-eval'`,
         `style-src ${hashOf(style)}`,
+        "trusted-types 'none'",
     ]);
 });
 

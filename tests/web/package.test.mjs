@@ -24,13 +24,13 @@ function outputOf(name, program) {
 test('it holds what it names, and depends on nothing', () => {
     assert.deepEqual(readdirSync(packageFolder).sort(), [...about.files, 'README.md', 'package.json'].sort());
     assert.equal(about.dependencies, undefined);
-    assert.deepEqual(about.exports['.'], { types: './index.d.ts', default: './index.js' });
+    assert.deepEqual(about.exports['.'], { types: './index.d.ts', node: './node.js', browser: './browser.js', default: './browser.js' });
     assert.match(readFileSync(`${root}CMakeLists.txt`, 'utf8'), new RegExp(`project\\(QX_Encoding VERSION ${about.version} `));
 });
 
 test('it has these functions and no others', async () => {
-    const exported = Object.keys(await import(`${packageFolder}/index.js`)).sort();
-    assert.deepEqual(exported, ['count', 'decode', 'decodePages', 'encode', 'inspect', 'reader', 'run']);
+    const exported = Object.keys(await import(`${packageFolder}/node.js`)).sort();
+    assert.deepEqual(exported, ['count', 'decode', 'decodePages', 'encode', 'inspect', 'loadNames', 'reader', 'run']);
     const typed = [...readFileSync(`${packageFolder}/index.d.ts`, 'utf8').matchAll(/^export declare function (\w+)/gm)].map(([, name]) => name);
     assert.deepEqual([...new Set(typed)].sort(), exported);
 });
@@ -40,6 +40,65 @@ test('it runs where there is no crypto before Node.js 19', () => {
 const { encode } = await import('qxpdu');
 console.log(encode('a'.repeat(200), { to: '1' }).pdus.length);`;
     assert.equal(outputOf('old.js', program), '2\n');
+});
+
+/** Has browser.js as a browser would, and tells what was fetched: the file that is asked for, or nothing at all. */
+const BROWSER = `import { readFileSync } from 'node:fs';
+const fetched = [];
+globalThis.fetch = async (url) => {
+    fetched.push(url.pathname.split('/').pop());
+    return globalThis.lacking === fetched.at(-1) ? new Response('', { status: 404, statusText: 'Not Found' }) : new Response(readFileSync(url));
+};
+const { count, decode, loadNames, ...others } = await import('./node_modules/qxpdu/browser.js');
+`;
+
+test('a browser has the same functions', () => {
+    const printed = outputOf('same.js', `${BROWSER}console.log(Object.keys({ count, decode, loadNames, ...others }).sort().join());
+console.log(Object.keys(await import('qxpdu')).sort().join());`).split('\n');
+    assert.equal(printed[0], 'count,decode,decodePages,encode,inspect,loadNames,reader,run');
+    assert.equal(printed[1], printed[0]);
+});
+
+test('a browser fetches the module at once, and the names when they are asked for, once', () => {
+    assert.deepEqual(outputOf('browser.js', `${BROWSER}console.log(decode('0791214365870921040B912143658709F100002120312143658006C83468530E01')[0].text);
+console.log(count('’').forces_ucs2[0].name, fetched.join());
+await Promise.all([loadNames(), loadNames()]);
+console.log(count('’').forces_ucs2[0].name, fetched.join());`).split('\n'),
+    ['Hi €!', 'undefined qxpdu.wasm', 'RIGHT SINGLE QUOTATION MARK qxpdu.wasm,names.gz', '']);
+});
+
+test('names that did not come may be asked for again', () => {
+    assert.match(outputOf('again.js', `${BROWSER}globalThis.lacking = 'names.gz';
+console.log(await loadNames().catch(({ message }) => message));
+globalThis.lacking = undefined;
+await loadNames();
+console.log(count('’').forces_ucs2[0].name);`), /\/names\.gz: 404 Not Found\nRIGHT SINGLE QUOTATION MARK\n$/);
+});
+
+test('Node.js reads the names when a count has one to tell', () => {
+    assert.equal(outputOf('wanted.js', `import { renameSync } from 'node:fs';
+import { count, loadNames } from 'qxpdu';
+const file = new URL('./node_modules/qxpdu/names.gz', import.meta.url);
+renameSync(file, new URL('names.away', file));
+console.log(count('hello').septets);
+try { count('’'); } catch ({ message }) { console.log(/ENOENT/.test(message)); }
+renameSync(new URL('names.away', file), file);
+console.log(await loadNames(), count('’').forces_ucs2[0].name);`), '5\ntrue\nundefined RIGHT SINGLE QUOTATION MARK\n');
+});
+
+test('bundlers find its files, and nothing of Node.js for a browser', () => {
+    for (const [entry, files] of [['browser.js', 2], ['node.js', 2]]) {
+        const source = readFileSync(`${packageFolder}/${entry}`, 'utf8');
+        for (const name of ['qxpdu.wasm', 'names.gz'])
+            assert.match(source, new RegExp(`new URL\\("\\./${name}", import\\.meta\\.url\\)`), entry);
+        assert.equal(source.match(/import\.meta/g).length, files, entry);
+    }
+    writeFileSync(`${trial}/bundled.js`, "import { decode } from 'qxpdu';\nconsole.log(decode('00'));\n");
+    for (const [platform, hasNode] of [['browser', false], ['node', true]]) {
+        const { status, stdout, stderr } = spawnSync('esbuild', ['bundled.js', '--bundle', '--format=esm', `--platform=${platform}`], { cwd: trial });
+        assert.equal(status, 0, stderr.toString());
+        assert.equal(/from "node:/.test(stdout.toString()), hasNode, platform);
+    }
 });
 
 const readme = readFileSync(`${packageFolder}/README.md`, 'utf8');
@@ -63,6 +122,13 @@ function faultsIn(name, source) {
     return stdout.toString();
 }
 
+test('the examples of its README compile', () => {
+    const source = examples.map((example) => example.replaceAll(/^import .*$/gm, '')).map((example) => `{\n${example}}\n`);
+    const names = [...readme.matchAll(/^import \{ (.*) \} from/gm)].flatMap(([, list]) => list.split(', '));
+    const imports = `import { ${[...new Set(names)].join(', ')} } from 'qxpdu';\ndeclare const console: { log(...values: unknown[]): void };\n`;
+    assert.equal(faultsIn('examples.ts', imports + source.join('')), '');
+});
+
 /** Objects of a command, one of each set of members. */
 function samplesOf(words, lines) {
     const commands = makeCommands();
@@ -78,17 +144,20 @@ const octets = vectors().filter((vector) => vector.octets).map((vector) => vecto
 const texts = vectors().filter(({ text }) => text !== undefined).map(({ text }) => text.replaceAll(/[\r\n]/g, ' '));
 
 for (const [type, words, lines] of [
-    ['Decode', ['decode', '--join', '--each'], [...mixedLines(2000), ...octets]],
-    ['Decode', ['decode', '--as=libQX_Encoding'], mixedLines(200)],
-    ['Cell', ['cell', '--join', '--each'], octets],
-    ['Inspect', ['inspect'], [...mixedLines(1000), ...octets]],
-    ['Count', ['count', '--lines', '--language=all'], texts],
-    ['Encode', ['encode', '--language=all'], texts.map((text) => JSON.stringify({ to: '+41', text, 'concat-reference': 1 }))],
+    ['Decoded', ['decode'], mixedLines(2000)],
+    ['DecodedTogether', ['decode', '--join', '--each'], [...mixedLines(2000), ...octets]],
+    ['DecodedByHost', ['decode', '--as=libQX_Encoding'], mixedLines(200)],
+    ['DecodedPage', ['cell'], octets],
+    ['DecodedPagesTogether', ['cell', '--join', '--each'], octets],
+    ['DecodedPageByHost', ['cell', '--as=libQX_Encoding'], octets],
+    ['Inspect.Result', ['inspect'], [...mixedLines(1000), ...octets]],
+    ['Count.Result', ['count', '--lines', '--language=all'], texts],
+    ['Encode.Result', ['encode', '--language=all'], texts.map((text) => JSON.stringify({ to: '+41', text, 'concat-reference': 1 }))],
 ])
     test(`the types hold what comes: ${words.join(' ')}`, () => {
         const samples = samplesOf(words, lines);
-        const source = `import type { ${type} } from 'qxpdu';\nexport const samples: ${type}.Result[] = [\n${samples.join(',\n')}\n];\n`;
-        assert.equal(faultsIn(`${words[0]}.ts`, source), '');
+        const source = `import type { ${type.split('.')[0]} } from 'qxpdu';\nexport const samples: ${type}[] = [\n${samples.join(',\n')}\n];\n`;
+        assert.equal(faultsIn(`${type}.ts`, source), '');
     });
 
 test('the types refuse what never comes', () => {
@@ -110,9 +179,34 @@ const results = decode('00', { join: true, smsc: 'no' });
 for (const result of results)
     if ('tp_oa' in result && result.tp_oa)
         console.log(result.tp_oa.number?.length);
+const octets = new Uint8Array(2);
+const [message] = decode(octets);
+if (message.error !== undefined) {
+    const error: string = message.error;
+    const none: undefined = message.tp_oa;
+    console.log(error, none);
+} else {
+    const none: undefined = message.error;
+    console.log(none, message.tp_oa?.number, message.text);
+}
+decode('00', { join: true })[0].joined?.length;
+decode('00', { as: 'libQX_Encoding' })[0].libQX_Encoding;
+decodePages(octets, { join: true })[0].pages_missing;
+inspect(octets)[0].map?.length;
+count(octets).forces_ucs2?.[0]?.name;
+declare const options: import('qxpdu').DecodeOptions;
+decode('00', options)[0].joined?.length;
+// @ts-expect-error
+decode('00')[0].joined;
+// @ts-expect-error
+decode('00', { join: true })[0].libQX_Encoding?.m_WorkText;
+// @ts-expect-error
+decode(7);
+// @ts-expect-error
+encode(octets);
 const pages: string[] = decodePages('00', { type: 'gsm' }).map((page) => JSON.stringify(page));
 const sent = encode('hi', { to: '+41', statusReport: 'all', class: 0 });
-if ('pdus' in sent)
+if (sent.pdus)
     console.log(sent.pdus[0]?.tpdu_length, count('hi', { language: 'tr' }).format, inspect('00', { cell: true }), pages);
 reader({ cell: true, type: 'umts' }).take('').map((page) => page.format);
 const { status }: { status: number } = run(['decode']);

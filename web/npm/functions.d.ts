@@ -87,20 +87,57 @@ export interface EncodeOptions extends Writing {
     strict?: boolean;
 }
 
+/** A text, or its octets in UTF-8. */
+export type Input = string | Uint8Array;
+
+type MembersOf<Objects> = Objects extends unknown ? keyof Objects : never;
+
+/** One of several objects, of which one may ask for the members of all: those that it has not are undefined. */
+export type OneOf<Objects, All = Objects> = Objects extends unknown
+    ? Objects & { [Name in Exclude<MembersOf<All>, keyof Objects>]?: undefined }
+    : never;
+
+type Alone = { join?: false; as?: undefined };
+type ByStandards = { as?: undefined };
+type ByHost = { as: 'libQX_Encoding' };
+
+/** What decode() gives of each PDU by itself, and of each page that stands in a log. */
+export type Decoded = OneOf<Decode.Message | Decode.Error | Decode.Free | Cell.Broadcast>;
+/** What it gives with join. */
+export type DecodedTogether = OneOf<
+    Decode.Message | Decode.Error | Decode.Free | Decode.Joined | Decode.Duplicate | Cell.Broadcast | Cell.Joined | Cell.Duplicate
+>;
+/** What it gives with as. */
+export type DecodedByHost = OneOf<Decode.Record | Decode.Error | Decode.Free | Cell.HostPage>;
+
 /** Reads PDUs, a line each, or those in the log of a modem: an object for each. */
-export declare function decode(input: string, options?: DecodeOptions): Decode.Result[];
+export declare function decode(input: Input, options?: DecodeOptions & Alone): Decoded[];
+export declare function decode(input: Input, options: DecodeOptions & ByStandards): DecodedTogether[];
+export declare function decode(input: Input, options: DecodeOptions & ByHost): DecodedByHost[];
+export declare function decode(input: Input, options?: DecodeOptions): OneOf<Decode.Result>[];
+
+/** What decodePages() gives of each page by itself, with join, and with as. */
+export type DecodedPage = OneOf<Cell.Broadcast | Cell.Error>;
+export type DecodedPagesTogether = OneOf<Cell.Broadcast | Cell.Error | Cell.Joined | Cell.Duplicate>;
+export type DecodedPageByHost = OneOf<Cell.HostPage | Cell.Error>;
 
 /** Reads pages, messages and notifications of cell broadcast, a line each, or those in a log. */
-export declare function decodePages(input: string, options?: PageOptions): Cell.Result[];
+export declare function decodePages(input: Input, options?: PageOptions & Alone): DecodedPage[];
+export declare function decodePages(input: Input, options: PageOptions & ByStandards): DecodedPagesTogether[];
+export declare function decodePages(input: Input, options: PageOptions & ByHost): DecodedPageByHost[];
+export declare function decodePages(input: Input, options?: PageOptions): OneOf<Cell.Result>[];
 
 /** Tells what each octet means. */
-export declare function inspect(input: string, options?: InspectOptions): Inspect.Result[];
+export declare function inspect(input: Input, options?: InspectOptions): OneOf<Inspect.Result>[];
 
 /** Makes the PDUs of a text, or of any message; null is no text. */
-export declare function encode(text: string | null, options?: EncodeOptions): Encode.Text | Encode.Error;
+export declare function encode(text: string | null, options?: EncodeOptions): OneOf<Encode.Text | Encode.Error>;
 
 /** Tells how a text would go out, and what would make it cheaper. */
-export declare function count(text: string, options?: CountOptions): Count.Result;
+export declare function count(text: Input, options?: CountOptions): OneOf<Count.Result>;
+
+/** From when on count() has names of characters: in browsers from then on, in Node.js always. */
+export declare function loadNames(): Promise<void>;
 
 /** What reads a log that comes in pieces. */
 export interface Reader<Result> {
@@ -113,11 +150,11 @@ export interface Reader<Result> {
 }
 
 /** The same as decode() of an input that comes in pieces; with cell as decodePages(). */
-export declare function reader(options?: DecodeOptions & { cell?: false }): Reader<Decode.Result>;
-export declare function reader(options: PageOptions & { cell: true }): Reader<Cell.Result>;
+export declare function reader(options?: DecodeOptions & { cell?: false }): Reader<OneOf<Decode.Result>>;
+export declare function reader(options: PageOptions & { cell: true }): Reader<OneOf<Cell.Result>>;
 
 /** A command of qxpdu from text to text: run(['encode', '--at', '--to=+4179123'], 'hello'). */
-export declare function run(words: string[], input?: string | Uint8Array): {
+export declare function run(words: string[], input?: Input): {
     /** 0 all good, 1 some input failed, 2 wrong options. */
     status: number;
     output: string;
