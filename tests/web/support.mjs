@@ -1,8 +1,11 @@
 // What the tests of the module have in common: the module, the tool beside it, and inputs.
 import { spawnSync } from 'node:child_process';
+import { webcrypto } from 'node:crypto';
 import { readFileSync, readdirSync } from 'node:fs';
 import { gunzipSync } from 'node:zlib';
 import { Commands } from '../../web/script/module.js';
+
+globalThis.crypto ??= webcrypto; // which Node.js 18 has in its module alone
 
 export const root = new URL('../../', import.meta.url).pathname;
 export const packageFolder = `${root}build/web/npm`;

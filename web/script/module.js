@@ -230,7 +230,7 @@ export class Commands {
             return use(this.#instance);
         } catch (error) {
             this.#instance = undefined;
-            const reason = error.message ?? 'an exception that nothing caught'; // which has no words of its own
+            const reason = error instanceof WebAssembly.Exception ? 'an exception that nothing caught' : error.message;
             throw new Error(`the module failed, and begins anew: ${reason}`, { cause: error });
         }
     }
