@@ -89,11 +89,12 @@ inline __m128i Load(const unsigned char* octets) {
 
 using Lanes [[gnu::vector_size(16)]] = unsigned char;
 
-/// All bits of the octets that are `first` to `last`: as far from the first as the last, or less.
-inline __m128i Between(__m128i octets, unsigned char first, unsigned char last) {
-    const auto distance = reinterpret_cast<__m128i>(reinterpret_cast<Lanes>(octets) - first);
-    const __m128i beyond = _mm_subs_epu8(distance, _mm_set1_epi8(static_cast<char>(last - first)));
-    return _mm_cmpeq_epi8(beyond, _mm_setzero_si128());
+/// All bits of the octets that are `a` to `z`: moved so that these are the largest there are, with their
+/// sign.
+inline __m128i Letters(__m128i octets) {
+    constexpr char distance = 0x7F - 'z';
+    const auto moved = reinterpret_cast<__m128i>(reinterpret_cast<Lanes>(octets) + distance);
+    return _mm_cmpgt_epi8(moved, _mm_set1_epi8('a' - 1 + distance));
 }
 
 inline __m128i Equal(__m128i octets, char value) {
@@ -101,8 +102,10 @@ inline __m128i Equal(__m128i octets, char value) {
 }
 
 inline BlockBits Others(__m128i octets) {
-    const __m128i letters = Between(_mm_or_si128(octets, _mm_set1_epi8(0x20)), 'a', 'z');
-    const __m128i digitsAndMarks = _mm_andnot_si128(Equal(octets, '$'), Between(octets, 0x20, 0x3F));
+    const __m128i letters = Letters(_mm_or_si128(octets, _mm_set1_epi8(0x20)));
+    const __m128i from20To3F =
+        _mm_cmpeq_epi8(_mm_and_si128(octets, _mm_set1_epi8('\xE0')), _mm_set1_epi8(0x20));
+    const __m128i digitsAndMarks = _mm_andnot_si128(Equal(octets, '$'), from20To3F);
     const __m128i lineEnds = _mm_or_si128(Equal(octets, '\n'), Equal(octets, '\r'));
     const __m128i own = _mm_or_si128(_mm_or_si128(letters, digitsAndMarks), lineEnds);
     return static_cast<BlockBits>(_mm_movemask_epi8(own)) ^ c_allOfBlock;

@@ -56,7 +56,7 @@ std::size_t UnpackSeptets(OctetView packed, unsigned int firstBit, std::size_t c
                           std::uint8_t* septets) noexcept {
     if (packed.empty())
         return 0;
-    count = std::min(count, (packed.size() * c_octetBits - firstBit) / c_septetBits);
+    count = std::min(count, SeptetsIn(packed.size(), firstBit));
     std::size_t groups = count / Wire::c_groupSeptets;
     if (packed.size() < Wire::c_groupReach)
         groups = 0;

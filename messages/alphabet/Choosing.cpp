@@ -3,7 +3,7 @@
 #include <map>
 #include <tuple>
 
-#include "alphabet/Room.h"
+#include "alphabet/Choosing.h"
 
 namespace Messages {
 namespace {
@@ -24,6 +24,7 @@ void VisitBits(unsigned int bits, Visit visit) {
 struct Survey {
     std::size_t characters = 0;
     std::size_t utf16Units = 0;
+    std::size_t plain = 0;                            ///< characters that were seen to be plain
     std::array<std::size_t, c_languageCount> pairs{}; ///< by locking table: characters that it lacks
     std::array<std::uint16_t, c_languageCount>
         single{}; ///< by locking table: the single shift tables that hold them
@@ -65,6 +66,7 @@ std::optional<MisfitCharacter> Look(std::string_view text, std::uint16_t languag
             const std::size_t plain = characters.TakePlain().size();
             survey.characters += plain;
             survey.utf16Units += plain;
+            survey.plain += plain;
             if (characters.AtEnd())
                 break;
         }
@@ -90,7 +92,7 @@ std::optional<MisfitCharacter> Look(std::string_view text, std::uint16_t languag
 }
 
 /// Units are there; parts and octets are worked out.
-void Count(std::string_view text, const TextRoom& room, Choice& choice) {
+void Count(const SeenText& text, const TextRoom& room, Choice& choice) {
     const PartRoom one = RoomOfOne(choice, room);
     choice.parts = 1;
     choice.octets = one.OctetsOf(choice.units);
@@ -156,7 +158,7 @@ unsigned int Each(unsigned int languages) {
 
 class Best {
 public:
-    Best(std::string_view text, const TextRoom& room) : m_Text(text), m_Room(room) {}
+    Best(const SeenText& text, const TextRoom& room) : m_Text(text), m_Room(room) {}
 
     void Offer(Choice choice) {
         if (m_Choice && FewestParts(choice, m_Room) > m_Choice->parts)
@@ -168,7 +170,7 @@ public:
     const std::optional<Choice>& Found() const { return m_Choice; }
 
 private:
-    std::string_view m_Text;
+    const SeenText& m_Text;
     const TextRoom& m_Room;
     std::optional<Choice> m_Choice;
 };
@@ -214,7 +216,7 @@ std::optional<MisfitCharacter> Force(std::string_view text, SeptetTables tables,
             return MisfitCharacter{offset, character};
         forced.units += UnitsOf(character, forced);
     }
-    Count(text, room, forced);
+    Count({text}, room, forced);
     choice = forced;
     return std::nullopt;
 }
@@ -223,12 +225,18 @@ std::optional<MisfitCharacter> Force(std::string_view text, SeptetTables tables,
 
 std::optional<MisfitCharacter> Choose(std::string_view text, const ChoiceOptions& options,
                                       Choice& choice) noexcept {
+    SeenText seen{text};
+    return Choose(seen, options, choice);
+}
+
+std::optional<MisfitCharacter> Choose(SeenText& text, const ChoiceOptions& options, Choice& choice) noexcept {
     if (options.tables)
-        return Force(text, *options.tables, options.room, choice);
+        return Force(text.octets, *options.tables, options.room, choice);
     Survey survey;
     const std::uint16_t languages = options.languages.Bits();
-    if (const auto misfit = Look(text, languages, survey))
+    if (const auto misfit = Look(text.octets, languages, survey))
         return misfit;
+    text.isPlain = survey.plain == text.octets.size();
     Best best(text, options.room);
     VisitChoices(survey, options, Lowest, [&](const Choice& one) { best.Offer(one); });
     if (!best.Found())
@@ -248,7 +256,7 @@ std::optional<MisfitCharacter> Explain(std::string_view text, const ChoiceOption
         if (const auto misfit = Look(text, options.languages.Bits(), survey))
             return misfit;
         VisitChoices(survey, options, Each, [&](Choice one) {
-            Count(text, options.room, one);
+            Count({text}, options.room, one);
             found.choices.push_back(one);
         });
         if (found.choices.empty())
@@ -264,6 +272,10 @@ std::optional<MisfitCharacter> Explain(std::string_view text, const ChoiceOption
 }
 
 std::vector<std::size_t> PartOffsets(std::string_view text, const Choice& choice, const TextRoom& room) {
+    return PartOffsets(SeenText{text}, choice, room);
+}
+
+std::vector<std::size_t> PartOffsets(const SeenText& text, const Choice& choice, const TextRoom& room) {
     if (choice.parts == 1)
         return {0};
     std::vector<std::size_t> offsets;

@@ -25,6 +25,11 @@ constexpr std::size_t SeptetsOfHeader(std::size_t headerOctets) {
     return (headerOctets * c_octetBits + c_septetBits - 1) / c_septetBits;
 }
 
+/// Whole septets from bit `firstBit` of so many octets on.
+constexpr std::size_t SeptetsIn(std::size_t octets, unsigned int firstBit) {
+    return octets == 0 ? 0 : (octets * c_octetBits - firstBit) / c_septetBits;
+}
+
 constexpr std::size_t OctetsOfSeptets(std::size_t septets) {
     return (septets * c_septetBits + c_octetBits - 1) / c_octetBits;
 }

@@ -4,11 +4,14 @@
 #ifndef ALPHABET_PLAIN_H
 #define ALPHABET_PLAIN_H
 
+#include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
 #include "Messages/Alphabet.h"
+#include "Messages/Octets.h"
 #include "wire/OwnCodes.h"
 
 namespace Messages {
@@ -21,6 +24,11 @@ inline bool HoldsPlain(Language locking) {
     return (c_plainLocking >> static_cast<unsigned int>(locking) & 1U) != 0;
 }
 
+/// Plain characters as septets.
+inline OctetView PlainSeptets(std::string_view plain) {
+    return {reinterpret_cast<const std::uint8_t*>(plain.data()), plain.size()};
+}
+
 inline bool IsPlainBlock(const std::uint8_t* octets) noexcept {
     return Wire::OtherCodes(octets) == 0;
 }
@@ -28,15 +36,23 @@ inline bool IsPlainBlock(const std::uint8_t* octets) noexcept {
 /// How many octets at the beginning are plain. Where none is, that is found out at once: most texts that are
 /// not plain hardly ever are.
 inline std::size_t PlainRun(std::string_view text) {
-    std::size_t run = 0;
     if (text.empty() || static_cast<std::uint8_t>(text[0]) >= 0x80)
-        return run;
+        return 0;
     const auto* const octets = reinterpret_cast<const std::uint8_t*>(text.data());
-    while (text.size() - run >= Wire::c_codeBlock && IsPlainBlock(octets + run))
-        run += Wire::c_codeBlock;
-    while (run < text.size() && Wire::IsOwnCode(octets[run]))
-        ++run;
-    return run;
+    const std::size_t size = text.size();
+    std::size_t run = 0;
+    if (size < Wire::c_codeBlock) {
+        while (run < size && Wire::IsOwnCode(octets[run]))
+            ++run;
+        return run;
+    }
+    Wire::BlockBits others = Wire::OtherCodes(octets);
+    while (others == 0 && run < size - Wire::c_codeBlock) {
+        // The last block may begin in the one before.
+        run = std::min(run + Wire::c_codeBlock, size - Wire::c_codeBlock);
+        others = Wire::OtherCodes(octets + run);
+    }
+    return run + (others == 0 ? Wire::c_codeBlock : static_cast<std::size_t>(std::countr_zero(others)));
 }
 
 } // namespace Messages

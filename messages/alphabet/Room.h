@@ -75,14 +75,27 @@ inline bool IsPlainOneUnit(const Choice& choice) {
     return choice.alphabet == Alphabet::Ucs2 || HoldsPlain(choice.tables.locking);
 }
 
+/// A text in UTF-8, and what is known of it.
+struct SeenText {
+    std::string_view octets;
+    bool isPlain = false; ///< all of its characters are; false where nobody has looked
+};
+
 /// Fills parts from the front, of `most` units each, and calls `visit(offset, units)` for each: where it
 /// begins in the text. REQUIRES UTF-8 that the choice holds, and room for a pair.
 template <class Visit>
-void VisitParts(std::string_view text, const Choice& choice, std::size_t most, Visit visit) {
+void VisitParts(const SeenText& text, const Choice& choice, std::size_t most, Visit visit) {
     std::size_t begin = 0;
     std::size_t used = 0;
     const bool isPlainOneUnit = IsPlainOneUnit(choice);
-    for (Characters characters(text); !characters.AtEnd();) {
+    if (text.isPlain && isPlainOneUnit) {
+        const std::size_t size = text.octets.size();
+        for (; size - begin > most; begin += most)
+            visit(begin, most);
+        visit(begin, size - begin);
+        return;
+    }
+    for (Characters characters(text.octets); !characters.AtEnd();) {
         if (isPlainOneUnit)
             used += characters.TakePlain(most - used).size();
         if (characters.AtEnd())

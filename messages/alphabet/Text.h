@@ -9,6 +9,7 @@
 #include "Messages/Octets.h"
 #include "Messages/Remarks.h"
 #include "alphabet/Characters.h"
+#include "alphabet/Plain.h"
 #include "wire/Utf8.h"
 
 namespace Messages {
@@ -137,6 +138,26 @@ char* WriteUcs2Text(OctetView octets, char* out, Odd odd) {
         out = Wire::WriteUtf8(character, out);
     }
     return out;
+}
+
+/// Units of text that TP-UDL can count, and room for the text of them.
+constexpr std::size_t c_mostUnits = 255;
+using TextOfUnits = std::array<char, c_mostUnits * c_mostUtf8OfUnit + c_utf8Slack>;
+
+/// Whether septets, c_mostUnits at most, are read as this text. Plain characters are their own septets.
+inline bool IsTextOfSeptets(std::string_view text, OctetView septets, SeptetTables tables) {
+    if (HoldsPlain(tables.locking) && text.size() == septets.size() && PlainRun(text) == text.size())
+        return text.empty() || std::memcmp(text.data(), septets.data(), text.size()) == 0;
+    TextOfUnits room;
+    const char* const end = WriteSeptetText(septets, tables, room.data(), [](auto...) {});
+    return text == std::string_view(room.data(), static_cast<std::size_t>(end - room.data()));
+}
+
+/// The same of UTF-16, most significant octet first.
+inline bool IsTextOfUcs2(std::string_view text, OctetView octets) {
+    TextOfUnits room;
+    const char* const end = WriteUcs2Text(octets, room.data(), [](auto...) {});
+    return text == std::string_view(room.data(), static_cast<std::size_t>(end - room.data()));
 }
 
 } // namespace Messages

@@ -5,7 +5,8 @@
 
 #include "Messages/Parts.h"
 #include "Messages/Write.h"
-#include "alphabet/Room.h"
+#include "alphabet/Choosing.h"
+#include "tpdu/Making.h"
 #include "tpdu/Rows.h"
 
 namespace Messages {
@@ -55,16 +56,18 @@ public:
             Add(id, {static_cast<unsigned int>(language)});
     }
     void Append(const std::vector<std::uint8_t>& octets) {
-        m_Octets.insert(m_Octets.end(), octets.begin(), octets.end());
+        std::copy(octets.begin(), octets.end(), m_Octets.begin() + m_Count);
+        m_Count += octets.size();
     }
 
-    OctetView View() const { return m_Octets; }
+    OctetView View() const { return {m_Octets.data(), m_Count}; }
 
 private:
     static unsigned int High(std::uint16_t value) { return value >> 8U; }
-    void Put(unsigned int octet) { m_Octets.push_back(static_cast<std::uint8_t>(octet)); }
+    void Put(unsigned int octet) { m_Octets[m_Count++] = static_cast<std::uint8_t>(octet); }
 
-    std::vector<std::uint8_t> m_Octets;
+    std::array<std::uint8_t, c_mostUserData> m_Octets; ///< no part has room for more
+    std::size_t m_Count = 0;
 };
 
 /// Makes the parts once it is known where they begin.
@@ -72,15 +75,15 @@ class Cutter {
 public:
     Cutter(const CutOptions& options, CutText& cut) : m_Options(options), m_Cut(cut) {}
 
-    /// `content(part)` gives the septets or octets of the part with this number, from 0.
-    template <class Content>
-    void Make(Content content) {
+    /// `make(part, elements)` makes the user data of the part with this number, from 0.
+    template <class MakePart>
+    void Make(MakePart make) {
         const std::size_t total = m_Cut.offsets.size();
         if (total > 1 && !FindReference())
             return;
         m_Cut.parts.reserve(total);
         for (std::size_t part = 0; part < total; ++part)
-            m_Cut.parts.push_back(*MakeUserData(m_Cut.coding, ElementsOf(part, total).View(), content(part)));
+            m_Cut.parts.push_back(make(part, ElementsOf(part, total).View()));
     }
 
     /// Whether there may be so many parts.
@@ -179,9 +182,9 @@ MisfitCharacter AsGiven(MisfitCharacter misfit, std::string_view text,
 }
 
 /// Chooses, and puts near characters in where that is cheaper or makes the text fit at all.
-std::optional<MisfitCharacter> ChooseWithNear(std::string_view text, const ChoiceOptions& options,
-                                              CutText& cut) {
-    const auto misfit = Choose(text, options, cut.choice);
+std::optional<MisfitCharacter> ChooseWithNear(SeenText& seen, const ChoiceOptions& options, CutText& cut) {
+    const auto misfit = Choose(seen, options, cut.choice);
+    const std::string_view text = seen.octets;
     std::vector<Replacement> replacements;
     std::string near = ReplaceNear(text, LanguagesOf(options), replacements);
     Choice choice;
@@ -200,6 +203,7 @@ std::optional<MisfitCharacter> ChooseWithNear(std::string_view text, const Choic
         return misfit;
     cut.choice = choice;
     cut.text = std::move(near);
+    seen = {cut.text};
     cut.replacements = std::move(replacements);
     return std::nullopt;
 }
@@ -212,7 +216,8 @@ CutText CutIntoParts(std::string_view text, const CutOptions& options) {
     ChoiceOptions how = options.choice;
     how.room = RoomFor(options);
     Cutter cutter(options, cut);
-    const auto misfit = options.replacesNear ? ChooseWithNear(text, how, cut) : Choose(text, how, cut.choice);
+    SeenText seen{cut.text};
+    const auto misfit = options.replacesNear ? ChooseWithNear(seen, how, cut) : Choose(seen, how, cut.choice);
     if (misfit) {
         const bool isUtf8 = misfit->character != c_notUtf8;
         cutter.Fail(isUtf8 ? CutFaultCode::NoCharacter : CutFaultCode::NotUtf8, misfit->offset,
@@ -222,18 +227,23 @@ CutText CutIntoParts(std::string_view text, const CutOptions& options) {
     cut.coding = CodingOf(cut.choice.alphabet, options.messageClass);
     if (!cutter.MayBe(cut.choice.parts))
         return cut;
-    cut.offsets = PartOffsets(cut.text, cut.choice, how.room);
+    cut.offsets = PartOffsets(seen, cut.choice, how.room);
+    const SeptetTables tables = cut.choice.tables;
+    const bool isUcs2 = cut.choice.alphabet == Alphabet::Ucs2;
+    const bool isItsOwnSeptets = seen.isPlain && !isUcs2 && HoldsPlain(tables.locking);
     std::vector<std::uint8_t> content;
-    cutter.Make([&](std::size_t part) -> OctetView {
+    cutter.Make([&](std::size_t part, OctetView elements) {
         const std::size_t begin = cut.offsets[part];
         const std::size_t end = part + 1 < cut.offsets.size() ? cut.offsets[part + 1] : cut.text.size();
-        const std::string_view own = std::string_view(cut.text).substr(begin, end - begin);
+        const std::string_view own = seen.octets.substr(begin, end - begin);
+        if (isItsOwnSeptets)
+            return MakeUserDataOfText(cut.coding, elements, PlainSeptets(own), tables, own);
         content.clear();
-        if (cut.choice.alphabet == Alphabet::Ucs2)
+        if (isUcs2)
             AppendUcs2(own, content);
         else
-            AppendSeptets(own, cut.choice.tables, content);
-        return content;
+            AppendSeptets(own, tables, content);
+        return MakeUserDataOfText(cut.coding, elements, content, tables, own);
     });
     return cut;
 }
@@ -252,7 +262,10 @@ CutText CutIntoParts(OctetView data, const CutOptions& options) {
         return cut;
     for (std::size_t part = 0; part < parts; ++part)
         cut.offsets.push_back(part * many);
-    cutter.Make([&](std::size_t part) { return parts == 1 ? data : data.Sub(cut.offsets[part], many); });
+    cutter.Make([&](std::size_t part, OctetView elements) {
+        const OctetView own = parts == 1 ? data : data.Sub(cut.offsets[part], many);
+        return *MakeUserData(cut.coding, elements, own);
+    });
     for (const UserData& part : cut.parts)
         cut.choice.octets += part.octets.size();
     return cut;

@@ -2,6 +2,8 @@
 #ifndef TPDU_HEADERS_H
 #define TPDU_HEADERS_H
 
+#include <bitset>
+
 #include "alphabet/Packing.h"
 #include "tables/Values.h"
 #include "tpdu/Addresses.h"
@@ -77,7 +79,7 @@ private:
     }
 
     void ReadElements(UserDataHead& head, std::size_t octets) {
-        std::array<bool, 256> seen{};
+        std::bitset<256> seen;
         for (std::size_t at = 1; at < octets;) {
             const HeaderElement element{head.octets[at], head.octets[at + 1],
                                         static_cast<std::uint8_t>(at + c_elementHeadOctets)};
@@ -93,7 +95,7 @@ private:
     }
 
     void NoteElement(const HeaderElement& element, OctetView data, std::size_t octet,
-                     const std::array<bool, 256>& seen) {
+                     const std::bitset<256>& seen) {
         const ElementFacts& facts = c_elementFacts[element.identifier];
         if (facts.isReserved)
             Note(RemarkCode::ReservedElement, Field::HeaderElement, octet, element.identifier);

@@ -163,11 +163,11 @@ void Recording::OnText(std::string_view text) {
     UserDataKeeping(*m_UserData).OnText(text);
 }
 
-void UserDataKeeping::OnElement(const HeaderElement& element) {
+void UserDataHeadKeeping::OnElement(const HeaderElement& element) {
     m_UserData.elements.push_back(element);
 }
 
-void UserDataKeeping::OnUserData(const UserDataHead& head) {
+void UserDataHeadKeeping::OnUserData(const UserDataHead& head) {
     m_UserData.length = head.length;
     m_UserData.octets.assign(head.octets.begin(), head.octets.end());
     m_UserData.hasHeader = head.hasHeader;

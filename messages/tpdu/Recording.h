@@ -9,12 +9,12 @@
 
 namespace Messages {
 
-/// Keeps what user data says. REQUIRES that it is empty.
-class UserDataKeeping : public NoValues {
+/// Keeps what user data says, but for its text. REQUIRES that it is empty.
+class UserDataHeadKeeping : public NoValues {
 public:
-    static constexpr bool c_takesText = true;
+    static constexpr bool c_takesText = false;
 
-    explicit UserDataKeeping(UserData& userData) : m_UserData(userData) {}
+    explicit UserDataHeadKeeping(UserData& userData) : m_UserData(userData) {}
 
     static void OnPlace(const FieldPlace&) {}
     static void OnRemark(const Remark&) {}
@@ -22,10 +22,18 @@ public:
 
     void OnElement(const HeaderElement& element);
     void OnUserData(const UserDataHead& head);
-    void OnText(std::string_view text);
 
-private:
+protected:
     UserData& m_UserData;
+};
+
+/// The text as well.
+class UserDataKeeping : public UserDataHeadKeeping {
+public:
+    static constexpr bool c_takesText = true;
+
+    using UserDataHeadKeeping::UserDataHeadKeeping;
+    void OnText(std::string_view text);
 };
 
 /// Makes a reading. REQUIRES one that is empty but for its addresses and its TPDU, whose memory is used

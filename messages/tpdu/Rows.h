@@ -151,13 +151,22 @@ constexpr std::array<TpduRow, std::size(Tables::c_fields)> MakeRows() {
 }
 constexpr std::array<TpduRow, std::size(Tables::c_fields)> c_rows = MakeRows();
 
-/// REQUIRES a type other than None. Only reports have a row with TP-FCS.
+/// Where the rows of a type stand: without TP-FCS, and with it. Only reports have two.
+constexpr auto c_rowPlaces = [] {
+    std::array<std::array<std::uint8_t, 2>, std::size(c_typeNames)> places{};
+    for (const bool hasFailureCause : {false, true})
+        for (std::size_t place = 0; place < c_rows.size(); ++place) {
+            const TpduRow& row = c_rows[place];
+            auto& found = places.at(static_cast<std::size_t>(row.type)).at(hasFailureCause ? 1 : 0);
+            if (c_rows[found].type != row.type || row.hasFailureCause == hasFailureCause)
+                found = static_cast<std::uint8_t>(place);
+        }
+    return places;
+}();
+
+/// REQUIRES a type other than None.
 constexpr const TpduRow& RowOf(TpduType type, bool hasFailureCause) {
-    const TpduRow* found = c_rows.data();
-    for (const TpduRow& row : c_rows)
-        if (row.type == type && (found->type != type || row.hasFailureCause == hasFailureCause))
-            found = &row;
-    return *found;
+    return c_rows[c_rowPlaces[static_cast<std::size_t>(type)][hasFailureCause ? 1 : 0]];
 }
 
 constexpr std::uint8_t c_messageTypeMask = 0x03;

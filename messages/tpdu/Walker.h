@@ -49,10 +49,11 @@ public:
             ReadTpdu(layout.direction);
     }
 
-    /// TP-UDL and TP-UD, which are the whole.
-    void WalkUserData(const DataCoding& coding, bool hasHeader) {
+    /// TP-UD of this TP-UDL, which is the whole. What depends on other fields is of no use.
+    void WalkUserData(std::uint8_t length, const DataCoding& coding, bool hasHeader) {
         m_HasHeader = hasHeader;
-        ReadUserData(Field::UserDataLength, Field::UserData, coding, RowOf(TpduType::Deliver, false));
+        ReadUserDataOf(length, Field::UserDataLength, Field::UserData, coding,
+                       RowOf(TpduType::Deliver, false));
     }
 
     /// TP-VP, which is the whole.
@@ -340,19 +341,25 @@ private:
         if (!Has(lengthField, 1))
             return false;
         m_HasUserData = true;
+        m_LengthAt = m_At++;
+        Place(lengthField, Piece::Whole, m_LengthAt, 1);
+        ReadUserDataOf(m_Pdu[m_LengthAt], lengthField, field, coding, row);
+        return true;
+    }
+
+    void ReadUserDataOf(std::uint8_t length, Field lengthField, Field field, const DataCoding& coding,
+                        const TpduRow& row) {
         UserDataHead head;
-        head.length = m_Pdu[m_At];
-        Place(lengthField, Piece::Whole, m_At, 1);
-        ++m_At;
+        head.length = length;
         const std::size_t announced = coding.CountsSeptets() ? OctetsOfSeptets(head.length) : head.length;
         head.octets = m_Pdu.Sub(m_At, announced);
         m_Sink.OnUserDataThere();
         if (head.octets.size() < announced)
-            Note(RemarkCode::UserDataMissing, lengthField, m_At - 1, head.length,
+            Note(RemarkCode::UserDataMissing, lengthField, m_LengthAt, head.length,
                  coding.CountsSeptets() ? head.octets.size() * c_octetBits / c_septetBits
                                         : head.octets.size());
         if (const std::size_t most = RoomForUserData(row, m_At - m_FirstOctetAt); head.octets.size() > most)
-            Note(RemarkCode::UserDataTooLong, lengthField, m_At - 1, head.octets.size(), most);
+            Note(RemarkCode::UserDataTooLong, lengthField, m_LengthAt, head.octets.size(), most);
         head.hasHeader = m_HasHeader && !head.octets.empty();
         if (m_HasHeader && head.octets.empty())
             Note(RemarkCode::HeaderMissing, Field::UserDataHeaderIndicator, m_FirstOctetAt);
@@ -360,7 +367,6 @@ private:
             HeaderReader(m_Sink, m_At, coding.CountsSeptets()).Read(head);
         ReadText(head, coding, field);
         m_At += head.octets.size();
-        return true;
     }
 
     void ReadText(UserDataHead& head, const DataCoding& coding, Field field) {
@@ -391,13 +397,12 @@ private:
         Place(field, Piece::Whole, textAt, octets.size(), static_cast<std::uint8_t>(~fillMask));
         const std::size_t before = SeptetsOfHeader(head.textOffset);
         if (head.length < before && head.octets[0] < head.textOffset) // all of the header is there
-            Note(RemarkCode::HeaderNotCounted, Field::UserDataLength, m_At - 1, head.length, before);
+            Note(RemarkCode::HeaderNotCounted, Field::UserDataLength, m_LengthAt, head.length, before);
         const std::size_t announced = head.length > before ? head.length - before : 0;
-        std::array<std::uint8_t, 255> septets;
-        head.textUnits = UnpackSeptets(octets, head.fillBits, announced, septets.data());
+        head.textUnits = std::min(announced, SeptetsIn(octets.size(), head.fillBits));
         m_Sink.OnUserData(head);
         if constexpr (Sink::c_takesText)
-            ShowSeptets({septets.data(), head.textUnits}, head, textAt, field);
+            ShowSeptets(octets, head, textAt, field);
         NoteSpareBits(head, field);
     }
 
@@ -412,12 +417,16 @@ private:
             Note(RemarkCode::SpareBitsSet, field, m_At + octets - 1, set);
     }
 
-    void ShowSeptets(OctetView septets, const UserDataHead& head, std::size_t textAt, Field field) {
-        const char* const end = WriteSeptetText(
-            septets, head.tables, m_Text.data(), [&](RemarkCode code, std::size_t septet, std::size_t place) {
-                const std::size_t octet = textAt + (head.fillBits + place * c_septetBits) / c_octetBits;
-                NoteText(code, field, octet, septet, place);
-            });
+    void ShowSeptets(OctetView octets, const UserDataHead& head, std::size_t textAt, Field field) {
+        std::array<std::uint8_t, c_mostUnits> septets;
+        UnpackSeptets(octets, head.fillBits, head.textUnits, septets.data());
+        const char* const end =
+            WriteSeptetText({septets.data(), head.textUnits}, head.tables, m_Text.data(),
+                            [&](RemarkCode code, std::size_t septet, std::size_t place) {
+                                const std::size_t octet =
+                                    textAt + (head.fillBits + place * c_septetBits) / c_octetBits;
+                                NoteText(code, field, octet, septet, place);
+                            });
         m_Sink.OnText({m_Text.data(), static_cast<std::size_t>(end - m_Text.data())});
     }
 
@@ -433,14 +442,13 @@ private:
             Note(RemarkCode::OddOctet, field, textAt + octets.size() - 1, octets[octets.size() - 1]);
     }
 
-    static constexpr std::size_t c_mostUnits = 255;
-
     OctetView m_Pdu;
     const ReadOptions& m_Options;
     std::size_t m_At = 0; ///< the next octet
 
     // What later fields depend on.
     std::size_t m_FirstOctetAt = 0;
+    std::size_t m_LengthAt = 0; ///< of TP-UDL
     bool m_HasHeader = false;
     bool m_HasUserData = false;
     ValidityFormat m_ValidityFormat = ValidityFormat::None;
@@ -448,7 +456,7 @@ private:
     DataCoding m_Coding;
 
     AddressText m_Address;
-    std::array<char, c_mostUnits * c_mostUtf8OfUnit + c_utf8Slack> m_Text;
+    TextOfUnits m_Text;
 };
 
 } // namespace Messages

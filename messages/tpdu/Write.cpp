@@ -1,5 +1,6 @@
 #include "Messages/Write.h"
 
+#include "tpdu/Making.h"
 #include "tpdu/Recording.h"
 #include "tpdu/Writer.h"
 
@@ -40,18 +41,17 @@ Written Write(const Tpdu& tpdu, const std::optional<Address>& serviceCentre) {
     return written;
 }
 
-std::optional<UserData> MakeUserData(const DataCoding& coding, OctetView elements, OctetView content) {
-    constexpr std::size_t mostUnits = 255;
-    constexpr std::size_t lengthOctets = 1; // of TP-UDL
+namespace {
+
+/// Makes user data as it is sent, of which a reader then makes values. False where TP-UDL cannot count it.
+template <class Keeping>
+bool Make(const DataCoding& coding, OctetView elements, OctetView content, Keeping keeping) {
     const std::size_t header = HeaderOctets(elements.size());
     const std::size_t units = (coding.CountsSeptets() ? SeptetsOfHeader(header) : header) + content.size();
-    if (units > mostUnits || elements.size() > mostUnits)
-        return std::nullopt;
-
-    // As it is sent, which a reader then makes values of.
-    std::array<std::uint8_t, lengthOctets + mostUnits> octets;
+    if (units > c_mostUnits || elements.size() > c_mostUnits)
+        return false;
+    std::array<std::uint8_t, c_mostUnits> octets;
     std::uint8_t* out = octets.data();
-    *out++ = static_cast<std::uint8_t>(units);
     if (header != 0)
         *out++ = static_cast<std::uint8_t>(elements.size());
     out = std::copy(elements.begin(), elements.end(), out);
@@ -59,10 +59,27 @@ std::optional<UserData> MakeUserData(const DataCoding& coding, OctetView element
         out += PackSeptets(content, FillBitsAfter(header), out);
     else
         out = std::copy(content.begin(), content.end(), out);
-    UserData userData;
-    UserDataKeeping keeping(userData);
     Walker({octets.data(), static_cast<std::size_t>(out - octets.data())}, ReadOptions{}, keeping)
-        .WalkUserData(coding, header != 0);
+        .WalkUserData(static_cast<std::uint8_t>(units), coding, header != 0);
+    return true;
+}
+
+} // namespace
+
+std::optional<UserData> MakeUserData(const DataCoding& coding, OctetView elements, OctetView content) {
+    std::optional<UserData> userData(std::in_place);
+    if (!Make(coding, elements, content, UserDataKeeping(*userData)))
+        userData.reset();
+    return userData;
+}
+
+UserData MakeUserDataOfText(const DataCoding& coding, OctetView elements, OctetView content,
+                            SeptetTables tables, std::string_view text) {
+    UserData userData;
+    Make(coding, elements, content, UserDataHeadKeeping(userData));
+    if (userData.tables != tables)
+        return *MakeUserData(coding, elements, content);
+    userData.text = text;
     return userData;
 }
 

@@ -12,25 +12,27 @@
 
 namespace Messages {
 
-/// TP-MTI of a type.
-constexpr std::uint8_t MessageTypeOf(TpduType type) {
+/// TP-MTI by type.
+constexpr auto c_messageTypeOf = [] {
+    std::array<std::uint8_t, std::size(c_typeNames)> values{};
     for (const Tables::MessageTypeRow& row : Tables::c_messageTypes)
-        if (TypeNamed(row.name) == type && !row.isReserved)
-            return static_cast<std::uint8_t>(row.value.value);
-    throw std::invalid_argument("no such type");
-}
+        if (!row.isReserved)
+            values.at(static_cast<std::size_t>(TypeNamed(row.name))) =
+                static_cast<std::uint8_t>(row.value.value);
+    return values;
+}();
 
-/// Finds out whether user data says what its members do.
+/// Finds out whether user data says what its members do, but for the text.
 class UserDataCheck : public NoValues {
 public:
-    static constexpr bool c_takesText = true;
+    static constexpr bool c_takesText = false;
 
     explicit UserDataCheck(const UserData& userData) : m_UserData(userData) {}
 
     std::optional<WriteFaultCode> Fault() const {
         if (m_IsHeaderInvalid)
             return WriteFaultCode::HeaderInvalid;
-        const bool isSame = m_IsSame && m_Elements == m_UserData.elements.size() && m_Text == m_UserData.text;
+        const bool isSame = m_IsSame && m_Elements == m_UserData.elements.size();
         return isSame ? std::nullopt : std::optional(WriteFaultCode::TextDisagrees);
     }
 
@@ -58,15 +60,10 @@ public:
                    head.textOffset == m_UserData.textOffset && head.fillBits == m_UserData.fillBits &&
                    head.textUnits == m_UserData.textUnits;
     }
-    void OnText(std::string_view text) {
-        m_IsSame = m_IsSame && text == m_UserData.text;
-        m_Text = m_UserData.text;
-    }
 
 private:
     const UserData& m_UserData;
     std::size_t m_Elements = 0;
-    std::string_view m_Text; ///< empty where the octets are no text
     bool m_IsSame = true;
     bool m_IsHeaderInvalid = false;
 };
@@ -125,7 +122,7 @@ private:
     template <class Type>
     static unsigned int BitsOf(const Type& tpdu, Field field, const TpduRow& row) {
         if (field == Field::MessageType)
-            return MessageTypeOf(row.type);
+            return c_messageTypeOf[static_cast<std::size_t>(row.type)];
         if (field == Field::UserDataHeaderIndicator) {
             const UserData* const userData = UserDataIn(tpdu);
             return userData != nullptr && userData->hasHeader ? 1 : 0;
@@ -266,23 +263,32 @@ private:
 
     /// Fillers after the digits. REQUIRES room for an even number of semi-octets, and the digits among them.
     void Digits(Field field, std::string_view text, std::size_t room) {
-        const auto semiOctet = [&](std::size_t place) -> unsigned int {
-            if (place >= text.size())
-                return c_filler;
-            const std::uint8_t digit = c_digitValues[static_cast<unsigned char>(text[place])];
-            if (digit == c_filler)
-                Fail(WriteFaultCode::AddressCharacter, field, FirstCharacterOf(text.substr(place)), place);
-            return digit;
+        constexpr std::uint8_t fillers = 0xFF;
+        const auto valueAt = [&](std::size_t place) -> unsigned int {
+            return c_digitValues[static_cast<unsigned char>(text[place])];
         };
-        for (std::size_t place = 0; place < room; place += c_semiOctetsOfOctet) {
-            const unsigned int low = semiOctet(place);
-            Put(semiOctet(place + 1) << c_semiOctetBits | low);
+        const std::size_t at = m_Octets.size();
+        m_Octets.resize(at + room / c_semiOctetsOfOctet, fillers);
+        std::uint8_t* octet = m_Octets.data() + at;
+        unsigned int largest = 0;
+        for (std::size_t place = 0; place < text.size(); place += c_semiOctetsOfOctet) {
+            const unsigned int low = valueAt(place);
+            const bool isLast = place + 1 == text.size();
+            const unsigned int high = isLast ? c_filler : valueAt(place + 1);
+            *octet++ = static_cast<std::uint8_t>(high << c_semiOctetBits | low);
+            largest = std::max({largest, low, isLast ? 0 : high});
         }
+        if (largest == c_filler)
+            FailAtCharacter(field, text);
         if (field == Field::ServiceCentre)
             CheckLength(field, text.size());
     }
 
-    static char32_t FirstCharacterOf(std::string_view text) { return Characters(text).Next(); }
+    /// At the first that is no digit.
+    void FailAtCharacter(Field field, std::string_view text) {
+        const std::size_t place = text.find_first_not_of(c_digits);
+        Fail(WriteFaultCode::AddressCharacter, field, Characters(text.substr(place)).Next(), place);
+    }
 
     void Name(Field field, const Address& address) {
         std::vector<std::uint8_t>& septets = m_Septets;
@@ -372,14 +378,24 @@ private:
     }
 
     static std::optional<WriteFaultCode> FaultOf(const UserData& userData, const DataCoding& coding) {
-        constexpr std::size_t mostOctets = 255;
-        std::array<std::uint8_t, 1 + mostOctets> octets;
-        octets[0] = userData.length;
-        std::copy(userData.octets.begin(), userData.octets.end(), octets.begin() + 1);
         UserDataCheck check(userData);
-        Walker(OctetView(octets.data(), 1 + userData.octets.size()), ReadOptions{}, check)
-            .WalkUserData(coding, userData.hasHeader);
-        return check.Fault();
+        Walker(userData.octets, ReadOptions{}, check)
+            .WalkUserData(userData.length, coding, userData.hasHeader);
+        if (const auto fault = check.Fault())
+            return fault;
+        return SaysText(userData, coding) ? std::nullopt : std::optional(WriteFaultCode::TextDisagrees);
+    }
+
+    /// Whether the text is what the octets say. REQUIRES that everything else is.
+    static bool SaysText(const UserData& userData, const DataCoding& coding) {
+        if (coding.CountsSeptets()) {
+            std::array<std::uint8_t, c_mostUnits> septets;
+            UnpackSeptets(userData.Content(), userData.fillBits, userData.textUnits, septets.data());
+            return IsTextOfSeptets(userData.text, {septets.data(), userData.textUnits}, userData.tables);
+        }
+        if (coding.alphabet == Alphabet::Ucs2 && !coding.isCompressed)
+            return IsTextOfUcs2(userData.text, userData.Content());
+        return userData.text.empty();
     }
 
     std::vector<std::uint8_t>& m_Octets;
