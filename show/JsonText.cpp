@@ -13,24 +13,31 @@ constexpr bool IsEscaped(char character) {
     return static_cast<unsigned char>(character) < ' ' || character == '"' || character == '\\';
 }
 
-/// What is found in sixteen characters.
-struct BlockFindings {
-    bool areEscaped; ///< some of them, by IsEscaped()
-    bool areOthers;  ///< some are no printable ASCII, and need no escape
-};
+/// Which of sixteen characters are of a kind, by the vectors that the compiler has on every machine.
+using Block [[gnu::vector_size(c_block)]] = unsigned char;
 
-/// By the vectors that the compiler has on every machine.
-BlockFindings Look(const char* characters) {
-    using Vector [[gnu::vector_size(c_block)]] = unsigned char;
-    Vector block;
+Block BlockAt(const char* characters) {
+    Block block;
     std::memcpy(&block, characters, sizeof block);
-    const auto isAny = [](const auto& found) {
-        std::uint64_t halves[2];
-        static_assert(sizeof halves == sizeof found);
-        std::memcpy(halves, &found, sizeof halves);
-        return (halves[0] | halves[1]) != 0;
-    };
-    return {isAny((block < ' ') | (block == '"') | (block == '\\')), isAny(block > '~')};
+    return block;
+}
+
+template <class Found>
+bool IsAny(const Found& found) {
+    std::uint64_t halves[2];
+    static_assert(sizeof halves == sizeof found);
+    std::memcpy(halves, &found, sizeof halves);
+    return (halves[0] | halves[1]) != 0;
+}
+
+/// Whether all are printable ASCII without an escape.
+bool ArePlain(const Block& block) {
+    constexpr unsigned char c_printable = '~' - ' ';
+    return !IsAny((block - ' ' > c_printable) | (block == '"') | (block == '\\'));
+}
+
+bool HoldsOthers(const Block& block) {
+    return IsAny(block > '~');
 }
 
 char* Escape(char character, char* out) {
@@ -52,50 +59,43 @@ char* Escape(char character, char* out) {
 
 } // namespace
 
-void JsonText::Name(std::string_view name) {
-    constexpr std::size_t c_around = 4; // a comma, two quotes and a colon
-    char* out = Room(name.size() + c_around);
-    char* const begin = out;
-    if (TakesComma())
-        *out++ = ',';
-    *out++ = '"';
-    out = std::copy(name.begin(), name.end(), out);
-    *out++ = '"';
-    *out++ = ':';
-    m_Size += static_cast<std::size_t>(out - begin);
+void JsonText::Grow(std::size_t size) {
+    const std::size_t larger = 2 * static_cast<std::size_t>(m_End - m_Begin) + size;
+    auto room = std::make_unique_for_overwrite<char[]>(larger);
+    m_Out = std::copy(m_Begin, m_Out, room.get());
+    m_Larger = std::move(room);
+    m_Begin = m_Larger.get();
+    m_End = m_Begin + larger;
 }
 
 void JsonText::String(std::string_view text) {
-    constexpr std::size_t c_around = 3; // a comma and two quotes
+    constexpr std::size_t c_around = 3; // two quotes and a comma
     char* out = Room(text.size() * c_longestEscape + c_block + c_around);
-    char* const begin = out;
-    if (TakesComma())
-        *out++ = ',';
     *out++ = '"';
-    while (!text.empty()) {
-        char block[c_block];
-        const std::size_t size = std::min(text.size(), c_block);
-        if (size == c_block)
-            std::memcpy(block, text.data(), c_block);
-        else
-            text.copy(std::fill_n(block, c_block, ' ') - c_block, size);
-        const BlockFindings found = Look(block);
-        m_HasOthers = m_HasOthers || found.areOthers;
-        if (found.areEscaped) {
-            for (std::size_t i = 0; i < size; ++i) {
-                if (IsEscaped(block[i]))
-                    out = Escape(block[i], out);
-                else
-                    *out++ = block[i];
-            }
-        } else {
-            std::memcpy(out, block, c_block);
-            out += size;
-        }
-        text.remove_prefix(size);
+    for (; text.size() >= c_block; text.remove_prefix(c_block)) {
+        std::memcpy(out, text.data(), c_block);
+        out = ArePlain(BlockAt(out)) ? out + c_block : Settle(text.substr(0, c_block), out);
+    }
+    if (!text.empty()) {
+        std::memset(out, ' ', c_block);
+        std::memcpy(out, text.data(), text.size());
+        out = ArePlain(BlockAt(out)) ? out + text.size() : Settle(text, out);
     }
     *out++ = '"';
-    m_Size += static_cast<std::size_t>(out - begin);
+    *out++ = ',';
+    m_Out = out;
+}
+
+/// A block that is written as it is, perhaps with blanks behind it: escapes what has to be. Returns the end.
+char* JsonText::Settle(std::string_view text, char* out) {
+    m_HasOthers = m_HasOthers || HoldsOthers(BlockAt(out));
+    for (const char character : text) {
+        if (IsEscaped(character))
+            out = Escape(character, out);
+        else
+            *out++ = character;
+    }
+    return out;
 }
 
 } // namespace show

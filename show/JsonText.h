@@ -3,12 +3,14 @@
 #ifndef SHOW_JSONTEXT_H
 #define SHOW_JSONTEXT_H
 
+#include <array>
 #include <charconv>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -22,13 +24,16 @@ namespace show {
 constexpr int c_jsonFormat = 2;
 
 /// A result. The members go into the text in the order of the calls. Strings are UTF-8;
-/// in a name there is nothing to escape.
+/// in a name there is nothing to escape. A comma ends every value; whatever ends what the value is in takes
+/// the last one away.
 class JsonText {
 public:
-    JsonText() : m_Text(c_usualSize, '\0') {
+    JsonText() {
         Put("{");
         Member("format", c_jsonFormat);
     }
+    JsonText(const JsonText&) = delete;
+    JsonText& operator=(const JsonText&) = delete;
 
     void Member(std::string_view name, std::string_view value) {
         Name(name);
@@ -40,22 +45,28 @@ public:
         Number(static_cast<std::int64_t>(value));
     }
 
-    /// A member that is octets as hexadecimal digits.
-    void Octets(std::string_view name, Messages::OctetView octets) {
+    /// A member that is octets as hexadecimal digits, or whatever else there is nothing to escape in.
+    void Octets(std::string_view name, Messages::OctetView octets) { Digits(name, Messages::ToHex(octets)); }
+    void Digits(std::string_view name, std::string_view digits) {
+        constexpr std::size_t c_around = 3; // two quotes and a comma
         Name(name);
-        Put("\"");
-        Put(Messages::ToHex(octets));
-        Put("\"");
+        char* out = Room(digits.size() + c_around);
+        *out++ = '"';
+        std::memcpy(out, digits.data(), digits.size());
+        out += digits.size();
+        *out++ = '"';
+        *out++ = ',';
+        m_Out = out;
     }
 
     void Bool(std::string_view name, bool value) {
         Name(name);
-        Put(value ? "true" : "false");
+        Put(value ? "true," : "false,");
     }
 
     void Null(std::string_view name) {
         Name(name);
-        Put("null");
+        Put("null,");
     }
 
     void Numbers(std::string_view name, const std::vector<int>& values) {
@@ -85,22 +96,21 @@ public:
         Name(name);
         Put("[");
         std::forward<Fill>(fill)();
-        Put("]");
+        End(']');
     }
 
     /// An object in an array; `fill` adds its members.
     template <class Fill>
     void Element(Fill&& fill) {
-        Separate();
         Put("{");
         std::forward<Fill>(fill)();
-        Put("}");
+        End('}');
     }
 
     /// Ends the object; nothing can be added any more.
     std::string_view Finish() {
-        Put("}");
-        return std::string_view(m_Text).substr(0, m_Size);
+        End('}');
+        return {m_Begin, static_cast<std::size_t>(m_Out - m_Begin) - 1};
     }
 
     /// Whether a string holds anything but ASCII that is printed or escaped.
@@ -109,43 +119,54 @@ public:
 private:
     /// Where so many characters can be written.
     char* Room(std::size_t size) {
-        if (m_Text.size() - m_Size < size)
-            m_Text.resize(2 * m_Text.size() + size);
-        return m_Text.data() + m_Size;
+        if (static_cast<std::size_t>(m_End - m_Out) < size)
+            Grow(size);
+        return m_Out;
     }
+
+    void Grow(std::size_t size);
 
     void Put(std::string_view plain) {
         std::memcpy(Room(plain.size()), plain.data(), plain.size());
-        m_Size += plain.size();
+        m_Out += plain.size();
     }
 
-    /// Unless the first member, element or a member's value comes.
-    bool TakesComma() const {
-        const char last = m_Text[m_Size - 1];
-        return last != '{' && last != '[' && last != ':';
+    void Name(std::string_view name) {
+        constexpr std::string_view c_end = "\":";
+        char* out = Room(1 + name.size() + c_end.size());
+        *out++ = '"';
+        std::memcpy(out, name.data(), name.size());
+        std::memcpy(out + name.size(), c_end.data(), c_end.size());
+        m_Out = out + name.size() + c_end.size();
     }
 
-    void Separate() {
-        if (TakesComma())
-            Put(",");
+    /// Ends an object or an array, which may be empty.
+    void End(char bracket) {
+        char* out = Room(2);
+        if (out[-1] == ',')
+            --out;
+        *out++ = bracket;
+        *out++ = ',';
+        m_Out = out;
     }
-
-    /// `,"name":`, in one piece, as a third of all that is written are names.
-    void Name(std::string_view name);
 
     void Number(std::int64_t value) {
         constexpr std::size_t most = std::numeric_limits<std::int64_t>::digits10 + 2; // and a sign
-        Separate();
-        char* const begin = Room(most);
-        m_Size += static_cast<std::size_t>(std::to_chars(begin, begin + most, value).ptr - begin);
+        char* const begin = Room(most + 1);
+        m_Out = std::to_chars(begin, begin + most, value).ptr;
+        *m_Out++ = ',';
     }
 
     void String(std::string_view text);
+    char* Settle(std::string_view block, char* out);
 
     static constexpr std::size_t c_usualSize = 4096; ///< characters; more is found where needed
 
-    std::string m_Text; ///< of which m_Size characters are written
-    std::size_t m_Size = 0;
+    std::array<char, c_usualSize> m_Usual;
+    std::unique_ptr<char[]> m_Larger; ///< instead, where that is too small
+    char* m_Begin = m_Usual.data();
+    char* m_Out = m_Begin; ///< behind what is written
+    char* m_End = m_Begin + c_usualSize;
     bool m_HasOthers = false;
 };
 

@@ -69,7 +69,7 @@ MessageField::Value ValueOf(const MessageField& field, const Message& message) {
 }
 
 /// TP-PI has a bit for each field that may follow.
-std::string MeaningOfParameterIndicator(unsigned int octet) {
+Words MeaningOfParameterIndicator(unsigned int octet) {
     constexpr std::array<Field, 3> c_announced = {Field::ProtocolIdentifier, Field::DataCodingScheme,
                                                   Field::UserDataLength};
     std::string names;
@@ -77,33 +77,37 @@ std::string MeaningOfParameterIndicator(unsigned int octet) {
         if ((octet >> bit & 1) != 0)
             names += fmt::format("{}{}", names.empty() ? "" : ", ", ShownNameOf(c_announced[bit]));
     }
-    return names.empty() ? "nothing announced" : names + " announced";
+    if (names.empty())
+        return "nothing announced";
+    return names + " announced";
 }
 
-std::string MeaningOfStatusOctet(unsigned int octet) {
+Words MeaningOfStatusOctet(unsigned int octet) {
     const auto status = static_cast<std::uint8_t>(octet);
     const std::string_view meaning = Messages::MeaningOfStatus(status);
     const std::string_view outcome = Messages::ClassOfStatus(status);
-    return meaning == outcome ? std::string(meaning) : fmt::format("{} ({})", meaning, outcome);
+    if (meaning == outcome)
+        return meaning;
+    return fmt::format("{} ({})", meaning, outcome);
 }
 
-std::string MeaningOfLength(unsigned int length, const Message& message) {
+Words MeaningOfLength(unsigned int length, const Message& message) {
     const Messages::DataCoding* coding = Messages::CodingOf(message.reading.tpdu);
     const bool isSeptets = coding == nullptr || coding->CountsSeptets();
     return Counted(length, isSeptets ? "septet" : "octet");
 }
 
-std::string MeaningOfOctet(Field field, unsigned int octet, const Message& message) {
+Words MeaningOfOctet(Field field, unsigned int octet, const Message& message) {
     const auto value = static_cast<std::uint8_t>(octet);
     switch (field) {
     case Field::ProtocolIdentifier:
-        return std::string(Messages::MeaningOfProtocol(value));
+        return Messages::MeaningOfProtocol(value);
     case Field::Status:
         return MeaningOfStatusOctet(octet);
     case Field::FailureCause:
-        return std::string(Messages::MeaningOfFailureCause(value));
+        return Messages::MeaningOfFailureCause(value);
     case Field::CommandType:
-        return std::string(Messages::MeaningOfCommandType(value));
+        return Messages::MeaningOfCommandType(value);
     case Field::ParameterIndicator:
         return MeaningOfParameterIndicator(octet);
     case Field::UserDataLength:
@@ -116,36 +120,42 @@ std::string MeaningOfOctet(Field field, unsigned int octet, const Message& messa
 }
 
 /// TP-MTI says what the type is together with the direction.
-std::string MeaningOfType(unsigned int value, const Message& message) {
+Words MeaningOfType(unsigned int value, const Message& message) {
     constexpr unsigned int c_reserved = 3;
     const std::string_view type = Messages::NameOf(message.reading.Type());
-    return value == c_reserved ? fmt::format("reserved, read as {}", type) : std::string(type);
+    if (value == c_reserved)
+        return fmt::format("reserved, read as {}", type);
+    return type;
 }
 
 struct MeaningMaker {
     const MessageField& field;
     const Message& message;
 
-    std::string operator()(PlainOctets) const { return {}; }
-    std::string operator()(unsigned int value) const {
+    Words operator()(PlainOctets) const { return ""; }
+    Words operator()(unsigned int value) const {
         if (field.field == Field::MessageType)
             return MeaningOfType(value, message);
         if (IsFlag(field.field))
-            return std::string(MeaningOfFlag(field.field, value));
+            return MeaningOfFlag(field.field, value);
         return MeaningOfOctet(field.field, value, message);
     }
-    std::string operator()(const Messages::Address* address) const {
-        return field.IsAbsent() ? "none" : MeaningOf(*address);
+    Words operator()(const Messages::Address* address) const {
+        if (field.IsAbsent())
+            return "none";
+        return MeaningOf(*address);
     }
-    std::string operator()(const Messages::Timestamp& time) const {
-        return time.isValid ? TimeOf(time, message) : "no time";
+    Words operator()(const Messages::Timestamp& time) const {
+        if (time.isValid)
+            return TimeOf(time, message);
+        return "no time";
     }
-    std::string operator()(const Messages::Validity* validity) const {
+    Words operator()(const Messages::Validity* validity) const {
         const Messages::Timestamp time = validity->Absolute();
         return time.isValid ? TimeOf(time, message) : Messages::MeaningOf(*validity);
     }
-    std::string operator()(const Messages::DataCoding* coding) const { return Messages::MeaningOf(*coding); }
-    std::string operator()(const Messages::UserData* userData) const {
+    Words operator()(const Messages::DataCoding* coding) const { return Messages::MeaningOf(*coding); }
+    Words operator()(const Messages::UserData* userData) const {
         return MeaningOfHeader(userData->elements, userData->octets, userData->isHeaderIgnored);
     }
 };
@@ -188,7 +198,7 @@ std::vector<MessageField> FieldsOf(const Message& message) {
     return fields;
 }
 
-std::string MeaningOf(const MessageField& field, const Message& message) {
+Words MeaningOf(const MessageField& field, const Message& message) {
     return std::visit(MeaningMaker{field, message}, field.value);
 }
 

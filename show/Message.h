@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "Messages/Read.h"
+#include "show/Words.h"
 
 namespace show {
 
@@ -50,7 +51,7 @@ struct MessageField {
 std::vector<MessageField> FieldsOf(const Message& message);
 
 /// What the value of a field means, for a person; may be empty. An element of a header is a line.
-std::string MeaningOf(const MessageField& field, const Message& message);
+Words MeaningOf(const MessageField& field, const Message& message);
 
 /// Whether the field is some bits of the first octet.
 constexpr bool IsFlag(Messages::Field field) {

@@ -1,6 +1,7 @@
 #include "show/MessageJson.h"
 
 #include <string>
+#include <utility>
 
 #include "Messages/Words.h"
 #include "show/Record.h"
@@ -103,7 +104,9 @@ std::string OneLine(std::string text) {
     return text;
 }
 
-void WriteField(const MessageField& field, const Message& message, JsonText& object) {
+/// `digits` are those of all octets.
+void WriteField(const MessageField& field, const Message& message, std::string_view digits,
+                JsonText& object) {
     object.Object(MemberOf(field.field), [&] {
         const auto* const coding = std::get_if<const Messages::DataCoding*>(&field.value);
         const auto* const validity = std::get_if<const Messages::Validity*>(&field.value);
@@ -113,10 +116,11 @@ void WriteField(const MessageField& field, const Message& message, JsonText& obj
         else if (coding != nullptr || (validity != nullptr && field.count == 1))
             object.Member("raw", message.octets[field.octet]);
         else
-            object.Octets("raw", message.Octets(field.octet, field.count));
-        const bool isHeader = std::holds_alternative<const Messages::UserData*>(field.value);
-        const std::string meaning = MeaningOf(field, message);
-        object.Member("meaning", std::string_view(isHeader ? OneLine(meaning) : meaning));
+            object.Digits("raw", digits.substr(std::size_t{2} * field.octet, std::size_t{2} * field.count));
+        Words meaning = MeaningOf(field, message);
+        if (std::holds_alternative<const Messages::UserData*>(field.value))
+            meaning = OneLine(std::move(meaning));
+        object.Member("meaning", meaning);
         std::visit(DetailWriter{field, message, object}, field.value);
     });
 }
@@ -248,11 +252,12 @@ std::string_view MemberOf(Field field) {
 
 void Write(const Message& message, const HostReading& host, std::optional<std::size_t> reportOn,
            JsonText& object) {
-    object.Octets("octets", message.octets);
+    const std::string digits = Messages::ToHex(message.octets);
+    object.Digits("octets", digits);
     object.Member("type", Messages::NameOf(message.reading.Type()));
     WriteDirection(message.reading.direction, object);
     for (const MessageField& field : FieldsOf(message))
-        WriteField(field, message, object);
+        WriteField(field, message, digits, object);
     if (const Messages::UserData* userData = Messages::UserDataOf(message.reading.tpdu))
         WriteUserData(message, *userData, object);
     if (reportOn)

@@ -1,11 +1,14 @@
 #include "show/Plural.h"
 
-#include <fmt/format.h>
-
 namespace show {
 
 std::string Counted(std::uint64_t count, std::string_view unit) {
-    return fmt::format("{} {}{}", count, unit, count == 1 ? "" : "s");
+    std::string text = std::to_string(count);
+    text += ' ';
+    text += unit;
+    if (count != 1)
+        text += 's';
+    return text;
 }
 
 } // namespace show

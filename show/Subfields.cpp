@@ -1,9 +1,6 @@
 #include "show/Subfields.h"
 
 #include <array>
-#include <iterator>
-
-#include <fmt/format.h>
 
 #include "Messages/Words.h"
 #include "show/Values.h"
@@ -110,11 +107,13 @@ Subfields SingleOctetSubfields(ElementId identifier, OctetView data) {
 /// "part 2", "language Turkish", "storage store, kind fax".
 void AppendWords(const Subfield& subfield, std::string& words) {
     const auto add = [&words](std::string_view name, unsigned int value, std::string_view meaning) {
-        const std::string_view separator = words.empty() ? "" : ", ";
-        if (meaning.empty())
-            fmt::format_to(std::back_inserter(words), "{}{} {}", separator, name, value);
-        else
-            fmt::format_to(std::back_inserter(words), "{}{} {} ({})", separator, name, value, meaning);
+        if (!words.empty())
+            words += ", ";
+        words += name;
+        words += ' ';
+        words += std::to_string(value);
+        if (!meaning.empty())
+            words.append(" (").append(meaning).append(")");
     };
     for (const OctetBits& bits : subfield.bits)
         add(bits.name, bits.value, bits.meaning);
@@ -157,8 +156,10 @@ std::string MeaningOf(const Messages::HeaderElement& element, OctetView data) {
         if (const auto address = Messages::ReadReplyAddress(data))
             words = MeaningOf(*address);
     }
-    return fmt::format("{}{}{}", Messages::NameOfElement(element.identifier), words.empty() ? "" : ": ",
-                       words);
+    std::string meaning(Messages::NameOfElement(element.identifier));
+    if (!words.empty())
+        meaning.append(": ").append(words);
+    return meaning;
 }
 
 std::string MeaningOfHeader(const std::vector<Messages::HeaderElement>& elements, OctetView userData,

@@ -49,7 +49,10 @@ std::string_view DirectionName(Messages::Direction direction) {
 }
 
 std::string MeaningOf(const Messages::Address& address) {
-    std::string text = address.ToString();
+    constexpr std::size_t c_usual = 64; // characters
+    std::string text;
+    text.reserve(c_usual);
+    text += address.ToString();
     if (!text.empty())
         text += ", ";
     if (address.Type() == Messages::TypeOfNumber::Unknown)
