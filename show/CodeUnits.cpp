@@ -84,11 +84,13 @@ TString<wchar_t> Units(std::u32string_view codePoints) {
 }
 
 std::string ToUtf8(const std::wstring& units) {
-    std::string text;
-    text.reserve(units.size());
-    ForEachCodePoint(units, [&text](char32_t codePoint) {
-        utf8::unchecked::append(IsSurrogate(codePoint) ? c_replacement : codePoint, std::back_inserter(text));
+    constexpr std::size_t c_longest = 4; // octets of a character
+    std::string text(c_longest * units.size(), '\0');
+    char* end = text.data();
+    ForEachCodePoint(units, [&end](char32_t codePoint) {
+        end = utf8::unchecked::append(IsSurrogate(codePoint) ? c_replacement : codePoint, end);
     });
+    text.resize(static_cast<std::size_t>(end - text.data()));
     return text;
 }
 

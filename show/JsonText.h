@@ -158,7 +158,7 @@ private:
     }
 
     void String(std::string_view text);
-    char* Settle(std::string_view block, char* out);
+    char* Settle(std::string_view text, char* out);
 
     static constexpr std::size_t c_usualSize = 4096; ///< characters; more is found where needed
 

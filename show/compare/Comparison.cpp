@@ -27,15 +27,24 @@ using Time = Toolkit::smart_ptr<Toolkit::DateTime>;
 /// Of an enumerator of the record where it has none for what was sent.
 constexpr int c_noEnumerator = -1;
 
+/// Whether wide text is ASCII, and the same; looks at all of it, so that the compiler takes many characters
+/// together.
+bool IsSameAscii(const std::wstring& units, std::string_view text) {
+    if (units.size() != text.size())
+        return false;
+    std::uint32_t all = 0;
+    std::uint32_t others = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto unit = static_cast<std::uint32_t>(units[i]);
+        all |= unit;
+        others |= unit ^ static_cast<unsigned char>(text[i]);
+    }
+    return others == 0 && all < 0x80;
+}
+
 /// Whether wide text holds the same characters as text in UTF-8.
 bool IsSame(const std::wstring& units, std::string_view text) {
-    const auto isAscii = [](wchar_t unit) { return static_cast<unsigned int>(unit) < 0x80; };
-    const auto isSame = [&](wchar_t unit, char character) {
-        return isAscii(unit) && static_cast<char>(unit) == character;
-    };
-    if (std::equal(units.begin(), units.end(), text.begin(), text.end(), isSame))
-        return true;
-    return !std::all_of(units.begin(), units.end(), isAscii) && ToUtf8(units) == text;
+    return IsSameAscii(units, text) || ToUtf8(units) == text;
 }
 
 bool IsSame(const std::wstring& number, const Messages::Address* address) {
@@ -297,6 +306,7 @@ private:
 struct MemberRow {
     std::string_view name;
     Field field;
+    void (*renew)(PduCommon&, const PduCommon& fresh);
     MemberValue (*value)(const PduCommon&);
     bool (*isSame)(const PduCommon&, const Sent&);
     std::span<const std::string_view> enumerators = {}; ///< by their values
@@ -333,6 +343,16 @@ constexpr std::string_view c_outcomes[] = {"ST_RECEIVED",
 
 using Enumerators = std::span<const std::string_view>;
 
+/// Most times are null, and stay so without a share being taken.
+template <auto Member>
+void Renew(PduCommon& record, const PduCommon& fresh) {
+    if constexpr (std::is_same_v<decltype(Member), Time PduCommon::*>) {
+        if ((record.*Member).get() == nullptr)
+            return;
+    }
+    record.*Member = fresh.*Member;
+}
+
 MemberValue TextOf(const std::wstring& text) {
     return ToUtf8(text);
 }
@@ -344,7 +364,9 @@ MemberValue TimeOf(const Time& time) {
 /// Members that are numbers.
 template <auto Member, auto SentNumber>
 constexpr MemberRow NumberRow(std::string_view name, Field field, Enumerators enumerators = {}) {
-    return {name, field,
+    return {name,
+            field,
+            Renew<Member>,
             [](const PduCommon& record) { return MemberValue(static_cast<int>(record.*Member)); },
             [](const PduCommon& record, const Sent& sent) {
                 return static_cast<int>(record.*Member) == (sent.*SentNumber)();
@@ -355,7 +377,7 @@ constexpr MemberRow NumberRow(std::string_view name, Field field, Enumerators en
 /// Members that are addresses.
 template <auto Member, auto SentAddress>
 constexpr MemberRow AddressRow(std::string_view name, Field field) {
-    return {name, field, [](const PduCommon& record) { return TextOf(record.*Member); },
+    return {name, field, Renew<Member>, [](const PduCommon& record) { return TextOf(record.*Member); },
             [](const PduCommon& record, const Sent& sent) {
                 return IsSame(record.*Member, (sent.*SentAddress)());
             }};
@@ -364,7 +386,7 @@ constexpr MemberRow AddressRow(std::string_view name, Field field) {
 /// Members that are times.
 template <auto Member, auto SentTime>
 constexpr MemberRow TimeRow(std::string_view name, Field field) {
-    return {name, field, [](const PduCommon& record) { return TimeOf(record.*Member); },
+    return {name, field, Renew<Member>, [](const PduCommon& record) { return TimeOf(record.*Member); },
             [](const PduCommon& record, const Sent& sent) {
                 return IsSame(record.*Member, (sent.*SentTime)(), sent.IsZoneIgnored());
             }};
@@ -373,7 +395,9 @@ constexpr MemberRow TimeRow(std::string_view name, Field field) {
 /// Members that are of an address, by one of the functions above.
 template <auto Member, auto SentAddress, int (*Of)(const Messages::Address*)>
 constexpr MemberRow AddressBitsRow(std::string_view name, Field field, Enumerators enumerators) {
-    return {name, field,
+    return {name,
+            field,
+            Renew<Member>,
             [](const PduCommon& record) { return MemberValue(static_cast<int>(record.*Member)); },
             [](const PduCommon& record, const Sent& sent) {
                 return static_cast<int>(record.*Member) == Of((sent.*SentAddress)());
@@ -384,7 +408,8 @@ constexpr MemberRow AddressBitsRow(std::string_view name, Field field, Enumerato
 /// Members that are of the concatenation.
 template <auto Member, auto SentNumber>
 constexpr MemberRow ConcatenationRow(std::string_view name) {
-    return {name, Field::HeaderElement, [](const PduCommon& record) { return MemberValue(record.*Member); },
+    return {name, Field::HeaderElement, Renew<Member>,
+            [](const PduCommon& record) { return MemberValue(record.*Member); },
             [](const PduCommon& record, const Sent& sent) {
                 return record.*Member == static_cast<int>(sent.Concatenation().*SentNumber);
             }};
@@ -423,10 +448,10 @@ constexpr MemberRow c_members[] = {
     NumberRow<&R::m_CodingGroup, &Sent::Group>("m_CodingGroup", Field::DataCodingScheme),
     NumberRow<&R::m_Class, &Sent::Class>("m_Class", Field::DataCodingScheme, c_classes),
     NumberRow<&R::m_Alphabet, &Sent::Alphabet>("m_Alphabet", Field::DataCodingScheme, c_alphabets),
-    {"m_Text", Field::UserData, [](const R& record) { return TextOf(record.m_Text); },
+    {"m_Text", Field::UserData, Renew<&R::m_Text>, [](const R& record) { return TextOf(record.m_Text); },
      [](const R& record, const Sent& sent) { return sent.IsText(record.m_Text); }},
-    {"m_WorkText", Field::UserData, [](const R& record) { return TextOf(record.m_WorkText); },
-     [](const R&, const Sent&) { return true; }},
+    {"m_WorkText", Field::UserData, Renew<&R::m_WorkText>,
+     [](const R& record) { return TextOf(record.m_WorkText); }, [](const R&, const Sent&) { return true; }},
     ConcatenationRow<&R::m_ConcatReference, &Messages::Concatenation::reference>("m_ConcatReference"),
     ConcatenationRow<&R::m_ConcatTotal, &Messages::Concatenation::total>("m_ConcatTotal"),
     ConcatenationRow<&R::m_ConcatSequence, &Messages::Concatenation::part>("m_ConcatSequence"),
@@ -441,25 +466,29 @@ RecordMember MemberOf(const MemberRow& row, const PduCommon& record) {
     return member;
 }
 
-/// A decoder as it is made. Its character set takes longer to make than many a message to read; so it is made
-/// once a thread, and the copies share it: reading leaves it as it is.
-PduDecoder NewDecoder() {
-    thread_local const PduDecoder decoder;
-    return decoder;
-}
+/// What a thread decodes with. A decoder's character set takes longer to make than many a message to read; so
+/// there is one, and its members are made new for every message.
+struct Bench {
+    PduDecoder fresh;
+    PduDecoder decoder = fresh; // which shares the character set
+    Toolkit::smart_ptr<Encoding::Pdu> pdu{new Encoding::Pdu};
+};
 
+/// What the decoder of the thread holds until it decodes again.
 struct Host {
-    PduDecoder decoder = NewDecoder();
-    bool isRejected = false;
+    const PduCommon& record;
+    bool isRejected;
 };
 
 Host Decode(const Message& message) {
+    thread_local Bench bench;
+    for (const MemberRow& row : c_members)
+        row.renew(bench.decoder, bench.fresh);
     const auto length =
         static_cast<unsigned int>(std::min<std::size_t>(message.octets.size(), Encoding::Pdu::CAPACITY));
-    const Toolkit::smart_ptr<Encoding::Pdu> pdu(new Encoding::Pdu(message.octets.data(), length));
-    Host host;
-    host.isRejected = host.decoder.Decode(pdu, !message.hasServiceCentre, message.isZoneIgnored) == 0;
-    return host;
+    *bench.pdu = Encoding::Pdu(message.octets.data(), length);
+    const int result = bench.decoder.Decode(bench.pdu, !message.hasServiceCentre, message.isZoneIgnored);
+    return {bench.decoder, result == 0};
 }
 
 } // namespace
@@ -468,7 +497,7 @@ HostReading ReadAsHost(const Message& message) {
     const Host host = Decode(message);
     HostReading reading{host.isRejected, {}};
     for (const MemberRow& row : c_members)
-        reading.members.push_back(MemberOf(row, host.decoder));
+        reading.members.push_back(MemberOf(row, host.record));
     return reading;
 }
 
@@ -479,8 +508,8 @@ HostReading CompareWithHost(const Message& message) {
         return reading;
     const Sent sent(message);
     for (const MemberRow& row : c_members) {
-        if (!row.isSame(host.decoder, sent))
-            reading.members.push_back(MemberOf(row, host.decoder));
+        if (!row.isSame(host.record, sent))
+            reading.members.push_back(MemberOf(row, host.record));
     }
     return reading;
 }

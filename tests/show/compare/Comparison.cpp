@@ -1,6 +1,8 @@
 // Where a host of libQX_Encoding gets something else than the standard says.
 #include "show/compare/Comparison.h"
 
+#include <thread>
+
 #include <gtest/gtest.h>
 
 #include "support/Octets.h"
@@ -131,6 +133,73 @@ TEST(Comparison, KeepsNothingOfThePduBefore) {
     EXPECT_EQ(DifferencesOf(plain), "");
     EXPECT_EQ(ReadAsHost(concatenated).members.back().value, show::MemberValue(2));
     EXPECT_EQ(ReadAsHost(plain).members.back().value, show::MemberValue(0));
+}
+
+TEST(Comparison, NoMemberKeepsWhatThePduBeforeHad) {
+    const auto recordOf = [](const Message& message) {
+        std::string text;
+        for (const RecordMember& member : ReadAsHost(message).members)
+            text += std::string(member.name) + ' ' + ValueText(member) + '\n';
+        return text;
+    };
+    const Message rejected = Read("03"); // before anything but the type is read
+    std::string fresh;
+    std::thread([&] { fresh = recordOf(rejected); }).join();
+    EXPECT_NE(fresh.find("m_ValidityTime null\n"), std::string::npos);
+    for (const std::string& pdu : {
+             Deliver("C4", "0B912143658709F1", "F5", "0A0500032A0302A8E539"),
+             Deliver("04", "0B912143658709F1", "18", "0400480069"),
+             "FD070B912143658709F27FF5" + c_time + "0A0500032A0302A8E539",
+             std::string("71070B912143658709F27FE1A70A0500032A0302A8E539"),
+             "062A0B912143658709F1" + c_time + c_time + "49",
+         }) {
+        EXPECT_FALSE(ReadAsHost(Read(pdu)).isRejected) << pdu;
+        EXPECT_EQ(recordOf(rejected), fresh) << pdu;
+    }
+    Message withServiceCentre = rejected;
+    withServiceCentre.octets = tests::Octets("0791214365870921" + Deliver("04", "04812143", "00", c_hello));
+    withServiceCentre.hasServiceCentre = true;
+    EXPECT_FALSE(ReadAsHost(withServiceCentre).isRejected);
+    EXPECT_EQ(recordOf(rejected), fresh);
+}
+
+TEST(Comparison, ShortPduReadsNothingOfALongerOneBefore) {
+    const Message shorter = Read(Deliver("04", "04812143", "04", "05414243")); // two octets are missing
+    std::string fresh;
+    const auto textOf = [&] { return ValueText(ReadAsHost(shorter).members[25]); };
+    std::thread([&] { fresh = textOf(); }).join();
+    EXPECT_EQ(ReadAsHost(Read(Deliver("04", "04812143", "04", "085A5A5A5A5A5A5A5A"))).isRejected, false);
+    EXPECT_EQ(textOf(), fresh);
+    EXPECT_EQ(fresh, R"("ABC\u0000\u0000")");
+}
+
+TEST(Comparison, TextsOfAnyLengthAreComparedToTheLastCharacter) {
+    constexpr std::size_t c_longest = 60;
+    for (std::size_t length = 0; length <= c_longest; ++length) {
+        std::string units;
+        for (std::size_t i = 0; i < length; ++i)
+            units += "0041";
+        const char octets[] = {"0123456789ABCDEF"[2 * length / 16], "0123456789ABCDEF"[2 * length % 16],
+                               '\0'};
+        Message message = Read(Deliver("04", "04812143", "08", octets + units));
+        ASSERT_EQ(DifferencesOf(message), "") << length;
+        std::string& text = std::get<Messages::Deliver>(message.reading.tpdu).userData.text;
+        for (std::size_t place = 0; place < length; ++place) {
+            for (const char other : {'B', '\xC1'}) {
+                text[place] = other;
+                ASSERT_EQ(DifferencesOf(message), "m_Text \"" + std::string(length, 'A') + '"')
+                    << length << ' ' << place;
+            }
+            text[place] = 'A';
+        }
+        text += 'A';
+        ASSERT_EQ(DifferencesOf(message), "m_Text \"" + std::string(length, 'A') + '"') << length;
+    }
+}
+
+TEST(Comparison, TextsBeyondAsciiAreComparedByCharacters) {
+    EXPECT_EQ(DifferencesOf(Read(Deliver("04", "04812143", "08", "0A007F008007FF0800FFFF"))), "");
+    EXPECT_EQ(DifferencesOf(Read(Deliver("04", "04812143", "08", "060041D83DDE00"))), "");
 }
 
 TEST(Comparison, RecordHasEveryMemberInTheOrderOfTheHeader) {
