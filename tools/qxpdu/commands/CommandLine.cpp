@@ -106,9 +106,9 @@ bool TakesArguments(const CLI::App& command) {
 std::string NoCommandIn(const std::vector<std::string>& arguments, const CLI::App& tool) {
     const CLI::App* command = &tool;
     for (const std::string& word : arguments) {
-        const std::vector<const CLI::App*> commands = CommandsOf(*command);
-        if (commands.empty() || word.starts_with('-'))
+        if (word.starts_with('-'))
             return {};
+        const std::vector<const CLI::App*> commands = CommandsOf(*command);
         const auto named = std::find_if(commands.begin(), commands.end(), [&word](const CLI::App* candidate) {
             return candidate->check_name(word);
         });

@@ -106,7 +106,7 @@ std::string PartyIn(const show::Message& message) {
 
 bool IsPart(const show::Message& message) {
     const Messages::UserData* const userData = Messages::UserDataOf(message.reading.tpdu);
-    return userData != nullptr && userData->concatenation && userData->concatenation->total > 1;
+    return userData != nullptr && userData->concatenation.value_or(Messages::Concatenation{}).total > 1;
 }
 
 Afterwards Join(EarlierMessages& earlier, const Input& input,

@@ -176,9 +176,8 @@ const Row c_rows[] = {
 };
 
 /// What an option may be given as, and how it is set.
-bool IsFlagToo(const Row& row) {
-    const Text* const text = std::get_if<Text>(&row.member);
-    return text != nullptr && *text == &Options::statusReport;
+bool IsFlagToo(Text member) {
+    return member == &Options::statusReport;
 }
 
 std::string RangeOf(const Row& row) {
@@ -187,7 +186,7 @@ std::string RangeOf(const Row& row) {
 
 std::optional<int> NumberIn(const Row& row, const std::string& text) {
     const std::optional<int> number = NumberOf(text, row.most);
-    return number && *number >= row.least ? number : std::nullopt;
+    return number >= row.least ? number : std::nullopt; // nothing is less than any number
 }
 
 bool IsGiven(const Row& row, const OutgoingOptions& options) {
@@ -207,7 +206,7 @@ struct Adder {
     const Row& row;
 
     void operator()(Text member) const {
-        const Option option = IsFlagToo(row)
+        const Option option = IsFlagToo(member)
                                   ? command.AddFlagOrText(Name(), options.*member, c_first, row.description)
                                   : command.AddText(Name(), options.*member, row.description);
         Option(option).Check(row.faultOf).Named(row.value);
@@ -242,7 +241,7 @@ struct Setter {
     const Row& row;
 
     void operator()(Text member) const {
-        if (IsFlagToo(row) && value.is_boolean())
+        if (IsFlagToo(member) && value.is_boolean())
             options.*member = value.get<bool>() ? c_first : "";
         else
             options.*member = StringIn(

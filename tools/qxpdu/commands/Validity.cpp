@@ -111,7 +111,7 @@ std::optional<Written> WrittenIn(const std::string& text) {
         return Period{c_longest};
     if (const auto octet = OctetIn(text))
         return *octet;
-    if (const auto period = text.empty() ? std::nullopt : PeriodOfUnits(text))
+    if (const auto period = PeriodOfUnits(text))
         return *period;
     if (const auto period = PeriodOfClock(text))
         return *period;

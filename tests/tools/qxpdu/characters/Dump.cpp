@@ -30,6 +30,7 @@ TEST(Dump, LineIsKnownByTheCharactersAfterItsOctets) {
         {"000a  41  |A|", 10, "41"},
         {"000a  4142    AB", 10, "4142"},
         {"000a  7c 7c  ||", 10, "7c7c"},
+        {"000a  41 7c  A|", 10, "417c"},
     };
     for (const auto& row : rows) {
         const auto read = ReadDumpLine(row.line, c_others);

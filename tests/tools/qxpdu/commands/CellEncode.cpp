@@ -149,8 +149,9 @@ TEST(QxpduCellEncode, ObjectsSetTheirOptions) {
               "alphabet: utf8 is neither gsm nor ucs2");
     EXPECT_EQ(encode(R"({"text": "Hi", "umts": 1})")["error"], "umts: neither true nor false");
     EXPECT_EQ(encode(R"({"id": 1})")["error"], "text is required");
-    const Outcome lines = Qxpdu({"cell", "encode", "--lines", "--jsonl"}, "{}\n");
-    EXPECT_EQ(json::parse(lines.out)["line"], 1);
+    const json line = json::parse(Qxpdu({"cell", "encode", "--lines", "--jsonl"}, "Hi\n").out);
+    EXPECT_EQ(line["line"], 1);
+    EXPECT_EQ(line["pdus"][0]["octets"].get<std::string>().substr(0, 16), "000000000F11C874") << "a text too";
     const json argument = json::parse(Qxpdu({"cell", "encode", "--jsonl", "Hi"}).out);
     EXPECT_EQ(argument["pdus"][0]["octets"].get<std::string>().substr(0, 16), "000000000F11C874")
         << "an argument is a text";

@@ -452,6 +452,9 @@ TEST(QxpduOutgoing, JsonTellsWhatEachPartReadsAs) {
               json::parse(R"({"alphabet": "GSM 7-bit", "septets": 144, "part": 1, "parts": 2,
                   "concatenation": {"reference": 258, "reference_bits": 16, "total": 2, "sequence": 1},
                   "ports": {"destination": 5, "originator": 6, "bits": 8}, "locking_shift": "Turkish"})"));
+    EXPECT_EQ(part({"--to", "1", "--concat-reference", "3", Repeated("a", 161)}),
+              json::parse(R"({"alphabet": "GSM 7-bit", "septets": 153, "part": 1, "parts": 2,
+                  "concatenation": {"reference": 3, "reference_bits": 8, "total": 2, "sequence": 1}})"));
     EXPECT_EQ(part({"--to", "1", "--language", "es", Repeated("á", 3) + Repeated("a", 10)}),
               json::parse(R"({"alphabet": "GSM 7-bit", "septets": 16, "part": 1, "parts": 1,
                   "single_shift": "Spanish"})"));

@@ -192,6 +192,7 @@ TEST(QxpduOutgoingOptions, MembersThatAreWrongGiveErrors) {
         {R"({"to":"1","text":"a","status-report":"none"})", "status-report: none is neither first nor all"},
         {R"({"to":"1","text":"a","status-report":1})", "status-report: no string"},
         {R"({"to":1,"text":"a"})", "to: no string"},
+        {R"({"to":true,"text":"a"})", "to: no string"},
         {R"({"to":"1x","text":"a"})", "to: character 2, 'x', is no digit of a number"},
         {R"({"to":"1","text":"a","at":true})", "at: no such member"},
         {R"({"to":"1","text":"a","port-bits":8})", "--port-bits: --port is required"},

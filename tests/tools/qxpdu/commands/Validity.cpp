@@ -120,6 +120,7 @@ TEST(QxpduValidity, WhatIsNoneIsAnError) {
                                "1x",
                                "h",
                                "1h30",
+                               "1hh",
                                "0m",
                                "64w",
                                "442d",

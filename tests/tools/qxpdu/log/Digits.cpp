@@ -95,6 +95,15 @@ TEST(DigitsIn, LineOfItsOwn) {
         EXPECT_EQ(Digits(row.text, Beside::Nothing), row.digits) << row.text;
 }
 
+TEST(DigitsIn, LineOfADumpCountsTheOctetsBefore) {
+    qxpdu::Heading heading;
+    heading.length = 24;
+    AwaitedPdu pdu(heading);
+    pdu.Add(c_pdu.substr(0, 32));
+    EXPECT_EQ(DigitsIn("0010  20 31", Beside::Nothing, pdu), "2031");
+    EXPECT_EQ(DigitsIn("0020  20 31", Beside::Nothing, pdu), "00202031") << "of other octets";
+}
+
 TEST(DigitsIn, AnswerAtTheEndOfALongLine) {
     EXPECT_EQ(Digits(c_pdu + "OK", Beside::Nothing), c_pdu);
     EXPECT_EQ(Digits("079121436587092OK", Beside::Nothing), "079121436587092");

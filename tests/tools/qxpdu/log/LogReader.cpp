@@ -344,6 +344,8 @@ TEST(LogReader, CommandThatTheModemRepeatsIsOne) {
     ASSERT_EQ(two.entries.size(), 1U) << "nothing was typed after the first";
     EXPECT_EQ(two.entries[0].heading->length, 10U);
     EXPECT_EQ(two.entries[0].heading->line, 2U);
+    EXPECT_EQ(ReadLog("AT+CMGS=10\n" + typed + "AT+CMGS=10\n> \x1B\nOK\n").entries.size(), 1U)
+        << "nothing was typed after the second";
 }
 
 TEST(LogReader, PiecesWithoutDigitsLeaveTheirLineAnEntry) {

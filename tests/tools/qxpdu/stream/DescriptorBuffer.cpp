@@ -3,6 +3,7 @@
 
 #include <array>
 #include <chrono>
+#include <csignal>
 #include <istream>
 #include <stdexcept>
 #include <string>
@@ -12,6 +13,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -34,6 +36,7 @@ public:
     Pipe& operator=(const Pipe&) = delete;
 
     int Reader() const { return m_Ends[0]; }
+    int Writer() const { return m_Ends[1]; }
     void Write(const std::string& text) const {
         ASSERT_EQ(write(m_Ends[1], text.data(), text.size()), static_cast<ssize_t>(text.size()));
     }
@@ -160,6 +163,29 @@ TEST(DescriptorBuffer, NothingToReadYetIsNoEnd) {
         EXPECT_EQ(buffer.sgetc(), 'a');
     }
     EXPECT_EQ(waitpid(writer, nullptr, 0), writer);
+}
+
+int g_signalled = -1; ///< what a signal writes to
+
+TEST(DescriptorBuffer, SignalIsNoEnd) {
+    Pipe pipe;
+    g_signalled = pipe.Writer();
+    struct sigaction action {};
+    action.sa_handler = [](int) {
+        if (write(g_signalled, "a\n", 2) != 2)
+            _exit(1);
+    };
+    struct sigaction before {};
+    ASSERT_EQ(sigaction(SIGALRM, &action, &before), 0);
+    DescriptorBuffer buffer(pipe.Reader(), -1);
+    {
+        const NoPoll noPoll; // so that it is reading that the signal interrupts
+        itimerval soon{};
+        soon.it_value.tv_usec = 10'000;
+        ASSERT_EQ(setitimer(ITIMER_REAL, &soon, nullptr), 0);
+        EXPECT_EQ(buffer.sgetc(), 'a');
+    }
+    sigaction(SIGALRM, &before, nullptr);
 }
 
 TEST(DescriptorBuffer, ThrowsWhereItCannotRead) {

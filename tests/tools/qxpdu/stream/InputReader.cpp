@@ -49,6 +49,14 @@ TEST(InputReader, LinesAreInputsByTheirKind) {
     EXPECT_EQ(Read("a\r\r\n", LineKind::Message).inputs, Texts{"line 1: a\r"}) << "one alone";
 }
 
+TEST(InputReader, LineOfALogMayHaveAMebibyte) {
+    const std::string heading = "+CMT: ,24\n";
+    const std::string hello(c_hello);
+    const std::string blanks(1048577 - heading.size(), ' ');
+    EXPECT_EQ(Read(blanks + heading + hello).inputs, Texts{"line 2: " + hello.substr(0, hello.size() - 1)});
+    EXPECT_EQ(Read(blanks + ' ' + heading + hello).inputs.size(), 2U) << "the longer line by itself";
+}
+
 TEST(InputReader, NotesTellWhatALogLacks) {
     const std::string hello = c_hello;
     const std::string textMode = c_textMode;

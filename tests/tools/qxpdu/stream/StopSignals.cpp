@@ -1,0 +1,40 @@
+#include "stream/StopSignals.h"
+
+#include <csignal>
+#include <stdexcept>
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+namespace {
+
+using qxpdu::StopSignals;
+
+/// No descriptor can be opened.
+class NoDescriptors {
+public:
+    NoDescriptors() {
+        if (getrlimit(RLIMIT_NOFILE, &m_Before) != 0)
+            throw std::runtime_error("no limit of descriptors");
+        rlimit none = m_Before;
+        none.rlim_cur = 0;
+        setrlimit(RLIMIT_NOFILE, &none);
+    }
+    ~NoDescriptors() { setrlimit(RLIMIT_NOFILE, &m_Before); }
+    NoDescriptors(const NoDescriptors&) = delete;
+    NoDescriptors& operator=(const NoDescriptors&) = delete;
+
+private:
+    rlimit m_Before{};
+};
+
+TEST(StopSignals, EndTheProcessAtOnceWhereNothingCanWaitForThem) {
+    std::signal(SIGTERM, SIG_DFL);
+    const NoDescriptors none;
+    const StopSignals signals;
+    EXPECT_EQ(signals.Descriptor(), -1);
+    signals.Catch();
+    EXPECT_EQ(std::signal(SIGTERM, SIG_DFL), SIG_DFL);
+}
+
+} // namespace
