@@ -37,13 +37,12 @@ struct Survey {
 std::optional<MisfitCharacter> CountRest(Characters characters, Survey& survey) {
     std::size_t units = survey.utf16Units;
     std::size_t count = survey.characters;
-    char32_t block[Wire::c_utf8Block];
     while (!characters.AtEnd()) {
-        if (characters.TakeBlockOfThree(block)) {
-            count += Wire::c_utf8Block;
-            units += Wire::c_utf8Block;
-            continue;
-        }
+        const std::size_t threes = characters.TakeThrees();
+        count += threes;
+        units += threes;
+        if (characters.AtEnd())
+            break;
         const std::size_t offset = characters.Offset();
         const char32_t character = characters.Next();
         if (character == c_notUtf8)

@@ -10,12 +10,13 @@
 #include "Messages/Remarks.h"
 #include "alphabet/Characters.h"
 #include "alphabet/Plain.h"
+#include "wire/Threes.h"
 #include "wire/Utf8.h"
 
 namespace Messages {
 
 constexpr std::size_t c_mostUtf8OfUnit = 3; ///< octets of UTF-8 that a septet or a UTF-16 unit can give
-constexpr std::size_t c_utf8Slack = 1;      ///< octets after them that may be written over
+constexpr std::size_t c_utf8Slack = Wire::c_threesSlack; ///< octets after them that may be written over
 constexpr char16_t c_replacement = 0xFFFD;
 
 constexpr unsigned int c_septetsAtOnce = 8;
@@ -118,14 +119,12 @@ char* WriteUcs2Text(OctetView octets, char* out, Odd odd) {
     const auto isLow = [](char16_t unit) { return (unit & 0xFC00) == 0xDC00; };
     const std::size_t count = octets.size() / 2;
     for (std::size_t at = 0; at < count; ++at) {
-        if (count - at >= Wire::c_utf8Block) {
-            const char32_t block[Wire::c_utf8Block] = {unitAt(at), unitAt(at + 1), unitAt(at + 2),
-                                                       unitAt(at + 3)};
-            if (Wire::WriteBlockOfThree(block, out)) {
-                out += 3 * Wire::c_utf8Block;
-                at += Wire::c_utf8Block - 1;
-                continue;
-            }
+        if (Wire::Utf8Form::HasThreeOctets(unitAt(at))) {
+            const std::size_t threes = Wire::WriteThrees(octets.data() + 2 * at, count - at, out);
+            out += Wire::c_threeOctets * threes;
+            at += threes;
+            if (at == count)
+                break;
         }
         const char16_t unit = unitAt(at);
         char32_t character = unit;

@@ -7,6 +7,7 @@
 
 #include "Messages/Alphabet.h"
 #include "alphabet/Plain.h"
+#include "wire/Threes.h"
 #include "wire/Utf8.h"
 
 namespace Messages {
@@ -33,13 +34,10 @@ public:
         return character;
     }
 
-    /// Whether the next characters are Wire::c_utf8Block of three octets each, which it then goes past.
-    bool TakeBlockOfThree(char32_t* characters) {
-        if (Left() < Wire::c_blockOfThreeReach || !Wire::ReadBlockOfThree(m_At, characters))
-            return false;
-        m_At += 3 * Wire::c_utf8Block;
-        return true;
-    }
+    /// Goes past those of the next characters that have three octets, as many as make blocks, and writes
+    /// their units of UTF-16. Returns how many.
+    std::size_t TakeThrees(std::uint8_t* units) { return Past(Wire::ReadThrees(m_At, Left(), units)); }
+    std::size_t TakeThrees() { return Past(Wire::CountThrees(m_At, Left())); }
 
     /// The plain characters that come next, `most` of them, which it goes past.
     std::string_view TakePlain(std::size_t most = std::string_view::npos) {
@@ -49,6 +47,10 @@ public:
     }
 
 private:
+    std::size_t Past(std::size_t threes) {
+        m_At += Wire::c_threeOctets * threes;
+        return threes;
+    }
     std::size_t Left() const { return static_cast<std::size_t>(m_End - m_At); }
 
     const char* m_Begin;

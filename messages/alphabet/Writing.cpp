@@ -92,9 +92,7 @@ std::optional<MisfitCharacter> AppendSeptets(std::string_view text, SeptetTables
 std::optional<MisfitCharacter> AppendUcs2(std::string_view text, std::vector<std::uint8_t>& octets) {
     constexpr std::size_t unitOctets = 2;
     const auto putRun = [](Characters& characters, std::uint8_t* out) {
-        for (char32_t block[Wire::c_utf8Block]; characters.TakeBlockOfThree(block);)
-            for (const char32_t unit : block)
-                out = PutUnit(unit, out);
+        out += Wire::c_unitOctets * characters.TakeThrees(out);
         for (const char character : characters.TakePlain())
             out = PutUnit(static_cast<std::uint8_t>(character), out);
         return out;

@@ -1,4 +1,5 @@
-// Octets in hexadecimal digits. Pdu takes both ways, but the digits that it reads need not be any.
+// Octets in hexadecimal digits, in each way. Pdu takes both directions, but the digits that it reads need not
+// be any.
 #include "wire/Hexadecimal.h"
 
 #include <string>
@@ -25,50 +26,70 @@ const Bytes c_octets = {0x00, 0x11, 0x22, 0x33, 0x44, 0x55, 0x66, 0x77, 0x88, 0x
                         0x2A, 0x3B, 0x4C, 0x5D, 0x6E, 0x7F, 0x80, 0x91, 0xA2, 0xB3, 0xC4, 0xD5, 0xE6, 0xF7,
                         0xA0, 0xB1, 0xC2, 0xD3, 0xE4, 0xF5, 0x06, 0x17, 0x28, 0x39, 0x4A, 0x5B, 0x6C, 0x7D};
 
-std::string Written(const Bytes& octets) {
+struct Way {
+    const char* name;
+    void (*write)(const unsigned char*, std::size_t, char*);
+    bool (*read)(const char*, std::size_t, unsigned char*);
+};
+
+constexpr Way c_ways[] = {
+    {"plainly", Wire::Plainly::WriteHexadecimal, Wire::Plainly::ReadHexadecimal},
+    {"as this machine does", Wire::WriteHexadecimal, Wire::ReadHexadecimal},
+};
+
+std::string Written(const Way& way, const Bytes& octets) {
     const Guarded<unsigned char> source(octets.data(), octets.size());
     const std::string room(2 * octets.size(), '?');
     const Guarded<char> digits(room.data(), room.size());
-    Wire::WriteHexadecimal(source.Data(), octets.size(), digits.Data());
+    way.write(source.Data(), octets.size(), digits.Data());
     return {digits.Data(), room.size()};
 }
 
 /// Whether all were digits; the octets then.
-bool Read(const std::string& digits, Bytes& octets) {
+bool Read(const Way& way, const std::string& digits, Bytes& octets) {
     const Guarded<char> source(digits.data(), digits.size());
     octets.assign(digits.size() / 2, 0xAA);
     const Guarded<unsigned char> room(octets.data(), octets.size());
-    const bool areDigits = Wire::ReadHexadecimal(source.Data(), octets.size(), room.Data());
+    const bool areDigits = way.read(source.Data(), octets.size(), room.Data());
     octets.assign(room.Data(), room.Data() + octets.size());
     return areDigits;
 }
 
 TEST(WriteHexadecimal, WritesEveryLength) {
-    for (std::size_t length = 0; length <= c_longest; ++length)
-        ASSERT_EQ(Written(Bytes(c_octets.begin(), c_octets.begin() + static_cast<std::ptrdiff_t>(length))),
-                  c_digits.substr(0, 2 * length));
+    for (const Way& way : c_ways)
+        for (std::size_t length = 0; length <= c_longest; ++length)
+            ASSERT_EQ(
+                Written(way, Bytes(c_octets.begin(), c_octets.begin() + static_cast<std::ptrdiff_t>(length))),
+                c_digits.substr(0, 2 * length))
+                << way.name;
 }
 
 TEST(WriteHexadecimal, WritesEveryOctet) {
     const std::string digits = "0123456789ABCDEF";
-    for (unsigned int octet = 0; octet < 0x100; ++octet)
-        for (const std::size_t length : {1U, 17U}) // by itself, and in a vector
-            ASSERT_EQ(Written(Bytes(length, static_cast<unsigned char>(octet))).substr(0, 2),
-                      (std::string{digits[octet / 16], digits[octet % 16]}));
+    for (const Way& way : c_ways)
+        for (unsigned int octet = 0; octet < 0x100; ++octet)
+            for (const std::size_t length : {1U, 17U}) // by itself, and in a vector
+                ASSERT_EQ(Written(way, Bytes(length, static_cast<unsigned char>(octet))).substr(0, 2),
+                          (std::string{digits[octet / 16], digits[octet % 16]}))
+                    << way.name;
 }
 
 TEST(ReadHexadecimal, ReadsEveryLength) {
     Bytes octets;
-    for (std::size_t length = 0; length <= c_longest; ++length) {
-        ASSERT_TRUE(Read(c_digits.substr(0, 2 * length), octets));
-        ASSERT_EQ(octets, Bytes(c_octets.begin(), c_octets.begin() + static_cast<std::ptrdiff_t>(length)));
-    }
+    for (const Way& way : c_ways)
+        for (std::size_t length = 0; length <= c_longest; ++length) {
+            ASSERT_TRUE(Read(way, c_digits.substr(0, 2 * length), octets)) << way.name;
+            ASSERT_EQ(octets, Bytes(c_octets.begin(), c_octets.begin() + static_cast<std::ptrdiff_t>(length)))
+                << way.name;
+        }
 }
 
 TEST(ReadHexadecimal, LooksAtPairsOnly) {
     Bytes octets(1);
-    EXPECT_TRUE(Wire::ReadHexadecimal("7Fx", 1, octets.data()));
-    EXPECT_EQ(octets, (Bytes{0x7F}));
+    for (const Way& way : c_ways) {
+        EXPECT_TRUE(way.read("7Fx", 1, octets.data())) << way.name;
+        EXPECT_EQ(octets, (Bytes{0x7F})) << way.name;
+    }
 }
 
 /// The value of a character, 0 to 15, or 16 for what is no digit.
@@ -79,23 +100,23 @@ unsigned int ValueOf(unsigned int character) {
 }
 
 TEST(ReadHexadecimal, KnowsTheTwentyTwoDigitsInEveryPlace) {
-    for (const std::size_t length : {1U, 15U, 16U, 33U}) {
-        for (std::size_t place = 0; place < 2 * length; ++place) {
-            for (unsigned int character = 0; character < 0x100; ++character) {
-                std::string digits(2 * length, '0');
-                digits[place] = static_cast<char>(character);
-                const unsigned int value = ValueOf(character);
-                Bytes octets(length);
-                ASSERT_EQ(Wire::ReadHexadecimal(digits.data(), length, octets.data()), value < 16)
-                    << character << " at " << place << " of " << 2 * length;
-                if (value < 16) {
-                    Bytes expected(length);
-                    expected[place / 2] = static_cast<unsigned char>(place % 2 == 0 ? value << 4 : value);
-                    ASSERT_EQ(octets, expected) << character << " at " << place << " of " << 2 * length;
+    for (const Way& way : c_ways)
+        for (const std::size_t length : {1U, 15U, 16U, 33U})
+            for (std::size_t place = 0; place < 2 * length; ++place)
+                for (unsigned int character = 0; character < 0x100; ++character) {
+                    std::string digits(2 * length, '0');
+                    digits[place] = static_cast<char>(character);
+                    const unsigned int value = ValueOf(character);
+                    Bytes octets(length);
+                    ASSERT_EQ(way.read(digits.data(), length, octets.data()), value < 16)
+                        << way.name << ' ' << character << " at " << place << " of " << 2 * length;
+                    if (value < 16) {
+                        Bytes expected(length);
+                        expected[place / 2] = static_cast<unsigned char>(place % 2 == 0 ? value << 4 : value);
+                        ASSERT_EQ(octets, expected)
+                            << way.name << ' ' << character << " at " << place << " of " << 2 * length;
+                    }
                 }
-            }
-        }
-    }
 }
 
 } // namespace
