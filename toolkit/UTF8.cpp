@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 #include <iterator>
-#include <type_traits>
 
 #include <utf8.h>
 
+#include "wire/OwnCodes.h"
 #include "wire/Utf8.h"
 
 namespace Toolkit {
@@ -15,22 +17,29 @@ namespace {
 constexpr char32_t c_replacement = 0xFFFD;
 constexpr std::size_t c_stretch = 256; ///< characters that are converted before the result grows by them
 
-/// Whether all is ASCII. Looks at the whole text, since a loop that may end early takes one character at a
-/// time.
-template <class CharT>
-bool IsAscii(const TString<CharT>& text) {
-    std::make_unsigned_t<CharT> all = 0;
-    for (const CharT character : text)
-        all = static_cast<decltype(all)>(all | static_cast<decltype(all)>(character));
-    return all < 0x80;
+/// Whether all is ASCII. Looks at the whole text, a word at a time, of which the last may overlap the one
+/// before it.
+bool IsAscii(const TString<char>& text) {
+    constexpr std::uint64_t beyond = 0x8080808080808080;
+    const auto word = [&text](std::size_t i) {
+        std::uint64_t octets = 0;
+        std::memcpy(&octets, text.data() + i, sizeof octets);
+        return octets;
+    };
+    const std::size_t count = text.size();
+    if (count < sizeof beyond)
+        return std::all_of(text.begin(), text.end(),
+                           [](char octet) { return static_cast<unsigned char>(octet) < 0x80; });
+    std::uint64_t all = word(count - sizeof beyond);
+    for (std::size_t i = 0; i < count - sizeof beyond; i += sizeof beyond)
+        all |= word(i);
+    return (all & beyond) == 0;
 }
 
-/// A text of ASCII, in which a character is an octet.
-template <class To, class From>
-TString<To> OneForOne(const TString<From>& text) {
-    TString<To> result(text.size(), To{});
-    std::transform(text.begin(), text.end(), result.begin(), [](From unit) { return static_cast<To>(unit); });
-    return result;
+/// A text of ASCII, in which an octet is a character.
+TString<wchar_t> Widened(const TString<char>& text) {
+    const auto* const octets = reinterpret_cast<const unsigned char*>(text.data()); // no sign to extend
+    return {octets, octets + text.size()};
 }
 
 char* Write(wchar_t character, char* octets) {
@@ -42,15 +51,19 @@ char* Write(wchar_t character, char* octets) {
 char* WriteStretch(const wchar_t* characters, std::size_t count, char* octets) {
     const wchar_t* const end = characters + count;
     while (characters != end) {
-        const std::size_t block =
-            std::min<std::size_t>(Wire::c_utf8Block, static_cast<std::size_t>(end - characters));
-        if (block == Wire::c_utf8Block && Wire::WriteBlockOfThree(characters, octets)) {
-            characters += block;
-            octets += 3 * block;
-            continue;
+        const auto left = static_cast<std::size_t>(end - characters);
+        const bool isAscii = static_cast<char32_t>(*characters) < 0x80;
+        if (isAscii && left >= Wire::c_codeBlock && Wire::NarrowAscii(characters, octets)) {
+            characters += Wire::c_codeBlock;
+            octets += Wire::c_codeBlock;
+        } else if (!isAscii && left >= Wire::c_utf8Block && Wire::WriteBlockOfThree(characters, octets)) {
+            characters += Wire::c_utf8Block;
+            octets += 3 * Wire::c_utf8Block;
+        } else {
+            for (const wchar_t* const stop = characters + std::min(left, Wire::c_utf8Block);
+                 characters != stop; ++characters)
+                octets = Write(*characters, octets);
         }
-        for (const wchar_t* const stop = characters + block; characters != stop; ++characters)
-            octets = Write(*characters, octets);
     }
     return octets;
 }
@@ -94,9 +107,9 @@ bool Read(const TString<char>& text, TString<wchar_t>& wide) {
 } // namespace
 
 TString<char> UTF8::ToUTF8(const TString<wchar_t>& text) {
-    if (IsAscii(text))
-        return OneForOne<char>(text);
     TString<char> octets;
+    if (text.size() > c_stretch) // as many octets as all stretches take, if it is ASCII
+        octets.reserve(text.size());
     for (std::size_t done = 0; done < text.size();) {
         std::array<char, Wire::c_longestUtf8 * c_stretch> stretch;
         const std::size_t count = std::min(c_stretch, text.size() - done);
@@ -109,7 +122,7 @@ TString<char> UTF8::ToUTF8(const TString<wchar_t>& text) {
 
 TString<wchar_t> UTF8::ToUNICODE(const TString<char>& text) {
     if (IsAscii(text)) // as telephone numbers are
-        return OneForOne<wchar_t>(text);
+        return Widened(text);
     TString<wchar_t> wide;
     if (Read(text, wide))
         return wide;

@@ -66,6 +66,17 @@ inline void Narrow(const unsigned char* characters, unsigned char* codes) {
         codes[i] = static_cast<unsigned char>(UnitAt(characters, i));
 }
 
+/// Writes a block of wide characters as octets, and returns true, where all are ASCII, each in all its 32
+/// bits; otherwise what is written is any.
+inline bool NarrowAscii(const wchar_t* characters, char* octets) {
+    std::uint32_t all = 0;
+    for (std::size_t i = 0; i < c_codeBlock; ++i) {
+        all |= static_cast<std::uint32_t>(characters[i]);
+        octets[i] = static_cast<char>(characters[i]);
+    }
+    return all < 0x80;
+}
+
 /// Whether one of a block of wide characters lies on one of these pages of 256, which are below 0x7F.
 template <unsigned char... Pages>
 inline bool AnyOnPages(const unsigned char* characters) {
@@ -150,6 +161,19 @@ inline void Narrow(const unsigned char* characters, unsigned char* codes) {
     _mm_storeu_si128(reinterpret_cast<__m128i*>(codes), Narrowed(characters));
 }
 
+inline bool NarrowAscii(const wchar_t* characters, char* octets) {
+    const auto* const in = reinterpret_cast<const __m128i*>(characters);
+    const __m128i first = _mm_loadu_si128(in);
+    const __m128i second = _mm_loadu_si128(in + 1);
+    const __m128i third = _mm_loadu_si128(in + 2);
+    const __m128i fourth = _mm_loadu_si128(in + 3);
+    // A value beyond an octet becomes 0xFF, and one with the highest bit 0.
+    const __m128i narrow = _mm_packus_epi16(_mm_packs_epi32(first, second), _mm_packs_epi32(third, fourth));
+    const __m128i all = _mm_or_si128(_mm_or_si128(first, second), _mm_or_si128(third, fourth));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(octets), narrow);
+    return (_mm_movemask_epi8(narrow) | _mm_movemask_ps(_mm_castsi128_ps(all))) == 0;
+}
+
 template <unsigned char... Pages>
 inline bool AnyOnPages(const unsigned char* characters) {
     const __m128i pages =
@@ -163,6 +187,7 @@ inline bool AnyOnPages(const unsigned char* characters) {
 
 using BySse2::AnyOnPages;
 using BySse2::Narrow;
+using BySse2::NarrowAscii;
 using BySse2::OtherCharacters;
 using BySse2::OtherCodes;
 using BySse2::Widen;
@@ -171,6 +196,7 @@ using BySse2::Widen;
 
 using Plainly::AnyOnPages;
 using Plainly::Narrow;
+using Plainly::NarrowAscii;
 using Plainly::OtherCharacters;
 using Plainly::OtherCodes;
 using Plainly::Widen;

@@ -97,13 +97,22 @@ TEST(UTF8, RepairsAtEveryPlace) {
 }
 
 TEST(UTF8, WritesWhatIsNoScalarValueAtEveryPlace) {
-    for (std::size_t place = 0; place < 9; ++place) {
-        TString<wchar_t> wide(9, L'\u4E2D');
-        wide[place] = static_cast<wchar_t>(0xD800);
-        TString<char> octets;
-        for (std::size_t i = 0; i < 9; ++i)
-            octets += i == place ? Narrow("EF BF BD") : Narrow("E4 B8 AD");
-        EXPECT_EQ(UTF8::ToUTF8(wide), octets) << place;
+    const Pair fillers[] = {{"ASCII", Wide({0x61}), Narrow("61")},
+                            {"Chinese", Wide({0x4E2D}), Narrow("E4 B8 AD")}};
+    constexpr std::size_t length = 35;
+    for (const Pair& filler : fillers) {
+        for (const unsigned int value :
+             {0xD800U, 0xDFFFU, 0x110000U, 0x7FFFFFFFU, 0x80000000U, 0x80000061U, 0xFFFF0061U, 0xFFFFFFFFU}) {
+            for (std::size_t place = 0; place < length; ++place) {
+                TString<wchar_t> wide;
+                TString<char> octets;
+                for (std::size_t i = 0; i < length; ++i) {
+                    wide += i == place ? Wide({value}) : filler.wide;
+                    octets += i == place ? Narrow("EF BF BD") : filler.octets;
+                }
+                EXPECT_EQ(UTF8::ToUTF8(wide), octets) << filler.name << ", " << value << " at " << place;
+            }
+        }
     }
 }
 

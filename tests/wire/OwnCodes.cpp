@@ -29,15 +29,16 @@ struct Way {
     BlockBits (*otherCharacters)(const unsigned char*);
     void (*widen)(const unsigned char*, wchar_t*);
     void (*narrow)(const unsigned char*, unsigned char*);
+    bool (*narrowAscii)(const wchar_t*, char*);
     bool (*anyOnPages)(const unsigned char*);
 };
 
 constexpr Way c_ways[] = {
     {"plainly", Wire::Plainly::OtherCodes, Wire::Plainly::OtherCharacters, Wire::Plainly::Widen,
-     Wire::Plainly::Narrow, Wire::Plainly::AnyOnPages<0x00, 0x03, 0x20>},
+     Wire::Plainly::Narrow, Wire::Plainly::NarrowAscii, Wire::Plainly::AnyOnPages<0x00, 0x03, 0x20>},
 #ifdef __SSE2__
     {"by SSE2", Wire::BySse2::OtherCodes, Wire::BySse2::OtherCharacters, Wire::BySse2::Widen,
-     Wire::BySse2::Narrow, Wire::BySse2::AnyOnPages<0x00, 0x03, 0x20>},
+     Wire::BySse2::Narrow, Wire::BySse2::NarrowAscii, Wire::BySse2::AnyOnPages<0x00, 0x03, 0x20>},
 #endif
 };
 
@@ -127,6 +128,33 @@ TEST(OwnCodes, EveryWayWidensEveryOctet) {
             std::wstring wide(c_block, L'?');
             way.widen(codes.data(), wide.data());
             ASSERT_EQ(wide, std::wstring(c_block, static_cast<wchar_t>(octet))) << way.name;
+        }
+    }
+}
+
+TEST(OwnCodes, EveryWayNarrowsAsciiAlone) {
+    std::vector<unsigned int> values = {0x0100,     0x0161,     0x7FFF,     0x8000,     0x8061,
+                                        0xFF61,     0xFFFF,     0x00010061, 0x00800061, 0x7FFF0061,
+                                        0x7FFFFFFF, 0x80000000, 0x80000061, 0xFFFF0061, 0xFFFFFF61,
+                                        0xFFFFFF80, 0xFFFFFFFF};
+    for (unsigned int value = 0; value < 0x100; ++value)
+        values.push_back(value);
+    const std::string text = "Az09@$[]{}~^abcd";
+    for (const Way& way : c_ways) {
+        for (const unsigned int value : values) {
+            for (std::size_t place = 0; place < c_block; ++place) {
+                std::wstring characters(text.begin(), text.end());
+                characters[place] = static_cast<wchar_t>(value);
+                const Guarded<wchar_t> wide(characters.data(), c_block);
+                const Guarded<char> narrow("????????????????", c_block);
+                ASSERT_EQ(way.narrowAscii(wide.Data(), narrow.Data()), value < 0x80)
+                    << way.name << " " << value << " at " << place;
+                if (value >= 0x80)
+                    continue;
+                std::string octets = text;
+                octets[place] = static_cast<char>(value);
+                ASSERT_EQ(std::string(narrow.Data(), c_block), octets) << way.name << " at " << place;
+            }
         }
     }
 }
