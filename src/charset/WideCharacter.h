@@ -3,6 +3,8 @@
 #define CHARSET_WIDECHARACTER_H
 
 #include <bit>
+#include <cstdint>
+#include <cstring>
 
 #include "Toolkit/SystemInfo.h"
 #include "Toolkit/smart_ptr.h"
@@ -36,6 +38,11 @@ inline unsigned char LowOctet(const unsigned char* character, int endian) {
 
 /// Bits 15 to 0 of the character whose four octets begin here.
 inline unsigned short LowUnit(const unsigned char* character, int endian) {
+    if (IsNative(endian)) {
+        std::uint32_t native = 0;
+        std::memcpy(&native, character, sizeof native);
+        return static_cast<unsigned short>(native);
+    }
     const int unit =
         endian == c_bigEndian ? character[2] << 8 | character[3] : character[1] << 8 | character[0];
     return static_cast<unsigned short>(unit);

@@ -1,6 +1,7 @@
 // The address field and the time-stamp field.
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 #include "Encoding/PduDecoder.h"
 #include "Toolkit/UTF8.h"
@@ -20,42 +21,75 @@ constexpr unsigned int c_timeStampSize = 7;   ///< octets
 constexpr unsigned int c_negativeZone = 0x08; ///< the sign bit of the time-zone octet
 constexpr int c_quartersPerHour = 4;
 
-/// An address as 8-bit characters, ended by a zero.
+/// The eight characters of four octets of semi-octets, the first one in the low-order bits: '0' plus each
+/// value.
+class EightDigits {
+public:
+    explicit EightDigits(std::uint64_t octets) : m_Values(octets) {
+        m_Values = (m_Values | m_Values << 16) & 0x0000FFFF0000FFFF;
+        m_Values = (m_Values | m_Values << 8) & 0x00FF00FF00FF00FF;
+        m_Values = (m_Values | m_Values << 4) & 0x0F0F0F0F0F0F0F0F;
+    }
+
+    /// In a high semi-octet.
+    bool HasFiller() const { return ((m_Values + 0x0100010001000100) & 0x1000100010001000) != 0; }
+
+    void Write(unsigned char* characters) const {
+        for (unsigned int i = 0; i < 8; ++i)
+            characters[i] = static_cast<unsigned char>('0' + (m_Values >> 8 * i & 0x0F));
+    }
+
+private:
+    std::uint64_t m_Values; ///< an octet each
+};
+
+/// An address as 8-bit characters.
 class AddressText {
 public:
     /// Septets are taken as character codes, without a look into the alphabet, and the walk goes one octet
-    /// past the field; both are required. `octets` counts the type octet and those after it.
+    /// past the field; both are required. `octets` counts the type octet and those after it. A zero ends the
+    /// text.
     void ReadAlphanumeric(const Pdu& pdu, unsigned int digits, unsigned int octets) {
-        m_Length = std::min(octets + (octets - 1) / 7, c_longestAddress);
-        UnpackSeptets(pdu, digits, 0, m_Length, m_Characters.data() + 1);
+        const unsigned int septets = std::min(octets + (octets - 1) / 7, c_longestAddress);
+        UnpackSeptets(pdu, digits, 0, septets, First());
+        m_Length = static_cast<std::size_t>(std::find(First(), First() + septets, 0) - First());
     }
 
     /// Every semi-octet is '0' plus its value, whatever the value; only a filler in the high one is left out:
     /// it is written, and the next digit takes its place.
     void ReadDigits(const Pdu& pdu, unsigned int digits, unsigned int octets) {
-        unsigned char* next = m_Characters.data() + 1;
+        unsigned char* next = First();
         const unsigned char* const full = next + c_longestAddress;
-        for (unsigned int i = 0; i + 1 < octets && next < full; ++i) {
-            const unsigned int pair = OctetAt(pdu, digits + i);
+        unsigned int i = 1;
+        for (; i + 4 <= octets && next + 8 <= full; i += 4, next += 8) {
+            const EightDigits eight(FourOctetsAt(pdu, digits + i - 1));
+            if (eight.HasFiller())
+                break;
+            eight.Write(next);
+        }
+        for (; i < octets && next < full; ++i) {
+            const unsigned int pair = OctetAt(pdu, digits + i - 1);
             next[0] = static_cast<unsigned char>('0' + (pair & 0x0F));
             next[1] = static_cast<unsigned char>('0' + (pair >> 4));
             next += pair >> 4 != c_filler ? 2 : 1;
         }
-        m_Length = std::min(static_cast<unsigned int>(next - m_Characters.data()) - 1, c_longestAddress);
+        m_Length = std::min<std::size_t>(static_cast<std::size_t>(next - First()), c_longestAddress);
     }
 
-    /// The wide form of what stands before the zero, after a "+" where the number is international.
+    /// The wide form, after a "+" where the number is international.
     TString<wchar_t> Wide(bool isInternational) {
         m_Characters[0] = '+';
-        m_Characters[m_Length + 1] = 0;
         const auto* characters = reinterpret_cast<const char*>(m_Characters.data());
-        return Toolkit::UTF8::ToUNICODE(isInternational ? characters : characters + 1);
+        return Toolkit::UTF8::ToUNICODE(isInternational ? TString<char>(characters, m_Length + 1)
+                                                        : TString<char>(characters + 1, m_Length));
     }
 
 private:
-    unsigned int m_Length = 0;
+    unsigned char* First() { return m_Characters.data() + 1; }
+
+    std::size_t m_Length = 0;
     std::array<unsigned char, c_longestAddress + 2>
-        m_Characters; ///< a place for the "+", and the address after it
+        m_Characters; ///< a place for the "+", the address after it, and one for the digit of a last filler
 };
 
 NumberingPlan::NPI PlanOf(unsigned int typeOfAddress) {
@@ -82,8 +116,8 @@ NumberingPlan::NPI PlanOf(unsigned int typeOfAddress) {
 /// The time zone in quarter hours.
 int QuarterHours(unsigned int zone) {
     if ((zone & c_negativeZone) != 0)
-        return -PduCommon::SwapNumber(static_cast<unsigned char>(zone & ~c_negativeZone));
-    return PduCommon::SwapNumber(static_cast<unsigned char>(zone));
+        return -Swapped(static_cast<unsigned char>(zone & ~c_negativeZone));
+    return Swapped(static_cast<unsigned char>(zone));
 }
 
 } // namespace
@@ -133,7 +167,7 @@ unsigned int PduDecoder::ReadTimeStamp(Toolkit::smart_ptr<Pdu> pdu, unsigned int
     const unsigned int next = offset + c_timeStampSize;
 
     const auto field = [&](unsigned int i) {
-        return static_cast<unsigned int>(SwapNumber(OctetAt(*pdu, offset + i)));
+        return static_cast<unsigned int>(Swapped(OctetAt(*pdu, offset + i)));
     };
     const unsigned int year = 2000 + field(0);
     const unsigned int month = field(1);

@@ -14,10 +14,10 @@ constexpr unsigned int c_headerStartBit = 1; ///< one fill bit after the 48 bits
 
 /// Appends the low 8 bits of a value.
 void WriteOctet(Pdu& pdu, unsigned int value) {
-    pdu.Write(static_cast<unsigned char>(value));
+    Append(pdu, static_cast<unsigned char>(value));
 }
 void WriteOctet(Pdu& pdu, int value) {
-    pdu.Write(static_cast<unsigned char>(value));
+    Append(pdu, static_cast<unsigned char>(value));
 }
 
 } // namespace

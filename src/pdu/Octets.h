@@ -2,6 +2,7 @@
 #ifndef PDU_OCTETS_H
 #define PDU_OCTETS_H
 
+#include <cstdint>
 #include <memory>
 #include <new>
 
@@ -12,6 +13,28 @@ namespace Encoding {
 /// The octet at an offset; 0 outside the array, whatever the PDU's length says.
 inline unsigned char OctetAt(const Pdu& pdu, unsigned int offset) {
     return offset < Pdu::CAPACITY ? pdu.m_Bytes[offset] : static_cast<unsigned char>(0);
+}
+
+/// Four octets from an offset on, the first one in the low-order bits.
+inline std::uint32_t FourOctetsAt(const Pdu& pdu, unsigned int offset) {
+    const auto joined = [](auto octet) {
+        return std::uint32_t{octet(0)} | std::uint32_t{octet(1)} << 8 | std::uint32_t{octet(2)} << 16 |
+               std::uint32_t{octet(3)} << 24;
+    };
+    if (offset <= Pdu::CAPACITY - 4) // one load
+        return joined([octets = pdu.m_Bytes + offset](unsigned int i) { return octets[i]; });
+    return joined([&pdu, offset](unsigned int i) { return OctetAt(pdu, offset + i); });
+}
+
+/// The number that two semi-octets write, the low one first; of what is no digit the sum's low-order 8 bits.
+constexpr unsigned char Swapped(unsigned char octet) {
+    return static_cast<unsigned char>((octet & 0x0F) * 10 + (octet >> 4));
+}
+
+/// Appends an octet; one that no longer fits is dropped.
+inline void Append(Pdu& pdu, unsigned char octet) {
+    if (pdu.m_Length < Pdu::APPEND_LIMIT)
+        pdu.m_Bytes[pdu.m_Length++] = octet;
 }
 
 /// A zeroed array. A count that no message has throws std::bad_alloc on every platform, before the machine is

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Encoding/PduCommon.h"
+#include "pdu/Octets.h"
 #include "wire/Hexadecimal.h"
 
 namespace Encoding {
@@ -38,8 +39,7 @@ void Pdu::Write(const unsigned char* data, unsigned int length) {
 }
 
 void Pdu::Write(unsigned char octet) {
-    if (m_Length < APPEND_LIMIT)
-        m_Bytes[m_Length++] = octet;
+    Append(*this, octet);
 }
 
 void Pdu::Clear() {

@@ -1,6 +1,7 @@
 #include "Encoding/PduCommon.h"
 
 #include "Encoding/UCS2Encoding.h"
+#include "pdu/Octets.h"
 
 namespace Encoding {
 
@@ -39,7 +40,7 @@ unsigned int PduCommon::HexaToInt(const unsigned char* digits) {
 }
 
 int PduCommon::SwapNumber(unsigned char octet) {
-    return static_cast<unsigned char>((octet & 0x0F) * 10 + (octet >> 4));
+    return Swapped(octet);
 }
 
 } // namespace Encoding

@@ -59,13 +59,13 @@ void WriteSeptets(Pdu& pdu, const unsigned char* septets, unsigned int count, un
         pending |= std::uint64_t{septets[i]} << bits;
         bits += c_septetBits;
         if (bits >= c_octetBits) {
-            pdu.Write(static_cast<unsigned char>(pending));
+            Append(pdu, static_cast<unsigned char>(pending));
             pending >>= c_octetBits;
             bits -= c_octetBits;
         }
     }
     if (bits != 0)
-        pdu.Write(static_cast<unsigned char>(pending));
+        Append(pdu, static_cast<unsigned char>(pending));
 }
 
 } // namespace Encoding

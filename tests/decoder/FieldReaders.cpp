@@ -144,6 +144,28 @@ TEST(ReadNumber, AlphanumericWalkGivesASeptetAnOctetAndOneMoreBehindEverySeven) 
     }
 }
 
+/// Each semi-octet, and a filler in each of the octets of addresses of each length.
+TEST(ReadNumber, EverySemiOctetAtEveryPlace) {
+    for (std::size_t length = 1; length <= 13; ++length) {
+        for (std::size_t place = 0; place < length; ++place) {
+            for (unsigned int octet = 0; octet <= 0xFF; ++octet) {
+                Bytes octets =
+                    Bytes{static_cast<unsigned char>(length + 1), 0x81} + Bytes(length, 0x43) + Bytes{0x00};
+                octets[2 + place] = static_cast<unsigned char>(octet);
+                TString<wchar_t> number;
+                for (std::size_t i = 1; i < length; ++i)
+                    number += L"34";
+                TString<wchar_t> pair(1, L"0123456789:;<=>?"[octet & 0x0F]);
+                if (octet < 0xF0)
+                    pair += L"0123456789:;<=>"[octet >> 4];
+                number.insert(2 * place, pair);
+                ASSERT_EQ(Read(MakePdu(octets), 0, false).number, number)
+                    << octet << " at " << place << " of " << length;
+            }
+        }
+    }
+}
+
 TEST(ReadNumber, LongestAddresses) {
     const Bytes digits = Bytes{0xFF, 0x91} + Bytes(254, 0x21) + Bytes{0x00};
     const Address address = Read(MakePdu(digits), 0, false);
@@ -154,6 +176,14 @@ TEST(ReadNumber, LongestAddresses) {
 
     const Bytes letters = Bytes{0xFF, 0xD0} + tests::LayBits(Bytes(300, 0x41), 0);
     EXPECT_EQ(Read(MakePdu(letters), 0, false).number, TString<wchar_t>(255, L'A'));
+
+    for (unsigned char fillers = 1; fillers <= 9; ++fillers) { // the last digits do not fill a block
+        const Bytes shifted = Bytes{0xFF, 0x91} + Bytes(fillers, 0xF9) + Bytes(254, 0x21) + Bytes{0x00};
+        const TString<wchar_t> number = Read(MakePdu(shifted), 0, false).number;
+        EXPECT_EQ(number.size(), 256U);
+        EXPECT_EQ(number.substr(0, 4), fillers == 1 ? L"+912" : fillers == 2 ? L"+991" : L"+999");
+        EXPECT_EQ(number.back(), fillers % 2 == 0 ? L'1' : L'2');
+    }
 
     const Bytes semi = Bytes{0xFF, 0x81} + Bytes(127, 0x21) + Bytes{0xF3, 0x00};
     EXPECT_EQ(Read(MakePdu(semi), 0, true).number.size(), 255U);
@@ -207,6 +237,17 @@ TEST(ReadNumber, OctetsOutsideTheArrayReadAsZero) {
     const Address digits = Read(pdu, 508, true);
     EXPECT_EQ(digits.number, L"12120000");
     EXPECT_EQ(digits.next, 514U);
+    for (unsigned int offset = 500; offset < 511;
+         ++offset) { // eight octets of digits, fewer and fewer inside
+        Toolkit::smart_ptr<Pdu> last = MakePdu(Bytes(512, 0x21));
+        last->m_Length = 600;
+        last->m_Bytes[offset] = 0x10;
+        last->m_Bytes[offset + 1] = 0x81;
+        TString<wchar_t> number(16, L'0');
+        for (unsigned int i = 0; i < 8 && offset + 2 + i < 512; ++i)
+            number.replace(2 * i, 2, L"12");
+        EXPECT_EQ(Read(last, offset, true).number, number) << offset;
+    }
     pdu->m_Bytes[509] = 0xD0;
     EXPECT_EQ(Read(pdu, 508, true).number, L"!B") << "0x21, 0x21 and zeros";
     EXPECT_EQ(Read(pdu, 512, true).next, 514U);
