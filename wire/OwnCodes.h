@@ -19,8 +19,9 @@
 
 namespace Wire {
 
-constexpr std::size_t c_codeBlock = 16; ///< codes or characters
-constexpr std::size_t c_wideOctets = 4; ///< of a wide character
+constexpr std::size_t c_codeBlock = 16;               ///< codes or characters
+constexpr std::size_t c_codeBlocks = 4 * c_codeBlock; ///< codes that are looked at together
+constexpr std::size_t c_wideOctets = 4;               ///< of a wide character
 
 using BlockBits = unsigned int;
 constexpr BlockBits c_allOfBlock = 0xFFFF;
@@ -45,6 +46,11 @@ inline BlockBits OtherCodes(const unsigned char* codes) {
     for (std::size_t i = 0; i < c_codeBlock; ++i)
         others |= BlockBits{!IsOwnCode(codes[i])} << i;
     return others;
+}
+
+/// Whether all codes of four blocks are their own characters.
+inline bool AreOwnCodes(const unsigned char* codes) {
+    return std::all_of(codes, codes + c_codeBlocks, [](unsigned char code) { return IsOwnCode(code); });
 }
 
 /// Which wide characters of a block are not their own codes.
@@ -112,14 +118,22 @@ inline __m128i Equal(__m128i octets, char value) {
     return _mm_cmpeq_epi8(octets, _mm_set1_epi8(value));
 }
 
-inline BlockBits Others(__m128i octets) {
+/// All bits of the octets that are own codes.
+inline __m128i Own(__m128i octets) {
     const __m128i letters = Letters(_mm_or_si128(octets, _mm_set1_epi8(0x20)));
     const __m128i from20To3F =
         _mm_cmpeq_epi8(_mm_and_si128(octets, _mm_set1_epi8('\xE0')), _mm_set1_epi8(0x20));
     const __m128i digitsAndMarks = _mm_andnot_si128(Equal(octets, '$'), from20To3F);
     const __m128i lineEnds = _mm_or_si128(Equal(octets, '\n'), Equal(octets, '\r'));
-    const __m128i own = _mm_or_si128(_mm_or_si128(letters, digitsAndMarks), lineEnds);
+    return _mm_or_si128(_mm_or_si128(letters, digitsAndMarks), lineEnds);
+}
+
+inline BlockBits OthersThan(__m128i own) {
     return static_cast<BlockBits>(_mm_movemask_epi8(own)) ^ c_allOfBlock;
+}
+
+inline BlockBits Others(__m128i octets) {
+    return OthersThan(Own(octets));
 }
 
 /// The low-order 16 bits of eight wide characters; 0x7FFF for those above that, where nothing has a code.
@@ -139,6 +153,11 @@ inline __m128i Narrowed(const unsigned char* characters) {
 
 inline BlockBits OtherCodes(const unsigned char* codes) {
     return Others(Load(codes));
+}
+
+inline bool AreOwnCodes(const unsigned char* codes) {
+    const auto own = [codes](std::size_t block) { return Own(Load(codes + block * c_codeBlock)); };
+    return OthersThan(_mm_and_si128(_mm_and_si128(own(0), own(1)), _mm_and_si128(own(2), own(3)))) == 0;
 }
 
 inline BlockBits OtherCharacters(const unsigned char* characters) {
@@ -186,6 +205,7 @@ inline bool AnyOnPages(const unsigned char* characters) {
 } // namespace BySse2
 
 using BySse2::AnyOnPages;
+using BySse2::AreOwnCodes;
 using BySse2::Narrow;
 using BySse2::NarrowAscii;
 using BySse2::OtherCharacters;
@@ -195,6 +215,7 @@ using BySse2::Widen;
 #else
 
 using Plainly::AnyOnPages;
+using Plainly::AreOwnCodes;
 using Plainly::Narrow;
 using Plainly::NarrowAscii;
 using Plainly::OtherCharacters;

@@ -24,21 +24,17 @@ inline bool HoldsPlain(Language locking) {
     return (c_plainLocking >> static_cast<unsigned int>(locking) & 1U) != 0;
 }
 
-/// Plain characters as septets.
-inline OctetView PlainSeptets(std::string_view plain) {
-    return {reinterpret_cast<const std::uint8_t*>(plain.data()), plain.size()};
-}
-
-inline bool IsPlainBlock(const std::uint8_t* octets) noexcept {
-    return Wire::OtherCodes(octets) == 0;
+/// Plain characters are their own septets.
+inline OctetView OctetsOf(std::string_view text) {
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }
 
 /// How many octets at the beginning are plain. Where none is, that is found out at once: most texts that are
 /// not plain hardly ever are.
-inline std::size_t PlainRun(std::string_view text) {
-    if (text.empty() || static_cast<std::uint8_t>(text[0]) >= 0x80)
+inline std::size_t PlainRun(OctetView text) {
+    if (text.empty() || text[0] >= 0x80)
         return 0;
-    const auto* const octets = reinterpret_cast<const std::uint8_t*>(text.data());
+    const std::uint8_t* const octets = text.data();
     const std::size_t size = text.size();
     std::size_t run = 0;
     if (size < Wire::c_codeBlock) {
@@ -46,7 +42,10 @@ inline std::size_t PlainRun(std::string_view text) {
             ++run;
         return run;
     }
-    Wire::BlockBits others = Wire::OtherCodes(octets);
+    while (size - run > Wire::c_codeBlocks && Wire::AreOwnCodes(octets + run))
+        run += Wire::c_codeBlocks;
+    run = std::min(run, size - Wire::c_codeBlock);
+    Wire::BlockBits others = Wire::OtherCodes(octets + run);
     while (others == 0 && run < size - Wire::c_codeBlock) {
         // The last block may begin in the one before.
         run = std::min(run + Wire::c_codeBlock, size - Wire::c_codeBlock);

@@ -82,10 +82,10 @@ char* WriteSeptetText(OctetView septets, SeptetTables tables, char* out, Odd odd
         }
     };
     while (at < count) {
-        if (holdsPlain && count - at >= Wire::c_codeBlock && IsPlainBlock(septets.data() + at)) {
-            std::memcpy(out, septets.data() + at, Wire::c_codeBlock);
-            at += Wire::c_codeBlock;
-            out += Wire::c_codeBlock;
+        if (const std::size_t plain = holdsPlain ? PlainRun(septets.Sub(at)) : 0; plain != 0) {
+            std::memcpy(out, septets.data() + at, plain);
+            at += plain;
+            out += plain;
             continue;
         }
         if (count - at >= c_septetsAtOnce && CopyAscii(septets.data() + at, locking, out)) {
@@ -145,7 +145,7 @@ using TextOfUnits = std::array<char, c_mostUnits * c_mostUtf8OfUnit + c_utf8Slac
 
 /// Whether septets, c_mostUnits at most, are read as this text. Plain characters are their own septets.
 inline bool IsTextOfSeptets(std::string_view text, OctetView septets, SeptetTables tables) {
-    if (HoldsPlain(tables.locking) && text.size() == septets.size() && PlainRun(text) == text.size())
+    if (HoldsPlain(tables.locking) && text.size() == septets.size() && PlainRun(septets) == septets.size())
         return text.empty() || std::memcmp(text.data(), septets.data(), text.size()) == 0;
     TextOfUnits room;
     const char* const end = WriteSeptetText(septets, tables, room.data(), [](auto...) {});

@@ -42,7 +42,7 @@ public:
     /// The plain characters that come next, `most` of them, which it goes past.
     std::string_view TakePlain(std::size_t most = std::string_view::npos) {
         const char* const begin = m_At;
-        m_At += PlainRun({m_At, std::min(most, Left())});
+        m_At += PlainRun(OctetsOf({m_At, std::min(most, Left())}));
         return {begin, static_cast<std::size_t>(m_At - begin)};
     }
 

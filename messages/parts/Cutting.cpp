@@ -237,7 +237,7 @@ CutText CutIntoParts(std::string_view text, const CutOptions& options) {
         const std::size_t end = part + 1 < cut.offsets.size() ? cut.offsets[part + 1] : cut.text.size();
         const std::string_view own = seen.octets.substr(begin, end - begin);
         if (isItsOwnSeptets)
-            return MakeUserDataOfText(cut.coding, elements, PlainSeptets(own), tables, own);
+            return MakeUserDataOfText(cut.coding, elements, OctetsOf(own), tables, own);
         content.clear();
         if (isUcs2)
             AppendUcs2(own, content);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <string_view>
 
 #include "Messages/Address.h"
@@ -65,12 +66,13 @@ constexpr auto c_digitPairs = [] {
 template <class Odd>
 char* WriteDigits(OctetView octets, std::size_t semiOctets, char* out, Odd odd) {
     std::size_t place = 0;
+    const std::uint8_t* octet = octets.begin();
     for (; place + 1 < semiOctets; place += c_semiOctetsOfOctet) {
-        const auto& [first, second] = c_digitPairs[octets[place / c_semiOctetsOfOctet]];
-        if (first == '\0' || second == '\0')
+        const auto& pair = c_digitPairs[*octet++];
+        if (pair[0] == '\0' || pair[1] == '\0')
             break;
-        *out++ = first;
-        *out++ = second;
+        std::memcpy(out, pair.data(), pair.size());
+        out += pair.size();
     }
     for (; place < semiOctets; ++place) {
         const std::uint8_t digit = SemiOctet(octets, place);

@@ -270,15 +270,20 @@ private:
         const std::size_t at = m_Octets.size();
         m_Octets.resize(at + room / c_semiOctetsOfOctet, fillers);
         std::uint8_t* octet = m_Octets.data() + at;
-        unsigned int largest = 0;
-        for (std::size_t place = 0; place < text.size(); place += c_semiOctetsOfOctet) {
+        bool areDigits = true;
+        std::size_t place = 0;
+        for (; place + 1 < text.size(); place += c_semiOctetsOfOctet) {
             const unsigned int low = valueAt(place);
-            const bool isLast = place + 1 == text.size();
-            const unsigned int high = isLast ? c_filler : valueAt(place + 1);
+            const unsigned int high = valueAt(place + 1);
             *octet++ = static_cast<std::uint8_t>(high << c_semiOctetBits | low);
-            largest = std::max({largest, low, isLast ? 0 : high});
+            areDigits &= low != c_filler && high != c_filler;
         }
-        if (largest == c_filler)
+        if (place < text.size()) {
+            const unsigned int low = valueAt(place);
+            *octet = static_cast<std::uint8_t>(c_filler << c_semiOctetBits | low);
+            areDigits &= low != c_filler;
+        }
+        if (!areDigits)
             FailAtCharacter(field, text);
         if (field == Field::ServiceCentre)
             CheckLength(field, text.size());

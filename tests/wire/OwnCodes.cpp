@@ -26,6 +26,7 @@ bool IsOwn(unsigned int character) {
 struct Way {
     const char* name;
     BlockBits (*otherCodes)(const unsigned char*);
+    bool (*areOwnCodes)(const unsigned char*);
     BlockBits (*otherCharacters)(const unsigned char*);
     void (*widen)(const unsigned char*, wchar_t*);
     void (*narrow)(const unsigned char*, unsigned char*);
@@ -34,11 +35,13 @@ struct Way {
 };
 
 constexpr Way c_ways[] = {
-    {"plainly", Wire::Plainly::OtherCodes, Wire::Plainly::OtherCharacters, Wire::Plainly::Widen,
-     Wire::Plainly::Narrow, Wire::Plainly::NarrowAscii, Wire::Plainly::AnyOnPages<0x00, 0x03, 0x20>},
+    {"plainly", Wire::Plainly::OtherCodes, Wire::Plainly::AreOwnCodes, Wire::Plainly::OtherCharacters,
+     Wire::Plainly::Widen, Wire::Plainly::Narrow, Wire::Plainly::NarrowAscii,
+     Wire::Plainly::AnyOnPages<0x00, 0x03, 0x20>},
 #ifdef __SSE2__
-    {"by SSE2", Wire::BySse2::OtherCodes, Wire::BySse2::OtherCharacters, Wire::BySse2::Widen,
-     Wire::BySse2::Narrow, Wire::BySse2::NarrowAscii, Wire::BySse2::AnyOnPages<0x00, 0x03, 0x20>},
+    {"by SSE2", Wire::BySse2::OtherCodes, Wire::BySse2::AreOwnCodes, Wire::BySse2::OtherCharacters,
+     Wire::BySse2::Widen, Wire::BySse2::Narrow, Wire::BySse2::NarrowAscii,
+     Wire::BySse2::AnyOnPages<0x00, 0x03, 0x20>},
 #endif
 };
 
@@ -70,6 +73,19 @@ TEST(OwnCodes, EveryWayFindsOtherCodesAtEveryPlace) {
             }
         }
     }
+}
+
+TEST(OwnCodes, EveryWayFindsAnotherAmongFourBlocks) {
+    constexpr std::size_t blocks = 4 * c_block;
+    for (const Way& way : c_ways)
+        for (std::size_t place = 0; place < blocks; ++place) {
+            std::vector<unsigned char> codes(blocks, 'a');
+            const Guarded<unsigned char> guarded(codes.data(), blocks);
+            for (unsigned int code = 0; code < 0x100; ++code) {
+                guarded.Data()[place] = static_cast<unsigned char>(code);
+                ASSERT_EQ(way.areOwnCodes(guarded.Data()), IsOwn(code)) << way.name << " " << code;
+            }
+        }
 }
 
 /// What lies above the 16 bits that count makes no difference.

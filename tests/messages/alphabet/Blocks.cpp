@@ -66,6 +66,21 @@ TEST(Blocks, EachCharacterAtEachPlace) {
     }
 }
 
+/// Around the lengths at which more of them are looked at together.
+TEST(Blocks, OneOtherCharacterAtEachPlaceOfEachLength) {
+    for (std::size_t length = 1; length <= 150; length += length < 60 || length > 84 ? 7 : 1)
+        for (std::size_t place = 0; place < length; ++place) {
+            std::string text(length, 'x');
+            text[place] = '@';
+            Octets expected(length, 0x78);
+            expected[place] = 0x00;
+            Octets septets;
+            ASSERT_FALSE(AppendSeptets(text, {}, septets));
+            ASSERT_EQ(septets, expected) << length << ' ' << place;
+            ASSERT_EQ(TextOf(septets, {}), text) << length << ' ' << place;
+        }
+}
+
 TEST(Blocks, OctetsThatAreNoCharactersAtEachPlace) {
     for (const int octet : {0x80, 0xA0, 0xC0, 0xC1, 0xE0, 0xEE, 0xF0, 0xF8, 0xFF})
         for (std::size_t place = 0; place < 40; ++place) {
