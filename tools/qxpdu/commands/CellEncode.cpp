@@ -181,7 +181,7 @@ void SetMember(const std::string& name, const show::Json& value, CellEncodeOptio
 
 /// With --jsonl, an input that did not come as an argument is an object unless lines are texts.
 void EncodeInput(const CellEncodeOptions& options, const Input& input, Console& console) {
-    if (!options.jsonLines || options.lines || input.source != Input::Source::Line)
+    if (options.lines || input.source != Input::Source::Line)
         return Encode(options, input, console);
     CellEncodeOptions own = options;
     TakeToPieces(own);

@@ -218,7 +218,7 @@ LineMessage ReadObject(const std::string& line, const Run& run, std::optional<st
 /// With --jsonl, an input that did not come as an argument is an object unless lines are texts.
 Afterwards EncodeInput(const Run& run, const Input& input, Console& console) {
     const std::optional<std::uint16_t> reference = ReferenceOf(run, input);
-    if (!run.options.jsonLines || run.options.lines || input.source != Input::Source::Line) {
+    if (run.options.lines || input.source != Input::Source::Line) {
         Encode(run.options, reference, input, console);
         return {};
     }

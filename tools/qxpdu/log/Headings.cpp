@@ -258,8 +258,8 @@ private:
 
     void ReadDelivered() {
         constexpr std::size_t c_most = 3;
-        const bool hasName = m_Values.size() > 1 && !m_Values[0].IsNumber();
-        if (!m_Values.back().IsNumber() || m_Values.size() > c_most || (m_Values.size() > 1 && !hasName))
+        const bool lacksName = m_Values.size() > 1 && m_Values[0].IsNumber();
+        if (!m_Values.back().IsNumber() || m_Values.size() > c_most || lacksName)
             return TextMode();
         Follows(m_Values.back());
     }

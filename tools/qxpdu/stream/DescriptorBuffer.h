@@ -12,7 +12,7 @@ namespace qxpdu {
 class DescriptorBuffer : public std::streambuf {
 public:
     /// Ends early once the descriptor `stop` can be read; there is none where that is -1.
-    explicit DescriptorBuffer(int descriptor, int stop = -1);
+    explicit DescriptorBuffer(int descriptor, int stop);
 
 protected:
     /// Throws std::system_error where the descriptor cannot be read to its end.

@@ -22,13 +22,25 @@ std::uint64_t Rounded(double number) {
 
 } // namespace
 
+std::string ProgressFigures::After(double seconds) const {
+    seconds = std::max(seconds, c_shortest);
+    std::string figures =
+        fmt::format("{}, {} a second, {}", show::Counted(count, unit),
+                    Rounded(static_cast<double>(count) / seconds), show::Counted(errors, "error"));
+    if (bytes == 0 || inSize.value_or(0) == 0)
+        return figures;
+    const double done = std::min(1.0, static_cast<double>(bytes) / static_cast<double>(*inSize));
+    figures += fmt::format(", {} %, {} s left", Rounded(100 * done), Rounded(seconds * (1 - done) / done));
+    return figures;
+}
+
 Progress::Progress(std::ostream& err, bool isOn, std::optional<std::uint64_t> inSize, std::string_view unit)
-    : m_Err(err), m_IsOn(isOn), m_InSize(inSize), m_Unit(unit) {}
+    : m_Err(err), m_IsOn(isOn), m_Figures{unit, inSize} {}
 
 void Progress::Add(std::uint64_t lines, std::uint64_t bytes, std::uint64_t errors) {
-    m_Lines += lines;
-    m_Bytes += bytes;
-    m_Errors = errors;
+    m_Figures.count += lines;
+    m_Figures.bytes += bytes;
+    m_Figures.errors = errors;
     const Clock::time_point now = Clock::now();
     if (!m_IsOn || now < m_Next)
         return;
@@ -49,19 +61,13 @@ void Progress::Finish() {
     if (!m_IsOn)
         return;
     Clear();
-    m_InSize.reset();
+    m_Figures.inSize.reset();
     Show(std::chrono::duration<double>(Clock::now() - m_Begin).count());
     m_Err << '\n';
 }
 
 void Progress::Show(double seconds) {
-    seconds = std::max(seconds, c_shortest);
-    m_Err << fmt::format("qxpdu: {}, {} a second, {}", show::Counted(m_Lines, m_Unit),
-                         Rounded(static_cast<double>(m_Lines) / seconds), show::Counted(m_Errors, "error"));
-    if (!m_InSize || m_Bytes == 0 || *m_InSize == 0)
-        return;
-    const double done = std::min(1.0, static_cast<double>(m_Bytes) / static_cast<double>(*m_InSize));
-    m_Err << fmt::format(", {} %, {} s left", Rounded(100 * done), Rounded(seconds * (1 - done) / done));
+    m_Err << "qxpdu: " << m_Figures.After(seconds);
 }
 
 } // namespace qxpdu

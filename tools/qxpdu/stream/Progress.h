@@ -6,9 +6,22 @@
 #include <cstdint>
 #include <optional>
 #include <ostream>
+#include <string>
 #include <string_view>
 
 namespace qxpdu {
+
+/// What has been worked on.
+struct ProgressFigures {
+    std::string_view unit;               ///< what is counted
+    std::optional<std::uint64_t> inSize; ///< in bytes, where it is known
+    std::uint64_t count = 0;
+    std::uint64_t bytes = 0;
+    std::uint64_t errors = 0;
+
+    /// "20 lines, 2 a second, 0 errors, 25 %, 30 s left"
+    std::string After(double seconds) const;
+};
 
 /// Shows lines, rate and errors, and percent and remaining time where the input's size is known. Used by one
 /// thread at a time.
@@ -34,14 +47,10 @@ private:
 
     std::ostream& m_Err;
     bool m_IsOn;
-    std::optional<std::uint64_t> m_InSize;
-    std::string_view m_Unit;
+    ProgressFigures m_Figures;
     Clock::time_point m_Begin = Clock::now();
     Clock::time_point m_Next = m_Begin; ///< when the line is due again
     bool m_IsShown = false;
-    std::uint64_t m_Lines = 0;
-    std::uint64_t m_Bytes = 0;
-    std::uint64_t m_Errors = 0;
 };
 
 } // namespace qxpdu

@@ -60,6 +60,7 @@ TEST(EndOfPrefix, OtherSignsAreNot) {
                 {"  ", "1 "},
                 {"modem8 TX0791", "modem7 RX"},
                 {"[[12] 0791", "[12] "},
+                {"  x: 0791", "x: "}, // a blank before a number alone may be missing
                 {"12 0791", "12: "}};
     for (const auto& row : rows)
         EXPECT_EQ(EndOfPrefix(row.text, row.prefix), std::nullopt) << row.text;

@@ -247,6 +247,8 @@ TEST(IsUnasked, NamesWithAColonAndKnownWords) {
         {"#QSS: x", false},
         {"#QSS:", false},
         {"#Qss: 1", false},
+        {"#QaS: 1", false},
+        {"#QzS: 1", false},
         {"%QSS: 1", true},
         {"RING", true},
         {"ring", true},

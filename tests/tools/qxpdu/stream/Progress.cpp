@@ -42,6 +42,26 @@ TEST(Progress, TellsPercentAndRemainingTimeWhereTheSizeIsKnown) {
     EXPECT_EQ(FirstLine(0, 1, 1, 0), "qxpdu: 1 line, # a second, 0 errors");
 }
 
+TEST(ProgressFigures, RateAndRemainingTimeAreOfTheTimeGoneBy) {
+    const struct {
+        qxpdu::ProgressFigures figures;
+        double seconds;
+        const char* words;
+    } rows[] = {
+        {{"line", std::nullopt, 20, 100, 1}, 10, "20 lines, 2 a second, 1 error"},
+        {{"line", 400, 20, 100, 0}, 10, "20 lines, 2 a second, 0 errors, 25 %, 30 s left"},
+        {{"line", 400, 20, 300, 0}, 9, "20 lines, 2 a second, 0 errors, 75 %, 3 s left"},
+        {{"line", 400, 20, 500, 0}, 10, "20 lines, 2 a second, 0 errors, 100 %, 0 s left"},
+        {{"line", 2, 20, 1, 0}, 10, "20 lines, 2 a second, 0 errors, 50 %, 10 s left"},
+        {{"line", 1, 20, 1, 0}, 10, "20 lines, 2 a second, 0 errors, 100 %, 0 s left"},
+        {{"line", 0, 20, 1, 0}, 10, "20 lines, 2 a second, 0 errors"},
+        {{"line", 400, 20, 0, 0}, 10, "20 lines, 2 a second, 0 errors"},
+        {{"input", 400, 1, 0, 2}, 0, "1 input, 1000000 a second, 2 errors"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(row.figures.After(row.seconds), row.words);
+}
+
 TEST(Progress, CountsInTheUnitThatIsGiven) {
     std::ostringstream err;
     Progress(err, true, std::nullopt, "input").Add(2, 0, 0);

@@ -3,8 +3,10 @@
 #include <csignal>
 #include <stdexcept>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace {
 
@@ -30,11 +32,15 @@ private:
 
 TEST(StopSignals, EndTheProcessAtOnceWhereNothingCanWaitForThem) {
     std::signal(SIGTERM, SIG_DFL);
+    const int in = fcntl(STDIN_FILENO, F_GETFD);
     const NoDescriptors none;
-    const StopSignals signals;
-    EXPECT_EQ(signals.Descriptor(), -1);
-    signals.Catch();
-    EXPECT_EQ(std::signal(SIGTERM, SIG_DFL), SIG_DFL);
+    {
+        const StopSignals signals;
+        EXPECT_EQ(signals.Descriptor(), -1);
+        signals.Catch();
+        EXPECT_EQ(std::signal(SIGTERM, SIG_DFL), SIG_DFL);
+    }
+    EXPECT_EQ(fcntl(STDIN_FILENO, F_GETFD), in) << "nothing is closed";
 }
 
 } // namespace
