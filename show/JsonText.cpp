@@ -1,6 +1,7 @@
 #include "show/JsonText.h"
 
 #include <algorithm>
+#include <type_traits>
 
 namespace show {
 
@@ -40,6 +41,21 @@ bool HoldsOthers(const Block& block) {
     return IsAny(block > '~');
 }
 
+/// Copies less than a block to the front of a block of blanks, in two pieces that may overlap.
+void CopyBeforeBlanks(std::string_view text, char* out) {
+    std::memset(out, ' ', c_block);
+    const auto copyEnds = [&]<std::size_t size>(std::integral_constant<std::size_t, size>) {
+        std::memcpy(out, text.data(), size);
+        std::memcpy(out + text.size() - size, text.data() + text.size() - size, size);
+    };
+    if (text.size() >= 8)
+        copyEnds(std::integral_constant<std::size_t, 8>());
+    else if (text.size() >= 4)
+        copyEnds(std::integral_constant<std::size_t, 4>());
+    else
+        text.copy(out, text.size());
+}
+
 char* Escape(char character, char* out) {
     constexpr std::string_view c_digits = "0123456789ABCDEF";
     constexpr std::string_view c_short = "\"\\\b\f\n\r\t";
@@ -77,8 +93,7 @@ void JsonText::String(std::string_view text) {
         out = ArePlain(BlockAt(out)) ? out + c_block : Settle(text.substr(0, c_block), out);
     }
     if (!text.empty()) {
-        std::memset(out, ' ', c_block);
-        std::memcpy(out, text.data(), text.size());
+        CopyBeforeBlanks(text, out);
         out = ArePlain(BlockAt(out)) ? out + text.size() : Settle(text, out);
     }
     *out++ = '"';

@@ -188,12 +188,12 @@ std::vector<MessageField> FieldsOf(const Message& message) {
             fields.back().count += place.count;
             continue;
         }
-        MessageField field{place.field, place.octet, place.count, {}, place.mask};
+        MessageField& field =
+            fields.emplace_back(MessageField{place.field, place.octet, place.count, {}, place.mask});
         if (isFlag)
             field.value = unsigned{place.value};
         else if (!IsCut(place, message))
             field.value = ValueOf(field, message);
-        fields.push_back(field);
     }
     return fields;
 }

@@ -47,7 +47,7 @@ void WriteElement(const Messages::HeaderElement& element, Messages::OctetView da
 /// Writes what a field has beside its octets and their meaning.
 struct DetailWriter {
     const MessageField& field;
-    const Message& message;
+    std::string_view meaning;
     JsonText& object;
 
     void operator()(PlainOctets) const {}
@@ -60,7 +60,7 @@ struct DetailWriter {
 
     void operator()(const Messages::Timestamp& time) const {
         if (time.isValid)
-            object.Member("time", std::string_view(TimeOf(time, message)));
+            object.Member("time", meaning);
     }
 
     void operator()(const Messages::Validity* validity) const {
@@ -121,7 +121,7 @@ void WriteField(const MessageField& field, const Message& message, std::string_v
         if (std::holds_alternative<const Messages::UserData*>(field.value))
             meaning = OneLine(std::move(meaning));
         object.Member("meaning", meaning);
-        std::visit(DetailWriter{field, message, object}, field.value);
+        std::visit(DetailWriter{field, meaning, object}, field.value);
     });
 }
 

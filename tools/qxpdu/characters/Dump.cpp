@@ -32,8 +32,7 @@ std::size_t ValueOf(std::string_view digits, int base = 16) {
 /// An offset of four to eight digits, after which no other stands in a dump; empty where none stands there.
 std::string_view OffsetAt(std::string_view line) {
     constexpr std::size_t c_fewest = 4;
-    constexpr std::size_t c_most = 8;
-    const std::string_view digits = DigitsAt(line.substr(0, c_most));
+    const std::string_view digits = DigitsAt(line.substr(0, c_longestOffset));
     return digits.size() < c_fewest ? std::string_view() : digits;
 }
 

@@ -9,6 +9,10 @@
 
 namespace qxpdu {
 
+/// Digits before octets, which tell where these stand. More digits without anything between them are no line
+/// of a dump.
+constexpr std::size_t c_longestOffset = 8;
+
 /// A line of a dump, as `hexdump -C`, `xxd` and others print it.
 struct DumpLine {
     std::size_t offset;  ///< of the first octet

@@ -111,15 +111,9 @@ private:
     }
 
     void ReadNext() {
-        if (IsHexDigit(m_Text[m_At]) && (m_InRun || LengthOfAny(Rest(), c_between) == 0)) {
-            if (!m_InRun)
-                BeginRun();
-            m_Digits += m_Text[m_At++];
-            m_LongestRun = std::max(m_LongestRun, m_Digits.size() - m_RunBegin);
-            return;
-        }
-        m_InRun = false;
         const std::size_t between = LengthOfAny(Rest(), c_between);
+        if (between == 0 && IsHexDigit(m_Text[m_At]))
+            return TakeRun();
         if (between != 0 && m_Digits.size() % 2 != 0)
             Refuse("stands inside an octet");
         m_IsMarked = m_IsMarked || c_marks.find(m_Text[m_At]) != std::string_view::npos;
@@ -130,14 +124,19 @@ private:
         m_At += length;
     }
 
-    void BeginRun() {
+    /// All digits up to something else.
+    void TakeRun() {
         if (m_Runs++ > 0 && m_IsMarked)
             ++m_MarkedGaps;
         else if (m_Runs > 1 && m_IsLineEnd)
             ++m_LineEnds;
-        m_InRun = true;
         m_IsMarked = m_IsLineEnd = false;
-        m_RunBegin = m_Digits.size();
+        const std::string_view rest = Rest();
+        const auto* const end = std::find_if_not(rest.begin(), rest.end(), IsHexDigit);
+        const auto size = static_cast<std::size_t>(end - rest.begin());
+        m_Digits += rest.substr(0, size);
+        m_At += size;
+        m_LongestRun = std::max(m_LongestRun, size);
     }
 
     /// A time before the digits is none of them.
@@ -153,8 +152,6 @@ private:
 
     std::string_view m_Text;
     std::size_t m_At = 0;
-    bool m_InRun = false;         ///< a digit stands right before
-    std::size_t m_RunBegin = 0;   ///< in the digits
     std::size_t m_LongestRun = 0; ///< digits
     std::size_t m_Runs = 0;
     std::size_t m_MarkedGaps = 0; ///< between two runs

@@ -27,16 +27,9 @@ struct DecodeOptions : ReadingOptions {
     RowOptions rows;
 };
 
-/// By both readings.
-show::ComparedMessage Compared(show::Message message) {
-    show::HostReading host = show::CompareWithHost(message);
-    return {std::move(message), std::move(host)};
-}
-
 /// `reportOn` is the message that a status report is about.
-void Show(const DecodeOptions& options, const Input& input, const show::ComparedMessage& compared,
-          const std::optional<SentMessage>& reportOn, Console& console) {
-    const auto& [message, host] = compared;
+void Show(const DecodeOptions& options, const Input& input, const show::Message& message,
+          const show::HostReading& host, const std::optional<SentMessage>& reportOn, Console& console) {
     if (options.rows.AreWanted()) {
         show::Row row = show::RowOf(message);
         row[show::Column::Input] = NameOf(input);
@@ -115,12 +108,13 @@ Afterwards Join(EarlierMessages& earlier, const Input& input,
     std::string party = PartyIn(compared->message);
     if (const auto* report = std::get_if<Messages::StatusReport>(&tpdu)) {
         return [&earlier, input, party, compared, reference = report->reference](Console& later) {
-            Show(earlier.options, input, *compared, earlier.sent.Find(party, reference), later);
+            Show(earlier.options, input, compared->message, compared->host,
+                 earlier.sent.Find(party, reference), later);
         };
     }
     const bool isPart = IsPart(compared->message);
     if (!isPart || earlier.options.each)
-        Show(earlier.options, input, *compared, std::nullopt, console);
+        Show(earlier.options, input, compared->message, compared->host, std::nullopt, console);
     return [&earlier, input, party, compared, isPart](Console& later) {
         if (const auto* submit = std::get_if<Messages::Submit>(&compared->message.reading.tpdu))
             earlier.TakeSent(input, party, submit->reference);
@@ -157,19 +151,24 @@ Afterwards Convert(EarlierMessages& earlier, const DecodeOptions& options, const
         ShowRecord(message, input, console);
         return {};
     }
+    const bool isRow = options.rows.AreWanted() && !options.join; // which shows one reading alone
+    show::HostReading host =
+        isRow && !message.reading.fault ? show::HostReading() : show::CompareWithHost(message);
     if (message.reading.fault) {
-        const show::HostReading host = show::CompareWithHost(message);
         ShowFault(*message.reading.fault, message.warnings, host, input, console);
         return {};
     }
     WarnOfText(options, message, options.join && IsPart(message), input, console);
     if (options.rows.AreWanted())
         WarnOfSurplus(message, input, console);
-    if (options.join)
-        return Join(earlier, input,
-                    std::make_shared<const show::ComparedMessage>(Compared(std::move(message))), console);
-    Show(options, input, Compared(std::move(message)), std::nullopt, console);
-    return {};
+    if (!options.join) {
+        Show(options, input, message, host, std::nullopt, console);
+        return {};
+    }
+    return Join(earlier, input,
+                std::make_shared<const show::ComparedMessage>(
+                    show::ComparedMessage{std::move(message), std::move(host)}),
+                console);
 }
 
 void ShowIncomplete(EarlierMessages& earlier, Console& console) {

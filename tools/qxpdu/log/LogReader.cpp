@@ -47,6 +47,10 @@ void LogReader::Take(std::string line, std::size_t number) {
         return ReadLogLine(line, number);
     const std::string_view core = Core(line);
     const bool isDigits = !core.empty() && AreHexDigits(core);
+    if (m_IsList && isDigits && core.size() == line.size() && line.size() > c_longestOffset) {
+        ++m_Counts.entries;
+        return GiveEntry({std::move(line), number}); // as most lines of lists
+    }
     if (!isDigits && IsOfModemPrinted(line)) {
         m_IsLog = true;
         EndDump();
@@ -125,11 +129,15 @@ void LogReader::GiveListed(Line line) {
 bool LogReader::GivePiece(Line piece) {
     if (!HasAlphanumeric(piece.text) || IsComment(piece.text))
         return false;
-    if (!TakeDumped(piece.text, piece.number)) {
-        EndDump();
-        m_Entries.push_back({piece.number, std::move(piece.text), std::nullopt});
-    }
+    if (!TakeDumped(piece.text, piece.number))
+        GiveEntry(std::move(piece));
     return true;
+}
+
+/// It is none of a dump.
+void LogReader::GiveEntry(Line piece) {
+    EndDump();
+    m_Entries.push_back({piece.number, std::move(piece.text), std::nullopt});
 }
 
 /// False where the line is none of a dump.

@@ -88,6 +88,7 @@ private:
     void GiveList();
     void GiveListed(Line line);
     bool GivePiece(Line piece);
+    void GiveEntry(Line piece);
     void Forget();
     bool TakeDumped(const std::string& piece, std::size_t number);
     void EndDump();

@@ -68,6 +68,9 @@ public:
 
     bool HasMessages() const { return !m_Err.empty(); }
 
+    /// Room for so many bytes, and a last result, before any is moved.
+    void ExpectResults(std::size_t bytes) { m_Out.reserve(bytes + bytes / 8); }
+
     /// For standard output; without the separator where nothing has been written there.
     std::string_view Results(bool isFirst) const {
         return std::string_view(m_Out).substr(isFirst ? m_Separator : 0);

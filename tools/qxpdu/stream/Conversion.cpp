@@ -54,9 +54,17 @@ bool IsFile(const Input& input) {
     return input.source == Input::Source::Argument && std::filesystem::is_regular_file(input.text, failure);
 }
 
+constexpr std::size_t c_enoughResults = 1U << 15; ///< bytes
+
+/// What an input gave; or several, one after the other, none of which but the last has anything to say on
+/// standard error or leaves anything to do.
 struct Outcome {
     Console console;
-    Afterwards afterwards;
+    Afterwards afterwards = {};
+
+    bool TakesMore() const {
+        return !afterwards && !console.HasMessages() && console.Results(false).size() < c_enoughResults;
+    }
 };
 
 void CheckInput(const Input& input) {
@@ -66,20 +74,20 @@ void CheckInput(const Input& input) {
         throw InputError(fmt::format("no PDU follows {}", input.heading->name));
 }
 
-Outcome Convert(const Input& input, const ConversionSettings& settings, const Converter& converter) {
+void Convert(const Input& input, const ConversionSettings& settings, const Converter& converter,
+             Outcome& outcome) {
     constexpr const char* c_hint = "did you mean --file?";
-    Outcome outcome{Console(settings.format), {}};
+    const std::size_t errors = outcome.console.Errors();
     const auto isFileMeant = [&] { return settings.takesFiles && IsFile(input); };
     try {
         CheckInput(input);
         outcome.afterwards = converter.convert(input, outcome.console);
-        if (outcome.console.Errors() != 0 && isFileMeant()) // its name may be hexadecimal
+        if (outcome.console.Errors() != errors && isFileMeant()) // its name may be hexadecimal
             outcome.console.Warning(NameOf(input), c_hint);
     } catch (const InputError& error) {
         converter.fail(outcome.console, input,
                        isFileMeant() ? fmt::format("{}; {}", error.what(), c_hint) : error.what());
     }
-    return outcome;
 }
 
 /// Passes on what inputs gave, one after the other.
@@ -171,9 +179,13 @@ public:
 private:
     std::vector<Outcome> Convert(const Batch& batch) const {
         std::vector<Outcome> results;
-        results.reserve(batch.inputs.size());
-        for (const Input& input : batch.inputs)
-            results.push_back(qxpdu::Convert(input, m_Settings, m_Converter));
+        for (const Input& input : batch.inputs) {
+            if (m_FlushLines || results.empty() || !results.back().TakesMore())
+                results.push_back({Console(m_Settings.format)});
+            else
+                results.back().console.ExpectResults(c_enoughResults);
+            qxpdu::Convert(input, m_Settings, m_Converter, results.back());
+        }
         return results;
     }
 

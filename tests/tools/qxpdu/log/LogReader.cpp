@@ -499,6 +499,39 @@ TEST(LogReader, DumpInAListIsOnePdu) {
     EXPECT_EQ(reader.Counts().entries, 2U);
 }
 
+TEST(LogReader, LinesOfDigitsAloneComeAtOnceOnceItIsAList) {
+    const std::string dumped =
+        "00000000  07 91 21 43 65 87 09 21  04 0b 91 21 43 65 87 09  |..!Ce..!...!Ce..|";
+    const std::string digits = "0791214365870921040b912143658709";
+    const struct {
+        const char* line;
+        std::vector<std::string> texts; ///< that are there with it
+    } cases[] = {
+        {"00000010", {digits}}, // the offset that ends the dump
+        {"00000011", {digits, "00000011"}},
+        {"000000010", {digits, "000000010"}},
+        {c_hello, {digits, c_hello}},
+    };
+    for (const auto& [line, texts] : cases) {
+        LogReader reader;
+        reader.Take(c_hello, 1);
+        reader.Release();
+        ASSERT_TRUE(reader.Next());
+        reader.Take(dumped, 2);
+        EXPECT_FALSE(reader.Next()) << "which may go on";
+        reader.Take(line, 3);
+        std::vector<std::string> found;
+        std::size_t number = 2;
+        while (const auto entry = reader.Next()) {
+            EXPECT_EQ(entry->line, number++);
+            found.push_back(entry->text);
+        }
+        EXPECT_EQ(found, texts) << line;
+        EXPECT_EQ(reader.Counts().entries, 3U) << line;
+        EXPECT_EQ(reader.Counts().lines, 3U) << line;
+    }
+}
+
 TEST(LogReader, PiecesInALogAreDumpedWithOffsetsOfTheirOwn) {
     EXPECT_EQ(TextsIn("+CMT: ,24\n0000  07 91 21 43 65 87 09 21 04 0B 91 21 43 65 87 09  ..!Ce..!...!Ce..\n"
                       "0000  F1 00 00 21 20 31 21 43 65 80 05 C8 32 9B FD 06  ...! 1!Ce...2...\n"),
