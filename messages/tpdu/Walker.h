@@ -73,11 +73,16 @@ private:
 
     /// Whether a field's octets are there; otherwise the reading has ended.
     bool Has(Field field, std::size_t count) {
-        if (Left() >= count)
-            return true;
+        const bool isThere = Left() >= count;
+        if (!isThere)
+            EndAt(field, count);
+        return isThere;
+    }
+
+    /// At a field that is cut.
+    void EndAt(Field field, std::size_t count) {
         Place(field, Piece::Whole, m_At, Left());
         m_Sink.OnFault({FaultCode::FieldCut, field, Count(m_At), Count(count), Count(Left())});
-        return false;
     }
 
     // Addresses.
