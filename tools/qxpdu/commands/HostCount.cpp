@@ -188,7 +188,7 @@ bool GoesOutInGsm(const CostOrFault& cost, const Characters& changed, bool isGre
     if (const auto* known = std::get_if<Cost>(&cost))
         return known->alphabet == Encoding::Alphabet::ALPHABET_GSM7;
     const auto isLetter = [](const auto& character) { return !character.second.becomes->empty(); };
-    return changed.empty() || (isGreek && std::any_of(changed.begin(), changed.end(), isLetter));
+    return isGreek && std::any_of(changed.begin(), changed.end(), isLetter);
 }
 
 /// Nothing where the Greek table changes nothing.

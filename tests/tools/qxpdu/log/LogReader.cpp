@@ -337,6 +337,13 @@ TEST(LogReader, LinesInOneStringAreCountedAsOne) {
     EXPECT_EQ(pdu.counts.entries, 1U);
 }
 
+TEST(LogReader, WhatStandsBeforeAStringIsNoneOfThePieces) {
+    std::string log = "RX: ' \\r\\n+CMT: ,24\\r\\n'\n";
+    for (std::size_t at = 0; at < 64; at += 8)
+        log += "RX: '" + std::string(c_hello).substr(at, 8) + "'\n";
+    EXPECT_EQ(TextsIn(log), std::vector<std::string>{c_hello});
+}
+
 TEST(LogReader, CommandThatTheModemRepeatsIsOne) {
     const std::string typed = "> 0001070491214300000161\n";
     EXPECT_EQ(ReadLog("AT+CMGS=10\nAT+CMGS=10\n" + typed + "OK\n").entries.size(), 1U);
