@@ -13,11 +13,13 @@ TEST(QxpduGsm, EncodeWritesUnpackedCodes) {
 }
 
 TEST(QxpduGsm, DroppedCharactersAreMentioned) {
-    EXPECT_EQ(Qxpdu({"gsm", "encode", "aÇ", "😀b", "α"}),
-              (Outcome{0, "61\n62\n\n",
-                       "qxpdu: argument 1: warning: character 2, U+00C7, has no GSM code and is dropped\n"
-                       "qxpdu: argument 2: warning: character 1, U+1F600, has no GSM code and is dropped\n"
-                       "qxpdu: argument 3: warning: character 1, U+03B1, has no GSM code and is dropped\n"}));
+    EXPECT_EQ(
+        Qxpdu({"gsm", "encode", "aÇ", "😀b", "α", "\U00010041"}),
+        (Outcome{0, "61\n62\n\n\n",
+                 "qxpdu: argument 1: warning: character 2, U+00C7, has no GSM code and is dropped\n"
+                 "qxpdu: argument 2: warning: character 1, U+1F600, has no GSM code and is dropped\n"
+                 "qxpdu: argument 3: warning: character 1, U+03B1, has no GSM code and is dropped\n"
+                 "qxpdu: argument 4: warning: character 1, U+10041, has no GSM code and is dropped\n"}));
 }
 
 TEST(QxpduGsm, GreekSelectsTheTable) {
