@@ -3,7 +3,6 @@
 #define CHARSET_WIDECHARACTER_H
 
 #include <bit>
-#include <cstdint>
 #include <cstring>
 
 #include "Toolkit/SystemInfo.h"
@@ -36,16 +35,16 @@ inline unsigned char LowOctet(const unsigned char* character, int endian) {
     return character[endian == c_bigEndian ? 3 : 0];
 }
 
-/// Bits 15 to 0 of the character whose four octets begin here.
+/// Bits 15 to 0 of the character whose four octets begin here. The other two are not read: behind the last
+/// character they may not be there.
 inline unsigned short LowUnit(const unsigned char* character, int endian) {
+    const unsigned char* const low = character + (endian == c_bigEndian ? 2 : 0);
     if (IsNative(endian)) {
-        std::uint32_t native = 0;
-        std::memcpy(&native, character, sizeof native);
-        return static_cast<unsigned short>(native);
+        unsigned short native = 0;
+        std::memcpy(&native, low, sizeof native);
+        return native;
     }
-    const int unit =
-        endian == c_bigEndian ? character[2] << 8 | character[3] : character[1] << 8 | character[0];
-    return static_cast<unsigned short>(unit);
+    return static_cast<unsigned short>(endian == c_bigEndian ? low[0] << 8 | low[1] : low[1] << 8 | low[0]);
 }
 
 } // namespace Encoding
