@@ -157,6 +157,9 @@ TEST(QxpduEncode, CharactersThatGreekTextLeavesOutAreAWarningOrWithStrictAnError
                  "is character 3, U+1F600\n"}));
     EXPECT_EQ(Qxpdu({"encode", "--to", "+1234", "--as", "libQX_Encoding", "--greek", "--strict", "αβ"}),
               (Outcome{0, ab, ""}));
+    EXPECT_EQ(Qxpdu({"encode", "--to", "+1234", "--as", "libQX_Encoding", "--greek", "中αβ"}).err,
+              "qxpdu: argument 1: warning: 1 character lost, which GSM 7-bit has not; the first is character "
+              "1, U+4E2D\n");
     EXPECT_EQ(Qxpdu({"encode", "--to", "+1234", "--as", "libQX_Encoding", "--greek", "α¨"}).err,
               "qxpdu: argument 1: warning: 1 character lost, which GSM 7-bit has not; the first is character "
               "2, U+00A8\n");
