@@ -77,7 +77,7 @@ char* Escape(char character, char* out) {
 
 void JsonText::Grow(std::size_t size) {
     const std::size_t larger = 2 * static_cast<std::size_t>(m_End - m_Begin) + size;
-    auto room = std::make_unique_for_overwrite<char[]>(larger);
+    auto room = std::make_unique<char[]>(larger);
     m_Out = std::copy(m_Begin, m_Out, room.get());
     m_Larger = std::move(room);
     m_Begin = m_Larger.get();
