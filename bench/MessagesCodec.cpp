@@ -14,7 +14,7 @@ public:
         m_Told.serviceCentre = Messages::Presence::Yes;
         m_Told.direction = Messages::Direction::ToMobile;
         m_Cutting.reference = 42;
-        Messages::ToNumber("+12345678901", m_Submit.destination);
+        Messages::ToNumber("+12345678901", Submit().destination);
     }
 
     void Prepare(const Octets& pdu) override {
@@ -34,12 +34,12 @@ public:
 
     void Encode() override {
         Messages::CutText cut = Messages::CutIntoParts(m_Text, m_Cutting);
-        m_Submit.coding = cut.coding;
+        Submit().coding = cut.coding;
         m_Parts.resize(cut.parts.size());
         m_PartDigits.clear();
         for (std::size_t i = 0; i < cut.parts.size(); ++i) {
-            m_Submit.userData = std::move(cut.parts[i]);
-            Messages::Write(m_Submit, Messages::Address(), m_Parts[i]);
+            Submit().userData = std::move(cut.parts[i]);
+            Messages::Write(m_Tpdu, m_NoServiceCentre, m_Parts[i]);
             if (m_Form == Form::Hexadecimal)
                 m_PartDigits.push_back(Messages::ToHex(m_Parts[i].octets));
         }
@@ -57,6 +57,8 @@ public:
     }
 
 private:
+    Messages::Submit& Submit() { return std::get<Messages::Submit>(m_Tpdu); }
+
     Form m_Form;
     Octets m_Octets;
     std::string m_Digits;
@@ -64,7 +66,8 @@ private:
     Messages::Reading m_Reading;
     std::string m_Text;
     Messages::CutOptions m_Cutting;
-    Messages::Submit m_Submit;
+    Messages::Tpdu m_Tpdu = Messages::Submit(); // what Write() takes, kept instead of copied for each part
+    std::optional<Messages::Address> m_NoServiceCentre = Messages::Address();
     std::vector<Messages::Written> m_Parts;
     std::vector<std::string> m_PartDigits;
 };
