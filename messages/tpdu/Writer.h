@@ -39,10 +39,9 @@ public:
     static void OnPlace(const FieldPlace&) {}
     static void OnFault(const Messages::Fault&) {}
     void OnRemark(const Remark& remark) {
-        m_IsHeaderInvalid = m_IsHeaderInvalid || remark.code == RemarkCode::HeaderMissing ||
-                            remark.code == RemarkCode::HeaderBeyondUserData ||
-                            remark.code == RemarkCode::HeaderOverrun ||
-                            remark.code == RemarkCode::HeaderLeftOver;
+        m_IsHeaderInvalid |=
+            remark.code == RemarkCode::HeaderMissing || remark.code == RemarkCode::HeaderBeyondUserData ||
+            remark.code == RemarkCode::HeaderOverrun || remark.code == RemarkCode::HeaderLeftOver;
     }
     void OnElement(const HeaderElement& element) {
         const std::size_t i = m_Elements++;

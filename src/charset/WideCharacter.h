@@ -3,6 +3,7 @@
 #define CHARSET_WIDECHARACTER_H
 
 #include <bit>
+#include <cstdint>
 #include <cstring>
 
 #include "Toolkit/SystemInfo.h"
@@ -38,13 +39,9 @@ inline unsigned char LowOctet(const unsigned char* character, int endian) {
 /// Bits 15 to 0 of the character whose four octets begin here. The other two are not read: behind the last
 /// character they may not be there.
 inline unsigned short LowUnit(const unsigned char* character, int endian) {
-    const unsigned char* const low = character + (endian == c_bigEndian ? 2 : 0);
-    if (IsNative(endian)) {
-        unsigned short native = 0;
-        std::memcpy(&native, low, sizeof native);
-        return native;
-    }
-    return static_cast<unsigned short>(endian == c_bigEndian ? low[0] << 8 | low[1] : low[1] << 8 | low[0]);
+    std::uint16_t unit = 0;
+    std::memcpy(&unit, character + (endian == c_bigEndian ? 2 : 0), sizeof unit);
+    return IsNative(endian) ? unit : static_cast<unsigned short>(unit << 8 | unit >> 8);
 }
 
 } // namespace Encoding

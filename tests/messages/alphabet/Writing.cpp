@@ -47,6 +47,21 @@ TEST(AppendSeptets, OfEachKindOfCharacter) {
     EXPECT_EQ(SeptetsOf("ì", In(Language::Spanish, Language::Default)), "07") << "the default alphabet";
 }
 
+/// What is not its own septet, at each place of texts of many blocks.
+TEST(AppendSeptets, OfPlainTextWithAnotherAtEachPlace) {
+    for (const std::size_t length : {1U, 15U, 16U, 17U, 63U, 64U, 65U, 80U, 127U, 128U, 129U, 140U}) {
+        for (std::size_t place = 0; place < length; ++place) {
+            std::string text(length, 'a');
+            Octets expected(length, 0x61);
+            text[place] = '@';
+            expected[place] = 0x00;
+            Octets septets;
+            EXPECT_FALSE(AppendSeptets(text, c_default, septets));
+            EXPECT_EQ(septets, expected) << place << " of " << length;
+        }
+    }
+}
+
 TEST(AppendSeptets, WriteTheLowerOfTwoSeptets) {
     EXPECT_EQ(SeptetsOf("¡", In(Language::Default, Language::Hindi)), "40") << "in the default alphabet";
     EXPECT_EQ(SeptetsOf("¡*", In(Language::Hindi, Language::Hindi)), "1B131B0B") << "not 15 and 18";

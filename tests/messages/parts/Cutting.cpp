@@ -75,6 +75,36 @@ TEST(CutText, HasPortsElementsAndLanguagesInEachPart) {
     EXPECT_EQ(HeaderOf(CutIntoParts("a", options).parts[0]), "7 040402F0F1") << "8 bits";
 }
 
+/// Text that is its own septets in most tables.
+TEST(CutText, OfPlainCharactersGoesEachWay) {
+    CutOptions ucs2;
+    ucs2.choice.alphabet = Alphabet::Ucs2;
+    const CutText units = CutIntoParts("Hi", ucs2);
+    ASSERT_EQ(units.parts.size(), 1U);
+    EXPECT_EQ(ToHex(units.parts[0].octets), "00480069");
+    EXPECT_EQ(units.parts[0].text, "Hi");
+    EXPECT_EQ(units.coding.value, 0x08);
+
+    CutOptions hindi; // which has no capitals
+    hindi.choice.tables = SeptetTables{Language::Hindi, Language::Default};
+    const CutText septets = CutIntoParts("abc", hindi);
+    ASSERT_EQ(septets.parts.size(), 1U);
+    EXPECT_EQ(ToHex(septets.parts[0].octets), "03250106088BC7");
+    EXPECT_EQ(septets.parts[0].length, 8);
+    EXPECT_EQ(septets.parts[0].text, "abc");
+}
+
+/// How the text is read decides what it is: elements of the caller's may turn it into another.
+TEST(CutText, IsWhatTheElementsOfTheCallerMakeOfIt) {
+    CutOptions options;
+    options.elements = {0x25, 0x01, 0x01}; // septet 4 is a euro sign in Turkish
+    const CutText cut = CutIntoParts("è", options);
+    ASSERT_EQ(cut.parts.size(), 1U);
+    EXPECT_EQ(ToHex(cut.parts[0].octets), "032501012000");
+    EXPECT_EQ(cut.parts[0].text, "€");
+    EXPECT_EQ(cut.parts[0].tables.locking, Language::Turkish);
+}
+
 TEST(CutText, HasTheClassThatIsAskedFor) {
     CutOptions options;
     options.messageClass = 0;

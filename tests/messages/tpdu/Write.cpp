@@ -218,6 +218,8 @@ TEST(WriteServiceCentre, IsChecked) {
     name.text = "12";
     name.typeOfAddress = 0x11;
     EXPECT_EQ(Shown(Write(tpdu, name)), "extension-bit-clear service centre 0 0");
+    name.text = "1é";
+    EXPECT_EQ(Shown(Write(tpdu, name)), "extension-bit-clear service centre 0 0") << "the first fault holds";
 }
 
 // Addresses.
