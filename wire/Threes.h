@@ -66,12 +66,12 @@ namespace BySse2 {
 /// Eight octets in the low half, eight in the high one.
 inline __m128i LoadHalves(const char* low, const char* high) {
     const __m128i half = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(low));
-    return _mm_castpd_si128(_mm_loadh_pd(_mm_castsi128_pd(half), reinterpret_cast<const double*>(high)));
+    return _mm_unpacklo_epi64(half, _mm_loadl_epi64(reinterpret_cast<const __m128i*>(high)));
 }
 
 inline void StoreHalves(__m128i halves, char* low, char* high) {
     _mm_storel_epi64(reinterpret_cast<__m128i*>(low), halves);
-    _mm_storeh_pd(reinterpret_cast<double*>(high), _mm_castsi128_pd(halves));
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(high), _mm_unpackhi_epi64(halves, halves));
 }
 
 inline __m128i WithSwappedOctets(__m128i units) {

@@ -26,7 +26,7 @@ public:
     std::size_t Units() const {
         if (m_Header >= m_Octets)
             return 0;
-        return m_IsGsm7 ? m_Octets * c_octetBits / c_septetBits - SeptetsOfHeader(m_Header)
+        return m_IsGsm7 ? SeptetsIn(m_Octets, 0) - SeptetsOfHeader(m_Header)
                         : (m_Octets - m_Header) / m_UnitOctets;
     }
     /// Whether there is room for so many; an empty text needs it for the header.

@@ -90,7 +90,6 @@ std::optional<MisfitCharacter> AppendSeptets(std::string_view text, SeptetTables
 }
 
 std::optional<MisfitCharacter> AppendUcs2(std::string_view text, std::vector<std::uint8_t>& octets) {
-    constexpr std::size_t unitOctets = 2;
     const auto putRun = [](Characters& characters, std::uint8_t* out) {
         out += Wire::c_unitOctets * characters.TakeThrees(out);
         for (const char character : characters.TakePlain())
@@ -104,7 +103,7 @@ std::optional<MisfitCharacter> AppendUcs2(std::string_view text, std::vector<std
         out = PutUnit(0xD800U | (character - firstOfPairs) >> 10U, out);
         return PutUnit(0xDC00U | (character & 0x3FFU), out);
     };
-    return AppendEach(text, unitOctets, octets, put, putRun);
+    return AppendEach(text, Wire::c_unitOctets, octets, put, putRun);
 }
 
 } // namespace Messages

@@ -361,8 +361,7 @@ private:
         m_Sink.OnUserDataThere();
         if (head.octets.size() < announced)
             Note(RemarkCode::UserDataMissing, lengthField, m_LengthAt, head.length,
-                 coding.CountsSeptets() ? head.octets.size() * c_octetBits / c_septetBits
-                                        : head.octets.size());
+                 coding.CountsSeptets() ? SeptetsIn(head.octets.size(), 0) : head.octets.size());
         if (const std::size_t most = RoomForUserData(row, m_At - m_FirstOctetAt); head.octets.size() > most)
             Note(RemarkCode::UserDataTooLong, lengthField, m_LengthAt, head.octets.size(), most);
         head.hasHeader = m_HasHeader && !head.octets.empty();

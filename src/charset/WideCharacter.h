@@ -36,8 +36,8 @@ inline unsigned char LowOctet(const unsigned char* character, int endian) {
     return character[endian == c_bigEndian ? 3 : 0];
 }
 
-/// Bits 15 to 0 of the character whose four octets begin here. The other two are not read: behind the last
-/// character they may not be there.
+/// Bits 15 to 0 of the character whose four octets begin here. Those of the other bits are not read: of the
+/// last character they may not be there.
 inline unsigned short LowUnit(const unsigned char* character, int endian) {
     std::uint16_t unit = 0;
     std::memcpy(&unit, character + (endian == c_bigEndian ? 2 : 0), sizeof unit);
