@@ -106,6 +106,17 @@ TEST(DigitsIn, LineOfADumpCountsTheOctetsBefore) {
     EXPECT_EQ(DigitsIn("0020  20 31", Beside::Nothing, pdu), "00202031") << "of other octets";
 }
 
+TEST(DigitsIn, LineThatCompletesThePduIsNoneOfADumpWithoutCharacters) {
+    qxpdu::Heading heading;
+    heading.length = 12; // 20 octets with the service centre
+    AwaitedPdu pdu(heading);
+    pdu.Add(c_pdu.substr(0, 32));
+    EXPECT_EQ(DigitsIn("0010  20 31", Beside::Nothing, pdu), "00102031");
+    heading.length = 7; // eight octets with an empty service centre
+    EXPECT_EQ(DigitsIn("0000  41 42 43 44  ABCD", Beside::Nothing, AwaitedPdu(heading)), "41424344")
+        << "with characters";
+}
+
 TEST(DigitsIn, AnswerAtTheEndOfALongLine) {
     EXPECT_EQ(Digits(c_pdu + "OK", Beside::Nothing), c_pdu);
     EXPECT_EQ(Digits("079121436587092OK", Beside::Nothing), "079121436587092");

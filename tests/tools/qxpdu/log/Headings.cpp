@@ -163,6 +163,9 @@ TEST(FindMark, LengthIsTheDigitsBeforeAWholePduWhereNoLineEndIsPrinted) {
     EXPECT_EQ(Told("+CMT: ,24" + c_pdu), "0-9 +CMT: TPDU of 24 to unasked");
     EXPECT_EQ(Told("+CMT: ,024" + c_pdu), "0-10 +CMT: TPDU of 24 to unasked");
     EXPECT_EQ(Told("+CMT: ,24" + c_pdu + "OK"), "0-9 +CMT: TPDU of 24 to unasked");
+    EXPECT_EQ(Told("+CMGL: 1,2,,900010704912143000000"), "0-13 +CMGL: TPDU of 9 from stored");
+    EXPECT_EQ(Told("+CMT: ,24A4" + c_pdu.substr(18)), "0-9 +CMT: TPDU of 24 to unasked")
+        << "without a service centre, and a letter first";
     EXPECT_EQ(Told("+CMT: ,0024" + c_pdu), "0-6 +CMT: empty") << "no length has four digits";
     EXPECT_EQ(Told("+CMT: ,23" + c_pdu), "0-6 +CMT: empty");
     EXPECT_EQ(Told("+CMT: ,12345"), "0-12 +CMT: TPDU of 12345 to unasked");

@@ -338,10 +338,12 @@ TEST(LogReader, LinesInOneStringAreCountedAsOne) {
 }
 
 TEST(LogReader, WhatStandsBeforeAStringIsNoneOfThePieces) {
-    std::string log = "RX: ' \\r\\n+CMT: ,24\\r\\n'\n";
-    for (std::size_t at = 0; at < 64; at += 8)
-        log += "RX: '" + std::string(c_hello).substr(at, 8) + "'\n";
-    EXPECT_EQ(TextsIn(log), std::vector<std::string>{c_hello});
+    for (const std::string before : {"RX: '", "10 b'"}) { // the mark of the string, b, is a digit too
+        std::string log = before + " \\r\\n+CMT: ,24\\r\\n'\n";
+        for (std::size_t at = 0; at < 64; at += 8)
+            log += before + std::string(c_hello).substr(at, 8) + "'\n";
+        EXPECT_EQ(TextsIn(log), std::vector<std::string>{c_hello}) << before;
+    }
 }
 
 TEST(LogReader, CommandThatTheModemRepeatsIsOne) {
@@ -511,13 +513,14 @@ TEST(LogReader, LinesOfDigitsAloneComeAtOnceOnceItIsAList) {
         "00000000  07 91 21 43 65 87 09 21  04 0b 91 21 43 65 87 09  |..!Ce..!...!Ce..|";
     const std::string digits = "0791214365870921040b912143658709";
     const struct {
-        const char* line;
+        std::string line;
         std::vector<std::string> texts; ///< that are there with it
     } cases[] = {
         {"00000010", {digits}}, // the offset that ends the dump
         {"00000011", {digits, "00000011"}},
         {"000000010", {digits, "000000010"}},
         {c_hello, {digits, c_hello}},
+        {c_hello + std::string("\r"), {digits, c_hello}},
     };
     for (const auto& [line, texts] : cases) {
         LogReader reader;

@@ -55,6 +55,10 @@ TEST(InputReader, LineOfALogMayHaveAMebibyte) {
     const std::string blanks(1048577 - heading.size(), ' ');
     EXPECT_EQ(Read(blanks + heading + hello).inputs, Texts{"line 2: " + hello.substr(0, hello.size() - 1)});
     EXPECT_EQ(Read(blanks + ' ' + heading + hello).inputs.size(), 2U) << "the longer line by itself";
+    // After 256 characters that were read with the line before, the pieces that follow end at a mebibyte.
+    const std::string line = std::string(69358, ' ') + '\r';
+    EXPECT_EQ(Read(line + std::string(1048576, 'g') + '\n').inputs, Texts{}) << "talk";
+    EXPECT_EQ(Read(line + std::string(1048577, 'g') + '\n').inputs.size(), 1U) << "a longer line";
 }
 
 TEST(InputReader, NotesTellWhatALogLacks) {
