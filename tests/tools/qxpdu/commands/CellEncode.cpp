@@ -75,7 +75,9 @@ TEST(QxpduCellEncode, WhatCannotBeSentIsNamed) {
         {{"--id", "operator-specific", "a"}, 2, nullptr},
         {{"--id", "65536", "a"}, 2, nullptr},
         {{"--id", "1x", "a"}, 2, nullptr},
+        {{"--serial", "1", "--scope", "1", "a"}, 2, nullptr},
         {{"--serial", "1", "--code", "1", "a"}, 2, nullptr},
+        {{"--serial", "1", "--update", "1", "a"}, 2, nullptr},
         {{"--serial", "65536", "a"}, 2, nullptr},
         {{"--scope", "4", "a"}, 2, nullptr},
         {{"--code", "1024", "a"}, 2, nullptr},
@@ -157,19 +159,27 @@ TEST(QxpduCellEncode, ObjectsSetTheirOptions) {
         << "an argument is a text";
 }
 
+TEST(QxpduCellEncode, EachLineIsATextOfItsOwn) {
+    const std::vector<std::string> pages =
+        tests::LinesOf(Qxpdu({"cell", "encode", "--lines"}, "Hi\n{}\n").out);
+    ASSERT_EQ(pages.size(), 2U);
+    EXPECT_EQ(pages[0].substr(0, 16), "000000000F11C874");
+    EXPECT_EQ(pages[1].substr(0, 16), "000000000F111BD4") << "escape and 28, escape and 29";
+}
+
 TEST(QxpduCellEncode, SerialNumberOfAnObjectIsWholeOrInPieces) {
     const auto serialOf = [](const char* members) {
-        const Outcome run = Qxpdu({"cell", "encode", "--jsonl", "--serial", "0x0322"},
+        const Outcome run = Qxpdu({"cell", "encode", "--jsonl", "--serial", "0x4322"},
                                   std::string(R"({"text": "Hi")") + members + "}\n");
         const json object = json::parse(run.out);
         return object.contains("error") ? object["error"].get<std::string>()
                                         : object["pdus"][0]["octets"].get<std::string>().substr(0, 4);
     };
-    EXPECT_EQ(serialOf(""), "0322") << "of the command line";
+    EXPECT_EQ(serialOf(""), "4322") << "of the command line";
     EXPECT_EQ(serialOf(R"(, "serial": 3)"), "0003");
-    EXPECT_EQ(serialOf(R"(, "scope": 1)"), "4322");
-    EXPECT_EQ(serialOf(R"(, "code": 1)"), "0012");
-    EXPECT_EQ(serialOf(R"(, "update": 1)"), "0321");
+    EXPECT_EQ(serialOf(R"(, "scope": 2)"), "8322");
+    EXPECT_EQ(serialOf(R"(, "code": 1)"), "4012");
+    EXPECT_EQ(serialOf(R"(, "update": 1)"), "4321");
     for (const char* members :
          {R"(, "serial": 3, "scope": 1)", R"(, "code": 1, "serial": 3)", R"(, "update": 1, "serial": 3)"})
         EXPECT_EQ(serialOf(members), "serial: not with scope, code or update");

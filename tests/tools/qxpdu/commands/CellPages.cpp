@@ -124,6 +124,12 @@ TEST(QxpduCellPages, OfANewerUpdateReplaceThoseOfAnOlderOne) {
     EXPECT_EQ(Qxpdu({"cell", "--join", "--brief"}, "432211120111E8329BFD06\n432111120111C8329BFD06\n").out,
               "from 4370 hello\nfrom 4370 Hello\n")
         << "an older one by itself";
+    const Outcome same =
+        Qxpdu({"cell", "--join", "--brief"}, "432111120112C8329BFD06\n432211120112C8329BFD06\n");
+    EXPECT_EQ(same, (Outcome{0, "from 4370 [1/2] Hello\nfrom 4370 [1/2] Hello\n",
+                             "qxpdu: line 1: warning: page 2 of 2 is missing\n"
+                             "qxpdu: line 2: warning: page 2 of 2 is missing\n"}))
+        << "whatever it says";
 }
 
 TEST(QxpduCellPages, OfAnOlderUpdateAreToldAndShownByThemselves) {
@@ -161,10 +167,10 @@ TEST(QxpduCellPages, MessageWithoutAPageIsAnErrorWhereItIsStrict) {
 }
 
 TEST(QxpduCellPages, BeyondTheirNumberAreShownByThemselves) {
-    const Outcome run =
-        Qxpdu({"cell", "--join", "--brief"}, "432111120112E8329BFD06\n432111120132C8329BFD06\n"
-                                             "432111120122C8329BFD06\n");
+    const std::string pages = "432111120112E8329BFD06\n432111120132C8329BFD06\n432111120122C8329BFD06\n";
+    const Outcome run = Qxpdu({"cell", "--join", "--brief"}, pages);
     EXPECT_EQ(run.out, "from 4370 [3/2] Hello\nfrom 4370 helloHello\n");
+    EXPECT_TRUE(HasLine(Qxpdu({"cell", "--join"}, pages).out, "from line 1, line 3")) << "without that page";
 }
 
 TEST(QxpduCellPages, BeyondTheirNumberLoseNoText) {

@@ -139,6 +139,8 @@ TEST(QxpduEncode, EmptyTextIsAWarningOrWithStrictAnError) {
         Encode({}, "\n"),
         (Outcome{0, "0001000791149721F3000000\n",
                  "qxpdu: standard input: warning: the text is empty; a message without text goes out\n"}));
+    EXPECT_EQ(Encode({"--class", "1", ""}).out, "0001000791149721F3001100\n")
+        << "it has a coding all the same";
     EXPECT_EQ(Encode({"--strict", ""}),
               (Outcome{1, "", "qxpdu: argument 1: the text is empty; a message without text goes out\n"}));
 }

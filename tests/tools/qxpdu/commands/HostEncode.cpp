@@ -1,6 +1,7 @@
 // qxpdu encode --as libQX_Encoding
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <random>
 
 #include "tools/qxpdu/RunTool.h"
@@ -59,6 +60,16 @@ TEST(QxpduHostEncode, ReferenceIsThatWhichIsGiven) {
         const Outcome run = EncodeAsHost({"--concat-reference", reference, Repeated("a", 161)});
         EXPECT_EQ(run.out.substr(22, 12), std::string("A0050003") + digits + "02");
     }
+}
+
+TEST(QxpduHostEncode, ReferenceIsThatOfAnEncoderThatIsMadeNow) {
+    const std::time_t before = std::time(nullptr);
+    const Outcome run = EncodeAsHost({Repeated("a", 161)});
+    const std::time_t after = std::time(nullptr);
+    const auto reference = static_cast<unsigned int>(std::stoi(run.out.substr(30, 2), nullptr, 16));
+    const auto later = static_cast<std::uint8_t>(reference - static_cast<unsigned int>(before));
+    EXPECT_GE(later, 1) << "one more than the time in seconds";
+    EXPECT_LE(later, after - before + 1);
 }
 
 TEST(QxpduHostEncode, WhatItDoesNotHaveIsAnError) {

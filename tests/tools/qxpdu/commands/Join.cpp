@@ -95,6 +95,27 @@ TEST(PartJoiner, TellsPartsOfOneLineApartThatHaveNoSender) {
     EXPECT_EQ(whole.messages[0].parts[1].message, second);
 }
 
+TEST(PartJoiner, TellsPartsOfOneLineApartByTheirTypes) {
+    const auto sent = [](unsigned int number) {
+        auto read = std::make_shared<show::ComparedMessage>(*Part(1, number, "0061"));
+        const auto received = std::get<Messages::Deliver>(read->message.reading.tpdu);
+        Messages::Submit submit;
+        submit.destination = received.originator;
+        submit.coding = received.coding;
+        submit.userData = received.userData;
+        read->message.reading.tpdu = submit;
+        read->message.reading.direction = Messages::Direction::FromMobile;
+        return read;
+    };
+    PartJoiner joiner;
+    joiner.Take(Line(1), Part(1, 1, "0061"));
+    const ReadPart first = sent(1);
+    joiner.Take(Line(1), first);
+    const auto whole = joiner.Take(Line(1), sent(2));
+    ASSERT_EQ(whole.messages.size(), 1U);
+    EXPECT_EQ(whole.messages[0].parts[0].message, first);
+}
+
 TEST(PartJoiner, GivesUpTheOldestMessageAndKeepsNothingOfIt) {
     const ReadPart part = Part(0, 1, "0061");
     PartJoiner joiner;
@@ -152,11 +173,32 @@ TEST(SentMessages, LastMessageUnderAReferenceIsFound) {
 
 TEST(SentMessages, OldestIsForgotten) {
     SentMessages sent;
-    for (int i = 0; i < 4097; ++i)
+    for (int i = 0; i < 4098; ++i)
         sent.Add("+1", i, {1, {}});
     EXPECT_FALSE(sent.Find("+1", 0));
-    EXPECT_TRUE(sent.Find("+1", 1));
-    EXPECT_TRUE(sent.Find("+1", 4096));
+    EXPECT_FALSE(sent.Find("+1", 1));
+    EXPECT_TRUE(sent.Find("+1", 2));
+    EXPECT_TRUE(sent.Find("+1", 4097));
+}
+
+TEST(SentMessages, MessageThatGoesOutAgainIsTheNewest) {
+    SentMessages sent;
+    for (const int reference : {0, 1, 0})
+        sent.Add("+1", reference, {1, {}});
+    for (int i = 2; i < 4097; ++i)
+        sent.Add("+1", i, {1, {}});
+    EXPECT_TRUE(sent.Find("+1", 0));
+    EXPECT_FALSE(sent.Find("+1", 1));
+    EXPECT_TRUE(sent.Find("+1", 2));
+}
+
+TEST(SentMessages, PlusSignMakesNoDifference) {
+    SentMessages sent;
+    sent.Add("+12", 1, {1, {}});
+    sent.Add("12", 2, {1, {}});
+    EXPECT_TRUE(sent.Find("12", 1));
+    EXPECT_TRUE(sent.Find("+12", 2));
+    EXPECT_FALSE(sent.Find("2", 1));
 }
 
 } // namespace

@@ -108,7 +108,8 @@ TEST(QxpduOutgoing, DataMayComeFromTheInput) {
     EXPECT_EQ(Submit({"--data", "-", "--lines"}, "01\n0G\n02\n"),
               (Outcome{1, "0001000791149721F300040101\n0001000791149721F300040102\n",
                        "qxpdu: line 2: character 2, 'G', is no hexadecimal digit\n"}));
-    EXPECT_EQ(Submit({"--data", "01"}, "not read"), (Outcome{0, "0001000791149721F300040101\n", ""}));
+    EXPECT_EQ(Submit({"--data", "01"}, "not read, or \xFF would be an error"),
+              (Outcome{0, "0001000791149721F300040101\n", ""}));
     EXPECT_EQ(Submit({"--data", Repeated("5A", 255 * 134 + 1)}),
               (Outcome{1, "", "qxpdu: --data: the data needs 256 parts, 255 at most\n"}))
         << "it is named for where it comes from";
@@ -297,6 +298,9 @@ TEST(QxpduOutgoing, EveryTypeHasItsFields) {
         {{"--type", "status-report", "--to", "1", "--time", c_time, "--pid", "1", "--class", "1"},
          "0006000181F1621122310050406211223100504000"
          "030111"},
+        {{"--type", "status-report", "--to", "1", "--time", c_time, "--class", "0"},
+         "0006000181F1621122310050406211223100504000"
+         "0210"},
         {{"--type", "command", "--to", "+4179123", "--reference", "1", "--pid", "0x41", "--command-type", "2",
           "--message-number", "9", "--status-report"},
          "0022014102090791149721F300"},
@@ -309,6 +313,7 @@ TEST(QxpduOutgoing, EveryTypeHasItsFields) {
          "0000"},
         {{"--type", "deliver-report"}, "000000"},
         {{"--type", "deliver-report", "--pid", "64"}, "00000140"},
+        {{"--type", "deliver-report", "--class", "2"}, "00000212"},
         {{"--type", "deliver-report", "--failure-cause", "0xD3"}, "0000D300"},
         {{"--type", "deliver-report", "hi"}, "0000060002E834"},
         {{"--type", "deliver-report", "--data", "AB", "--failure-cause", "128"}, "000080060401AB"},

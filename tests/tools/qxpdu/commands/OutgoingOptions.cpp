@@ -184,6 +184,7 @@ TEST(QxpduOutgoingOptions, MembersThatAreWrongGiveErrors) {
     };
     const Row rows[] = {
         {R"({"to":"1","text":"a","data":"00"})", "data: not with text"},
+        {R"({"to":"1","data":"00","text":"a"})", "data: not with text"},
         {R"({"to":"1","text":"a","time":"2026-11-22T13:00:05Z"})", "--time: SMS-SUBMIT has none"},
         {R"({"to":"1","text":"a","pid":256})", "pid: no number from 0 to 255"},
         {R"({"to":"1","text":"a","pid":1.5})", "pid: no number from 0 to 255"},

@@ -101,6 +101,10 @@ TEST(QxpduRows, RowOfWhatIsNoMessageSaysWhy) {
                  "qxpdu: line 1: odd number of hexadecimal digits, 1\n"
                  "qxpdu: line 2: the line ends before its PDU\n"}));
     EXPECT_EQ(
+        Qxpdu({"decode", "--columns", "text,error", "--input-column", "2", "--no-heading"}, "\n"),
+        (Outcome{1, "\t\tthe line ends before its PDU\n", "qxpdu: line 1: the line ends before its PDU\n"}))
+        << "an empty one too";
+    EXPECT_EQ(
         Qxpdu({"decode", "--columns", "input,error", "--input-column", "1", "--no-heading"}, "00\n").out,
         "line 1\toctet 1: the octets end in TP-MTI, which takes 1 octet: 0 are there\n");
     EXPECT_EQ(Qxpdu({"decode", "--columns", "input,error", "--input-column", "3"}, "a\n").out,

@@ -1,4 +1,8 @@
 // qxpdu encode --validity, --validity-format, --single-shot
+#include <ctime>
+#include <iomanip>
+#include <sstream>
+
 #include <gtest/gtest.h>
 
 #include "tools/qxpdu/RunTool.h"
@@ -76,7 +80,19 @@ TEST(QxpduValidity, AbsolutePeriodBeginsNow) {
         Qxpdu({"decode", "--json"}, Encode({"--validity", "1d", "--validity-format", "absolute"}).out)
             .Json()[0];
     EXPECT_EQ(message["tp_vpf"]["raw"], 3);
-    EXPECT_GE(message["tp_vp"]["time"].get<std::string>(), "2026");
+    const auto atTheNextDay = [](std::time_t time) {
+        const std::time_t then = time + 24 * 60 * 60;
+        std::ostringstream text;
+        text << std::put_time(std::gmtime(&then), "%Y-%m-%dT%H:%M:%S+00:00");
+        return text.str();
+    };
+    const std::time_t before = std::time(nullptr);
+    const Outcome run =
+        tests::Shell("TZ=UTC0 $QXPDU encode --to 1 --validity 1d --validity-format absolute a");
+    const std::string until =
+        Qxpdu({"decode", "--json"}, run.out).Json()[0]["tp_vp"]["time"].get<std::string>();
+    EXPECT_GE(until, atTheNextDay(before));
+    EXPECT_LE(until, atTheNextDay(std::time(nullptr)));
 }
 
 TEST(QxpduValidity, NearestPeriodThatIsNotShorterIsAWarningOrWithStrictAnError) {
