@@ -342,6 +342,9 @@ TEST(QxpduCell, MessageOfTheLengthOfAPageIsAMessageWhereItIsSound) {
     const std::string log = "+CMGL: 1,1,,88\n" + sound + "\nOK\n";
     EXPECT_EQ(Qxpdu({"cell"}, log), (Outcome{0, "", ""}));
     EXPECT_TRUE(HasLine(Qxpdu({"decode"}, log).out, "TP-MTI 0: SMS-DELIVER"));
+    EXPECT_TRUE(HasLine(Qxpdu({"cell"}, "+CMGL: 1,3,,88\n" + sound + "\nOK\n").out,
+                        "page parameter 0x12: page 1 of 2"))
+        << "an SMS-DELIVER is never sent";
 }
 
 TEST(QxpduCell, MessageOfTheLengthOfAPageMayHaveAServiceCentreThatIsCounted) {
@@ -360,6 +363,7 @@ TEST(QxpduCell, PagesAreKeptUnderTheirOwnHeadings) {
     for (const char* heading : {"+CMT: ,88", "+CDS: 88", "AT+CMGS=88", "AT+CMGW=88"})
         EXPECT_EQ(Qxpdu({"cell"}, std::string(heading) + '\n' + StoredPage() + "\nOK\n").out, "") << heading;
     EXPECT_NE(Qxpdu({"cell"}, "+CMGR: 1,,88\n" + StoredPage() + "\nOK\n").out, "");
+    EXPECT_EQ(Qxpdu({"cell"}, std::string("+CMGR: 1,,88\n") + c_page + "\nOK\n").out, "") << "and whole";
 }
 
 TEST(QxpduCell, OctetsThatAreNeitherAPageNorAMessageAreNoPage) {

@@ -142,6 +142,7 @@ TEST(QxpduCommandLine, WrongCommandLineGivesStatus2AndUsage) {
         {{"ucs2"}, "qxpdu: A subcommand is required\nUsage: qxpdu ucs2 [OPTIONS] SUBCOMMAND\n"},
         {{"ucs2", "chek"},
          "qxpdu: chek is no command of ucs2; did you mean check?\nUsage: qxpdu ucs2 [OPTIONS] SUBCOMMAND\n"},
+        {{"gsm"}, "qxpdu: A subcommand is required\nUsage: qxpdu gsm [OPTIONS] SUBCOMMAND\n"},
         {{"gsm", "frob"}, "qxpdu: frob is no command of gsm\nUsage: qxpdu gsm [OPTIONS] SUBCOMMAND\n"},
         {{"help", "decod"},
          "qxpdu: decod is no command; did you mean decode?\nUsage: qxpdu [OPTIONS] SUBCOMMAND\n"},

@@ -193,6 +193,9 @@ TEST(QxpduHostCount, TextThatIsTooLongIsExplainedAllTheSame) {
     EXPECT_EQ(forced["forces_ucs2"][0]["positions"], json{20001});
     EXPECT_EQ(forced["replaced"]["parts"], 131);
     EXPECT_FALSE(forced.contains("greek"));
+    const json letters = Count({"--lines", "--jsonl"}, Repeated("α", 40000) + "\n").Json();
+    EXPECT_EQ(letters["error"], "the text needs 598 parts, 255 at most");
+    EXPECT_EQ(letters["greek"]["error"], "the text needs 262 parts, 255 at most");
     const json greek = Count({"--greek", "--lines", "--jsonl"}, Repeated("α", 40000) + "中\n").Json();
     EXPECT_EQ(greek["error"], "the text needs 262 parts, 255 at most");
     EXPECT_EQ(greek["changed"].size(), 2U);
