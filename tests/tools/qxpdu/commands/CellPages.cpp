@@ -197,6 +197,9 @@ TEST(QxpduCellPages, WhatTheyHealIsNoRemark) {
                         "! line 1: content at octet 6: D83D is half of a character, without the other half"))
         << half.out;
     EXPECT_TRUE(HasLine(half.out, "~ line 2: libQX_Encoding m_Text \"@\xCE\x94\"")) << half.out;
+    EXPECT_EQ(Qxpdu({"cell", "--join"}, "4321111201111B\n").err,
+              "qxpdu: line 1: warning: content at octet 6: a lone escape ends the text\n")
+        << "no page follows";
     const Outcome escape = Qxpdu({"cell", "--join"}, "4321111201121B\n4321111201223C\n");
     EXPECT_EQ(escape.err, "");
     EXPECT_TRUE(HasLine(escape.out, "text [")) << escape.out;

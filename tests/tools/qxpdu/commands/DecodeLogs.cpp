@@ -96,6 +96,9 @@ TEST(QxpduLogs, LengthThatDisagreesIsAWarning) {
         EXPECT_EQ(lines.err, "");
         EXPECT_EQ(JsonLines(lines.out).at(0)["warnings"], nlohmann::json::array({row.warning}));
     }
+    const nlohmann::json broken = Qxpdu({"decode", "--jsonl"}, "+CBM: 6\n0010003248\n").Json();
+    EXPECT_EQ(broken["fault"]["code"], "field-cut");
+    EXPECT_EQ(broken["warnings"], nlohmann::json::array({"+CBM announces 6 octets, here are 5"}));
 }
 
 TEST(QxpduLogs, ServiceCentreIsWhereItMakesSenseUnlessAnOptionSettlesIt) {

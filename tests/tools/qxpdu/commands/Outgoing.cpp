@@ -482,6 +482,11 @@ TEST(QxpduOutgoing, JsonTellsWhatEachPartReadsAs) {
     EXPECT_EQ(part({"--type", "deliver-report", "--failure-cause", "192", "--data", "01"}),
               json::parse(R"({"type": "SMS-DELIVER-REPORT", "alphabet": "8-bit data", "data": "01", "part": 1,
                   "parts": 1})"));
+    // As an SMS-DELIVER it would be sound too, from 4001123, with DEADBEEF.
+    EXPECT_EQ(
+        part({"--type", "deliver-report", "--pid", "0x91", "--data", "21F300046211223100504004DEADBEEF"}),
+        json::parse(R"({"type": "SMS-DELIVER-REPORT", "alphabet": "8-bit data",
+                  "data": "21F300046211223100504004DEADBEEF", "part": 1, "parts": 1})"));
     EXPECT_EQ(part({"--type", "submit-report", "--failure-cause", "192"}),
               json::parse(R"({"type": "SMS-SUBMIT-REPORT", "part": 1, "parts": 1})"));
     EXPECT_EQ(Encode({"--type", "deliver-report", "--json"}).Json(),
