@@ -83,7 +83,8 @@ TEST(QxpduValidity, AbsolutePeriodBeginsNow) {
     const auto atTheNextDay = [](std::time_t time) {
         const std::time_t then = time + 24 * 60 * 60;
         std::ostringstream text;
-        text << std::put_time(std::gmtime(&then), "%Y-%m-%dT%H:%M:%S+00:00");
+        std::tm fields{};
+        text << std::put_time(gmtime_r(&then, &fields), "%Y-%m-%dT%H:%M:%S+00:00");
         return text.str();
     };
     const std::time_t before = std::time(nullptr);
