@@ -49,7 +49,7 @@ inline BlockBits OtherCodes(const unsigned char* codes) {
 }
 
 /// Whether all codes of four blocks are their own characters.
-inline bool AreOwnCodes(const unsigned char* codes) {
+inline bool AreOwnCodes(const unsigned char* codes) noexcept {
     return std::all_of(codes, codes + c_codeBlocks, [](unsigned char code) { return IsOwnCode(code); });
 }
 
@@ -155,7 +155,7 @@ inline BlockBits OtherCodes(const unsigned char* codes) {
     return Others(Load(codes));
 }
 
-inline bool AreOwnCodes(const unsigned char* codes) {
+inline bool AreOwnCodes(const unsigned char* codes) noexcept {
     const auto own = [codes](std::size_t block) { return Own(Load(codes + block * c_codeBlock)); };
     return OthersThan(_mm_and_si128(_mm_and_si128(own(0), own(1)), _mm_and_si128(own(2), own(3)))) == 0;
 }
