@@ -12,10 +12,11 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include "tools/qxpdu/stream/DescriptorLimit.h"
 
 namespace {
 
@@ -48,24 +49,6 @@ public:
 
 private:
     std::array<int, 2> m_Ends{};
-};
-
-/// So few descriptors are allowed that poll() refuses two: nothing waits.
-class NoPoll {
-public:
-    NoPoll() {
-        if (getrlimit(RLIMIT_NOFILE, &m_Before) != 0)
-            throw std::runtime_error("no limit of descriptors");
-        rlimit one = m_Before;
-        one.rlim_cur = 1;
-        setrlimit(RLIMIT_NOFILE, &one);
-    }
-    ~NoPoll() { setrlimit(RLIMIT_NOFILE, &m_Before); }
-    NoPoll(const NoPoll&) = delete;
-    NoPoll& operator=(const NoPoll&) = delete;
-
-private:
-    rlimit m_Before{};
 };
 
 /// So many characters.
@@ -159,7 +142,7 @@ TEST(DescriptorBuffer, NothingToReadYetIsNoEnd) {
         _exit(0);
     }
     {
-        const NoPoll noPoll;
+        const tests::DescriptorLimit one(1); // poll() refuses two: nothing waits
         EXPECT_EQ(buffer.sgetc(), 'a');
     }
     EXPECT_EQ(waitpid(writer, nullptr, 0), writer);
@@ -179,7 +162,7 @@ TEST(DescriptorBuffer, SignalIsNoEnd) {
     ASSERT_EQ(sigaction(SIGALRM, &action, &before), 0);
     DescriptorBuffer buffer(pipe.Reader(), -1);
     {
-        const NoPoll noPoll; // so that it is reading that the signal interrupts
+        const tests::DescriptorLimit one(1); // poll() refuses two: it is reading that the signal interrupts
         itimerval soon{};
         soon.it_value.tv_usec = 10'000;
         ASSERT_EQ(setitimer(ITIMER_REAL, &soon, nullptr), 0);

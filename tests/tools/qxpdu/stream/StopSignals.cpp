@@ -1,34 +1,16 @@
 #include "stream/StopSignals.h"
 
 #include <csignal>
-#include <stdexcept>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <unistd.h>
+
+#include "tools/qxpdu/stream/DescriptorLimit.h"
 
 namespace {
 
 using qxpdu::StopSignals;
-
-/// No descriptor can be opened.
-class NoDescriptors {
-public:
-    NoDescriptors() {
-        if (getrlimit(RLIMIT_NOFILE, &m_Before) != 0)
-            throw std::runtime_error("no limit of descriptors");
-        rlimit none = m_Before;
-        none.rlim_cur = 0;
-        setrlimit(RLIMIT_NOFILE, &none);
-    }
-    ~NoDescriptors() { setrlimit(RLIMIT_NOFILE, &m_Before); }
-    NoDescriptors(const NoDescriptors&) = delete;
-    NoDescriptors& operator=(const NoDescriptors&) = delete;
-
-private:
-    rlimit m_Before{};
-};
 
 TEST(StopSignals, FirstOfAKindIsNotedAndTheNextEndsTheProcess) {
     struct sigaction interrupt {};
@@ -52,7 +34,7 @@ TEST(StopSignals, FirstOfAKindIsNotedAndTheNextEndsTheProcess) {
 TEST(StopSignals, EndTheProcessAtOnceWhereNothingCanWaitForThem) {
     std::signal(SIGTERM, SIG_DFL);
     const int in = fcntl(STDIN_FILENO, F_GETFD);
-    const NoDescriptors none;
+    const tests::DescriptorLimit none(0);
     {
         const StopSignals signals;
         EXPECT_EQ(signals.Descriptor(), -1);
